@@ -1,0 +1,55 @@
+#pragma once
+
+#include "data/values/value.h"
+#include <QComboBox>
+
+/// A combo box of one of the platform's two kinds: a drop-down list, whose text is one of its entries or empty, or
+/// an editable drop-down that may hold any text.
+class ComboBox : public QComboBox
+{
+    Q_OBJECT
+public:
+    enum class Style { DropDownList, Editable };
+
+    explicit ComboBox(Style style, QWidget *parent = nullptr);
+
+    Style style() const;
+
+    QString text() const;
+    /// Drop-down list: selects the first entry of that text (any case) and raises `click`; the empty text
+    /// deselects; any other text is error 383. Editable: shows the text and raises `change` if it differs.
+    void setText(const QString &text);
+
+    /// -1 when no entry is selected.
+    int listIndex() const;
+    /// Selects an entry and raises `click`, also when it was selected already; -1 deselects; beyond the list is
+    /// error 380.
+    void setListIndex(int index);
+
+    int listCount() const;
+    /// An entry's text; the empty text for an index outside the list.
+    QString list(int index) const;
+    /// Appends an entry; Null is error 94.
+    void addItem(const Value &item);
+    /// Appends many at once.
+    void addItems(const QStringList &items);
+    void clearList();
+    /// Index of the first entry that starts with `prefix`, any case, or -1.
+    int findString(const QString &prefix) const;
+
+    /// Hands every typed character to ComboTypeAhead.
+    void setTypeAhead(bool on = true);
+
+signals:
+    void change(); ///< the text of an editable box changed, by key or by assignment
+    void click();  ///< an entry was selected, by the user or by the program
+    void gotFocus();
+    void lostFocus();
+    /// A character was typed; a slot that sets it to 0 swallows it.
+    void keyPress(int &keyAscii);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "data/values/date.h"
+#include "data/values/value.h"
+#include <QDateEdit>
+
+/// A date field in the short US form with a calendar to pick from. Always holds a date, with no time part after
+/// a user's pick.
+class DTPicker : public QDateEdit
+{
+    Q_OBJECT
+public:
+    explicit DTPicker(QWidget *parent = nullptr);
+
+    /// The date held. Assigned with a time part it keeps that until the user picks another day.
+    Date value() const;
+    /// Null is error 35787.
+    void setValue(const Value &value);
+
+signals:
+    void gotFocus();
+    void lostFocus();
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    double m_timePart = 0;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "data/dao/database.h"
+#include <QString>
+#include <memory>
+
+// The process-wide settings, written once at start-up, and the one database connection.
+
+extern std::unique_ptr<Database> gDatabase;
+extern QString gDatabasePath;
+extern QString gDefaultWarehouse;
+extern QString gConfigReserved;  ///< read and never used
+extern QString gAutoPriceFlag;   ///< "YES" switches automatic prices on; any other text is off
+extern double gTypeAheadSeconds; ///< idle seconds after which type-ahead starts a new search
+extern bool gOrderNavigatorOpen; ///< True while frmOrderNavigator is loaded
+extern bool gShipmentNavigatorOpen;
+
+/// Reads `config.txt` in the program's folder into the settings. Errors 53, 62, 75, 76.
+void ReadConfig();
+
+/// Drops a table; a table that is missing or in use, or any other failure, is ignored without a word.
+void DropTableIfExists(const QString &TableName);

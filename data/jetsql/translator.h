@@ -1,0 +1,41 @@
+#pragma once
+
+#include "data/schema/tabledef.h"
+#include <QByteArray>
+#include <QString>
+#include <vector>
+
+/// The front end for the engine's SQL dialect: lexer, parser, resolution against the table definitions, and the
+/// writer of the statement that SQLite runs.
+namespace jetsql {
+
+enum class StatementKind { Select, Insert, Update, Delete, SelectInto, CreateTable, DropTable };
+
+/// One column of a result, in order.
+struct ResultColumn
+{
+    QString name;         ///< "Total", "Orders.ID" where the bare name occurs twice, "Expr1000" without a name
+    QString sourceTable;  ///< the table as spelled in the FROM clause, empty for an expression
+    QString sourceColumn; ///< the column as stored, empty for an expression
+    ColumnType type = ColumnType::Text;
+    int size = 0;
+    bool autoNumber = false;
+};
+
+/// A statement made ready for SQLite.
+struct Translation
+{
+    StatementKind kind = StatementKind::Select;
+    QByteArray sql; ///< one SQLite statement, UTF-8. For SelectInto the INSERT that fills `newTable`.
+    std::vector<ResultColumn> columns; ///< of a Select
+    /// The stored table a single-table Select can Edit and AddNew in; empty when the result is read-only.
+    /// Such a Select has the row's rowid as one extra last column, beyond `columns`.
+    QString updatableTable;
+    QString targetTable; ///< of an action statement, as stored (or as written, for a table to be made)
+    TableDef newTable;   ///< of SelectInto and CreateTable
+};
+
+/// Translates one statement. Raises the engine's errors (3075, 3061, 3078, 3079 ...) by number and wording.
+Translation translate(const QString &sql, const Catalog &catalog);
+
+} // namespace jetsql

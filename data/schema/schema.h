@@ -1,0 +1,13 @@
+#pragma once
+
+#include "data/schema/tabledef.h"
+#include <QStringList>
+
+/// What a new database holds: the permanent tables and the scratch tables that reports only empty.
+namespace Schema {
+const std::vector<TableDef> &permanentTables();
+const std::vector<TableDef> &keptScratchTables();
+/// Names and columns of the indexes that keep the program's statements quick; the logic never depends on them.
+struct Index { QString name, table; QStringList columns; QString where; };
+const std::vector<Index> &indexes();
+} // namespace Schema

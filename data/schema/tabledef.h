@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+/// The column types of the engine. An AutoNumber is a Long with `autoNumber` set.
+enum class ColumnType { Text, Memo, Long, Double, Currency, Date, YesNo };
+
+struct ColumnDef
+{
+    QString name;
+    ColumnType type = ColumnType::Text;
+    int size = 0; ///< characters of a Text column, else 0
+    bool autoNumber = false;
+    bool defaultZero = false; ///< a new row holds 0 (or False) instead of Null
+};
+
+/// A table's name as stored and its columns in order.
+class TableDef
+{
+public:
+    QString Name;
+    std::vector<ColumnDef> columns;
+
+    /// Position of a column by its name in any case, or -1.
+    int indexOf(QAnyStringView column) const;
+};
+
+/// The tables of one database, found by name in any case. Changes whenever a statement makes or drops a table.
+class Catalog
+{
+public:
+    const TableDef *find(QAnyStringView name) const;
+    void add(TableDef table);
+    void remove(QAnyStringView name);
+    const std::vector<TableDef> &tables() const { return m_tables; }
+
+private:
+    std::vector<TableDef> m_tables;
+    QHash<QString, int> m_index; ///< by case-folded name
+};
