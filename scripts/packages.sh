@@ -1,0 +1,33 @@
+# Sourced by run and test: installs what is missing on a Debian machine, and says what it installs.
+# needs PACKAGE...
+
+needs() {
+    missing=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null)" = "install ok installed" ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing from Debian: ${missing[*]}"
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "Not root and no sudo here; run as root: apt-get install ${missing[*]}" >&2
+            return 1
+        }
+        root=(sudo)
+    fi
+    local log
+    log=$(mktemp)
+    if ! { "${root[@]}" apt-get update &&
+        DEBIAN_FRONTEND=noninteractive "${root[@]}" apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        tail -n 20 "$log" >&2
+        rm -f "$log"
+        echo "The packages could not be installed." >&2
+        return 1
+    fi
+    rm -f "$log"
+}
+
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libgtest-dev libbenchmark-dev
+    libxlsxwriter-dev liborcus-dev libfreexl-dev fontconfig fonts-dejavu-core fonts-liberation)
+test_packages=(poppler-utils)
