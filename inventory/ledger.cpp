@@ -1,0 +1,114 @@
+#include "inventory/ledger.h"
+
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/mousepointer.h"
+#include "app/toolkit/msgbox.h"
+#include "data/values/conversions.h"
+
+namespace {
+/// One source of movements. `sign` is what a rebuild applies to the sums of the statement, whatever the running
+/// update did: it adds the outgoing halves of transfers back and subtracts shipments. The two do not agree, and are
+/// meant not to.
+struct Pass
+{
+    const char *sql;
+    int sign;
+};
+
+const Pass passes[] = {
+    {"SELECT Warehouse,PartNo,SUM(Qty) AS Shipped FROM AdjustmentHeader LEFT JOIN AdjustmentDetail ON "
+     "AdjustmentHeader.ID = AdjustmentDetail.AdjustmentID WHERE ID NOT IN (SELECT FromID FROM TransferHeader) AND ID "
+     "NOT IN (SELECT ToID FROM TransferHeader) GROUP BY Warehouse,PartNo",
+     1},
+    {"SELECT Warehouse,PartNo,SUM(Qty) AS Shipped FROM ((TransferHeader LEFT JOIN ADjustmentHeader ON "
+     "TransferHeader.FromID = AdjustmentHeader.ID) LEFT JOIN AdjustmentDetail ON AdjustmentHeader.ID = "
+     "AdjustmentDetail.AdjustmentID) GROUP BY Warehouse,PartNo",
+     -1},
+    {"SELECT Warehouse,PartNo,SUM(Qty) AS Shipped FROM ((TransferHeader LEFT JOIN ADjustmentHeader ON "
+     "TransferHeader.ToID = AdjustmentHeader.ID) LEFT JOIN AdjustmentDetail ON AdjustmentHeader.ID = "
+     "AdjustmentDetail.AdjustmentID) GROUP BY Warehouse,PartNo",
+     1},
+    {"SELECT Orders.Warehouse, OrderItem.PartNo, SUM(ShipmentItems.Qty) AS Shipped FROM ((ShipmentItems LEFT JOIN "
+     "OrderItem ON ShipmentItems.OrderID = OrderItem.OrderID AND ShipmentItems.OrderLineItem = OrderItem.ItemNumber) "
+     "LEFT JOIN Orders ON OrderItem.OrderID = Orders.ID) GROUP BY Orders.Warehouse,OrderItem.PartNo",
+     -1},
+};
+
+/// Posts every group of a pass that has a warehouse, a part and a sum. The others are leftovers of the outer joins:
+/// headers without lines, shipment lines whose order line is gone.
+void post(const Pass &pass)
+{
+    Recordset rs = gDatabase->OpenRecordset(QLatin1String(pass.sql));
+    while (!rs.Eof()) {
+        const QString warehouse = rs.Fields("Warehouse").joined();
+        const QString part = rs.Fields("PartNo").joined();
+        const QString sum = rs.Fields("Shipped").joined();
+        if (!warehouse.isEmpty() && !part.isEmpty() && !sum.isEmpty())
+            UpdateAvailInv(warehouse, part, CInt(Val(sum) * pass.sign));
+        rs.MoveNext();
+    }
+    rs.Close();
+}
+
+/// The number in the column `Avail` of a statement's first row; 0 without a row.
+double availOf(const QString &sql)
+{
+    Recordset rs = gDatabase->OpenRecordset(sql);
+    const bool empty = rs.Bof() && rs.Eof();
+    const double avail = empty ? 0 : Val(rs.Fields("Avail").text());
+    rs.Close();
+    return avail;
+}
+} // namespace
+
+void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
+{
+    Recordset rs =
+        gDatabase->OpenRecordset("SELECT * FROM AvailInv WHERE Part = '" + Part + "' AND Whse = '" + Whse + "'");
+    if (!(rs.Bof() && rs.Eof())) {
+        rs.Edit();
+        const double avail = Val(rs.Fields("Avail").text());
+        rs.Fields("Avail") = avail + Qty;
+        rs.Update();
+    } else {
+        rs.AddNew();
+        rs.Fields("Whse") = Whse;
+        rs.Fields("Part") = Part;
+        rs.Fields("Avail") = int(Qty);
+        rs.Update();
+    }
+    rs.Close();
+}
+
+double GetAvailableQty(const QString &PartNo, const QString &Warehouse)
+{
+    const double adjusted = availOf("SELECT SUM(Qty) AS Avail FROM AdjustmentHeader LEFT JOIN AdjustmentDetail ON "
+                                    "AdjustmentHeader.ID = AdjustmentDetail.AdjustmentID WHERE Warehouse = '" +
+                                    Warehouse + "' AND PartNo = '" + PartNo + "' GROUP BY Warehouse,PartNo");
+    const double ordered = availOf("SELECT SUM(OrderItem.Qty) AS Avail FROM Orders LEFT JOIN OrderItem ON Orders.ID = "
+                                   "OrderItem.OrderID WHERE Warehouse = '" +
+                                   Warehouse + "' AND PartNo = '" + PartNo +
+                                   "' AND Orders.Status <> 'Void' GROUP BY Orders.Warehouse, OrderItem.PartNo");
+    return adjusted - ordered;
+}
+
+QString GetOrderWarehouse(const QString &OrderID)
+{
+    Recordset rs = gDatabase->OpenRecordset("SELECT Warehouse FROM Orders WHERE ID = " + OrderID);
+    QString warehouse;
+    if (!(rs.Bof() && rs.Eof()))
+        warehouse = rs.Fields("Warehouse").text();
+    rs.Close();
+    return warehouse;
+}
+
+void RebuildAvailInv()
+{
+    if (!MsgBoxYesNo("Are you sure you want to rebuild the Available Inventory Report?", "Rebuild Confirmation"))
+        return;
+    setHourglass();
+    gDatabase->Execute("DELETE * FROM AvailInv");
+    for (const Pass &pass : passes)
+        post(pass);
+    setDefaultPointer();
+}

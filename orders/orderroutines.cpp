@@ -1,0 +1,62 @@
+#include "orders/orderroutines.h"
+
+#include "app/toolkit/mainmod.h"
+#include "data/values/conversions.h"
+
+namespace {
+double zeroIfNull(const Field &field)
+{
+    return field.isNull() ? 0 : Val(field.text());
+}
+} // namespace
+
+double OverdueBalance(const QString &Customer)
+{
+    // Payments of an invoice come out as one row, and so do two invoices alike in all the columns grouped by: the
+    // total of such a pair counts once. Kept that way.
+    Recordset rs = gDatabase->OpenRecordset(
+        "SELECT Customer,Invoice.Invoice,InvoiceDate,DueDate,Total,SUM(Adjustment) AS Adj,SUM(Amount) AS Payment From "
+        "Invoice LEFT JOIN Payments ON Invoice.Id = Payments.Invoice WHERE Customer = '" +
+        Customer + "' AND DueDate < #" + Date::today().toText() +
+        "# Group By Customer,Invoice.Invoice,InvoiceDate,DueDate,Total");
+    double balance = 0;
+    while (!rs.Eof()) {
+        balance += zeroIfNull(rs.Fields("Total")) - zeroIfNull(rs.Fields("Adj")) - Val(rs.Fields("Payment").joined());
+        rs.MoveNext();
+    }
+    rs.Close();
+    return balance;
+}
+
+QString GetCustomerPrice(const QString &Part, const QString &Customer)
+{
+    Recordset rs = gDatabase->OpenRecordset(
+        "SELECT PriceSheet.Price FROM PriceSheet LEFT JOIN Customer ON PriceSheet.PriceSheet = Customer.PriceSheet "
+        "WHERE PriceSheet.Part = '" +
+        Part + "' AND Customer.Customer = '" + Customer + "'");
+    QString price = "-1";
+    if (!(rs.Bof() && rs.Eof()))
+        price = rs.Fields("Price").text();
+    rs.Close();
+    return price;
+}
+
+void UpdateOrderStatus(const QString &OrderID)
+{
+    Recordset rs = gDatabase->OpenRecordset(
+        "SELECT OrderItem.OrderID,ItemNumber,OrderItem.Qty AS Ordered,SUM(ShipmentItems.qty) As Shipped From "
+        "(OrderItem LEFT JOIN  ShipmentItems ON OrderItem.OrderID = ShipmentItems.OrderID AND  OrderItem.ItemNumber = "
+        "ShipmentItems.OrderLineItem) Where OrderItem.OrderID = " +
+        OrderID + " Group By OrderItem.OrderID, ItemNumber,OrderItem.qty ");
+    bool complete = true;
+    while (!rs.Eof()) {
+        // A line of quantity 0 that never shipped has no sum and keeps the order open for ever.
+        const Field shipped = rs.Fields("Shipped");
+        if (shipped.isNull() || zeroIfNull(rs.Fields("Ordered")) > Val(shipped.text()))
+            complete = false;
+        rs.MoveNext();
+    }
+    rs.Close();
+    const QString status = complete ? "Closed" : "Open";
+    gDatabase->Execute("UPDATE Orders SET Status = '" + status + "' WHERE ID = " + OrderID);
+}
