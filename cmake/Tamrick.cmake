@@ -17,6 +17,9 @@ function(tamrick_library)
     add_library(${ARG_NAME} STATIC ${sources})
     set_target_properties(${ARG_NAME} PROPERTIES AUTOMOC ON LINKER_LANGUAGE CXX)
     tamrick_link(${ARG_NAME} ${ARG_DEPENDS})
+    if(ARG_WIDGETS) # what the precompiled header with the widgets was made with
+        target_link_libraries(${ARG_NAME} PUBLIC Qt6::Gui Qt6::Widgets)
+    endif()
     tamrick_precompile(${ARG_NAME} "${ARG_WIDGETS}")
 endfunction()
 
