@@ -1,0 +1,110 @@
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The folders from the bottom up, each with those it may include from besides itself.
+struct Layer
+{
+    QString folder;
+    QStringList mayUse;
+};
+
+const QList<Layer> &layers()
+{
+    static const QStringList toolkit{"data", "app/toolkit"};
+    static const QStringList reports = toolkit + QStringList{"reports"};
+    static const QList<Layer> all{
+        {"data", {}},
+        {"app/toolkit", {"data"}},
+        {"reports", toolkit},
+        {"master", reports},
+        {"inventory", reports},
+        {"orders", reports + QStringList{"inventory"}},
+        {"shipping", reports + QStringList{"inventory", "orders"}},
+        {"billing", reports + QStringList{"inventory", "orders", "shipping"}},
+        {"app/shell", reports + QStringList{"master", "inventory", "orders", "shipping", "billing"}},
+        {"tools", {"data"}},
+    };
+    return all;
+}
+
+QString folderOf(const QString &include)
+{
+    for (const Layer &layer : layers()) {
+        if (include.startsWith(layer.folder + '/'))
+            return layer.folder;
+    }
+    return {};
+}
+
+QDir root()
+{
+    return QDir(QStringLiteral(TAMRICK_TEST_DATA "/.."));
+}
+
+QStringList sourcesIn(const QString &folder)
+{
+    QStringList files;
+    QDirIterator it(root().filePath(folder), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files << it.next();
+    return files;
+}
+
+QString contentOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+TEST(Conventions, EachFolderIncludesOnlyFromTheFoldersBelowIt)
+{
+    static const QRegularExpression include(R"(^\s*#include "([^"]+)") ", QRegularExpression::MultilineOption);
+        for (const Layer &layer : layers())
+    {
+        const QStringList files = sourcesIn(layer.folder);
+        EXPECT_FALSE(files.isEmpty()) << layer.folder.toStdString();
+        for (const QString &path : files) {
+            auto match = include.globalMatch(contentOf(path));
+            while (match.hasNext()) {
+                const QString included = match.next().captured(1);
+                const QString target = folderOf(included);
+                EXPECT_TRUE(target.isEmpty() || target == layer.folder || layer.mayUse.contains(target))
+                    << path.toStdString() << " includes " << included.toStdString();
+            }
+        }
+    }
+}
+
+TEST(Conventions, TheDataLayerAndTheAdministratorsToolKnowNoWidget)
+{
+    static const QRegularExpression widget(
+        R"(#include <(Q\w*(Widget|Dialog|Painter|Application|Window|Font|Gui)\w*)[/>])");
+    for (const QString &folder : {QStringLiteral("data"), QStringLiteral("tools")}) {
+        for (const QString &path : sourcesIn(folder)) {
+            const auto match = widget.match(contentOf(path));
+            const QString found = match.captured(1);
+            EXPECT_TRUE(!match.hasMatch() || found == "QCoreApplication")
+                << path.toStdString() << " includes " << found.toStdString();
+        }
+    }
+}
+
+TEST(Conventions, NoFormKnowsWhichEngineIsUnderneath)
+{
+    for (const Layer &layer : layers()) {
+        if (layer.folder == "data" || layer.folder == "tools")
+            continue;
+        for (const QString &path : sourcesIn(layer.folder)) {
+            const QString content = contentOf(path);
+            EXPECT_FALSE(content.contains("sqlite3.h") || content.contains("data/engines/")) << path.toStdString();
+        }
+    }
+}
