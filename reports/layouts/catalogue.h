@@ -1,0 +1,20 @@
+#pragma once
+
+#include "reports/runtime/dataset.h"
+#include "reports/runtime/layout.h"
+
+/// A report of the catalogue: the name routines create it by, the definition file whose base name with `_ttx` is the
+/// name of its one table in formulas, the fields of its dataset, and the layout.
+struct ReportDesign
+{
+    QString designer;
+    QString definitionFile;
+    Dataset dataset;
+    Layout (*layout)();
+};
+
+/// All reports of the system.
+const std::vector<ReportDesign> &reportCatalogue();
+
+/// The design of that name. An unknown name is a programming error.
+const ReportDesign &reportDesign(const QString &designer);

@@ -1,0 +1,169 @@
+// Plain tables of the dataset for reports whose own layout is still to come. A layout that gets its own file leaves
+// this one; the file goes with the last of them.
+
+#include "reports/layouts/catalogue.h"
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+#include <QStringList>
+
+static Layout plainLayout(const QString &designer, const QStringList &texts)
+{
+    TableReport report{.title = designer.mid(4), .landscape = true, .grandTotal = ""};
+    for (const QString &name : texts) {
+        report.parameters.push_back({name});
+        report.subtitle += (report.subtitle.isEmpty() ? "\"" : " & \"  ") + name + ": \" & {?" + name + "}";
+    }
+    for (const DatasetField &field : reportDesign(designer).dataset) {
+        const Picture picture = isText(field.type)   ? Picture::General
+                                : isDate(field.type) ? Picture::Date
+                                                     : Picture::Quantity;
+        report.columns.push_back({.heading = field.name, .source = "{" + field.name + "}", .picture = picture});
+    }
+    return tableLayout(report);
+}
+
+Layout crptInvoice()
+{
+    return plainLayout("crptInvoice", {"txtInvoiceNumber", "txtInvoiceDate", "txtTerms", "txtTotal"});
+}
+
+Layout crptPackingSlip()
+{
+    return plainLayout("crptPackingSlip", {});
+}
+
+Layout crptPickTicket()
+{
+    return plainLayout("crptPickTicket", {});
+}
+
+Layout crptARTranReport()
+{
+    return plainLayout("crptARTranReport", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptCashReceiptsReport()
+{
+    return plainLayout("crptCashReceiptsReport", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptCustomerRegister()
+{
+    return plainLayout("crptCustomerRegister", {"txtCustomer", "txtBeginDate", "txtEndDate"});
+}
+
+Layout crptOpenInvoicesReport()
+{
+    return plainLayout("crptOpenInvoicesReport", {"txtAsOfDate", "txtOver", "txtOverDays", "txtDays"});
+}
+
+Layout crptStatementReport()
+{
+    return plainLayout("crptStatementReport", {"txtAsOfDate"});
+}
+
+Layout crptSalesByCustomer()
+{
+    return plainLayout("crptSalesByCustomer", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptSalesByCategoryCustomer()
+{
+    return plainLayout("crptSalesByCategoryCustomer", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptSalesByTerritoryCustomer()
+{
+    return plainLayout("crptSalesByTerritoryCustomer", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptSalesByPart()
+{
+    return plainLayout("crptSalesByPart", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptSalesByWhsePart()
+{
+    return plainLayout("crptSalesByWhsePart", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptSalesByWhsePartExport()
+{
+    return plainLayout("crptSalesByWhsePartExport", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptAvailableInventory()
+{
+    return plainLayout("crptAvailableInventory", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptAvailableInventoryExport()
+{
+    return plainLayout("crptAvailableInventoryExport", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptAvailableInventoryByPart()
+{
+    return plainLayout("crptAvailableInventoryByPart", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptNewAvailInv()
+{
+    return plainLayout("crptNewAvailInv", {});
+}
+
+Layout crptInventorySalesReport()
+{
+    return plainLayout("crptInventorySalesReport", {"txtBeginDate", "txtEndDate"});
+}
+
+Layout crptProductionWhsePart()
+{
+    return plainLayout("crptProductionWhsePart", {"txtMonths", "txtReq"});
+}
+
+Layout crptProductionPartWhse()
+{
+    return plainLayout("crptProductionPartWhse", {"txtMonths", "txtReq"});
+}
+
+Layout crptOpenOrders()
+{
+    return plainLayout("crptOpenOrders", {});
+}
+
+Layout crptInventoryAdjustControlReport()
+{
+    return plainLayout("crptInventoryAdjustControlReport", {});
+}
+
+Layout crptInventoryTransferControlReport()
+{
+    return plainLayout("crptInventoryTransferControlReport", {"txtFromWarehouse"});
+}
+
+Layout crptPartListing()
+{
+    return plainLayout("crptPartListing", {});
+}
+
+Layout crptCustomerListing()
+{
+    return plainLayout("crptCustomerListing", {});
+}
+
+Layout crptWarehouseListing()
+{
+    return plainLayout("crptWarehouseListing", {});
+}
+
+Layout crptAvailInv()
+{
+    return plainLayout("crptAvailInv", {});
+}
+
+Layout crptAvailInv2()
+{
+    return plainLayout("crptAvailInv2", {});
+}
