@@ -15,6 +15,9 @@ extern double gTypeAheadSeconds; ///< idle seconds after which type-ahead starts
 extern bool gOrderNavigatorOpen; ///< True while frmOrderNavigator is loaded
 extern bool gShipmentNavigatorOpen;
 
+/// The connect string of every connection the program opens, password included.
+inline constexpr QLatin1String DatabaseConnect(";pwd=QZV");
+
 /// Reads `config.txt` in the program's folder into the settings. Errors 53, 62, 75, 76.
 void ReadConfig();
 

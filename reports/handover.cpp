@@ -1,0 +1,63 @@
+#include "reports/handover.h"
+#include "app/toolkit/mousepointer.h"
+#include "reports/runtime/report.h"
+#include "reports/runtime/viewer.h"
+
+HandOver::HandOver(Pointer pointer, Output output) : m_pointer(pointer), m_output(output)
+{
+    if (m_output == Output::OwnWindow)
+        m_viewer = std::make_unique<Viewer>();
+    if (m_pointer == Pointer::Owned)
+        setHourglass();
+}
+
+HandOver::~HandOver() = default;
+
+Report &HandOver::bind(const char *designer, Recordset data)
+{
+    m_data = std::make_unique<Recordset>(std::move(data));
+    m_report = std::make_shared<Report>(QString::fromLatin1(designer));
+    m_report->SetDataSource(*m_data);
+    return *m_report;
+}
+
+void HandOver::readRows()
+{
+    m_report->DiscardSavedData();
+    m_report->ReadRecords();
+}
+
+Report &HandOver::read(const char *designer, Recordset data)
+{
+    bind(designer, std::move(data));
+    readRows();
+    return *m_report;
+}
+
+void HandOver::deliver()
+{
+    switch (m_output) {
+    case Output::OwnWindow: {
+        Viewer *viewer = m_viewer.release(); // the main window owns it from here
+        Forms::loadInstance(viewer);
+        showIn(*viewer);
+        break;
+    }
+    case Output::SharedWindow:
+        showIn(*static_cast<Viewer *>(Load("Viewer")));
+        break;
+    case Output::Printer:
+        m_report->PrintOut();
+        break;
+    }
+    m_data->Close();
+    // Not done when a step failed: the error box ends the program under the hourglass.
+    if (m_pointer == Pointer::Owned)
+        setDefaultPointer();
+}
+
+void HandOver::showIn(Viewer &viewer)
+{
+    viewer.setReportSource(m_report);
+    viewer.viewReport();
+}

@@ -1,0 +1,105 @@
+#include "reports/operational.h"
+#include "app/toolkit/mainmod.h"
+#include "data/values/conversions.h"
+#include "reports/handover.h"
+#include "reports/runtime/report.h"
+
+namespace {
+
+HandOver::Output outputFor(bool Preview)
+{
+    return Preview ? HandOver::Output::OwnWindow : HandOver::Output::Printer;
+}
+
+/// Lines plus freight plus adjustments of the listed shipments, as the invoice shows it. A shipment list that finds
+/// nothing has no freight to convert: error 94.
+QString invoiceTotal(const QString &ShipmentIDs)
+{
+    Value TotalFreight, TotalAdjustment;
+    auto charges = gDatabase->OpenRecordset(
+        "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
+        ShipmentIDs + ")");
+    if (!charges.Eof()) {
+        TotalFreight = charges.Fields("TotalFreight").value();
+        TotalAdjustment = charges.Fields("TotalAdjustment").value();
+    }
+    charges.Close();
+
+    QString Total;
+    auto lines = gDatabase->OpenRecordset(
+        "SELECT SUM(ShipmentItems.Qty * OrderItem.PriceEach) AS Total FROM ((Shipment LEFT JOIN ShipmentItems ON "
+        "Shipment.ID = ShipmentItems.ShipmentID) LEFT JOIN OrderItem ON ShipmentItems.OrderLineItem = "
+        "OrderItem.ItemNumber) WHERE OrderItem.OrderID = Shipment.OrderID AND Shipment.ID IN (" +
+        ShipmentIDs + ")");
+    if (!lines.Eof())
+        Total = lines.Fields("Total").isNull() ? "0" : lines.Fields("Total").text();
+    lines.Close();
+
+    const double sum = Val(TotalFreight.toText()) + Val(TotalAdjustment.toText()) + Val(Total);
+    return Format(roundTo2(sum), InvoiceTotalFormat);
+}
+
+} // namespace
+
+void Reports::PrintPickTicket(const QString &OrderID)
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    handOver.read(
+        "crptPickTicket",
+        gDatabase->OpenRecordset(
+            "SELECT "
+            "Warehouse,ID,OrderNumber,Customer,OrderDate,DueDate,ShipTo,ShipToAddress1,ShipToAddress2,ShipToCity,"
+            "ShipToState,ShipToZip,ShipToPhone,ShipToFax,ItemNumber,Qty,OrderItem.PartNo,Part.Category,BinLocation "
+            "FROM ((Orders LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT JOIN Part ON OrderItem.PartNo = "
+            "Part.PartNo) WHERE Orders.ID = " +
+            OrderID + " ORDER BY Orders.ID,Part.Category,OrderItem.PartNo"));
+    handOver.deliver();
+}
+
+void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
+{
+    HandOver handOver(HandOver::Pointer::Owned, outputFor(Preview));
+    // Shipment lines are joined on the line number alone; the last condition ties them to the shipment and drops the
+    // lines of the order that are not in it.
+    handOver.read(
+        "crptPackingSlip",
+        gDatabase->OpenRecordset(
+            "SELECT "
+            "Orders.ID,Orders.OrderNumber,Orders.OrderDate,Orders.Customer,Customer.Address1,Customer.Address2,"
+            "Customer.City,Customer.State,Customer.Zip,Orders.ShipTo,Orders.ShipToAddress1,Orders.ShipToAddress2,"
+            "Orders.ShipToCity,Orders.ShipToState,Orders.ShipToZip,Shipment.ID,Shipment.Date,OrderItem.ItemNumber, "
+            "OrderItem.Qty, ShipmentItems.Qty,OrderItem.PartNo,Part.Category,CustomerNumber FROM (((((Orders LEFT JOIN "
+            "Customer ON Orders.Customer = Customer.Customer) LEFT JOIN SHIPMENT ON  Orders.ID = Shipment.OrderID) "
+            "LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT OUTER JOIN ShipmentItems ON "
+            "OrderItem.ItemNumber = ShipmentItems.OrderLineItem) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) "
+            "WHERE Shipment.ID = " +
+            ShipmentID + " AND Shipment.ID = ShipmentItems.ShipmentID ORDER BY Orders.ID,OrderItem.ItemNumber"));
+    handOver.deliver();
+}
+
+QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &InvoiceNumber, const QString &InvoiceDate,
+                              const QString & /*DueDate*/, const QString &Terms, bool Preview)
+{
+    HandOver handOver(HandOver::Pointer::NotOwned, outputFor(Preview));
+    Report &report = handOver.read(
+        "crptInvoice",
+        gDatabase->OpenRecordset(
+            "SELECT "
+            "Orders.ID,Orders.OrderNumber,Orders.OrderDate,Orders.Warehouse,Orders.Customer,Customer.Address1,"
+            "Customer.Address2,Customer.City,Customer.State,Customer.Zip,Orders.ShipTo,Orders.ShipToAddress1,"
+            "Orders.ShipToAddress2,Orders.ShipToCity,Orders.ShipToState,Orders.ShipToZip,Shipment.ID,Shipment.Date,"
+            "Shipment.Via,OrderItem.ItemNumber, OrderItem.Qty, ShipmentItems.Qty,OrderItem.PartNo,Part.Category,"
+            "OrderItem.PriceEach,Shipment.Freight,Shipment.Adjustment,CustomerNumber FROM (((((Orders LEFT JOIN "
+            "Customer ON Orders.Customer = Customer.Customer) LEFT JOIN SHIPMENT ON  Orders.ID = Shipment.OrderID) "
+            "LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT OUTER JOIN ShipmentItems ON "
+            "OrderItem.ItemNumber = ShipmentItems.OrderLineItem) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) "
+            "WHERE Shipment.ID IN (" +
+            ShipmentIDs + ") AND Shipment.ID = ShipmentItems.ShipmentID ORDER BY Orders.ID,OrderItem.ItemNumber"));
+    report.object("txtInvoiceNumber").SetText(InvoiceNumber);
+    report.object("txtTerms").SetText(Terms);
+    report.object("txtInvoiceDate").SetText(InvoiceDate);
+    const QString Total = invoiceTotal(ShipmentIDs);
+    report.object("txtTotal").SetText(Total);
+    handOver.deliver();
+    return Total;
+}
