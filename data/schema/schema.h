@@ -8,6 +8,14 @@ namespace Schema {
 const std::vector<TableDef> &permanentTables();
 const std::vector<TableDef> &keptScratchTables();
 /// Names and columns of the indexes that keep the program's statements quick; the logic never depends on them.
-struct Index { QString name, table; QStringList columns; QString where; };
+struct Index
+{
+    QString name, table;
+    QStringList columns;
+    QString where; ///< limits it to these rows; empty for all
+};
 const std::vector<Index> &indexes();
+
+/// The database's password, held by the program and its tools alike.
+inline constexpr QStringView Password = u"QZV";
 } // namespace Schema

@@ -8,8 +8,17 @@ std::function<QDateTime()> &source()
 }
 } // namespace
 
-QDateTime Clock::now() { return source() ? source()() : QDateTime::currentDateTime(); }
+QDateTime Clock::now()
+{
+    return source() ? source()() : QDateTime::currentDateTime();
+}
 
-double Clock::secondsSinceMidnight() { return now().time().msecsSinceStartOfDay() / 1000.0; }
+double Clock::secondsSinceMidnight()
+{
+    return now().time().msecsSinceStartOfDay() / 1000.0;
+}
 
-void Clock::setSource(std::function<QDateTime()> newSource) { source() = std::move(newSource); }
+void Clock::setSource(std::function<QDateTime()> newSource)
+{
+    source() = std::move(newSource);
+}

@@ -1,0 +1,98 @@
+#include "data/values/inputfile.h"
+
+#include "data/values/runtimeerror.h"
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringDecoder>
+
+namespace {
+
+bool isBlank(QChar c)
+{
+    return c == u' ' || c == u'\t';
+}
+
+bool isLineEnd(QChar c)
+{
+    return c == u'\r' || c == u'\n';
+}
+
+/// UTF-8 where the bytes are that, otherwise the single-byte text of an older editor.
+QString decoded(const QByteArray &bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+QByteArray contents(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        throw runtimeError(info.dir().exists() ? 53 : 76, {}, path);
+    QFile file(path);
+    if (info.isDir() || !file.open(QIODevice::ReadOnly))
+        throw runtimeError(75, {}, path);
+    return file.readAll();
+}
+
+} // namespace
+
+InputFile::InputFile(const QString &path) : m_text(decoded(contents(path)))
+{
+    // Ctrl+Z has always ended a text file.
+    const qsizetype end = m_text.indexOf(QChar(26));
+    if (end >= 0)
+        m_text.truncate(end);
+}
+
+QString InputFile::readField()
+{
+    skipBlanks();
+    if (atEnd())
+        throw runtimeError(62);
+    return m_text[m_position] == u'"' ? quotedField() : plainField();
+}
+
+QString InputFile::quotedField()
+{
+    const qsizetype start = ++m_position;
+    const qsizetype close = m_text.indexOf(u'"', start);
+    const qsizetype end = close < 0 ? m_text.size() : close;
+    m_position = close < 0 ? end : end + 1;
+    skipBlanks();
+    skipDelimiter();
+    return m_text.mid(start, end - start);
+}
+
+QString InputFile::plainField()
+{
+    const qsizetype start = m_position;
+    while (!atEnd() && m_text[m_position] != u',' && !isLineEnd(m_text[m_position]))
+        ++m_position;
+    qsizetype end = m_position;
+    while (end > start && isBlank(m_text[end - 1]))
+        --end;
+    skipDelimiter();
+    return m_text.mid(start, end - start);
+}
+
+void InputFile::skipBlanks()
+{
+    while (!atEnd() && isBlank(m_text[m_position]))
+        ++m_position;
+}
+
+/// One comma or one line end, if that is what comes next.
+void InputFile::skipDelimiter()
+{
+    if (atEnd())
+        return;
+    const QChar c = m_text[m_position];
+    if (c != u',' && !isLineEnd(c))
+        return;
+    ++m_position;
+    if (c == u'\r' && !atEnd() && m_text[m_position] == u'\n')
+        ++m_position;
+}

@@ -1,0 +1,117 @@
+#include "data/values/value.h"
+
+#include "data/values/conversions.h"
+#include "data/values/runtimeerror.h"
+
+namespace {
+
+/// Calls the visitor with the value held; Null is the error of using it where a value must be.
+template <typename Result, typename Variant, typename Visitor> Result convert(const Variant &variant, Visitor visitor)
+{
+    return std::visit(
+        [&](const auto &held) -> Result {
+            if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>)
+                throw runtimeError(94);
+            else
+                return visitor(held);
+        },
+        variant);
+}
+
+struct ToText
+{
+    QString operator()(bool value) const { return textOf(value); }
+    QString operator()(qint32 value) const { return QString::number(value); }
+    QString operator()(double value) const { return textOf(value); }
+    QString operator()(const QString &value) const { return value; }
+    QString operator()(::Date value) const { return value.toText(); }
+
+    QString operator()(::Currency value) const
+    {
+        const quint64 units = value.units < 0 ? 0 - quint64(value.units) : quint64(value.units);
+        QString text = QString::number(units / 10000);
+        if (const int fraction = int(units % 10000)) {
+            text += QStringLiteral(".%1").arg(fraction, 4, 10, QLatin1Char('0'));
+            while (text.endsWith(u'0'))
+                text.chop(1);
+        }
+        return value.units < 0 ? u'-' + text : text;
+    }
+};
+
+struct ToDouble
+{
+    double operator()(bool value) const { return value ? -1 : 0; }
+    double operator()(qint32 value) const { return value; }
+    double operator()(double value) const { return value; }
+    double operator()(::Currency value) const { return value.amount(); }
+    double operator()(::Date value) const { return value.serial(); }
+    double operator()(const QString &value) const { return CDbl(value); }
+};
+
+bool booleanFromText(const QString &text)
+{
+    if (text.compare(u"True", Qt::CaseInsensitive) == 0)
+        return true;
+    if (text.compare(u"False", Qt::CaseInsensitive) == 0)
+        return false;
+    return CDbl(text) != 0;
+}
+
+::Date dateFromNumber(double serial)
+{
+    // From the year 100 to the end of 9999.
+    if (!(serial >= -657434 && serial < 2958466))
+        throw runtimeError(6);
+    return ::Date(serial);
+}
+
+} // namespace
+
+Currency Currency::of(double amount)
+{
+    const double units = std::nearbyint(amount * 10000.0);
+    constexpr double limit = 9223372036854775808.0;
+    if (!(units >= -limit && units < limit))
+        throw runtimeError(6);
+    return {qint64(units)};
+}
+
+QString Value::toText() const
+{
+    return convert<QString>(m_value, ToText());
+}
+
+double Value::toDouble() const
+{
+    return convert<double>(m_value, ToDouble());
+}
+
+qint32 Value::toLong() const
+{
+    return CLng(toDouble());
+}
+
+qint16 Value::toInteger() const
+{
+    return CInt(toDouble());
+}
+
+bool Value::toBoolean() const
+{
+    if (type() == Type::Text)
+        return booleanFromText(toText());
+    return toDouble() != 0;
+}
+
+::Date Value::toDate() const
+{
+    switch (type()) {
+    case Type::Date:
+        return std::get<::Date>(m_value);
+    case Type::Text:
+        return CDate(toText());
+    default:
+        return dateFromNumber(toDouble());
+    }
+}
