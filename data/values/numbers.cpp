@@ -1,6 +1,7 @@
 #include "data/values/conversions.h"
 
 #include "data/values/runtimeerror.h"
+#include <sstream>
 
 namespace {
 

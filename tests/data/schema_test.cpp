@@ -1,0 +1,93 @@
+#include "data/schema/schema.h"
+#include "tests/support/printers.h"
+
+namespace {
+
+Catalog wholeCatalog()
+{
+    Catalog catalog;
+    for (const auto *tables : {&Schema::permanentTables(), &Schema::keptScratchTables()}) {
+        for (const TableDef &table : *tables)
+            catalog.add(table);
+    }
+    return catalog;
+}
+
+TEST(Schema, HoldsEachTableOnceUnderItsName)
+{
+    QStringList names;
+    for (const auto *tables : {&Schema::permanentTables(), &Schema::keptScratchTables()}) {
+        for (const TableDef &table : *tables)
+            names += table.Name;
+    }
+    EXPECT_EQ(names.join(' '),
+              "Customer Part Warehouse PriceSheet Orders OrderItem Shipment ShipmentItems Invoice Payments "
+              "AdjustmentHeader AdjustmentDetail TransferHeader AvailInv Inventory Invoice_Old Customer_Old "
+              "FebInventory tmpInventoryRegister tmpInventoryRegister2 tmpTransferHeaderIDs tmpProductionSummary "
+              "tmpProductionInventoryRegister tmpSalesByCustomer tmpARTran");
+    EXPECT_EQ(int(wholeCatalog().tables().size()), names.size());
+}
+
+TEST(Schema, NumbersOfPermanentTablesStartAtZeroAndAllElseAtNull)
+{
+    const Catalog catalog = wholeCatalog();
+    for (const TableDef &table : catalog.tables()) {
+        for (const ColumnDef &column : table.columns) {
+            const bool number =
+                column.type != ColumnType::Text && column.type != ColumnType::Memo && column.type != ColumnType::Date;
+            const bool scratch = table.Name.startsWith("tmp");
+            EXPECT_EQ(column.defaultZero, number && !scratch && !column.autoNumber) << column.name.toStdString();
+            EXPECT_EQ(column.size, column.type != ColumnType::Text ? 0 : column.name == "CustomerNumber" ? 100 : 50);
+        }
+    }
+}
+
+TEST(Schema, EveryDocumentNumbersItselfInItsFirstColumn)
+{
+    const Catalog catalog = wholeCatalog();
+    QStringList numbered;
+    for (const TableDef &table : catalog.tables()) {
+        if (table.columns[0].autoNumber)
+            numbered += table.Name;
+    }
+    EXPECT_EQ(numbered.join(' '), "Orders Shipment Invoice Payments AdjustmentHeader TransferHeader");
+}
+
+TEST(Schema, EveryIndexStandsOnColumnsThatExistAndNoneOnALineNumberAlone)
+{
+    const Catalog catalog = wholeCatalog();
+    for (const Schema::Index &index : Schema::indexes()) {
+        const TableDef *table = catalog.find(index.table);
+        ASSERT_NE(table, nullptr) << index.name.toStdString();
+        for (const QString &column : index.columns)
+            EXPECT_GE(table->indexOf(column), 0) << index.name.toStdString();
+        EXPECT_FALSE(QStringList({"ItemNumber", "OrderLineItem", "Whse"}).contains(index.columns.first()));
+    }
+}
+
+TEST(Catalog, FindsTablesAndColumnsByTheirNamesInAnyCase)
+{
+    const Catalog catalog = wholeCatalog();
+    ASSERT_NE(catalog.find(u"SHIPMENT"), nullptr);
+    EXPECT_EQ(catalog.find(u"SHIPMENT")->Name, "Shipment");
+    EXPECT_EQ(catalog.find(u"shipment")->indexOf(u"ORDERID"), 1);
+    EXPECT_EQ(catalog.find(u"Shipment")->indexOf(u"Nosuch"), -1);
+    EXPECT_EQ(catalog.find(u"Ship"), nullptr);
+}
+
+TEST(Catalog, ForgetsATableThatIsRemovedAndStillFindsTheOthers)
+{
+    Catalog catalog = wholeCatalog();
+    const std::size_t count = catalog.tables().size();
+    catalog.remove(u"customer");
+    catalog.remove(u"Nosuch");
+    EXPECT_EQ(catalog.tables().size(), count - 1);
+    EXPECT_EQ(catalog.find(u"Customer"), nullptr);
+    for (const TableDef &table : catalog.tables())
+        EXPECT_EQ(catalog.find(table.Name), &table);
+    catalog.add({"PART", {}});
+    EXPECT_EQ(catalog.tables().size(), count - 1);
+    EXPECT_EQ(catalog.find(u"Part")->Name, "PART");
+}
+
+} // namespace
