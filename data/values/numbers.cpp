@@ -18,7 +18,16 @@ bool isExponentLetter(QChar c)
 /// The Double of a plain "-12.5e3"; infinite beyond the range. The machine's locale plays no part.
 double parsed(const QByteArray &plain)
 {
-    return plain.toDouble();
+    bool inRange = false;
+    double value = plain.toDouble(&inRange);
+    if (inRange)
+        return value;
+    // Too large or too small to hold; the stream tells which, by giving the largest Double or 0.
+    std::istringstream stream(plain.toStdString());
+    stream.imbue(std::locale::classic());
+    stream >> value;
+    const bool tooLarge = std::fabs(value) == std::numeric_limits<double>::max();
+    return tooLarge ? std::copysign(std::numeric_limits<double>::infinity(), value) : value;
 }
 
 /// Reads characters of a text one after the other.
