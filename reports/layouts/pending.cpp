@@ -38,59 +38,9 @@ Layout crptPickTicket()
     return plainLayout("crptPickTicket", {});
 }
 
-Layout crptARTranReport()
-{
-    return plainLayout("crptARTranReport", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptCashReceiptsReport()
-{
-    return plainLayout("crptCashReceiptsReport", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptCustomerRegister()
-{
-    return plainLayout("crptCustomerRegister", {"txtCustomer", "txtBeginDate", "txtEndDate"});
-}
-
-Layout crptOpenInvoicesReport()
-{
-    return plainLayout("crptOpenInvoicesReport", {"txtAsOfDate", "txtOver", "txtOverDays", "txtDays"});
-}
-
 Layout crptStatementReport()
 {
     return plainLayout("crptStatementReport", {"txtAsOfDate"});
-}
-
-Layout crptSalesByCustomer()
-{
-    return plainLayout("crptSalesByCustomer", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptSalesByCategoryCustomer()
-{
-    return plainLayout("crptSalesByCategoryCustomer", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptSalesByTerritoryCustomer()
-{
-    return plainLayout("crptSalesByTerritoryCustomer", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptSalesByPart()
-{
-    return plainLayout("crptSalesByPart", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptSalesByWhsePart()
-{
-    return plainLayout("crptSalesByWhsePart", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptSalesByWhsePartExport()
-{
-    return plainLayout("crptSalesByWhsePartExport", {"txtBeginDate", "txtEndDate"});
 }
 
 Layout crptAvailableInventory()
@@ -156,14 +106,4 @@ Layout crptCustomerListing()
 Layout crptWarehouseListing()
 {
     return plainLayout("crptWarehouseListing", {});
-}
-
-Layout crptAvailInv()
-{
-    return plainLayout("crptAvailInv", {});
-}
-
-Layout crptAvailInv2()
-{
-    return plainLayout("crptAvailInv2", {});
 }

@@ -49,6 +49,28 @@ Section titleSection(const TableReport &report, double width)
     return section;
 }
 
+/// The second headings, each over the columns that share it.
+std::vector<LayoutObject> overHeads(const TableReport &report, const std::vector<QRectF> &places,
+                                    const TextStyle &style)
+{
+    std::vector<LayoutObject> objects;
+    for (size_t first = 0; first < places.size();) {
+        const QString &over = report.columns[first].over;
+        size_t behind = first + 1;
+        while (behind < places.size() && report.columns[behind].over == over)
+            ++behind;
+        if (!over.isEmpty()) {
+            const double left = places[first].x();
+            const double right = places[behind - 1].right();
+            const double high = lineHeight(style.size);
+            objects.push_back(text({left, 2.5, right - left, high}, over, style, Align::Center));
+            objects.push_back(line({left + 4, high + 3}, {right, high + 3}));
+        }
+        first = behind;
+    }
+    return objects;
+}
+
 Section headsSection(const TableReport &report, const std::vector<QRectF> &places, double width)
 {
     Section section{.kind = Section::Kind::PageHeader, .name = "secHeads", .columnHeads = true};
@@ -57,18 +79,21 @@ Section headsSection(const TableReport &report, const std::vector<QRectF> &place
     qsizetype lines = 1;
     for (const Column &column : report.columns)
         lines = std::max(lines, column.heading.count('\n') + 1);
-    section.objects.push_back(box({0, 0, width, high * double(lines) + 5}, House::Tint, 0));
+    const std::vector<LayoutObject> overs = overHeads(report, places, style);
+    const double top = overs.empty() ? 0 : high + 2;
+    section.objects.push_back(box({0, 0, width, top + high * double(lines) + 5}, House::Tint, 0));
+    section.objects.insert(section.objects.end(), overs.begin(), overs.end());
     for (size_t i = 0; i < places.size(); ++i) {
         // Headings of several lines stand on the bottom line.
         const QStringList words = report.columns[i].heading.split('\n');
-        double y = 2.5 + high * double(lines - words.size());
+        double y = top + 2.5 + high * double(lines - words.size());
         for (const QString &word : words) {
             section.objects.push_back(
                 text({places[i].x(), y, places[i].width(), high}, word, style, alignOf(report.columns[i])));
             y += high;
         }
     }
-    section.height = high * double(lines) + 7;
+    section.height = top + high * double(lines) + 7;
     return section;
 }
 
@@ -208,9 +233,11 @@ Layout tableLayout(const TableReport &report)
     layout.sections.push_back(headsSection(report, places, width));
 
     Section detail{.kind = Section::Kind::Detail, .name = "secDetail", .suppressIf = report.suppressDetail};
-    for (size_t i = 0; i < places.size(); ++i)
+    for (size_t i = 0; i < places.size(); ++i) {
         detail.objects.push_back(cell(report.columns[i], places[i], 1, report.columns[i].source,
                                       {.size = report.textSize, .color = House::Ink}));
+        detail.objects.back().suppressIf = report.columns[i].blankIf;
+    }
     detail.height = lineHeight(report.textSize) + 2.5;
     layout.sections.push_back(detail);
 

@@ -43,6 +43,10 @@ struct Column
     /// in the grand total, as in "Sum({Sales}%1) - Sum({Cost}%1)".
     QString totalSource = {};
     Overflow overflow = Overflow::Shorten;
+    /// Leaves the cell of a detail row empty where it yields True.
+    QString blankIf = {};
+    /// A second heading above; neighbouring columns with the same one share it, centred over a rule.
+    QString over = {};
 };
 
 /// A group of a tabular report: a heading line above its rows and a line of totals below.

@@ -1,0 +1,15 @@
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+/// The old stock figures by warehouse, its parts below it.
+Layout crptAvailInv2()
+{
+    return tableLayout({.title = "Available Inventory by Warehouse",
+                        .groups = {{.by = "{Warehouse}"}},
+                        .columns = {{.heading = "Part", .source = "{Part}", .width = 240},
+                                    {.heading = "Available",
+                                     .source = "{AvailQty}",
+                                     .width = 80,
+                                     .picture = Picture::Quantity,
+                                     .total = true}}});
+}

@@ -1,0 +1,26 @@
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+/// The cash receipts register: what came in, day by day, with a total to compare with the day's deposit.
+Layout crptCashReceiptsReport()
+{
+    return tableLayout(
+        {.title = "Cash Receipts Register",
+         .subtitle = "\"Received \" & {?txtBeginDate} & \" to \" & {?txtEndDate}",
+         .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
+         .formulas = {{"Settled", "{Amount} + {Adjustment}"}},
+         .groups = {{.by = "{Date}", .footing = "\"Total \" & ToText({Date})", .header = false}},
+         .columns = {
+             {.heading = "Date", .source = "{Date}", .width = 56, .picture = Picture::Date},
+             {.heading = "Receipt", .source = "{ID}", .width = 44, .picture = Picture::Whole, .align = Align::Left},
+             {.heading = "Invoice", .source = "{Invoice}", .width = 48},
+             {.heading = "Customer", .source = "{Customer}", .width = 150},
+             {.heading = "Invoice\ntotal", .source = "{Total}", .width = 66, .picture = Picture::Money},
+             {.heading = "Amount\nreceived",
+              .source = "{Amount}",
+              .width = 66,
+              .picture = Picture::Money,
+              .total = true},
+             {.heading = "Adjustment", .source = "{Adjustment}", .width = 60, .picture = Picture::Money, .total = true},
+             {.heading = "Settled", .source = "{@Settled}", .width = 66, .picture = Picture::Money, .total = true}}});
+}

@@ -1,0 +1,7 @@
+#include "reports/layouts/layouts.h"
+#include "reports/layouts/salescomparison.h"
+
+Layout crptSalesByCustomer()
+{
+    return salesComparison("Sales By Customer", {});
+}
