@@ -10,7 +10,7 @@ Layout crptARTranReport()
          .landscape = true,
          .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
          .formulas = {{"MonthNumber", "Year({InvoiceDate}) * 100 + Month({InvoiceDate})"},
-                      {"MonthText", "MonthName(Month({InvoiceDate})) & \" \" & ToText(Year({InvoiceDate}), 0, \"\")"},
+                      {"MonthText", "ToText(Month({InvoiceDate})) & \"/\" & ToText(Year({InvoiceDate}))"},
                       {"Goods", "{Total} - {Freight} - {Adjustment}"},
                       {"Margin", "{Total} - {Freight} - {Adjustment} - {Cost}"}},
          .groups = {{.by = "{@MonthNumber}", .footing = "\"Total \" & {@MonthText}", .header = false}},

@@ -77,33 +77,3 @@ Layout crptProductionPartWhse()
 {
     return plainLayout("crptProductionPartWhse", {"txtMonths", "txtReq"});
 }
-
-Layout crptOpenOrders()
-{
-    return plainLayout("crptOpenOrders", {});
-}
-
-Layout crptInventoryAdjustControlReport()
-{
-    return plainLayout("crptInventoryAdjustControlReport", {});
-}
-
-Layout crptInventoryTransferControlReport()
-{
-    return plainLayout("crptInventoryTransferControlReport", {"txtFromWarehouse"});
-}
-
-Layout crptPartListing()
-{
-    return plainLayout("crptPartListing", {});
-}
-
-Layout crptCustomerListing()
-{
-    return plainLayout("crptCustomerListing", {});
-}
-
-Layout crptWarehouseListing()
-{
-    return plainLayout("crptWarehouseListing", {});
-}

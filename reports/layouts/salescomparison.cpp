@@ -18,6 +18,7 @@ void addPeriod(std::vector<Column> &columns, const QString &period, const QStrin
     columns.push_back(column("Cost", "{" + costs + "}"));
     columns.push_back(column("Margin", "{" + sales + "} - {" + costs + "}"));
     columns.back().totalSource = "Sum({" + sales + "}%1) - Sum({" + costs + "}%1)";
+    columns.back().blankIf = "IsNull({" + sales + "})";
 }
 
 /// Growth of sales against last year; blank where last year had none.

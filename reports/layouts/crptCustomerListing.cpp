@@ -1,0 +1,51 @@
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+/// The place of a ship-to address under the customer's own line.
+static Section shipToSection(double width)
+{
+    const TextStyle style{.size = 7.5, .color = House::Faint};
+    LayoutObject address =
+        value({20, 0, width - 20, 0},
+              "\"Ship to \" & {ShipTo} & (if Trim({ShipToAddress1}) <> \"\" then \", \" & {ShipToAddress1}) & "
+              "(if Trim({ShipToAddress2}) <> \"\" then \", \" & {ShipToAddress2}) & (if Trim({ShipToCity}) <> \"\" "
+              "then \", \" & "
+              "{ShipToCity}) & (if Trim({ShipToState}) <> \"\" then \", \" & {ShipToState}) & \" \" & {ShipToZip} & "
+              "(if Trim({ShipToPhone}) <> \"\" then \"     Phone \" & {ShipToPhone}) & "
+              "(if Trim({ShipToFax}) <> \"\" then \"     Fax \" & {ShipToFax})",
+              style);
+    address.overflow = Overflow::Wrap;
+    return {.kind = Section::Kind::Detail,
+            .name = "secShipTo",
+            .height = lineHeight(style.size) + 3,
+            .objects = {address},
+            .suppressIf = "Trim({ShipTo} & {ShipToAddress1} & {ShipToCity}) = \"\""};
+}
+
+/// All customers with terms and addresses, the active ones first; a second line for the ship-to address.
+Layout crptCustomerListing()
+{
+    Layout layout =
+        tableLayout({.title = "Customer Listing",
+                     .landscape = true,
+                     .groups = {{.by = "{Status}"}},
+                     .columns = {{.heading = "Customer", .source = "{Customer}", .width = 128},
+                                 {.heading = "Address",
+                                  .source = "{Address1} & (if Trim({Address2}) <> \"\" then \", \" & {Address2})",
+                                  .width = 132},
+                                 {.heading = "City", .source = "{City}", .width = 74},
+                                 {.heading = "State", .source = "{State}", .width = 30},
+                                 {.heading = "Zip", .source = "{Zip}", .width = 40},
+                                 {.heading = "Phone", .source = "{Phone}", .width = 70},
+                                 {.heading = "Fax", .source = "{Fax}", .width = 70},
+                                 {.heading = "Terms", .source = "{Terms}", .width = 58},
+                                 {.heading = "Days", .source = "{Days}", .width = 28, .picture = Picture::Whole},
+                                 {.heading = "Price sheet", .source = "{PriceSheet}", .width = 56},
+                                 {.heading = "Territory", .source = "{Territory}", .width = 58},
+                                 {.heading = "Added", .source = "{DateAdded}", .width = 48, .picture = Picture::Date}},
+                     .textSize = 8});
+    const auto detail = std::find_if(layout.sections.begin(), layout.sections.end(),
+                                     [](const Section &section) { return section.name == "secDetail"; });
+    layout.sections.insert(detail + 1, shipToSection(layout.width()));
+    return layout;
+}

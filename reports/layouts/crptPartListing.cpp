@@ -1,0 +1,25 @@
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+/// All parts with what their records hold, the active ones first.
+Layout crptPartListing()
+{
+    return tableLayout(
+        {.title = "Part Listing",
+         .landscape = true,
+         .groups = {{.by = "{Status}", .footing = "ToText(Count({PartNo}, {Status})) & \" parts \" & {Status}"}},
+         .columns = {{.heading = "Part No.", .source = "{PartNo}", .width = 84},
+                     {.heading = "Category", .source = "{Category}", .width = 76},
+                     {.heading = "Vendor", .source = "{Vendor}", .width = 92},
+                     {.heading = "Lead time", .source = "{LeadTime}", .width = 46},
+                     {.heading = "Superceded", .source = "{Superceded}", .width = 70},
+                     {.heading = "Bin", .source = "{BinLocation}", .width = 46},
+                     {.heading = "Min on\nhand", .source = "{MinOnHand}", .width = 40, .picture = Picture::Quantity},
+                     {.heading = "Re-order\nqty", .source = "{ReorderQty}", .width = 42, .picture = Picture::Quantity},
+                     {.heading = "Qty per\npack", .source = "{QtyPerPack}", .width = 40, .picture = Picture::Quantity},
+                     {.heading = "Cost", .source = "{Cost}", .width = 52, .picture = Picture::Money},
+                     {.heading = "Sale price", .source = "{SalePrice}", .width = 52, .picture = Picture::Money},
+                     {.heading = "Added", .source = "{DateAdded}", .width = 50, .picture = Picture::Date}},
+         .grandTotal = "",
+         .textSize = 8});
+}

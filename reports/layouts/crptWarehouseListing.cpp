@@ -1,0 +1,24 @@
+#include "reports/layouts/layouts.h"
+#include "reports/runtime/layoutbuilder.h"
+
+/// All warehouses with their addresses, the active ones first.
+Layout crptWarehouseListing()
+{
+    return tableLayout(
+        {.title = "Warehouse Listing",
+         .landscape = true,
+         .groups = {{.by = "{Status}"}},
+         .columns = {{.heading = "Warehouse", .source = "{WareHouse}", .width = 100},
+                     {.heading = "Address",
+                      .source = "{Address1} & (if Trim({Address2}) <> \"\" then \", \" & {Address2})",
+                      .width = 170,
+                      .overflow = Overflow::Wrap},
+                     {.heading = "City", .source = "{City}", .width = 84},
+                     {.heading = "State", .source = "{State}", .width = 34},
+                     {.heading = "Zip", .source = "{Zip}", .width = 46},
+                     {.heading = "Phone", .source = "{Phone}", .width = 74},
+                     {.heading = "Fax", .source = "{Fax}", .width = 74},
+                     {.heading = "Contact", .source = "{Contact}", .width = 86},
+                     {.heading = "Added", .source = "{DateAdded}", .width = 50, .picture = Picture::Date}},
+         .textSize = 8});
+}
