@@ -63,5 +63,7 @@ public:
     void Close();
 
 private:
+    RecordsetData &data() const;
+
     std::unique_ptr<RecordsetData> m_data;
 };

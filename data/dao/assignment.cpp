@@ -1,0 +1,86 @@
+#include "data/dao/assignment.h"
+
+#include "data/values/conversions.h"
+#include "data/values/runtimeerror.h"
+#include <limits>
+
+namespace {
+
+[[noreturn]] void refuse(const ColumnDef &column, const Value &value)
+{
+    throw runtimeError(3421, {}, QStringLiteral("value '%1' into column %2").arg(value.joined(), column.name));
+}
+
+double number(const ColumnDef &column, const Value &value)
+{
+    if (value.type() != Value::Type::Text)
+        return value.toDouble();
+    const auto number = numberFromText(value.toText());
+    if (!number)
+        refuse(column, value);
+    return *number;
+}
+
+Value wholeNumber(const ColumnDef &column, const Value &value)
+{
+    if (value.type() == Value::Type::Long)
+        return value;
+    const double rounded = std::nearbyint(number(column, value)); // halves to even
+    if (!(rounded >= std::numeric_limits<qint32>::min() && rounded <= std::numeric_limits<qint32>::max()))
+        refuse(column, value);
+    return qint32(rounded);
+}
+
+Value date(const ColumnDef &column, const Value &value)
+{
+    if (value.type() == Value::Type::Date)
+        return value;
+    if (value.type() != Value::Type::Text)
+        return Date(value.toDouble());
+    const auto date = dateFromText(value.toText());
+    if (!date)
+        refuse(column, value);
+    return *date;
+}
+
+Value yesNo(const ColumnDef &column, const Value &value)
+{
+    if (value.type() == Value::Type::Text) {
+        const QString text = value.toText();
+        if (text.compare(u"True", Qt::CaseInsensitive) == 0)
+            return true;
+        if (text.compare(u"False", Qt::CaseInsensitive) == 0)
+            return false;
+    }
+    return number(column, value) != 0;
+}
+
+Value text(const ColumnDef &column, const Value &value)
+{
+    Value text = value.type() == Value::Type::Text ? value : Value(value.toText());
+    if (column.type == ColumnType::Text && text.toText().size() > column.size)
+        throw runtimeError(3163, {}, QStringLiteral("value '%1' into column %2").arg(text.toText(), column.name));
+    return text;
+}
+
+} // namespace
+
+Value assignedTo(const ColumnDef &column, const Value &value)
+{
+    if (value.isNull())
+        return value;
+    switch (column.type) {
+    case ColumnType::Double:
+        return number(column, value);
+    case ColumnType::Currency:
+        return Currency::of(number(column, value));
+    case ColumnType::Long:
+        return wholeNumber(column, value);
+    case ColumnType::Date:
+        return date(column, value);
+    case ColumnType::YesNo:
+        return yesNo(column, value);
+    default:
+        return text(column, value);
+    }
+}

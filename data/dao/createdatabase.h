@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+/// Makes a database with all permanent tables, the scratch tables that reports only empty, and their indexes, all
+/// of them without rows. Error 3204 when the file exists, 3044 for a folder that does not; a failure leaves no
+/// file behind.
+void createDatabase(const QString &path, const QString &password);

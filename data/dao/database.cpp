@@ -1,0 +1,27 @@
+#include "data/dao/database.h"
+
+#include "data/dao/databasedata.h"
+#include "data/dao/recordsetdata.h"
+
+Database::Database(std::shared_ptr<DatabaseData> data) : m_data(std::move(data)) {}
+Database::~Database() = default;
+
+void Database::Execute(const QString &sql)
+{
+    m_data->execute(sql);
+}
+
+Recordset Database::OpenRecordset(const QString &sql)
+{
+    return Recordset(m_data->open(sql));
+}
+
+const std::vector<TableDef> &Database::TableDefs() const
+{
+    return m_data->catalog().tables();
+}
+
+void Database::settle()
+{
+    m_data->settle();
+}

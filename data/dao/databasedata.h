@@ -1,0 +1,50 @@
+#pragma once
+
+#include "data/dao/database.h"
+#include "data/engines/sqlite/connection.h"
+#include "data/jetsql/translator.h"
+
+class RecordsetData;
+
+/// What stands behind a Database: the connection, the catalogue of its tables, the statements translated before,
+/// and the recordsets open on it. Recordsets keep it alive.
+class DatabaseData : public std::enable_shared_from_this<DatabaseData>
+{
+public:
+    DatabaseData(const ConnectionOptions &options, const QString &password);
+
+    void execute(const QString &sql);
+    std::unique_ptr<RecordsetData> open(const QString &sql);
+    /// The tables as they are now, also when another process changed them.
+    const Catalog &catalog();
+    void settle();
+
+    Connection &connection() { return m_connection; }
+
+    /// Must be called before anything is written: open recordsets read what they still have to show, since a
+    /// statement half walked would see the change, and would keep the log from being reset. `writer` is the
+    /// recordset that writes, if one does.
+    void prepareToWrite(const QString &table, RecordsetData *writer);
+    /// How often a table was written on this connection, to tell a stale row.
+    quint64 writes(const QString &table) const { return m_writes.value(table.toCaseFolded()); }
+
+    void attach(RecordsetData *recordset) { m_recordsets.push_back(recordset); }
+    void detach(RecordsetData *recordset);
+
+private:
+    using Translated = std::shared_ptr<const jetsql::Translation>;
+
+    Translated translate(const QString &sql);
+    void forgetTables();
+    void change(const jetsql::Translation &translation, const Doing &doing);
+    void make(const jetsql::Translation &translation, const Doing &doing);
+    void drop(const jetsql::Translation &translation, const Doing &doing);
+
+    Connection m_connection;
+    Catalog m_catalog;
+    qint64 m_catalogVersion = -1; ///< the schema version that the catalogue was read at
+    LruCache<QString, Translated> m_translations{256};
+    std::vector<RecordsetData *> m_recordsets;
+    QHash<QString, quint64> m_writes;
+    bool m_unsettled = false;
+};

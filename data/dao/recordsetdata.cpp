@@ -1,0 +1,290 @@
+#include "data/dao/recordsetdata.h"
+
+#include "data/dao/assignment.h"
+#include "data/dao/fieldname.h"
+#include "data/engines/sqlite/autonumber.h"
+#include "data/engines/sqlite/tables.h"
+
+RecordsetData::RecordsetData(std::shared_ptr<DatabaseData> database,
+                             std::shared_ptr<const jetsql::Translation> translation, Statement statement, Doing reading)
+    : m_database(std::move(database)), m_translation(std::move(translation)), m_statement(std::move(statement)),
+      m_tablesRead(m_statement.tablesRead()), m_reading(std::move(reading)),
+      m_store(sqlite3_column_count(m_statement.handle()))
+{
+    m_database->attach(this);
+}
+
+RecordsetData::~RecordsetData()
+{
+    m_database->detach(this);
+    m_database->connection().giveBack(std::move(m_statement));
+}
+
+int RecordsetData::columnNamed(QAnyStringView name) const
+{
+    const int position = FieldName::find(m_translation->columns, name);
+    if (position < 0)
+        throw runtimeError(3265, {}, name.toString() + u" in " + m_reading.statement);
+    return position;
+}
+
+bool RecordsetData::reads(const QString &table) const
+{
+    return m_tablesRead.contains(table, Qt::CaseInsensitive);
+}
+
+// Walking
+
+void RecordsetData::begin()
+{
+    if (m_state != State::Unread)
+        return;
+    m_state = State::Walking;
+    step();
+    m_empty = !m_hasRow;
+}
+
+void RecordsetData::step()
+{
+    m_hasRow = false;
+    const int code = m_statement.step();
+    if (code == SQLITE_ROW) {
+        m_hasRow = true;
+        return;
+    }
+    if (code != SQLITE_DONE)
+        m_database->connection().raise(code, m_reading);
+    m_database->connection().giveBack(std::move(m_statement));
+}
+
+bool RecordsetData::isEmpty()
+{
+    begin();
+    return m_empty;
+}
+
+bool RecordsetData::atEnd()
+{
+    begin();
+    return !m_hasRow;
+}
+
+void RecordsetData::moveNext()
+{
+    begin();
+    if (!m_hasRow)
+        throw runtimeError(3021, {}, m_reading.statement);
+    m_pending.reset();
+    m_fresh.clear();
+    m_deleted = false;
+    if (m_state == State::Walking)
+        step();
+    else
+        nextStored();
+}
+
+void RecordsetData::nextStored()
+{
+    m_hasRow = m_addedWalked == 0 && m_store.next();
+    if (m_hasRow) {
+        if (m_table && m_database->writes(m_table->Name) != m_seenWrites)
+            refresh(currentRow());
+        return;
+    }
+    if (m_addedWalked < m_added.size()) {
+        m_hasRow = true;
+        refresh(m_added[m_addedWalked++]);
+    }
+}
+
+void RecordsetData::readAhead()
+{
+    if (m_state != State::Walking || !m_hasRow)
+        return;
+    int code = SQLITE_ROW;
+    for (; code == SQLITE_ROW; code = m_statement.step())
+        m_store.append(m_statement);
+    if (code != SQLITE_DONE)
+        m_database->connection().raise(code, m_reading);
+    m_database->connection().giveBack(std::move(m_statement));
+    m_store.next();
+    m_state = State::Stored;
+    if (!m_translation->updatableTable.isEmpty())
+        m_seenWrites = m_database->writes(m_translation->updatableTable);
+}
+
+void RecordsetData::prepareForWrite(const QString &table, bool own)
+{
+    // Nothing read yet and nothing to lose: a recordset that was opened to add rows costs nothing, however
+    // large its table is.
+    if (m_state == State::Unread) {
+        if (own || !reads(table))
+            return;
+        begin();
+    }
+    readAhead();
+}
+
+void RecordsetData::refresh(qint64 row)
+{
+    requireUpdatable();
+    QByteArrayList columns;
+    for (const jetsql::ResultColumn &column : m_translation->columns)
+        columns += column.sourceColumn.isEmpty() ? QByteArray("NULL") : Tables::quoted(column.sourceColumn);
+    Statement fetch = m_database->connection().prepare(
+        "SELECT " + columns.join(", ") + " FROM " + Tables::quoted(m_table->Name) + " WHERE rowid = ?", m_reading);
+    fetch.bind(1, row);
+    const int code = fetch.step();
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        m_database->connection().raise(code, m_reading);
+    m_deleted = code == SQLITE_DONE;
+    m_fresh.assign(size_t(columnCount()), std::nullopt);
+    for (int i = 0; i < columnCount() && !m_deleted; ++i) {
+        if (!column(i).sourceColumn.isEmpty() || m_addedWalked > 0)
+            m_fresh[size_t(i)] = fetch.value(i, column(i).type);
+    }
+    m_database->connection().giveBack(std::move(fetch));
+}
+
+qint64 RecordsetData::currentRow() const
+{
+    if (m_addedWalked > 0)
+        return m_added[m_addedWalked - 1];
+    return m_state == State::Walking ? m_statement.integer(columnCount()) : m_store.integer(columnCount());
+}
+
+void RecordsetData::requireRow()
+{
+    begin();
+    if (!m_hasRow)
+        throw runtimeError(3021, {}, m_reading.statement);
+    if (m_deleted)
+        throw runtimeError(3167, {}, m_reading.statement);
+}
+
+Value RecordsetData::value(int position)
+{
+    if (m_pending) {
+        const int column = tableColumn(position);
+        if (column >= 0 && m_pending->values[size_t(column)])
+            return *m_pending->values[size_t(column)];
+        if (m_pending->adding)
+            return {};
+    }
+    requireRow();
+    if (!m_fresh.empty() && m_fresh[size_t(position)])
+        return *m_fresh[size_t(position)];
+    const ColumnType type = column(position).type;
+    return m_state == State::Walking ? m_statement.value(position, type) : m_store.value(position, type);
+}
+
+// Writing
+
+void RecordsetData::requireUpdatable()
+{
+    if (m_table)
+        return;
+    const TableDef *table =
+        m_translation->updatableTable.isEmpty() ? nullptr : m_database->catalog().find(m_translation->updatableTable);
+    if (!table)
+        throw runtimeError(3027, {}, m_reading.statement);
+    m_table = *table;
+    for (const jetsql::ResultColumn &column : m_translation->columns)
+        m_tableColumns.push_back(column.sourceColumn.isEmpty() ? -1 : m_table->indexOf(column.sourceColumn));
+}
+
+void RecordsetData::addNew()
+{
+    requireUpdatable();
+    m_pending.reset();
+    Pending row{true, {}};
+    for (const ColumnDef &column : m_table->columns) {
+        if (column.autoNumber) {
+            m_database->prepareToWrite(QStringLiteral("sqlite_sequence"), this);
+            row.values.emplace_back(takeAutoNumber(m_database->connection(), *m_table, column.name));
+        } else {
+            row.values.emplace_back(column.defaultZero ? assignedTo(column, 0) : Value());
+        }
+    }
+    m_pending = std::move(row);
+}
+
+void RecordsetData::edit()
+{
+    requireUpdatable();
+    requireRow();
+    m_pending = Pending{false, std::vector<std::optional<Value>>(m_table->columns.size())};
+}
+
+void RecordsetData::assign(int position, const Value &value)
+{
+    if (!m_pending)
+        throw runtimeError(3020, {}, m_reading.statement);
+    const int column = tableColumn(position);
+    if (column < 0)
+        throw runtimeError(3027, {}, m_reading.statement);
+    m_pending->values[size_t(column)] = assignedTo(m_table->columns[size_t(column)], value);
+}
+
+void RecordsetData::update()
+{
+    if (!m_pending)
+        throw runtimeError(3020, {}, m_reading.statement);
+    const Doing writing{Doing::Writing, m_table->Name, u"Update of " + m_reading.statement};
+    m_database->prepareToWrite(m_table->Name, this);
+    ++m_seenWrites;
+    if (m_pending->adding)
+        insertPending(writing);
+    else
+        updatePending(writing);
+    m_pending.reset();
+}
+
+void RecordsetData::insertPending(const Doing &writing)
+{
+    QByteArrayList names, places;
+    for (const ColumnDef &column : m_table->columns) {
+        names += Tables::quoted(column.name);
+        places += "?";
+    }
+    Connection &connection = m_database->connection();
+    Statement insert = connection.prepare("INSERT INTO " + Tables::quoted(m_table->Name) + " (" + names.join(", ") +
+                                              ") VALUES (" + places.join(", ") + ')',
+                                          writing);
+    for (size_t i = 0; i < m_pending->values.size(); ++i)
+        insert.bind(int(i) + 1, *m_pending->values[i]);
+    connection.finish(insert, writing);
+    connection.giveBack(std::move(insert));
+    if (m_state == State::Stored)
+        m_added.push_back(connection.lastInsertedRow());
+}
+
+void RecordsetData::updatePending(const Doing &writing)
+{
+    QByteArrayList settings;
+    std::vector<const Value *> values;
+    for (size_t i = 0; i < m_pending->values.size(); ++i) {
+        if (!m_pending->values[i])
+            continue;
+        settings += Tables::quoted(m_table->columns[i].name) + " = ?";
+        values.push_back(&*m_pending->values[i]);
+    }
+    if (values.empty())
+        return;
+    Connection &connection = m_database->connection();
+    Statement update = connection.prepare(
+        "UPDATE " + Tables::quoted(m_table->Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", writing);
+    for (size_t i = 0; i < values.size(); ++i)
+        update.bind(int(i) + 1, *values[i]);
+    update.bind(int(values.size()) + 1, currentRow());
+    connection.finish(update, writing);
+    connection.giveBack(std::move(update));
+    if (connection.changes() == 0)
+        throw runtimeError(3167, {}, writing.statement);
+
+    m_fresh.resize(size_t(columnCount()));
+    for (int i = 0; i < columnCount(); ++i) {
+        if (tableColumn(i) >= 0 && m_pending->values[size_t(tableColumn(i))])
+            m_fresh[size_t(i)] = m_pending->values[size_t(tableColumn(i))];
+    }
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "data/dao/databasedata.h"
+#include "data/dao/rowstore.h"
+
+/// What stands behind a Recordset: the statement being walked, or the rows read ahead from it, and the row being
+/// added or changed.
+class RecordsetData
+{
+public:
+    RecordsetData(std::shared_ptr<DatabaseData> database, std::shared_ptr<const jetsql::Translation> translation,
+                  Statement statement, Doing reading);
+    RecordsetData(const RecordsetData &) = delete;
+    RecordsetData &operator=(const RecordsetData &) = delete;
+    ~RecordsetData();
+
+    bool isEmpty();
+    bool atEnd();
+    void moveNext();
+
+    int columnCount() const { return int(m_translation->columns.size()); }
+    const jetsql::ResultColumn &column(int position) const { return m_translation->columns[size_t(position)]; }
+    /// The position of a column by its name, or error 3265.
+    int columnNamed(QAnyStringView name) const;
+
+    Value value(int column);
+    void assign(int column, const Value &value);
+    void addNew();
+    void edit();
+    void update();
+
+    bool reads(const QString &table) const;
+    /// Called before a write on the connection; `own` when this recordset is the writer.
+    void prepareForWrite(const QString &table, bool own);
+    /// Reads what is left of a walk that has begun, and frees the locks it holds.
+    void readAhead();
+
+private:
+    /// Unread: nothing was asked yet, and nothing read. Walking: rows come from the statement. Stored: from memory.
+    enum class State { Unread, Walking, Stored };
+    /// The row between AddNew or Edit and Update, by column of the table.
+    struct Pending
+    {
+        bool adding = false;
+        std::vector<std::optional<Value>> values;
+    };
+
+    void begin();
+    void step();
+    void nextStored();
+    void refresh(qint64 row);
+    void requireRow();
+    void requireUpdatable();
+    qint64 currentRow() const;
+    int tableColumn(int column) const { return m_tableColumns[size_t(column)]; }
+    void insertPending(const Doing &writing);
+    void updatePending(const Doing &writing);
+
+    std::shared_ptr<DatabaseData> m_database;
+    std::shared_ptr<const jetsql::Translation> m_translation;
+    Statement m_statement;
+    QStringList m_tablesRead;
+    Doing m_reading;
+
+    State m_state = State::Unread;
+    bool m_empty = false;
+    bool m_hasRow = false;
+    bool m_deleted = false; ///< the current row was deleted before the walk came to it
+    RowStore m_store;
+
+    std::optional<TableDef> m_table; ///< the table that AddNew and Edit write, known from the first of them on
+    std::vector<int> m_tableColumns; ///< its column for each result column, or -1
+    std::optional<Pending> m_pending;
+    std::vector<std::optional<Value>> m_fresh; ///< of the current row, what is newer than the walk; may be empty
+    quint64 m_seenWrites = 0;                  ///< writes to the table that the stored rows take account of
+    std::vector<qint64> m_added;               ///< rows added during the walk
+    size_t m_addedWalked = 0;
+};

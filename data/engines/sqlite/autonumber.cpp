@@ -1,0 +1,71 @@
+#include "data/engines/sqlite/autonumber.h"
+
+#include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/tables.h"
+#include <limits>
+
+// The counter is SQLite's own for AUTOINCREMENT columns, so that an INSERT statement, of this program or of any
+// other tool, draws from it too.
+
+namespace {
+
+/// Commits made while one exists are not synced to the disk. That is sound for the counter alone: its change
+/// touches one record of one page, and losing it to a power failure gives back a number that no row holds,
+/// since the next commit of a row is synced and carries the counter with it. Without this every number would
+/// cost the rollback journal several syncs, each a round trip to the server of a shared folder.
+class Unsynced
+{
+public:
+    Unsynced(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
+    {
+        if (!m_connection.usesLog())
+            m_connection.run("PRAGMA synchronous=OFF", m_doing);
+    }
+    Unsynced(const Unsynced &) = delete;
+    Unsynced &operator=(const Unsynced &) = delete;
+    ~Unsynced()
+    {
+        if (!m_connection.usesLog())
+            m_connection.run("PRAGMA synchronous=FULL", m_doing);
+    }
+
+private:
+    Connection &m_connection;
+    Doing m_doing;
+};
+
+} // namespace
+
+qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QString &column)
+{
+    const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    const Unsynced unsynced(connection, writing);
+    const QByteArray highest =
+        "coalesce((SELECT max(" + Tables::quoted(column) + ") FROM " + Tables::quoted(table.Name) + "), 0)";
+    Statement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +
+                                            ") WHERE name = ? COLLATE NOCASE RETURNING seq",
+                                        writing);
+    take.bind(1, Value(table.Name));
+    qint64 number = 0;
+    int code = take.step();
+    if (code == SQLITE_ROW) {
+        number = take.integer(0);
+        code = take.step(); // the commit comes with the end of the statement
+    }
+    if (code != SQLITE_DONE)
+        connection.raise(code, writing);
+    connection.giveBack(std::move(take));
+
+    if (number == 0) { // a table that never took a number has no counter yet
+        Transaction transaction(connection, writing);
+        connection.run("INSERT INTO sqlite_sequence (name, seq) SELECT '" + table.Name.toUtf8().replace('\'', "''") +
+                           "', 0 WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = '" +
+                           table.Name.toUtf8().replace('\'', "''") + "')",
+                       writing);
+        transaction.commit();
+        return takeAutoNumber(connection, table, column);
+    }
+    if (number > std::numeric_limits<qint32>::max())
+        throw runtimeError(6);
+    return qint32(number);
+}

@@ -1,0 +1,171 @@
+#include "data/engines/sqlite/connection.h"
+
+#include "data/engines/sqlite/collation.h"
+#include "data/engines/sqlite/errors.h"
+#include "data/engines/sqlite/filesystem.h"
+#include "data/engines/sqlite/functions.h"
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int CacheKilobytes = 64 * 1024;
+
+/// The path failures the engine tells apart before it looks into the file.
+void checkPath(const ConnectionOptions &options)
+{
+    if (options.file.trimmed().isEmpty())
+        throw runtimeError(3055);
+    const QFileInfo info(options.file);
+    if (!info.dir().exists() || info.isDir())
+        throw runtimeError(3044, {options.file});
+    if (!options.create && !info.exists())
+        throw runtimeError(3024, {options.file});
+}
+
+} // namespace
+
+Connection::Connection(const ConnectionOptions &options) : m_file(options.file)
+{
+    checkPath(options);
+    sqlite3 *handle = nullptr;
+    const int access = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int code = sqlite3_open_v2(QFile::encodeName(options.file).constData(), &handle,
+                                     access | (options.create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_handle.reset(handle);
+    if (code != SQLITE_OK)
+        raise(code, {Doing::Opening, {}, {}});
+    configure(options);
+}
+
+void Connection::configure(const ConnectionOptions &options)
+{
+    sqlite3 *db = m_handle.get();
+    sqlite3_extended_result_codes(db, 1);
+    sqlite3_busy_timeout(db, options.busyMilliseconds);
+    // A name in double quotes that is no column would silently become a text.
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    registerJetCollation(db);
+    registerJetFunctions(db);
+
+    const Doing opening{Doing::Opening, {}, {}};
+    if (options.exclusive)
+        run("PRAGMA locking_mode=EXCLUSIVE", opening);
+    const bool log =
+        options.journal == Journal::Log || (options.journal == Journal::ByMount && !liesOnNetwork(options.file));
+    if (!options.readOnly) {
+        // Not obeyed while another process uses the file the other way; then both go on in its way.
+        Statement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
+        const int code = mode.step();
+        if (code != SQLITE_ROW)
+            raise(code, opening);
+        m_usesLog = mode.bytes(0) == "wal";
+    }
+    run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=FULL", opening);
+    run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
+    if (options.exclusive)
+        run("BEGIN EXCLUSIVE; COMMIT", opening);
+}
+
+int Connection::noteTableRead(void *tables, int action, const char *table, const char *, const char *, const char *)
+{
+    if (action == SQLITE_READ && table) {
+        auto *names = static_cast<QStringList *>(tables);
+        const QString name = QString::fromUtf8(table);
+        if (!names->contains(name))
+            names->append(name);
+    }
+    return SQLITE_OK;
+}
+
+Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
+{
+    if (Statement idle = m_idle.take(sql))
+        return idle;
+    QStringList tables;
+    sqlite3_set_authorizer(m_handle.get(), noteTableRead, &tables);
+    sqlite3_stmt *handle = nullptr;
+    const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
+                                        &handle, nullptr);
+    sqlite3_set_authorizer(m_handle.get(), nullptr, nullptr);
+    if (code != SQLITE_OK)
+        raise(code, doing);
+    return Statement(handle, sql, std::move(tables));
+}
+
+void Connection::giveBack(Statement statement)
+{
+    if (!statement)
+        return;
+    statement.reset();
+    const QByteArray sql = statement.sql();
+    m_idle.insert(sql, std::move(statement));
+}
+
+void Connection::run(const QByteArray &sql, const Doing &doing)
+{
+    const int code = sqlite3_exec(m_handle.get(), sql.constData(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        raise(code, doing);
+}
+
+void Connection::finish(Statement &statement, const Doing &doing)
+{
+    int code = statement.step();
+    while (code == SQLITE_ROW)
+        code = statement.step();
+    if (code != SQLITE_DONE)
+        raise(code, doing);
+}
+
+qint64 Connection::schemaVersion()
+{
+    const Doing reading{Doing::Reading, {}, {}};
+    Statement version = prepare("PRAGMA schema_version", reading);
+    const int code = version.step();
+    if (code != SQLITE_ROW)
+        raise(code, reading);
+    const qint64 number = version.integer(0);
+    giveBack(std::move(version));
+    return number;
+}
+
+void Connection::syncLog()
+{
+    sqlite3_file *log = nullptr;
+    if (sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log ||
+        !log->pMethods)
+        return;
+    const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
+    if (code != SQLITE_OK)
+        raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
+}
+
+void Connection::raise(int code, const Doing &doing) const
+{
+    throw errorFor(code, m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle.get())) : QString(), m_file, doing);
+}
+
+Transaction::Transaction(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
+{
+    // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
+    connection.run("BEGIN IMMEDIATE", doing);
+}
+
+Transaction::~Transaction()
+{
+    if (!m_open)
+        return;
+    try {
+        m_connection.run("ROLLBACK", m_doing);
+    } catch (const RuntimeError &) {
+        // The engine has rolled back by itself already, and the error that led here is the one to report.
+    }
+}
+
+void Transaction::commit()
+{
+    m_connection.run("COMMIT", m_doing);
+    m_open = false;
+}

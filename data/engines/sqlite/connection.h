@@ -1,0 +1,91 @@
+#pragma once
+
+#include "data/engines/sqlite/lrucache.h"
+#include "data/engines/sqlite/statement.h"
+#include "data/values/runtimeerror.h"
+
+/// How changes reach the file. `Log` is SQLite's write-ahead log, for a local disk; `Rollback` the rollback
+/// journal, for a folder that other machines share; `ByMount` takes what suits the place where the file lies.
+enum class Journal { ByMount, Log, Rollback };
+
+struct ConnectionOptions
+{
+    QString file;
+    bool create = false;
+    bool exclusive = false;
+    bool readOnly = false;
+    Journal journal = Journal::ByMount;
+    int busyMilliseconds = 8000; ///< how long a locked file is retried before the lock error
+};
+
+/// What was being done when the engine failed: it decides between the errors for one and the same lock.
+struct Doing
+{
+    enum Kind { Opening, Reading, Writing, Defining } kind = Reading;
+    QString table;     ///< named by the lock errors of a table
+    QString statement; ///< for the error's detail
+};
+
+/// One connection to a database file through SQLite's C interface.
+class Connection
+{
+public:
+    /// Opens the file. Errors 3024, 3044, 3045, 3051, 3055, 3343.
+    explicit Connection(const ConnectionOptions &options);
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    /// A statement ready to step: one given back before, or newly prepared.
+    Statement prepare(const QByteArray &sql, const Doing &doing);
+    /// Keeps a statement for the next user of its text.
+    void giveBack(Statement statement);
+    void forgetStatements() { m_idle.clear(); }
+
+    /// Runs a statement to its end, with nothing to read from it.
+    void run(const QByteArray &sql, const Doing &doing);
+    void finish(Statement &statement, const Doing &doing);
+
+    /// Changes whenever any process made, changed or dropped a table.
+    qint64 schemaVersion();
+    /// Rows that the last statement changed.
+    int changes() const { return sqlite3_changes(m_handle.get()); }
+    qint64 lastInsertedRow() const { return sqlite3_last_insert_rowid(m_handle.get()); }
+
+    /// Syncs the write-ahead log to the disk. With a rollback journal every commit is synced already.
+    void syncLog();
+    /// True while commits of this connection are not synced each for themselves.
+    bool usesLog() const { return m_usesLog; }
+
+    /// Raises the run-time error for a result code of SQLite.
+    [[noreturn]] void raise(int code, const Doing &doing) const;
+
+private:
+    struct Closer
+    {
+        void operator()(sqlite3 *handle) const { sqlite3_close_v2(handle); }
+    };
+
+    void configure(const ConnectionOptions &options);
+    static int noteTableRead(void *tables, int action, const char *table, const char *, const char *, const char *);
+
+    QString m_file;
+    std::unique_ptr<sqlite3, Closer> m_handle;
+    LruCache<QByteArray, Statement> m_idle{128};
+    bool m_usesLog = false;
+};
+
+/// Several statements that are committed as one. Rolls back unless committed.
+class Transaction
+{
+public:
+    Transaction(Connection &connection, const Doing &doing);
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+    ~Transaction();
+    void commit();
+
+private:
+    Connection &m_connection;
+    Doing m_doing;
+    bool m_open = true;
+};

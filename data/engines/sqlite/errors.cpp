@@ -1,0 +1,52 @@
+#include "data/engines/sqlite/errors.h"
+
+#include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/functions.h"
+
+namespace {
+
+RuntimeError lockError(const QString &file, const Doing &doing, const QString &detail)
+{
+    switch (doing.kind) {
+    case Doing::Opening:
+        return runtimeError(3045, {file}, detail);
+    case Doing::Writing:
+        return runtimeError(3218, {}, detail);
+    default:
+        return runtimeError(3211, {doing.table}, detail);
+    }
+}
+
+} // namespace
+
+RuntimeError errorFor(int code, const QString &words, const QString &file, const Doing &doing)
+{
+    const QString detail = doing.statement.isEmpty() ? words : doing.statement + u"\nSQLite: " + words;
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return lockError(file, doing, detail);
+    case SQLITE_NOTADB:
+        return runtimeError(3343, {file}, detail);
+    case SQLITE_CORRUPT:
+        return runtimeError(3049, {file}, detail);
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return runtimeError(3051, {file}, detail);
+    case SQLITE_READONLY:
+        return runtimeError(3027, {}, detail);
+    case SQLITE_CONSTRAINT:
+        return runtimeError(3022, {}, detail);
+    case SQLITE_FULL:
+        return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
+    case SQLITE_IOERR:
+        return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
+    default:
+        // A function of the dialect says by its message which error it means.
+        if (auto error = runtimeErrorFrom(words))
+            return RuntimeError(error->number(), error->description(), detail);
+        return RuntimeError(3000, QStringLiteral("Reserved error (%1); there is no message for this error.").arg(code),
+                            detail);
+    }
+}

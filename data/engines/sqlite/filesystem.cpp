@@ -1,0 +1,45 @@
+#include "data/engines/sqlite/filesystem.h"
+
+#include <QFile>
+#include <array>
+
+#ifdef Q_OS_LINUX
+#include <sys/vfs.h>
+
+bool liesOnNetwork(const QString &file)
+{
+    // The numbers of the kernel's network file systems, and of those that pass a host's folder through. A file
+    // system in user space may be either; the rollback journal is right for both.
+    static constexpr std::array<quint32, 14> shared = {
+        0x00006969, // nfs
+        0x0000517B, // smb
+        0xFF534D42, // cifs
+        0xFE534D42, // smb2
+        0x73757245, // coda
+        0x0000564C, // ncp
+        0x5346414F, // afs
+        0x01021997, // 9p
+        0x65735546, // fuse
+        0x01161970, // gfs2
+        0x7461636F, // ocfs2
+        0x0BD00BD0, // lustre
+        0x00C36400, // ceph
+        0x786F4256, // vboxsf
+    };
+    struct statfs mount = {};
+    if (statfs(QFile::encodeName(file).constData(), &mount) != 0)
+        return false;
+    return std::find(shared.begin(), shared.end(), quint32(mount.f_type)) != shared.end();
+}
+
+#else
+#include <QStorageInfo>
+
+bool liesOnNetwork(const QString &file)
+{
+    const QByteArray type = QStorageInfo(file).fileSystemType().toLower();
+    static constexpr std::array shared = {"nfs", "smbfs", "cifs", "afpfs", "webdav", "fuse"};
+    return file.startsWith(u"\\\\") || file.startsWith(u"//") ||
+           std::any_of(shared.begin(), shared.end(), [&](const char *name) { return type.startsWith(name); });
+}
+#endif

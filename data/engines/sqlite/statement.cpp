@@ -1,0 +1,68 @@
+#include "data/engines/sqlite/statement.h"
+
+#include "data/engines/sqlite/storedvalue.h"
+
+Statement::Statement(sqlite3_stmt *handle, QByteArray sql, QStringList tablesRead)
+    : m_handle(handle), m_sql(std::move(sql)), m_tablesRead(std::move(tablesRead))
+{
+}
+
+void Statement::bind(int parameter, const Value &value)
+{
+    switch (value.type()) {
+    case Value::Type::Null:
+        sqlite3_bind_null(handle(), parameter);
+        break;
+    case Value::Type::Boolean:
+        sqlite3_bind_int(handle(), parameter, value.toBoolean() ? 1 : 0);
+        break;
+    case Value::Type::Long:
+        sqlite3_bind_int(handle(), parameter, value.toLong());
+        break;
+    case Value::Type::Double:
+    case Value::Type::Currency:
+        sqlite3_bind_double(handle(), parameter, value.toDouble());
+        break;
+    case Value::Type::Date:
+    case Value::Type::Text: {
+        const QByteArray utf8 = (value.type() == Value::Type::Date ? value.toDate().toIso() : value.toText()).toUtf8();
+        sqlite3_bind_text64(handle(), parameter, utf8.constData(), sqlite3_uint64(utf8.size()), SQLITE_TRANSIENT,
+                            SQLITE_UTF8);
+        break;
+    }
+    }
+}
+
+void Statement::reset()
+{
+    sqlite3_reset(handle());
+    sqlite3_clear_bindings(handle());
+}
+
+QString Statement::text(int column) const
+{
+    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
+    return QString::fromUtf8(utf8, sqlite3_column_bytes(handle(), column));
+}
+
+QByteArray Statement::bytes(int column) const
+{
+    const auto *data = static_cast<const char *>(sqlite3_column_blob(handle(), column));
+    return QByteArray(data, sqlite3_column_bytes(handle(), column));
+}
+
+Value Statement::value(int column, ColumnType type) const
+{
+    switch (sqlite3_column_type(handle(), column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return StoredValue::fromInteger(sqlite3_column_int64(handle(), column), type);
+    case SQLITE_FLOAT:
+        return StoredValue::fromReal(sqlite3_column_double(handle(), column), type);
+    default: {
+        const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
+        return StoredValue::fromText({utf8, size_t(sqlite3_column_bytes(handle(), column))}, type);
+    }
+    }
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "data/schema/tabledef.h"
+#include "data/values/value.h"
+#include <QByteArray>
+#include <QStringList>
+#include <memory>
+#include <sqlite3.h>
+
+/// One prepared statement of SQLite's C interface. Errors are left to the caller, who knows what was being done.
+class Statement
+{
+public:
+    Statement() = default;
+    Statement(sqlite3_stmt *handle, QByteArray sql, QStringList tablesRead);
+
+    explicit operator bool() const { return m_handle != nullptr; }
+    sqlite3_stmt *handle() const { return m_handle.get(); }
+    const QByteArray &sql() const { return m_sql; }
+    const QStringList &tablesRead() const { return m_tablesRead; }
+
+    /// Binds a value in its stored form to the parameter of that number, counted from 1.
+    void bind(int parameter, const Value &value);
+    void bind(int parameter, qint64 number) { sqlite3_bind_int64(handle(), parameter, number); }
+
+    /// SQLITE_ROW, SQLITE_DONE or an error code.
+    int step() { return sqlite3_step(handle()); }
+    /// Ends the walk and frees its locks; the bound values are dropped too.
+    void reset();
+
+    qint64 integer(int column) const { return sqlite3_column_int64(handle(), column); }
+    QString text(int column) const;
+    QByteArray bytes(int column) const;
+    /// The column of the current row as a value of that type.
+    Value value(int column, ColumnType type) const;
+
+private:
+    struct Finalizer
+    {
+        void operator()(sqlite3_stmt *handle) const { sqlite3_finalize(handle); }
+    };
+
+    std::unique_ptr<sqlite3_stmt, Finalizer> m_handle;
+    QByteArray m_sql;
+    QStringList m_tablesRead;
+};
