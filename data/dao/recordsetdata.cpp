@@ -24,7 +24,7 @@ int RecordsetData::columnNamed(QAnyStringView name) const
 {
     const int position = FieldName::find(m_translation->columns, name);
     if (position < 0)
-        throw runtimeError(3265, {}, name.toString() + u" in " + m_reading.statement);
+        throw runtimeError(3265, {}, name.toString() + " in " + m_reading.statement);
     return position;
 }
 
@@ -230,7 +230,7 @@ void RecordsetData::update()
 {
     if (!m_pending)
         throw runtimeError(3020, {}, m_reading.statement);
-    const Doing writing{Doing::Writing, m_table->Name, u"Update of " + m_reading.statement};
+    const Doing writing{Doing::Writing, m_table->Name, "Update of " + m_reading.statement};
     m_database->prepareToWrite(m_table->Name, this);
     ++m_seenWrites;
     if (m_pending->adding)

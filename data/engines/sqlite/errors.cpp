@@ -21,7 +21,7 @@ RuntimeError lockError(const QString &file, const Doing &doing, const QString &d
 
 RuntimeError errorFor(int code, const QString &words, const QString &file, const Doing &doing)
 {
-    const QString detail = doing.statement.isEmpty() ? words : doing.statement + u"\nSQLite: " + words;
+    const QString detail = doing.statement.isEmpty() ? words : doing.statement + "\nSQLite: " + words;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
