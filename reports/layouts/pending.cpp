@@ -42,38 +42,3 @@ Layout crptStatementReport()
 {
     return plainLayout("crptStatementReport", {"txtAsOfDate"});
 }
-
-Layout crptAvailableInventory()
-{
-    return plainLayout("crptAvailableInventory", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptAvailableInventoryExport()
-{
-    return plainLayout("crptAvailableInventoryExport", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptAvailableInventoryByPart()
-{
-    return plainLayout("crptAvailableInventoryByPart", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptNewAvailInv()
-{
-    return plainLayout("crptNewAvailInv", {});
-}
-
-Layout crptInventorySalesReport()
-{
-    return plainLayout("crptInventorySalesReport", {"txtBeginDate", "txtEndDate"});
-}
-
-Layout crptProductionWhsePart()
-{
-    return plainLayout("crptProductionWhsePart", {"txtMonths", "txtReq"});
-}
-
-Layout crptProductionPartWhse()
-{
-    return plainLayout("crptProductionPartWhse", {"txtMonths", "txtReq"});
-}
