@@ -68,7 +68,6 @@ Layout inventoryRegister(const QString &title, const TableGroup &outer, const QS
         tableLayout({.title = title, .columns = registerTotalColumns(innerField, innerHeading), .grandTotal = ""});
     Section heads = sectionNamed(totals, "secHeads");
     heads.name = "secTotalsHeads";
-    heads.columnHeads = false;
     Section line = sectionNamed(totals, "secDetail");
     line.kind = Section::Kind::GroupFooter;
     line.group = 1;
