@@ -18,7 +18,7 @@ Recordset Database::OpenRecordset(const QString &sql)
 
 const std::vector<TableDef> &Database::TableDefs() const
 {
-    return m_data->catalog().tables();
+    return m_data->freshCatalog().tables();
 }
 
 void Database::settle()

@@ -9,60 +9,76 @@ using jetsql::StatementKind;
 DatabaseData::DatabaseData(const ConnectionOptions &options, const QString &password) : m_connection(options)
 {
     PasswordGate::check(m_connection, password, options.file);
+    readCatalog();
 }
 
-const Catalog &DatabaseData::catalog()
+const Catalog &DatabaseData::freshCatalog()
 {
-    const qint64 version = m_connection.schemaVersion();
-    if (version != m_catalogVersion) {
-        forgetTables();
-        m_catalog = Tables::readCatalog(m_connection);
-        m_catalogVersion = version;
-    }
+    if (!catalogIsCurrent())
+        readCatalog();
     return m_catalog;
 }
 
-void DatabaseData::forgetTables()
+void DatabaseData::readCatalog()
 {
     m_translations.clear();
     m_connection.forgetStatements();
+    // The version first: a change in between is then found at the next look.
+    m_catalogVersion = m_connection.schemaVersion();
+    m_catalog = Tables::readCatalog(m_connection);
 }
 
 DatabaseData::Translated DatabaseData::translate(const QString &sql)
 {
-    const Catalog &tables = catalog();
     if (const Translated *known = m_translations.find(sql))
         return *known;
-    return m_translations.insert(sql, std::make_shared<jetsql::Translation>(jetsql::translate(sql, tables)));
+    try {
+        return m_translations.insert(sql, std::make_shared<jetsql::Translation>(jetsql::translate(sql, m_catalog)));
+    } catch (const RuntimeError &) {
+        // Another process may have made the table meanwhile.
+        if (catalogIsCurrent())
+            throw;
+    }
+    readCatalog();
+    return m_translations.insert(sql, std::make_shared<jetsql::Translation>(jetsql::translate(sql, m_catalog)));
 }
 
 void DatabaseData::execute(const QString &sql)
 {
-    const Translated translation = translate(sql);
-    Doing doing{Doing::Writing, translation->targetTable, sql};
-    switch (translation->kind) {
-    case StatementKind::Select:
-        throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
-    case StatementKind::Insert:
-    case StatementKind::Update:
-    case StatementKind::Delete:
-        return change(*translation, doing);
-    case StatementKind::SelectInto:
-    case StatementKind::CreateTable:
-        doing.kind = Doing::Defining;
-        return make(*translation, doing);
-    case StatementKind::DropTable:
-        doing.kind = Doing::Defining;
-        return drop(*translation, doing);
-    }
+    while (!tryExecute(sql))
+        readCatalog();
 }
 
-void DatabaseData::change(const jetsql::Translation &translation, const Doing &doing)
+bool DatabaseData::tryExecute(const QString &sql)
 {
-    Statement statement = m_connection.prepare(translation.sql, doing);
-    prepareToWrite(translation.targetTable, nullptr);
-    m_connection.finish(statement, doing);
-    m_connection.giveBack(std::move(statement));
+    const Translated translation = translate(sql);
+    if (translation->kind == StatementKind::Select)
+        throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
+    const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
+    const Doing doing{defines ? Doing::Defining : Doing::Writing, translation->targetTable, sql};
+    prepareToWrite(translation->targetTable, nullptr);
+    Transaction transaction(m_connection, doing);
+    // With the write lock held the tables stay as they are.
+    if (!catalogIsCurrent())
+        return false;
+    run(*translation, doing);
+    transaction.commit();
+    if (defines)
+        readCatalog();
+    return true;
+}
+
+void DatabaseData::run(const jetsql::Translation &translation, const Doing &doing)
+{
+    switch (translation.kind) {
+    case StatementKind::SelectInto:
+    case StatementKind::CreateTable:
+        return make(translation, doing);
+    case StatementKind::DropTable:
+        return drop(translation, doing);
+    default:
+        m_connection.runPrepared(translation.sql, doing);
+    }
 }
 
 void DatabaseData::make(const jetsql::Translation &translation, const Doing &doing)
@@ -71,8 +87,6 @@ void DatabaseData::make(const jetsql::Translation &translation, const Doing &doi
     if (m_catalog.find(table.Name))
         throw runtimeError(3010, {table.Name}, doing.statement);
     const bool filled = translation.kind == StatementKind::SelectInto;
-    prepareToWrite(table.Name, nullptr);
-    Transaction transaction(m_connection, doing);
     m_connection.run(Tables::createStatement(table, filled ? Tables::Key::None : Tables::Key::AutoNumberIsKey), doing);
     if (filled) {
         Statement fill = m_connection.prepare(translation.sql, doing);
@@ -82,7 +96,6 @@ void DatabaseData::make(const jetsql::Translation &translation, const Doing &doi
         if (index.table.compare(table.Name, Qt::CaseInsensitive) == 0)
             m_connection.run(Tables::createStatement(index), doing);
     }
-    transaction.commit();
 }
 
 void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doing)
@@ -94,19 +107,33 @@ void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doi
         if (recordset->reads(table->Name))
             throw runtimeError(3211, {table->Name}, doing.statement);
     }
-    prepareToWrite(table->Name, nullptr);
     m_connection.run("DROP TABLE " + Tables::quoted(table->Name), doing);
 }
 
 std::unique_ptr<RecordsetData> DatabaseData::open(const QString &sql)
 {
+    return std::make_unique<RecordsetData>(shared_from_this(), sql, prepareQuery(sql));
+}
+
+Query DatabaseData::prepareQuery(const QString &sql)
+{
     Translated translation = translate(sql);
     if (translation->kind != StatementKind::Select)
         throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
-    const Doing reading{Doing::Reading, translation->columns.empty() ? QString() : translation->columns[0].sourceTable,
-                        sql};
-    Statement statement = m_connection.prepare(translation->sql, reading);
-    return std::make_unique<RecordsetData>(shared_from_this(), std::move(translation), std::move(statement), reading);
+    try {
+        Statement statement = m_connection.prepare(translation->sql, reading(*translation, sql));
+        return {std::move(translation), std::move(statement)};
+    } catch (const RuntimeError &) {
+        if (catalogIsCurrent())
+            throw;
+    }
+    readCatalog();
+    return prepareQuery(sql);
+}
+
+Doing DatabaseData::reading(const jetsql::Translation &translation, const QString &sql)
+{
+    return {Doing::Reading, translation.columns.empty() ? QString() : translation.columns[0].sourceTable, sql};
 }
 
 void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)

@@ -6,6 +6,13 @@
 
 class RecordsetData;
 
+/// A SELECT ready to be walked.
+struct Query
+{
+    std::shared_ptr<const jetsql::Translation> translation;
+    Statement statement;
+};
+
 /// What stands behind a Database: the connection, the catalogue of its tables, the statements translated before,
 /// and the recordsets open on it. Recordsets keep it alive.
 class DatabaseData : public std::enable_shared_from_this<DatabaseData>
@@ -16,9 +23,15 @@ public:
     void execute(const QString &sql);
     std::unique_ptr<RecordsetData> open(const QString &sql);
     /// The tables as they are now, also when another process changed them.
-    const Catalog &catalog();
+    const Catalog &freshCatalog();
+    /// The tables as last read.
+    const Catalog &catalog() const { return m_catalog; }
     void settle();
 
+    Query prepareQuery(const QString &sql);
+    static Doing reading(const jetsql::Translation &translation, const QString &sql);
+    /// False after another process made or dropped a table.
+    bool catalogIsCurrent() { return m_connection.schemaVersion() == m_catalogVersion; }
     Connection &connection() { return m_connection; }
 
     /// Must be called before anything is written: open recordsets read what they still have to show, since a
@@ -35,8 +48,10 @@ private:
     using Translated = std::shared_ptr<const jetsql::Translation>;
 
     Translated translate(const QString &sql);
-    void forgetTables();
-    void change(const jetsql::Translation &translation, const Doing &doing);
+    void readCatalog();
+    /// False when the tables turn out to be others than the statement was translated for.
+    bool tryExecute(const QString &sql);
+    void run(const jetsql::Translation &translation, const Doing &doing);
     void make(const jetsql::Translation &translation, const Doing &doing);
     void drop(const jetsql::Translation &translation, const Doing &doing);
 

@@ -5,13 +5,21 @@
 #include "data/engines/sqlite/autonumber.h"
 #include "data/engines/sqlite/tables.h"
 
-RecordsetData::RecordsetData(std::shared_ptr<DatabaseData> database,
-                             std::shared_ptr<const jetsql::Translation> translation, Statement statement, Doing reading)
-    : m_database(std::move(database)), m_translation(std::move(translation)), m_statement(std::move(statement)),
-      m_tablesRead(m_statement.tablesRead()), m_reading(std::move(reading)),
-      m_store(sqlite3_column_count(m_statement.handle()))
+RecordsetData::RecordsetData(std::shared_ptr<DatabaseData> database, const QString &sql, Query query)
+    : m_database(std::move(database))
 {
+    m_reading.statement = sql;
+    adopt(std::move(query));
     m_database->attach(this);
+}
+
+void RecordsetData::adopt(Query query)
+{
+    m_translation = std::move(query.translation);
+    m_statement = std::move(query.statement);
+    m_tablesRead = m_statement.tablesRead();
+    m_reading = DatabaseData::reading(*m_translation, m_reading.statement);
+    m_store = RowStore(sqlite3_column_count(m_statement.handle()));
 }
 
 RecordsetData::~RecordsetData()
@@ -40,18 +48,21 @@ void RecordsetData::begin()
     if (m_state != State::Unread)
         return;
     m_state = State::Walking;
-    step();
+    int code = m_statement.step();
+    if (m_statement.sawOtherTables() && !m_database->catalogIsCurrent()) {
+        // Another process made or dropped tables since the statement was translated.
+        adopt(m_database->prepareQuery(m_reading.statement));
+        code = m_statement.step();
+    }
+    take(code);
     m_empty = !m_hasRow;
 }
 
-void RecordsetData::step()
+void RecordsetData::take(int code)
 {
-    m_hasRow = false;
-    const int code = m_statement.step();
-    if (code == SQLITE_ROW) {
-        m_hasRow = true;
+    m_hasRow = code == SQLITE_ROW;
+    if (m_hasRow)
         return;
-    }
     if (code != SQLITE_DONE)
         m_database->connection().raise(code, m_reading);
     m_database->connection().giveBack(std::move(m_statement));
@@ -78,7 +89,7 @@ void RecordsetData::moveNext()
     m_fresh.clear();
     m_deleted = false;
     if (m_state == State::Walking)
-        step();
+        take(m_statement.step());
     else
         nextStored();
 }
@@ -172,6 +183,8 @@ Value RecordsetData::value(int position)
             return {};
     }
     requireRow();
+    if (position >= columnCount()) // the tables were made anew by another process
+        throw runtimeError(3265, {}, m_reading.statement);
     if (!m_fresh.empty() && m_fresh[size_t(position)])
         return *m_fresh[size_t(position)];
     const ColumnType type = column(position).type;

@@ -8,8 +8,7 @@
 class RecordsetData
 {
 public:
-    RecordsetData(std::shared_ptr<DatabaseData> database, std::shared_ptr<const jetsql::Translation> translation,
-                  Statement statement, Doing reading);
+    RecordsetData(std::shared_ptr<DatabaseData> database, const QString &sql, Query query);
     RecordsetData(const RecordsetData &) = delete;
     RecordsetData &operator=(const RecordsetData &) = delete;
     ~RecordsetData();
@@ -45,8 +44,9 @@ private:
         std::vector<std::optional<Value>> values;
     };
 
+    void adopt(Query query);
     void begin();
-    void step();
+    void take(int code);
     void nextStored();
     void refresh(qint64 row);
     void requireRow();
@@ -66,7 +66,7 @@ private:
     bool m_empty = false;
     bool m_hasRow = false;
     bool m_deleted = false; ///< the current row was deleted before the walk came to it
-    RowStore m_store;
+    RowStore m_store{0};
 
     std::optional<TableDef> m_table; ///< the table that AddNew and Edit write, known from the first of them on
     std::vector<int> m_tableColumns; ///< its column for each result column, or -1

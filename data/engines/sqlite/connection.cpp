@@ -110,6 +110,13 @@ void Connection::run(const QByteArray &sql, const Doing &doing)
         raise(code, doing);
 }
 
+void Connection::runPrepared(const QByteArray &sql, const Doing &doing)
+{
+    Statement statement = prepare(sql, doing);
+    finish(statement, doing);
+    giveBack(std::move(statement));
+}
+
 void Connection::finish(Statement &statement, const Doing &doing)
 {
     int code = statement.step();
@@ -150,7 +157,7 @@ void Connection::raise(int code, const Doing &doing) const
 Transaction::Transaction(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
 {
     // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
-    connection.run("BEGIN IMMEDIATE", doing);
+    connection.runPrepared("BEGIN IMMEDIATE", doing);
 }
 
 Transaction::~Transaction()
@@ -158,7 +165,7 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.run("ROLLBACK", m_doing);
+        m_connection.runPrepared("ROLLBACK", m_doing);
     } catch (const RuntimeError &) {
         // The engine has rolled back by itself already, and the error that led here is the one to report.
     }
@@ -166,6 +173,6 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_connection.run("COMMIT", m_doing);
+    m_connection.runPrepared("COMMIT", m_doing);
     m_open = false;
 }

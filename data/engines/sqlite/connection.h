@@ -41,8 +41,11 @@ public:
     void giveBack(Statement statement);
     void forgetStatements() { m_idle.clear(); }
 
-    /// Runs a statement to its end, with nothing to read from it.
+    /// Runs a statement to its end, with nothing to read from it. For what is run once, and for PRAGMAs, of which
+    /// some act when they are prepared and would do nothing when an idle one is stepped again.
     void run(const QByteArray &sql, const Doing &doing);
+    /// The same for a statement that will come again.
+    void runPrepared(const QByteArray &sql, const Doing &doing);
     void finish(Statement &statement, const Doing &doing);
 
     /// Changes whenever any process made, changed or dropped a table.

@@ -33,6 +33,12 @@ void Statement::bind(int parameter, const Value &value)
     }
 }
 
+bool Statement::sawOtherTables()
+{
+    return sqlite3_stmt_status(handle(), SQLITE_STMTSTATUS_REPREPARE, 1) > 0 ||
+           sqlite3_errcode(sqlite3_db_handle(handle())) == SQLITE_ERROR;
+}
+
 void Statement::reset()
 {
     sqlite3_reset(handle());

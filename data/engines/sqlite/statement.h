@@ -25,6 +25,9 @@ public:
 
     /// SQLITE_ROW, SQLITE_DONE or an error code.
     int step() { return sqlite3_step(handle()); }
+    /// True when the last step found other tables in the file than the statement was prepared for, and either
+    /// failed or went on with the new ones.
+    bool sawOtherTables();
     /// Ends the walk and frees its locks; the bound values are dropped too.
     void reset();
 
