@@ -44,7 +44,7 @@ RuntimeError errorFor(int code, const QString &words, const QString &file, const
         return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
     default:
         // A function of the dialect says by its message which error it means.
-        if (auto error = runtimeErrorFrom(words))
+        if (auto error = runtimeErrorFrom(words.toUtf8().constData()))
             return RuntimeError(error->number(), error->description(), detail);
         return RuntimeError(3000, QStringLiteral("Reserved error (%1); there is no message for this error.").arg(code),
                             detail);
