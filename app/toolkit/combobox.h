@@ -3,6 +3,8 @@
 #include "data/values/value.h"
 #include <QComboBox>
 
+class ComboList;
+
 /// A combo box of one of the platform's two kinds: a drop-down list, whose text is one of its entries or empty, or
 /// an editable drop-down that may hold any text.
 class ComboBox : public QComboBox
@@ -13,7 +15,7 @@ public:
 
     explicit ComboBox(Style style, QWidget *parent = nullptr);
 
-    Style style() const;
+    Style style() const { return m_style; }
 
     QString text() const;
     /// Drop-down list: selects the first entry of that text (any case) and raises `click`; the empty text
@@ -40,6 +42,8 @@ public:
     /// Hands every typed character to ComboTypeAhead.
     void setTypeAhead(bool on = true);
 
+    void showPopup() override;
+
 signals:
     void change(); ///< the text of an editable box changed, by key or by assignment
     void click();  ///< an entry was selected, by the user or by the program
@@ -52,4 +56,21 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void makeEditable();
+    void append(const QStringList &items);
+    void showIndex(int index);
+    bool typed(const QKeyEvent &event);
+    void selectByFirstLetter(QChar letter);
+    void indexChanged(int index);
+    void picked();
+
+    const Style m_style;
+    ComboList *m_list;
+    QMetaObject::Connection m_typeAhead;
+    bool m_assigning = false; ///< the program changes the index, which raises its events itself
+    bool m_clickDone = false; ///< the user's change of the index has raised `click` already
 };

@@ -14,7 +14,7 @@ public:
 
     /// The date held. Assigned with a time part it keeps that until the user picks another day.
     Date value() const;
-    /// Null is error 35787.
+    /// Null is error 35787; a date before 1601 or after 9999 is error 380.
     void setValue(const Value &value);
 
 signals:
@@ -24,6 +24,7 @@ signals:
 protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     double m_timePart = 0;

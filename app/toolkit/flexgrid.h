@@ -43,7 +43,7 @@ public:
     void setEditableColumn(int col);
 
 signals:
-    /// The user moved to another cell; rows count the header as 0.
+    /// The user moved to another cell; rows count the header as 0, -1 stands for no cell.
     void afterRowColChange(int oldRow, int oldCol, int newRow, int newCol);
     /// A double-click anywhere on the grid; `row` is the clicked row, 0 for the header or empty area.
     void dblClick(int row);
@@ -51,4 +51,20 @@ signals:
     void beforeEdit(int row, int col, bool &cancel);
     /// A cell's edit was committed, changed or not; its new text is in place.
     void afterEdit(int row, int col);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    void scheduleUpdate();
+    bool isEditable(const QModelIndex &index) const;
+
+    FlexGridModel *m_model;
+    bool m_byProgram = false;       ///< the current cell changes without the user having moved
+    bool m_updateScheduled = false; ///< rows were appended that the view doesn't know yet
 };

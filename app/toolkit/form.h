@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/toolkit/controls.h"
+#include <QPointer>
 #include <QWidget>
 #include <functional>
-
-class QGridLayout;
+#include <optional>
 
 /// A window of the program, shown inside the main window. Forms are single shared instances known by name:
 /// `Load` makes one, runs its `formLoad` and shows it; `unload` runs `formUnload` and destroys it. A form's state
@@ -18,6 +18,18 @@ public:
 
     /// Closes the form. The object lives on until control returns to the event loop.
     void unload();
+    /// True from the moment the form begins to go.
+    bool isUnloading() const { return m_unloading; }
+
+    /// Where a form opens that places itself: the main window's top left corner.
+    struct Placement
+    {
+        int width;          ///< in pixels at 100 %
+        double shareOfMain; ///< its height as a part of the main window's
+    };
+    const std::optional<Placement> &placement() const { return m_placement; }
+    /// The order in which the focus goes through the form, as setTabOrder was told.
+    const QList<QWidget *> &tabOrder() const { return m_tabOrder; }
 
 protected:
     /// What the form does when it is loaded, before it is shown.
@@ -34,21 +46,25 @@ protected:
         control->setObjectName(QLatin1String(name));
         return control;
     }
-    TextBox *addText(const char *name);            ///< selects all on focus
-    MaskEdBox *addMoney(const char *name);         ///< selects all on focus, money format
-    ComboBox *addList(const char *name);           ///< a drop-down list
-    ComboBox *addEditable(const char *name);       ///< an editable drop-down
+    TextBox *addText(const char *name);           ///< selects all on focus
+    MaskEdBox *addMoney(const char *name);        ///< selects all on focus, money format
+    MaskEdBox *addMoneyDisplay(const char *name); ///< shows an amount; read-only and passed over by Tab
+    ComboBox *addList(const char *name);          ///< a drop-down list
+    ComboBox *addEditable(const char *name);      ///< an editable drop-down
     DTPicker *addDate(const char *name);
     QPushButton *addButton(const char *name, const QString &caption);
     QCheckBox *addCheck(const char *name, const QString &caption);
+    /// Disabled, a frame makes dead what stands in it, and Tab passes over it; only the frame's caption is greyed.
     QGroupBox *addFrame(const char *name, const QString &caption);
     QLabel *addLabel(const char *name, const QString &caption = {});
     FlexGrid *addGrid(const char *name);
     /// A combo box the user never sees, holding a list parallel to a visible one.
     ComboBox *addHiddenList(const char *name);
 
-    /// Puts the focus through the widgets in this order.
+    /// Puts the focus through the widgets in this order. To be called when all stand in their layouts.
     void setTabOrder(const QList<QWidget *> &order);
+    /// Asks for the form to open at the main window's top left corner, in this size.
+    void placeTopLeft(int width, double shareOfMain) { m_placement = Placement{width, shareOfMain}; }
 
     /// Sets the focus as a program does: error 5 when the widget can't take it.
     static void setFocusTo(QWidget *widget);
@@ -56,6 +72,11 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+
+private:
+    QList<QWidget *> m_tabOrder;
+    std::optional<Placement> m_placement;
+    bool m_unloading = false;
 
     friend class Forms;
 };
@@ -70,12 +91,18 @@ public:
 
     static void add(const QString &name, Factory factory);
     static bool knows(const QString &name);
+    /// The names of all forms that can be loaded, sorted.
+    static QStringList names();
     static void setHost(Host host);
     /// The instance that is loaded, or null.
     static Form *loaded(const QString &name);
     /// Loads a form that is not one of the single instances (a viewer window): same steps, no name kept.
     static void loadInstance(Form *form);
     static void unloadAll();
+
+private:
+    static void open(Form *form);
+    friend Form *Load(const QString &name);
 };
 
 /// Opens a form: makes it, runs its load, shows it. Of a form that is loaded already: nothing. Returns the

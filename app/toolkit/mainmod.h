@@ -20,6 +20,8 @@ inline constexpr QLatin1String DatabaseConnect(";pwd=QZV");
 
 /// Reads `config.txt` in the program's folder into the settings. Errors 53, 62, 75, 76.
 void ReadConfig();
+/// The same from a file of any name.
+void ReadConfig(const QString &path);
 
 /// Drops a table; a table that is missing or in use, or any other failure, is ignored without a word.
 void DropTableIfExists(const QString &TableName);

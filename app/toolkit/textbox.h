@@ -21,7 +21,9 @@ signals:
 protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
     bool m_selectAllOnFocus = false;
+    bool m_pressKeepsSelection = false; ///< the mouse press that brought the focus must not set the caret
 };

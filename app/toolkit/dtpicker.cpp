@@ -1,0 +1,55 @@
+#include "app/toolkit/dtpicker.h"
+
+#include "app/toolkit/focusevents.h"
+#include "data/values/runtimeerror.h"
+#include <QCalendarWidget>
+#include <QWheelEvent>
+
+DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
+{
+    setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    setDisplayFormat(QStringLiteral("M/d/yyyy"));
+    setCalendarPopup(true);
+    setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
+    setDate(Date::today().date());
+    setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QDateEdit::dateChanged, this, [this] { m_timePart = 0; });
+}
+
+Date DTPicker::value() const
+{
+    return Date(Date(date()).serial() + m_timePart);
+}
+
+void DTPicker::setValue(const Value &value)
+{
+    if (value.isNull())
+        throw runtimeError(35787);
+    const Date assigned = value.toDate();
+    const QDate day = assigned.date();
+    if (day < minimumDate() || day > maximumDate())
+        throw runtimeError(380);
+    setDate(day);
+    m_timePart = assigned.serial() - Date(day).serial();
+}
+
+void DTPicker::focusInEvent(QFocusEvent *event)
+{
+    QDateEdit::focusInEvent(event);
+    FocusEvents::raiseGotFocus(this, *event);
+}
+
+void DTPicker::focusOutEvent(QFocusEvent *event)
+{
+    QDateEdit::focusOutEvent(event);
+    FocusEvents::raiseLostFocus(this, *event);
+}
+
+void DTPicker::wheelEvent(QWheelEvent *event)
+{
+    // The wheel belongs to the control that has the focus, not to the one that lies under the mouse.
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}

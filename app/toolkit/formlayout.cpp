@@ -1,0 +1,106 @@
+#include "app/toolkit/formlayout.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace {
+constexpr int ColumnGap = 24;
+constexpr int ColumnsPerField = 3; // label, field, gap to the next column
+
+int numberOfLabels(const QWidget *form)
+{
+    int count = 0;
+    for (const QLabel *label : form->findChildren<QLabel *>())
+        count += label->objectName().startsWith(QLatin1String("Label"));
+    return count;
+}
+
+const QWidget *formOf(const QWidget *widget)
+{
+    while (widget->parentWidget() && !widget->isWindow())
+        widget = widget->parentWidget();
+    return widget;
+}
+} // namespace
+
+FieldLayout::FieldLayout(QWidget *parent) : QGridLayout(parent)
+{
+    setHorizontalSpacing(8);
+    setVerticalSpacing(6);
+}
+
+void FieldLayout::add(const QString &label, QWidget *field, int column)
+{
+    place(label, field, field, nullptr, column);
+}
+
+void FieldLayout::add(const QString &label, const QList<QWidget *> &fields, int column)
+{
+    auto *line = new QHBoxLayout;
+    line->setSpacing(6);
+    for (QWidget *field : fields)
+        line->addWidget(field, field == fields.first() ? 1 : 0);
+    place(label, fields.first(), nullptr, line, column);
+}
+
+void FieldLayout::add(QWidget *field, int column)
+{
+    place({}, nullptr, field, nullptr, column);
+}
+
+void FieldLayout::skip(int column)
+{
+    nextRow(column);
+}
+
+void FieldLayout::place(const QString &label, QWidget *buddy, QWidget *widget, QLayout *line, int column)
+{
+    const int row = nextRow(column);
+    const int left = column * ColumnsPerField;
+    if (column > 0)
+        setColumnMinimumWidth(left - 1, ColumnGap - horizontalSpacing());
+    setColumnStretch(left + 1, 1);
+    if (widget)
+        addWidget(widget, row, left + 1, widget->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+    else
+        addLayout(line, row, left + 1);
+    if (label.isEmpty())
+        return;
+    auto *caption = new QLabel(label);
+    addWidget(caption, row, left, Qt::AlignLeft | Qt::AlignVCenter);
+    caption->setObjectName(QStringLiteral("Label%1").arg(numberOfLabels(formOf(caption)) + 1));
+    caption->setBuddy(buddy);
+    if (buddy->accessibleName().isEmpty())
+        buddy->setAccessibleName(label);
+}
+
+int FieldLayout::nextRow(int column)
+{
+    while (m_used.size() <= column)
+        m_used.append(0);
+    return m_used[column]++;
+}
+
+QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addStretch(1);
+    int width = 0;
+    for (const QPushButton *button : buttons)
+        width = std::max(width, button->sizeHint().width());
+    for (QPushButton *button : buttons) {
+        button->setMinimumWidth(std::max(width, 88));
+        row->addWidget(button);
+    }
+    return row;
+}
+
+void setFieldWidth(QWidget *field, int characters)
+{
+    constexpr int FrameAndMargins = 14;
+    field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(characters, u'0')) + FrameAndMargins);
+}

@@ -1,0 +1,64 @@
+#include "app/toolkit/msgbox.h"
+
+#include "data/values/runtimeerror.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMessageBox>
+
+namespace {
+int shown = 0;
+
+class Box : public QMessageBox
+{
+public:
+    Box(const QString &prompt, const QString &title, StandardButtons buttons)
+        : QMessageBox(NoIcon, title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title, prompt, buttons,
+                      QApplication::activeWindow())
+    {
+        setTextFormat(Qt::PlainText);
+        setWindowModality(Qt::ApplicationModal);
+        ++shown;
+    }
+};
+
+/// A box that only its buttons answer.
+class Question : public Box
+{
+public:
+    Question(const QString &prompt, const QString &title) : Box(prompt, title, Yes | No)
+    {
+        setWindowFlag(Qt::WindowCloseButtonHint, false);
+        setDefaultButton(Yes);
+    }
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Cancel))
+            event->ignore();
+        else
+            Box::keyPressEvent(event);
+    }
+};
+} // namespace
+
+void MsgBox(const QString &prompt, const QString &title)
+{
+    Box(prompt, title, QMessageBox::Ok).exec();
+}
+
+bool MsgBoxYesNo(const QString &prompt, const QString &title)
+{
+    return Question(prompt, title).exec() == QMessageBox::Yes;
+}
+
+void showRuntimeError(const RuntimeError &error)
+{
+    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description()));
+}
+
+int messageBoxesShown()
+{
+    return shown;
+}
