@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
-#include <optional>
 
 /// A window of the program, shown inside the main window. Forms are single shared instances known by name:
 /// `Load` makes one, runs its `formLoad` and shows it; `unload` runs `formUnload` and destroys it. A form's state
@@ -21,18 +20,12 @@ public:
     /// True from the moment the form begins to go.
     bool isUnloading() const { return m_unloading; }
 
-    /// Where a form opens that places itself: the main window's top left corner.
-    struct Placement
-    {
-        int width;          ///< in pixels at 100 %
-        double shareOfMain; ///< its height as a part of the main window's
-    };
-    const std::optional<Placement> &placement() const { return m_placement; }
     /// The order in which the focus goes through the form, as setTabOrder was told.
     const QList<QWidget *> &tabOrder() const { return m_tabOrder; }
 
 protected:
-    /// What the form does when it is loaded, before it is shown.
+    /// What the form does when it is loaded, before it is shown. Its window takes over the size and the place that
+    /// the form gives itself here, border included; else Qt chooses them.
     virtual void formLoad() {}
     /// What it does when it goes, by unload, by its close box or with the main window.
     virtual void formUnload() {}
@@ -63,9 +56,6 @@ protected:
 
     /// Puts the focus through the widgets in this order. To be called when all stand in their layouts.
     void setTabOrder(const QList<QWidget *> &order);
-    /// Asks for the form to open at the main window's top left corner, in this size.
-    void placeTopLeft(int width, double shareOfMain) { m_placement = Placement{width, shareOfMain}; }
-
     /// Sets the focus as a program does: error 5 when the widget can't take it.
     static void setFocusTo(QWidget *widget);
 
@@ -75,7 +65,6 @@ protected:
 
 private:
     QList<QWidget *> m_tabOrder;
-    std::optional<Placement> m_placement;
     bool m_unloading = false;
 
     friend class Forms;
