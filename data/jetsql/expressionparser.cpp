@@ -1,0 +1,417 @@
+#include "data/jetsql/errors.h"
+#include "data/jetsql/parser.h"
+
+namespace jetsql {
+namespace {
+
+/// SQLite's own parser stands at a fixed depth; this is far above what any statement of the program needs.
+constexpr int maxDepth = 20;
+/// Links of one chain of conditions, sums or texts.
+constexpr size_t maxChain = 99;
+
+constexpr QStringView aggregateNames[] = {u"SUM", u"COUNT", u"MIN", u"MAX", u"AVG"};
+
+struct SymbolOp { char16_t symbol; Op op; };
+
+constexpr SymbolOp comparisons[] = {{u'=', Op::Equal},   {u'≠', Op::NotEqual},  {u'<', Op::Less},
+                                    {u'≤', Op::LessEqual}, {u'>', Op::Greater}, {u'≥', Op::GreaterEqual}};
+
+/// The levels of arithmetic, loosest first. MOD is a word and stands between + and \.
+constexpr int loosest = 0, modLevel = 2, tightest = 4;
+struct LevelOp { int level; char16_t symbol; Op op; };
+constexpr LevelOp arithmeticOps[] = {{0, u'&', Op::Concat},    {1, u'+', Op::Add},      {1, u'-', Op::Subtract},
+                                     {3, u'\\', Op::IntDivide}, {4, u'*', Op::Multiply}, {4, u'/', Op::Divide}};
+
+} // namespace
+
+Parser::Nesting::Nesting(Parser &parser) : m_parser(parser)
+{
+    if (parser.m_depth >= maxDepth)
+        fail(3360);
+    ++parser.m_depth;
+}
+
+ExprPtr Parser::clauseExpression(Clause clause)
+{
+    const Clause outerClause = std::exchange(m_clause, clause);
+    const size_t outerStart = std::exchange(m_clauseStart, m_at);
+    ExprPtr result = expression();
+    if (!endsClause(peek()))
+        failHere();
+    m_clause = outerClause;
+    m_clauseStart = outerStart;
+    return result;
+}
+
+/// Whether a token outside any brackets closes an expression of the present clause.
+bool Parser::endsClause(const Token &token) const
+{
+    if (token.kind == TokenKind::End)
+        return true;
+    if (token.kind == TokenKind::Symbol)
+        return token.symbol == u';' || (token.symbol == u',' && m_clause != Clause::Where)
+               || (token.symbol == u')' && m_depth > 0);
+    switch (token.keyword) {
+    case Keyword::Where:
+    case Keyword::Group:
+    case Keyword::Having:
+    case Keyword::Order:
+        return true;
+    case Keyword::From:
+    case Keyword::Into:
+    case Keyword::As:
+    case Keyword::Asc:
+    case Keyword::Desc:
+        return m_clause == Clause::Item;
+    default:
+        return false;
+    }
+}
+
+/// The present clause's expression as typed, to what ends it or the end of the statement.
+QStringView Parser::clauseText() const
+{
+    const qsizetype start = m_tokens[m_clauseStart].start;
+    qsizetype end = start;
+    int brackets = 0;
+    for (size_t i = m_clauseStart; i < m_tokens.size(); ++i) {
+        const Token &token = m_tokens[i];
+        if (token.kind == TokenKind::End || (brackets <= 0 && endsClause(token)))
+            break;
+        if (token.kind == TokenKind::Symbol)
+            brackets += token.symbol == u'(' ? 1 : token.symbol == u')' ? -1 : 0;
+        end = token.end;
+    }
+    return QStringView(m_sql).sliced(start, end - start);
+}
+
+/// Blames the token at hand for not being an operator, an operand or the end.
+void Parser::failHere()
+{
+    const Token &token = peek();
+    QString message = "Syntax error (missing operator)";
+    if (token.kind == TokenKind::BadText)
+        message = "Syntax error in string";
+    else if (token.kind == TokenKind::BadDate)
+        message = "Syntax error in date";
+    else if (token.kind == TokenKind::BadNumber)
+        message = "Syntax error in number";
+    else if (token.kind == TokenKind::BadSymbol)
+        message = "Syntax error";
+    else if (token.kind == TokenKind::Symbol && token.symbol == u',')
+        message = "Syntax error (comma)";
+    else if (token.kind == TokenKind::Symbol && token.symbol == u')' && m_depth == 0)
+        message = "Extra )";
+    failExpression(message, clauseText());
+}
+
+ExprPtr Parser::make(Expr::Kind kind)
+{
+    auto expr = std::make_unique<Expr>();
+    expr->kind = kind;
+    return expr;
+}
+
+/// Notes what was typed for an expression that ends before the token at hand.
+ExprPtr Parser::closed(ExprPtr expr, qsizetype start) const
+{
+    expr->source = QStringView(m_sql).sliced(start, m_tokens[m_at - 1].end - start);
+    return expr;
+}
+
+ExprPtr Parser::expression()
+{
+    return chain(Op::Or, Keyword::Or, &Parser::conjunction);
+}
+
+ExprPtr Parser::conjunction()
+{
+    return chain(Op::And, Keyword::And, &Parser::negation);
+}
+
+ExprPtr Parser::chain(Op op, Keyword word, ExprPtr (Parser::*operand)())
+{
+    const qsizetype start = peek().start;
+    ExprPtr first = (this->*operand)();
+    if (!at(word))
+        return first;
+    ExprPtr result = make(Expr::Kind::Binary);
+    result->op = op;
+    result->operands.push_back(std::move(first));
+    while (accept(word)) {
+        result->operands.push_back((this->*operand)());
+        if (result->operands.size() > maxChain)
+            fail(3360);
+    }
+    return closed(std::move(result), start);
+}
+
+ExprPtr Parser::negation()
+{
+    if (!at(Keyword::Not))
+        return comparison();
+    const Nesting nesting(*this);
+    const qsizetype start = take().start;
+    ExprPtr result = make(Expr::Kind::Unary);
+    result->op = Op::Not;
+    result->operands.push_back(negation());
+    return closed(std::move(result), start);
+}
+
+ExprPtr Parser::comparison()
+{
+    const qsizetype start = peek().start;
+    ExprPtr left = arithmetic(loosest);
+    for (size_t links = 0;; ++links) {
+        if (links > maxChain)
+            fail(3360);
+        const auto *symbol = std::find_if(std::begin(comparisons), std::end(comparisons),
+                                          [this](const SymbolOp &known) { return at(known.symbol); });
+        if (symbol != std::end(comparisons)) {
+            take();
+            ExprPtr result = make(Expr::Kind::Binary);
+            result->op = symbol->op;
+            result->operands.push_back(std::move(left));
+            result->operands.push_back(arithmetic(loosest));
+            left = std::move(result);
+        } else if (at(Keyword::Is)) {
+            left = isNull(std::move(left));
+        } else if (at(Keyword::Not) || at(Keyword::Like) || at(Keyword::In) || at(Keyword::Between)) {
+            left = negatable(std::move(left));
+        } else {
+            return left;
+        }
+        left = closed(std::move(left), start);
+    }
+}
+
+ExprPtr Parser::isNull(ExprPtr left)
+{
+    take(); // IS
+    ExprPtr result = make(Expr::Kind::IsNull);
+    result->negated = accept(Keyword::Not);
+    if (!accept(Keyword::Null))
+        failHere();
+    result->operands.push_back(std::move(left));
+    return result;
+}
+
+/// LIKE, IN and BETWEEN, each perhaps behind a NOT.
+ExprPtr Parser::negatable(ExprPtr left)
+{
+    const bool negated = accept(Keyword::Not);
+    ExprPtr result;
+    if (accept(Keyword::Like)) {
+        result = make(Expr::Kind::Like);
+        result->operands.push_back(std::move(left));
+        result->operands.push_back(arithmetic(loosest));
+    } else if (accept(Keyword::In)) {
+        result = inList(std::move(left));
+    } else if (accept(Keyword::Between)) {
+        result = make(Expr::Kind::Between);
+        result->operands.push_back(std::move(left));
+        result->operands.push_back(arithmetic(loosest));
+        if (!accept(Keyword::And))
+            failHere();
+        result->operands.push_back(arithmetic(loosest));
+    } else {
+        failHere();
+    }
+    result->negated = negated;
+    return result;
+}
+
+ExprPtr Parser::inList(ExprPtr left)
+{
+    if (!at(u'('))
+        failHere();
+    const Nesting nesting(*this);
+    take();
+    ExprPtr result;
+    if (at(Keyword::Select)) {
+        result = make(Expr::Kind::InSelect);
+        result->select = select();
+        result->operands.push_back(std::move(left));
+    } else {
+        result = make(Expr::Kind::InList);
+        result->operands.push_back(std::move(left));
+        if (at(u')'))
+            failExpression("Syntax error", clauseText());
+        do
+            result->operands.push_back(expression());
+        while (accept(u','));
+    }
+    closeBracket();
+    return result;
+}
+
+ExprPtr Parser::arithmetic(int level)
+{
+    if (level > tightest)
+        return unary();
+    const qsizetype start = peek().start;
+    ExprPtr left = arithmetic(level + 1);
+    for (size_t links = 0;; ++links) {
+        if (links > maxChain)
+            fail(3360);
+        const auto *symbol
+            = std::find_if(std::begin(arithmeticOps), std::end(arithmeticOps), [this, level](const LevelOp &known) {
+                  return known.level == level && at(known.symbol);
+              });
+        Op op = Op::None;
+        if (symbol != std::end(arithmeticOps))
+            op = symbol->op;
+        else if (level == modLevel && at(Keyword::Mod))
+            op = Op::Mod;
+        else
+            return left;
+        take();
+        ExprPtr result = make(Expr::Kind::Binary);
+        result->op = op;
+        result->operands.push_back(std::move(left));
+        result->operands.push_back(arithmetic(level + 1));
+        left = closed(std::move(result), start);
+    }
+}
+
+ExprPtr Parser::unary()
+{
+    if (!at(u'-') && !at(u'+'))
+        return power();
+    const Nesting nesting(*this);
+    const qsizetype start = peek().start;
+    const bool negate = take().symbol == u'-';
+    ExprPtr operand = unary();
+    if (!negate)
+        return operand;
+    if (operand->kind == Expr::Kind::Number) {
+        operand->number = -operand->number;
+        return closed(std::move(operand), start);
+    }
+    ExprPtr result = make(Expr::Kind::Unary);
+    result->op = Op::Negate;
+    result->operands.push_back(std::move(operand));
+    return closed(std::move(result), start);
+}
+
+ExprPtr Parser::power()
+{
+    const qsizetype start = peek().start;
+    ExprPtr base = primary();
+    if (!accept(u'^'))
+        return base;
+    const Nesting nesting(*this);
+    ExprPtr result = make(Expr::Kind::Binary);
+    result->op = Op::Power;
+    result->operands.push_back(std::move(base));
+    result->operands.push_back(unary());
+    return closed(std::move(result), start);
+}
+
+ExprPtr Parser::primary()
+{
+    const Token &token = peek();
+    Expr::Kind kind = Expr::Kind::Null;
+    switch (token.kind) {
+    case TokenKind::Text:
+        kind = Expr::Kind::Text;
+        break;
+    case TokenKind::Number:
+        kind = Expr::Kind::Number;
+        break;
+    case TokenKind::Date:
+        kind = Expr::Kind::Date;
+        break;
+    case TokenKind::BracketName:
+        return columnOrCall();
+    case TokenKind::Name:
+        if (token.keyword == Keyword::None)
+            return columnOrCall();
+        if (token.keyword == Keyword::True || token.keyword == Keyword::False)
+            kind = Expr::Kind::Boolean;
+        else if (token.keyword == Keyword::Exists && peek(1).symbol == u'(' && peek(2).keyword == Keyword::Select)
+            return take(), subselect(Expr::Kind::Exists, token.start);
+        else if (token.keyword != Keyword::Null)
+            failHere();
+        break;
+    case TokenKind::Symbol:
+        if (token.symbol == u'(')
+            return bracketed();
+        [[fallthrough]];
+    default:
+        failHere();
+    }
+    ExprPtr literal = make(kind);
+    literal->name = token.kind == TokenKind::Text ? token.text : QString();
+    literal->whole = token.whole;
+    literal->number = kind == Expr::Kind::Boolean ? token.keyword == Keyword::True : token.number;
+    take();
+    return closed(std::move(literal), token.start);
+}
+
+ExprPtr Parser::bracketed()
+{
+    if (peek(1).keyword == Keyword::Select)
+        return subselect(Expr::Kind::Subselect, peek().start);
+    const Nesting nesting(*this);
+    const qsizetype start = take().start;
+    ExprPtr inside = expression();
+    closeBracket();
+    return closed(std::move(inside), start);
+}
+
+void Parser::closeBracket()
+{
+    if (accept(u')'))
+        return;
+    const Token &token = peek();
+    if (token.kind == TokenKind::End || (token.kind == TokenKind::Name && endsClause(token)))
+        failExpression("Missing ), ], or Item", clauseText());
+    failHere();
+}
+
+ExprPtr Parser::subselect(Expr::Kind kind, qsizetype start)
+{
+    const Nesting nesting(*this);
+    take(); // the bracket
+    ExprPtr result = make(kind);
+    result->select = select();
+    closeBracket();
+    return closed(std::move(result), start);
+}
+
+ExprPtr Parser::columnOrCall()
+{
+    const Token &first = take();
+    if (first.kind == TokenKind::Name && at(u'('))
+        return call(first);
+    ExprPtr column = make(Expr::Kind::Column);
+    column->name = first.text;
+    if (accept(u'.') || accept(u'!')) {
+        if (!atName())
+            failHere();
+        column->qualifier = column->name;
+        column->name = take().text;
+    }
+    return closed(std::move(column), first.start);
+}
+
+/// The aggregates and ISNULL; the program's statements call nothing else.
+ExprPtr Parser::call(const Token &name)
+{
+    const Nesting nesting(*this);
+    take(); // the bracket
+    const QString word = name.text.toUpper();
+    const bool aggregate
+        = std::find(std::begin(aggregateNames), std::end(aggregateNames), word) != std::end(aggregateNames);
+    if (!aggregate && word != QLatin1String("ISNULL"))
+        fail(3085, {name.text});
+    ExprPtr result = make(aggregate ? Expr::Kind::Aggregate : Expr::Kind::IsNull);
+    result->name = word;
+    if (!(word == QLatin1String("COUNT") && accept(u'*')))
+        result->operands.push_back(expression());
+    closeBracket();
+    return closed(std::move(result), name.start);
+}
+
+} // namespace jetsql
