@@ -14,8 +14,25 @@ namespace jetsql {
 struct Select;
 
 enum class Op {
-    None, Or, And, Not, Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, Concat, Add, Subtract, Mod,
-    IntDivide, Multiply, Divide, Power, Negate
+    None,
+    Or,
+    And,
+    Not,
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
+    GreaterEqual,
+    Concat,
+    Add,
+    Subtract,
+    Mod,
+    IntDivide,
+    Multiply,
+    Divide,
+    Power,
+    Negate
 };
 
 /// A table of a FROM clause, or a SELECT standing in for one.
@@ -51,18 +68,32 @@ using ExprPtr = std::unique_ptr<Expr>;
 struct Expr
 {
     enum class Kind {
-        Null, Text, Number, Date, Boolean, Column, Unary, Binary, Like, InList, InSelect, Between, IsNull, Aggregate,
-        Subselect, Exists
+        Null,
+        Text,
+        Number,
+        Date,
+        Boolean,
+        Column,
+        Unary,
+        Binary,
+        Like,
+        InList,
+        InSelect,
+        Between,
+        IsNull,
+        Aggregate,
+        Subselect,
+        Exists
     };
 
     Kind kind = Kind::Null;
-    Op op = Op::None;     ///< of Unary and Binary; And and Or take any number of operands
-    bool negated = false; ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
-    bool whole = false;   ///< a Number without fraction, within 32 bits
-    double number = 0;    ///< Number, the serial of a Date, 1 or 0 for a Boolean
-    QString qualifier;    ///< of a Column, empty without one
-    QString name;         ///< of a Column, the aggregate in capitals, or the characters of a Text
-    QStringView source;   ///< as typed
+    Op op = Op::None;              ///< of Unary and Binary; And and Or take any number of operands
+    bool negated = false;          ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
+    bool whole = false;            ///< a Number without fraction, within 32 bits
+    double number = 0;             ///< Number, the serial of a Date, 1 or 0 for a Boolean
+    QString qualifier;             ///< of a Column, empty without one
+    QString name;                  ///< of a Column, the aggregate in capitals, or the characters of a Text
+    QStringView source;            ///< as typed
     std::vector<ExprPtr> operands; ///< COUNT(*) has none
     std::unique_ptr<Select> select;
 
@@ -96,6 +127,7 @@ struct OrderItem
 {
     ExprPtr expr;
     bool descending = false;
+    int position = -1; ///< of the result column it names by position or AS name; `expr` means nothing then (resolver)
 };
 
 struct Select
@@ -103,10 +135,10 @@ struct Select
     bool distinct = false;
     int top = -1; ///< -1: all rows
     bool topPercent = false;
-    std::vector<SelectItem> items; ///< stars are replaced by their columns (resolver)
-    QString into;                  ///< the table to make, else empty
-    std::vector<std::unique_ptr<Source>> sources;     ///< in FROM order
-    std::vector<std::unique_ptr<FromNode>> from;      ///< the comma list
+    std::vector<SelectItem> items;                ///< stars are replaced by their columns (resolver)
+    QString into;                                 ///< the table to make, else empty
+    std::vector<std::unique_ptr<Source>> sources; ///< in FROM order
+    std::vector<std::unique_ptr<FromNode>> from;  ///< the comma list
     ExprPtr where;
     std::vector<ExprPtr> groupBy;
     ExprPtr having;
@@ -121,14 +153,19 @@ struct Insert
     QString table;
     QStringList columns; ///< empty: all of them
     std::unique_ptr<Select> select;
-    std::vector<ExprPtr> values; ///< without `select`
+    std::vector<ExprPtr> values;   ///< without `select`
     const TableDef *def = nullptr; ///< (resolver)
     std::vector<int> targets;      ///< positions of the columns (resolver)
 };
 
 struct Update
 {
-    struct Assignment { QString qualifier, column; ExprPtr value; int target = -1; };
+    struct Assignment
+    {
+        QString qualifier, column;
+        ExprPtr value;
+        int target = -1;
+    };
 
     std::unique_ptr<Source> source;
     std::vector<Assignment> assignments;
@@ -141,8 +178,14 @@ struct Delete
     ExprPtr where;
 };
 
-struct CreateTable { TableDef table; };
-struct DropTable { QString table; };
+struct CreateTable
+{
+    TableDef table;
+};
+struct DropTable
+{
+    QString table;
+};
 
 using Statement = std::variant<Select, Insert, Update, Delete, CreateTable, DropTable>;
 

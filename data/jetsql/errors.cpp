@@ -7,6 +7,10 @@ namespace {
 QString rareWording(int number)
 {
     switch (number) {
+    case 3063:
+        return "Duplicate output destination '%1'.";
+    case 3067:
+        return "Query input must contain at least one table or query.";
     case 3085:
         return "Undefined function '%1' in expression.";
     case 3093:
@@ -30,7 +34,9 @@ QString rareWording(int number)
     case 3295:
         return "Syntax error in DROP TABLE or DROP INDEX.";
     case 3306:
-        return "At most one field can be returned by this subquery.";
+        return "You have written a subquery that can return more than one field without using the EXISTS reserved "
+               "word in the main query's FROM clause. Revise the SELECT statement of the subquery to request only "
+               "one field.";
     case 3346:
         return "Number of query values and destination fields are not the same.";
     case 3360:
@@ -54,7 +60,7 @@ void fail(int number, const QStringList &names)
 
 void failExpression(const QString &message, QStringView expression)
 {
-    throw RuntimeError(3075, message + " in query expression '" + expression + "'.");
+    throw RuntimeError(3075, message + " in query expression '" + expression.toString() + "'.");
 }
 
 } // namespace jetsql

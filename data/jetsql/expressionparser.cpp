@@ -11,15 +11,24 @@ constexpr size_t maxChain = 99;
 
 constexpr QStringView aggregateNames[] = {u"SUM", u"COUNT", u"MIN", u"MAX", u"AVG"};
 
-struct SymbolOp { char16_t symbol; Op op; };
+struct SymbolOp
+{
+    char16_t symbol;
+    Op op;
+};
 
-constexpr SymbolOp comparisons[] = {{u'=', Op::Equal},   {u'≠', Op::NotEqual},  {u'<', Op::Less},
-                                    {u'≤', Op::LessEqual}, {u'>', Op::Greater}, {u'≥', Op::GreaterEqual}};
+constexpr SymbolOp comparisons[] = {{u'=', Op::Equal},     {u'≠', Op::NotEqual}, {u'<', Op::Less},
+                                    {u'≤', Op::LessEqual}, {u'>', Op::Greater},  {u'≥', Op::GreaterEqual}};
 
 /// The levels of arithmetic, loosest first. MOD is a word and stands between + and \.
 constexpr int loosest = 0, modLevel = 2, tightest = 4;
-struct LevelOp { int level; char16_t symbol; Op op; };
-constexpr LevelOp arithmeticOps[] = {{0, u'&', Op::Concat},    {1, u'+', Op::Add},      {1, u'-', Op::Subtract},
+struct LevelOp
+{
+    int level;
+    char16_t symbol;
+    Op op;
+};
+constexpr LevelOp arithmeticOps[] = {{0, u'&', Op::Concat},     {1, u'+', Op::Add},      {1, u'-', Op::Subtract},
                                      {3, u'\\', Op::IntDivide}, {4, u'*', Op::Multiply}, {4, u'/', Op::Divide}};
 
 } // namespace
@@ -49,8 +58,8 @@ bool Parser::endsClause(const Token &token) const
     if (token.kind == TokenKind::End)
         return true;
     if (token.kind == TokenKind::Symbol)
-        return token.symbol == u';' || (token.symbol == u',' && m_clause != Clause::Where)
-               || (token.symbol == u')' && m_depth > 0);
+        return token.symbol == u';' || (token.symbol == u',' && m_clause != Clause::Where) ||
+               (token.symbol == u')' && m_depth > 0);
     switch (token.keyword) {
     case Keyword::Where:
     case Keyword::Group:
@@ -254,10 +263,9 @@ ExprPtr Parser::arithmetic(int level)
     for (size_t links = 0;; ++links) {
         if (links > maxChain)
             fail(3360);
-        const auto *symbol
-            = std::find_if(std::begin(arithmeticOps), std::end(arithmeticOps), [this, level](const LevelOp &known) {
-                  return known.level == level && at(known.symbol);
-              });
+        const auto *symbol =
+            std::find_if(std::begin(arithmeticOps), std::end(arithmeticOps),
+                         [this, level](const LevelOp &known) { return known.level == level && at(known.symbol); });
         Op op = Op::None;
         if (symbol != std::end(arithmeticOps))
             op = symbol->op;
@@ -402,8 +410,8 @@ ExprPtr Parser::call(const Token &name)
     const Nesting nesting(*this);
     take(); // the bracket
     const QString word = name.text.toUpper();
-    const bool aggregate
-        = std::find(std::begin(aggregateNames), std::end(aggregateNames), word) != std::end(aggregateNames);
+    const bool aggregate =
+        std::find(std::begin(aggregateNames), std::end(aggregateNames), word) != std::end(aggregateNames);
     if (!aggregate && word != QLatin1String("ISNULL"))
         fail(3085, {name.text});
     ExprPtr result = make(aggregate ? Expr::Kind::Aggregate : Expr::Kind::IsNull);

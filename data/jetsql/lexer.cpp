@@ -8,30 +8,55 @@
 namespace jetsql {
 namespace {
 
-struct Word { QStringView text; Keyword keyword; };
+struct Word
+{
+    QStringView text;
+    Keyword keyword;
+};
 
 constexpr std::array words = {
-    Word{u"ALL", Keyword::All},           Word{u"AND", Keyword::And},
-    Word{u"AS", Keyword::As},             Word{u"ASC", Keyword::Asc},
-    Word{u"BETWEEN", Keyword::Between},   Word{u"BY", Keyword::By},
-    Word{u"CREATE", Keyword::Create},     Word{u"DELETE", Keyword::Delete},
-    Word{u"DESC", Keyword::Desc},         Word{u"DISTINCT", Keyword::Distinct},
-    Word{u"DISTINCTROW", Keyword::DistinctRow}, Word{u"DROP", Keyword::Drop},
-    Word{u"EXISTS", Keyword::Exists},     Word{u"FALSE", Keyword::False},
-    Word{u"FROM", Keyword::From},         Word{u"GROUP", Keyword::Group},
-    Word{u"HAVING", Keyword::Having},     Word{u"IN", Keyword::In},
-    Word{u"INNER", Keyword::Inner},       Word{u"INSERT", Keyword::Insert},
-    Word{u"INTO", Keyword::Into},         Word{u"IS", Keyword::Is},
-    Word{u"JOIN", Keyword::Join},         Word{u"LEFT", Keyword::Left},
-    Word{u"LIKE", Keyword::Like},         Word{u"MOD", Keyword::Mod},
-    Word{u"NOT", Keyword::Not},           Word{u"NULL", Keyword::Null},
-    Word{u"ON", Keyword::On},             Word{u"OR", Keyword::Or},
-    Word{u"ORDER", Keyword::Order},       Word{u"OUTER", Keyword::Outer},
-    Word{u"RIGHT", Keyword::Right},       Word{u"SELECT", Keyword::Select},
-    Word{u"SET", Keyword::Set},           Word{u"TABLE", Keyword::Table},
-    Word{u"TOP", Keyword::Top},           Word{u"TRUE", Keyword::True},
-    Word{u"UNION", Keyword::Union},       Word{u"UPDATE", Keyword::Update},
-    Word{u"VALUES", Keyword::Values},     Word{u"WHERE", Keyword::Where},
+    Word{u"ALL", Keyword::All},
+    Word{u"AND", Keyword::And},
+    Word{u"AS", Keyword::As},
+    Word{u"ASC", Keyword::Asc},
+    Word{u"BETWEEN", Keyword::Between},
+    Word{u"BY", Keyword::By},
+    Word{u"CREATE", Keyword::Create},
+    Word{u"DELETE", Keyword::Delete},
+    Word{u"DESC", Keyword::Desc},
+    Word{u"DISTINCT", Keyword::Distinct},
+    Word{u"DISTINCTROW", Keyword::DistinctRow},
+    Word{u"DROP", Keyword::Drop},
+    Word{u"EXISTS", Keyword::Exists},
+    Word{u"FALSE", Keyword::False},
+    Word{u"FROM", Keyword::From},
+    Word{u"GROUP", Keyword::Group},
+    Word{u"HAVING", Keyword::Having},
+    Word{u"IN", Keyword::In},
+    Word{u"INNER", Keyword::Inner},
+    Word{u"INSERT", Keyword::Insert},
+    Word{u"INTO", Keyword::Into},
+    Word{u"IS", Keyword::Is},
+    Word{u"JOIN", Keyword::Join},
+    Word{u"LEFT", Keyword::Left},
+    Word{u"LIKE", Keyword::Like},
+    Word{u"MOD", Keyword::Mod},
+    Word{u"NOT", Keyword::Not},
+    Word{u"NULL", Keyword::Null},
+    Word{u"ON", Keyword::On},
+    Word{u"OR", Keyword::Or},
+    Word{u"ORDER", Keyword::Order},
+    Word{u"OUTER", Keyword::Outer},
+    Word{u"RIGHT", Keyword::Right},
+    Word{u"SELECT", Keyword::Select},
+    Word{u"SET", Keyword::Set},
+    Word{u"TABLE", Keyword::Table},
+    Word{u"TOP", Keyword::Top},
+    Word{u"TRUE", Keyword::True},
+    Word{u"UNION", Keyword::Union},
+    Word{u"UPDATE", Keyword::Update},
+    Word{u"VALUES", Keyword::Values},
+    Word{u"WHERE", Keyword::Where},
 };
 
 Keyword keywordOf(QStringView name)
@@ -39,13 +64,21 @@ Keyword keywordOf(QStringView name)
     const auto found = std::lower_bound(words.begin(), words.end(), name, [](const Word &word, QStringView text) {
         return word.text.compare(text, Qt::CaseInsensitive) < 0;
     });
-    return found != words.end() && found->text.compare(name, Qt::CaseInsensitive) == 0 ? found->keyword
-                                                                                        : Keyword::None;
+    return found != words.end() && found->text.compare(name, Qt::CaseInsensitive) == 0 ? found->keyword : Keyword::None;
 }
 
-bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
-bool startsName(QChar c) { return c.isLetter() || c == u'_'; }
-bool continuesName(QChar c) { return c.isLetterOrNumber() || c == u'_' || c.isSurrogate() || c.isMark(); }
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+bool startsName(QChar c)
+{
+    return c.isLetter() || c == u'_';
+}
+bool continuesName(QChar c)
+{
+    return c.isLetterOrNumber() || c == u'_' || c.isSurrogate() || c.isMark();
+}
 
 class Lexer
 {
@@ -63,10 +96,7 @@ public:
     }
 
 private:
-    QChar peek(qsizetype ahead = 0) const
-    {
-        return m_at + ahead < m_sql.size() ? m_sql.at(m_at + ahead) : QChar();
-    }
+    QChar peek(qsizetype ahead = 0) const { return m_at + ahead < m_sql.size() ? m_sql.at(m_at + ahead) : QChar(); }
 
     void skipBlanks()
     {

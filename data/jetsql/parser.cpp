@@ -95,9 +95,9 @@ void Parser::selectList(Select &select)
         select.items.push_back(selectItem());
     } while (accept(u','));
     const Token &token = peek();
-    const bool clause = at(Keyword::From) || at(Keyword::Into) || at(Keyword::Where) || at(Keyword::Group)
-                        || at(Keyword::Having) || at(Keyword::Order) || at(u';') || at(u')')
-                        || token.kind == TokenKind::End;
+    const bool clause = at(Keyword::From) || at(Keyword::Into) || at(Keyword::Where) || at(Keyword::Group) ||
+                        at(Keyword::Having) || at(Keyword::Order) || at(u';') || at(u')') ||
+                        token.kind == TokenKind::End;
     if (!clause)
         fail(3141);
 }
@@ -330,16 +330,19 @@ CreateTable Parser::createTable()
 
 ColumnDef Parser::columnDef()
 {
-    struct TypeWord { QStringView word; ColumnType type; };
+    struct TypeWord
+    {
+        QStringView word;
+        ColumnType type;
+    };
     static constexpr TypeWord types[] = {
-        {u"DATETIME", ColumnType::Date},     {u"DATE", ColumnType::Date},       {u"TIME", ColumnType::Date},
-        {u"TEXT", ColumnType::Text},         {u"CHAR", ColumnType::Text},       {u"VARCHAR", ColumnType::Text},
-        {u"MONEY", ColumnType::Currency},    {u"CURRENCY", ColumnType::Currency},
-        {u"LONG", ColumnType::Long},         {u"INTEGER", ColumnType::Long},    {u"INT", ColumnType::Long},
-        {u"DOUBLE", ColumnType::Double},     {u"FLOAT", ColumnType::Double},    {u"NUMBER", ColumnType::Double},
-        {u"YESNO", ColumnType::YesNo},       {u"BIT", ColumnType::YesNo},       {u"LOGICAL", ColumnType::YesNo},
-        {u"MEMO", ColumnType::Memo},         {u"LONGTEXT", ColumnType::Memo},
-        {u"COUNTER", ColumnType::Long},      {u"AUTOINCREMENT", ColumnType::Long},
+        {u"DATETIME", ColumnType::Date},  {u"DATE", ColumnType::Date},         {u"TIME", ColumnType::Date},
+        {u"TEXT", ColumnType::Text},      {u"CHAR", ColumnType::Text},         {u"VARCHAR", ColumnType::Text},
+        {u"MONEY", ColumnType::Currency}, {u"CURRENCY", ColumnType::Currency}, {u"LONG", ColumnType::Long},
+        {u"INTEGER", ColumnType::Long},   {u"INT", ColumnType::Long},          {u"DOUBLE", ColumnType::Double},
+        {u"FLOAT", ColumnType::Double},   {u"NUMBER", ColumnType::Double},     {u"YESNO", ColumnType::YesNo},
+        {u"BIT", ColumnType::YesNo},      {u"LOGICAL", ColumnType::YesNo},     {u"MEMO", ColumnType::Memo},
+        {u"LONGTEXT", ColumnType::Memo},  {u"COUNTER", ColumnType::Long},      {u"AUTOINCREMENT", ColumnType::Long},
     };
     ColumnDef column;
     column.name = name(3290);

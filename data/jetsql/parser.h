@@ -76,7 +76,7 @@ private:
     bool endsClause(const Token &token) const;
     [[noreturn]] void failHere();
 
-    const Token &peek(qsizetype ahead = 0) const { return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)]; }
+    const Token &peek(size_t ahead = 0) const { return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)]; }
     const Token &take() { return m_tokens[m_at + 1 < m_tokens.size() ? m_at++ : m_at]; }
     bool at(Keyword keyword) const { return peek().keyword == keyword; }
     bool at(char16_t symbol) const { return peek().kind == TokenKind::Symbol && peek().symbol == symbol; }
@@ -85,8 +85,8 @@ private:
     bool atName() const { return isName(peek()); }
     static bool isName(const Token &token)
     {
-        return token.kind == TokenKind::BracketName
-               || (token.kind == TokenKind::Name && token.keyword == Keyword::None);
+        return token.kind == TokenKind::BracketName ||
+               (token.kind == TokenKind::Name && token.keyword == Keyword::None);
     }
     /// The name at hand, or the error.
     QString name(int error);

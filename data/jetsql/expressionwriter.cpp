@@ -1,0 +1,400 @@
+#include "data/jetsql/expressionwriter.h"
+
+#include "data/values/conversions.h"
+
+namespace jetsql {
+namespace {
+
+using Kind = Expr::Kind;
+using Level = Piece::Level;
+
+Piece call(const char *function, const QString &arguments)
+{
+    return {QLatin1String(function) + u'(' + arguments + u')'};
+}
+
+QString isoText(double serial)
+{
+    return quotedText(Date(serial).toIso());
+}
+
+Piece literal(const Expr &expr)
+{
+    const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
+    if (expr.whole)
+        return {QString::number(qint64(expr.number)), level};
+    QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
+    if (!text.contains(u'.') && !text.contains(u'e'))
+        text += QLatin1String(".0");
+    return {text, level};
+}
+
+/// True where `&` need not turn a Null into the empty text.
+bool neverNull(const Expr &expr)
+{
+    if (expr.kind == Kind::Binary && expr.op == Op::Concat)
+        return neverNull(*expr.operands[0]) || neverNull(*expr.operands[1]);
+    return expr.isConstant() && expr.kind != Kind::Null;
+}
+
+/// 0 and -1 are the numbers that a Yes/No can equal.
+bool isYesNoNumber(const Expr &expr)
+{
+    return expr.kind == Kind::Number && (expr.number == 0 || expr.number == -1);
+}
+
+QString operatorText(Op op)
+{
+    switch (op) {
+    case Op::Equal:
+        return " = ";
+    case Op::NotEqual:
+        return " <> ";
+    case Op::Less:
+        return " < ";
+    case Op::LessEqual:
+        return " <= ";
+    case Op::Greater:
+        return " > ";
+    case Op::GreaterEqual:
+        return " >= ";
+    case Op::Add:
+        return " + ";
+    case Op::Subtract:
+        return " - ";
+    case Op::Multiply:
+        return " * ";
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+QString quotedName(QStringView name)
+{
+    QString text = name.toString();
+    text.replace(u'"', QLatin1String("\"\""));
+    return u'"' + text + u'"';
+}
+
+QString quotedText(QStringView text)
+{
+    QString doubled = text.toString();
+    doubled.replace(u'\'', QLatin1String("''"));
+    return u'\'' + doubled + u'\'';
+}
+
+Piece ExpressionWriter::plain(const Expr &expr) const
+{
+    switch (expr.kind) {
+    case Kind::Null:
+        return {"NULL"};
+    case Kind::Text:
+        return {quotedText(expr.name)};
+    case Kind::Number:
+        return literal(expr);
+    case Kind::Date:
+        return {isoText(expr.number)};
+    case Kind::Boolean:
+        return {expr.number != 0 ? "1" : "0"};
+    case Kind::Column:
+        return column(expr);
+    case Kind::Unary:
+        return unary(expr);
+    case Kind::Binary:
+        return binary(expr);
+    case Kind::Like:
+        return like(expr);
+    case Kind::InList:
+        return inList(expr);
+    case Kind::InSelect:
+        return inSelect(expr);
+    case Kind::Between:
+        return between(expr);
+    case Kind::IsNull:
+        return {plain(*expr.operands[0]).at(Level::Sum) + (expr.negated ? " IS NOT NULL" : " IS NULL"),
+                Level::Equality};
+    case Kind::Aggregate:
+        return aggregate(expr);
+    case Kind::Subselect:
+        return {u'(' + m_subselect(*expr.select, false) + u')'};
+    case Kind::Exists:
+        return {"EXISTS (" + m_subselect(*expr.select, false) + u')'};
+    }
+    return {};
+}
+
+Piece ExpressionWriter::column(const Expr &expr) const
+{
+    return {expr.from->handle + u'.' + quotedName(expr.from->def->columns[expr.column].name)};
+}
+
+Piece ExpressionWriter::number(const Expr &expr) const
+{
+    if (expr.kind == Kind::Boolean)
+        return {expr.number != 0 ? "-1" : "0", Level::Unary};
+    if (expr.kind == Kind::Date)
+        return {QString::number(expr.number, 'g', 17)};
+    if (expr.kind == Kind::Subselect)
+        return {u'(' + m_subselect(*expr.select, true) + u')'};
+    const Piece stored = plain(expr);
+    if (expr.type.isText())
+        return call("jet_number", stored.text);
+    if (expr.type.isDate())
+        return call("jet_serial", stored.text);
+    if (expr.type.isYesNo())
+        return {u'-' + stored.at(Level::Primary), Level::Unary};
+    return stored;
+}
+
+Piece ExpressionWriter::text(const Expr &expr) const
+{
+    if (expr.kind == Kind::Number)
+        return {quotedText(textOf(expr.number))};
+    if (expr.type.null || expr.type.isText())
+        return plain(expr);
+    if (expr.type.isDate())
+        return call("jet_date_text", plain(expr).text);
+    if (expr.type.type == ColumnType::Long || expr.type.isYesNo())
+        return {"CAST(" + number(expr).text + " AS TEXT)"};
+    return call("jet_text", number(expr).text);
+}
+
+Piece ExpressionWriter::condition(const Expr &expr) const
+{
+    if (expr.type.null || expr.type.isYesNo())
+        return plain(expr);
+    return {number(expr).at(Level::Sum) + " <> 0", Level::Equality};
+}
+
+QString ExpressionWriter::collated(const Expr &expr) const
+{
+    const Piece piece = plain(expr);
+    if (!expr.type.isText() || expr.kind == Kind::Column)
+        return piece.text;
+    return piece.at(Level::Primary) + " COLLATE NOCASE";
+}
+
+Piece ExpressionWriter::unary(const Expr &expr) const
+{
+    const Expr &operand = *expr.operands[0];
+    if (expr.op == Op::Not)
+        return {"NOT " + condition(operand).at(Level::Not), Level::Not};
+    return {u'-' + number(operand).at(Level::Primary), Level::Unary};
+}
+
+Piece ExpressionWriter::binary(const Expr &expr) const
+{
+    switch (expr.op) {
+    case Op::Or:
+    case Op::And:
+        return junction(expr);
+    case Op::Concat:
+        return joinedTexts(expr);
+    case Op::Equal:
+    case Op::NotEqual:
+    case Op::Less:
+    case Op::LessEqual:
+    case Op::Greater:
+    case Op::GreaterEqual:
+        return comparison(expr);
+    default:
+        return arithmetic(expr);
+    }
+}
+
+Piece ExpressionWriter::junction(const Expr &expr) const
+{
+    const bool both = expr.op == Op::And;
+    const Level level = both ? Level::And : Level::Or;
+    QStringList parts;
+    for (const ExprPtr &operand : expr.operands)
+        parts.append(condition(*operand).at(level));
+    return {parts.join(QLatin1String(both ? " AND " : " OR ")), level};
+}
+
+Piece ExpressionWriter::comparison(const Expr &expr) const
+{
+    const Expr &left = *expr.operands[0];
+    const Expr &right = *expr.operands[1];
+    const bool equality = expr.op == Op::Equal || expr.op == Op::NotEqual;
+    const Level level = equality ? Level::Equality : Level::Order;
+    const auto joined = [&](const QString &a, const QString &b) { return Piece{a + operatorText(expr.op) + b, level}; };
+    const auto stored = [this](const Expr &side) { return plain(side).at(Level::Sum); };
+    const auto counted = [this](const Expr &side) { return number(side).at(Level::Sum); };
+
+    if (left.type.isText() || right.type.isText()) {
+        const bool column = left.kind == Kind::Column || right.kind == Kind::Column;
+        return joined(column ? stored(left) : collated(left), stored(right));
+    }
+    if (left.type.null || right.type.null || (left.type.isDate() && right.type.isDate()))
+        return joined(stored(left), stored(right));
+    // A Yes/No is stored as 1 or 0; only its order has to be that of -1 and 0.
+    if (equality && left.type.isYesNo() && (right.type.isYesNo() || isYesNoNumber(right)))
+        return joined(stored(left), right.type.isYesNo() ? stored(right) : QString(right.number ? u'1' : u'0'));
+    return joined(counted(left), counted(right));
+}
+
+/// Null counts as empty; only Nulls on both sides give Null.
+Piece ExpressionWriter::joinedTexts(const Expr &expr) const
+{
+    const auto side = [this](const Expr &operand) {
+        const bool digits = !operand.type.null && operand.type.type == ColumnType::Long;
+        return digits ? number(operand) : text(operand);
+    };
+    const Expr &left = *expr.operands[0];
+    const Expr &right = *expr.operands[1];
+    if (!neverNull(left) && !neverNull(right))
+        return call("jet_concat", text(left).text + ", " + text(right).text);
+    const auto filled = [&](const Expr &operand) {
+        const Piece piece = side(operand);
+        return neverNull(operand) ? piece.at(Level::Concat) : "coalesce(" + piece.text + ", '')";
+    };
+    return {filled(left) + " || " + filled(right), Level::Concat};
+}
+
+Piece ExpressionWriter::arithmetic(const Expr &expr) const
+{
+    const Expr &left = *expr.operands[0];
+    const Expr &right = *expr.operands[1];
+    const QString arguments = number(left).text + ", " + number(right).text;
+    switch (expr.op) {
+    case Op::Divide:
+        return call("jet_divide", arguments);
+    case Op::IntDivide:
+        return call("jet_int_divide", arguments);
+    case Op::Mod:
+        return call("jet_mod", arguments);
+    case Op::Power:
+        return call("jet_power", arguments);
+    default:
+        break;
+    }
+    if (expr.type.isText())
+        return {text(left).at(Level::Concat) + " || " + text(right).at(Level::Unary), Level::Concat};
+    const Level level = expr.op == Op::Multiply ? Level::Product : Level::Sum;
+    const Piece result{number(left).at(level) + operatorText(expr.op) + number(right).at(Level(level + 1)), level};
+    if (expr.type.isDate())
+        return call("jet_date", result.text);
+    if (expr.type.isNumber() && expr.type.type == ColumnType::Currency)
+        return call("jet_money", result.text);
+    // Whole numbers overflow at 32 bits, which a factor of 1 or -1 cannot bring about.
+    const auto unit = [](const Expr &side) { return side.kind == Kind::Number && std::abs(side.number) <= 1; };
+    if (!expr.type.isNumber() || expr.type.type != ColumnType::Long ||
+        (expr.op == Op::Multiply && (unit(left) || unit(right))))
+        return result;
+    return call("jet_range", result.text);
+}
+
+/// One side of an IN: stored form among equals, numbers where the types are mixed.
+QString ExpressionWriter::comparand(const Expr &expr, bool asNumber) const
+{
+    return (asNumber ? number(expr) : plain(expr)).at(Level::Sum);
+}
+
+Piece ExpressionWriter::inList(const Expr &expr) const
+{
+    const Expr &left = *expr.operands[0];
+    bool mixed = false;
+    for (const ExprPtr &operand : expr.operands)
+        mixed = mixed || (!operand->type.null && !operand->type.isText() && operand->type.type != left.type.type);
+    QStringList values;
+    for (size_t i = 1; i < expr.operands.size(); ++i)
+        values.append(comparand(*expr.operands[i], mixed));
+    const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
+    return {head + (expr.negated ? " NOT IN (" : " IN (") + values.join(QLatin1String(", ")) + u')', Level::Equality};
+}
+
+Piece ExpressionWriter::inSelect(const Expr &expr) const
+{
+    const Expr &left = *expr.operands[0];
+    const ExprType &inner = expr.select->items.front().expr->type;
+    const bool mixed = !left.type.isText() && !inner.null && !left.type.null && inner.type != left.type.type;
+    const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
+    return {head + (expr.negated ? " NOT IN (" : " IN (") + m_subselect(*expr.select, mixed) + u')', Level::Equality};
+}
+
+Piece ExpressionWriter::between(const Expr &expr) const
+{
+    const Expr &left = *expr.operands[0];
+    bool mixed = false;
+    for (const ExprPtr &operand : expr.operands)
+        mixed = mixed || operand->type.isYesNo() || (!operand->type.isText() && operand->type.type != left.type.type);
+    mixed = mixed && !left.type.isText();
+    const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
+    return {head + (expr.negated ? " NOT BETWEEN " : " BETWEEN ") + comparand(*expr.operands[1], mixed) + " AND " +
+                comparand(*expr.operands[2], mixed),
+            Level::Equality};
+}
+
+Piece ExpressionWriter::like(const Expr &expr) const
+{
+    const Piece match = call("jet_like", text(*expr.operands[1]).text + ", " + text(*expr.operands[0]).text);
+    return expr.negated ? Piece{"NOT " + match.text, Level::Not} : match;
+}
+
+Piece ExpressionWriter::aggregate(const Expr &expr) const
+{
+    if (expr.name == QLatin1String("COUNT"))
+        return {"count(" + (expr.operands.empty() ? QString("*") : plain(*expr.operands[0]).text) + u')'};
+    const Expr &operand = *expr.operands[0];
+    if (expr.name == QLatin1String("SUM")) {
+        const bool money = expr.type.type == ColumnType::Currency;
+        return call(money ? "jet_sum_money" : "jet_sum", number(operand).text);
+    }
+    if (expr.name == QLatin1String("AVG"))
+        return call("avg", number(operand).text);
+    // Yes is the lesser: -1.
+    const bool least = (expr.name == QLatin1String("MIN")) != operand.type.isYesNo();
+    return call(least ? "min" : "max", collated(operand));
+}
+
+Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) const
+{
+    const ExprType &from = expr.type;
+    if (from.null)
+        return {"NULL"};
+    switch (column.type) {
+    case ColumnType::Memo:
+        return text(expr);
+    case ColumnType::Text:
+        return fitted(expr, column);
+    case ColumnType::Date: {
+        if (from.isDate())
+            return plain(expr);
+        const std::optional<Date> date = expr.kind == Kind::Text ? dateFromText(expr.name) : std::nullopt;
+        if (date)
+            return {quotedText(date->toIso())};
+        return from.isText() ? call("jet_date_of", plain(expr).text) : call("jet_date", number(expr).text);
+    }
+    case ColumnType::YesNo:
+        if (from.isYesNo())
+            return plain(expr);
+        return from.isText() ? call("jet_yesno", plain(expr).text) : condition(expr);
+    case ColumnType::Long: {
+        const bool fits = from.isYesNo() || (from.isNumber() && from.type == ColumnType::Long);
+        return fits ? number(expr) : call("jet_long", number(expr).text);
+    }
+    case ColumnType::Currency: {
+        const bool exact = from.isYesNo() || (from.isNumber() && from.type != ColumnType::Double);
+        return exact ? number(expr) : call("jet_money", number(expr).text);
+    }
+    case ColumnType::Double:
+        return number(expr);
+    }
+    return {};
+}
+
+/// Texts are never cut: one that may be too long is measured row by row.
+Piece ExpressionWriter::fitted(const Expr &expr, const ColumnDef &column) const
+{
+    const Piece value = text(expr);
+    constexpr int longestNumber = 24;
+    const bool fits = column.size <= 0 ||
+                      (expr.type.type == ColumnType::Text && expr.type.size > 0 && expr.type.size <= column.size) ||
+                      (!expr.type.isText() && column.size >= longestNumber);
+    return fits ? value : call("jet_fit", value.text + ", " + QString::number(column.size));
+}
+
+} // namespace jetsql

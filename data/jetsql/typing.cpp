@@ -1,0 +1,322 @@
+#include "data/jetsql/typing.h"
+
+#include "data/jetsql/errors.h"
+#include "data/jetsql/resolver.h"
+
+namespace jetsql {
+namespace {
+
+constexpr int concatenatedSize = 255;
+
+ExprType ofType(ColumnType type)
+{
+    return {false, type, type == ColumnType::Text ? concatenatedSize : 0, false};
+}
+
+/// The engine compares texts with texts alone, and everything else by its number.
+void requireComparable(const Expr &a, const Expr &b)
+{
+    if (!a.type.null && !b.type.null && a.type.isText() != b.type.isText())
+        fail(3464);
+}
+
+void requireCondition(const Expr &expr)
+{
+    if (expr.type.isText())
+        fail(3464);
+}
+
+ExprType arithmeticType(Op op, const ExprType &a, const ExprType &b)
+{
+    if (a.null && b.null)
+        return {true};
+    if (op == Op::Add && (a.isText() || a.null) && (b.isText() || b.null))
+        return ofType(ColumnType::Text);
+    if (op == Op::Divide || op == Op::Power)
+        return ofType(ColumnType::Double);
+    if (op == Op::Mod || op == Op::IntDivide)
+        return ofType(ColumnType::Long);
+    if ((op == Op::Add || op == Op::Subtract) && a.isDate() != b.isDate() && (a.isDate() || op == Op::Add))
+        return ofType(ColumnType::Date);
+    const auto either = [&](ColumnType type) { return (!a.null && a.type == type) || (!b.null && b.type == type); };
+    if (either(ColumnType::Double) || either(ColumnType::Text) || either(ColumnType::Memo) || either(ColumnType::Date))
+        return ofType(ColumnType::Double);
+    return ofType(either(ColumnType::Currency) ? ColumnType::Currency : ColumnType::Long);
+}
+
+class Typing
+{
+public:
+    void type(Insert &insert)
+    {
+        if (insert.select)
+            type(*insert.select);
+        for (ExprPtr &value : insert.values)
+            type(*value);
+    }
+
+    void type(Update &update)
+    {
+        for (Update::Assignment &assignment : update.assignments)
+            type(*assignment.value);
+        typeCondition(update.where);
+    }
+
+    void type(Delete &statement) { typeCondition(statement.where); }
+    void type(CreateTable &) {}
+    void type(DropTable &) {}
+
+    void type(Select &select)
+    {
+        for (auto &source : select.sources) {
+            if (source->derived)
+                typeDerived(*source);
+        }
+        for (auto &node : select.from)
+            typeJoins(*node);
+        for (SelectItem &item : select.items)
+            type(*item.expr);
+        typeCondition(select.where);
+        for (ExprPtr &key : select.groupBy)
+            type(*key);
+        typeCondition(select.having);
+        for (OrderItem &item : select.orderBy) {
+            if (item.position < 0)
+                type(*item.expr);
+        }
+        checkAliases(select);
+        if (select.grouped())
+            checkGrouping(select);
+        if (select.distinct)
+            checkDistinct(select);
+    }
+
+private:
+    void typeDerived(Source &source)
+    {
+        type(*source.derived);
+        const auto columns = resultColumns(*source.derived);
+        for (size_t i = 0; i < columns.size(); ++i) {
+            source.derivedDef.columns[i].type = columns[i].type;
+            source.derivedDef.columns[i].size = columns[i].size;
+        }
+    }
+
+    void typeJoins(FromNode &node)
+    {
+        if (node.join == FromNode::Join::None)
+            return;
+        typeJoins(*node.left);
+        typeJoins(*node.right);
+        typeCondition(node.on);
+    }
+
+    void typeCondition(ExprPtr &expr)
+    {
+        if (!expr)
+            return;
+        type(*expr);
+        requireCondition(*expr);
+    }
+
+    void type(Expr &expr)
+    {
+        for (ExprPtr &operand : expr.operands)
+            type(*operand);
+        if (expr.select)
+            type(*expr.select);
+        expr.type = typeOf(expr);
+    }
+
+    static ExprType typeOf(const Expr &expr)
+    {
+        using Kind = Expr::Kind;
+        switch (expr.kind) {
+        case Kind::Null:
+            return {true};
+        case Kind::Text:
+            return {false, ColumnType::Text, int(std::max<qsizetype>(1, expr.name.size())), false};
+        case Kind::Number:
+            return ofType(expr.whole ? ColumnType::Long : ColumnType::Double);
+        case Kind::Date:
+            return ofType(ColumnType::Date);
+        case Kind::Column: {
+            const ColumnDef &column = expr.from->def->columns[expr.column];
+            return {false, column.type, column.size, column.autoNumber};
+        }
+        case Kind::Subselect: {
+            ExprType type = expr.select->items.front().expr->type;
+            type.autoNumber = false;
+            return type;
+        }
+        case Kind::Aggregate:
+            return aggregateType(expr);
+        case Kind::Unary:
+        case Kind::Binary:
+            return operatorType(expr);
+        case Kind::InSelect:
+            requireComparable(*expr.operands.front(), *expr.select->items.front().expr);
+            break;
+        case Kind::InList:
+        case Kind::Between:
+            for (size_t i = 1; i < expr.operands.size(); ++i)
+                requireComparable(*expr.operands.front(), *expr.operands[i]);
+            break;
+        case Kind::Boolean:
+        case Kind::Like:
+        case Kind::IsNull:
+        case Kind::Exists:
+            break;
+        }
+        return ofType(ColumnType::YesNo);
+    }
+
+    static ExprType aggregateType(const Expr &expr)
+    {
+        if (expr.name == QLatin1String("COUNT"))
+            return ofType(ColumnType::Long);
+        ExprType type = expr.operands.front()->type;
+        type.autoNumber = false;
+        if (expr.name == QLatin1String("MIN") || expr.name == QLatin1String("MAX"))
+            return type;
+        if (type.isText())
+            fail(3464);
+        return ofType(type.type == ColumnType::Currency && !type.null ? ColumnType::Currency : ColumnType::Double);
+    }
+
+    static ExprType operatorType(const Expr &expr)
+    {
+        switch (expr.op) {
+        case Op::Or:
+        case Op::And:
+        case Op::Not:
+            for (const ExprPtr &operand : expr.operands)
+                requireCondition(*operand);
+            return ofType(ColumnType::YesNo);
+        case Op::Equal:
+        case Op::NotEqual:
+        case Op::Less:
+        case Op::LessEqual:
+        case Op::Greater:
+        case Op::GreaterEqual:
+            requireComparable(*expr.operands[0], *expr.operands[1]);
+            return ofType(ColumnType::YesNo);
+        case Op::Concat:
+            return ofType(ColumnType::Text);
+        case Op::Negate: {
+            const ExprType &type = expr.operands[0]->type;
+            return type.isNumber() ? ofType(type.type) : ofType(type.isYesNo() ? ColumnType::Long : ColumnType::Double);
+        }
+        default:
+            return arithmeticType(expr.op, expr.operands[0]->type, expr.operands[1]->type);
+        }
+    }
+
+    static bool usesUnqualified(const Expr &expr, QStringView name)
+    {
+        if (expr.kind == Expr::Kind::Column && expr.qualifier.isEmpty())
+            return name.compare(expr.name, Qt::CaseInsensitive) == 0;
+        return std::any_of(expr.operands.begin(), expr.operands.end(),
+                           [name](const ExprPtr &operand) { return usesUnqualified(*operand, name); });
+    }
+
+    static void checkAliases(const Select &select)
+    {
+        for (const SelectItem &item : select.items) {
+            if (!item.alias.isEmpty() && usesUnqualified(*item.expr, item.alias))
+                fail(3103, {item.alias});
+        }
+    }
+
+    /// Whether an expression has one value in each group: a key, an aggregate, a constant, a column of the
+    /// statement around, or made of such.
+    static bool covered(const Expr &expr, const Select &select)
+    {
+        if (expr.kind == Expr::Kind::Aggregate || expr.isConstant())
+            return true;
+        for (const ExprPtr &key : select.groupBy) {
+            if (sameExpression(*key, expr))
+                return true;
+        }
+        if (expr.kind == Expr::Kind::Column) {
+            return std::none_of(select.sources.begin(), select.sources.end(),
+                                [&expr](const auto &source) { return source.get() == expr.from; });
+        }
+        return std::all_of(expr.operands.begin(), expr.operands.end(),
+                           [&select](const ExprPtr &operand) { return covered(*operand, select); });
+    }
+
+    static void checkGrouping(const Select &select)
+    {
+        const auto check = [&select](const Expr &expr) {
+            if (!covered(expr, select))
+                fail(3122, {expr.source.toString()});
+        };
+        for (const SelectItem &item : select.items)
+            check(*item.expr);
+        if (select.having)
+            check(*select.having);
+        for (const OrderItem &item : select.orderBy) {
+            if (item.position < 0)
+                check(*item.expr);
+        }
+    }
+
+    static void checkDistinct(const Select &select)
+    {
+        for (const OrderItem &order : select.orderBy) {
+            const bool shown = order.position >= 0 ||
+                               std::any_of(select.items.begin(), select.items.end(), [&order](const SelectItem &item) {
+                                   return sameExpression(*item.expr, *order.expr);
+                               });
+            if (!shown)
+                fail(3093, {order.expr->source.toString()});
+        }
+    }
+};
+
+} // namespace
+
+void typeExpressions(Statement &statement)
+{
+    std::visit([](auto &kind) { Typing().type(kind); }, statement);
+}
+
+std::vector<ResultColumn> resultColumns(const Select &select)
+{
+    const QStringList names = resultNames(select);
+    std::vector<ResultColumn> columns;
+    columns.reserve(select.items.size());
+    for (size_t i = 0; i < select.items.size(); ++i) {
+        const Expr &expr = *select.items[i].expr;
+        ResultColumn column;
+        column.name = names[int(i)];
+        if (expr.kind == Expr::Kind::Column) {
+            column.sourceTable = expr.from->shownName();
+            column.sourceColumn = expr.from->def->columns[expr.column].name;
+        }
+        column.type = expr.type.null ? ColumnType::Text : expr.type.type;
+        column.size = expr.type.null ? concatenatedSize : expr.type.size;
+        column.autoNumber = expr.type.autoNumber;
+        columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
+bool sameExpression(const Expr &a, const Expr &b)
+{
+    if (a.kind != b.kind || a.op != b.op || a.negated != b.negated || a.select || b.select ||
+        a.operands.size() != b.operands.size())
+        return false;
+    if (a.kind == Expr::Kind::Column)
+        return a.from == b.from && a.column == b.column;
+    if (a.name != b.name || a.number != b.number)
+        return false;
+    for (size_t i = 0; i < a.operands.size(); ++i) {
+        if (!sameExpression(*a.operands[i], *b.operands[i]))
+            return false;
+    }
+    return true;
+}
+
+} // namespace jetsql
