@@ -1,0 +1,90 @@
+#include "inventory/frminventoryadjust.h"
+
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/msgbox.h"
+#include "data/values/conversions.h"
+#include "inventory/ledger.h"
+
+frmInventoryAdjust::frmInventoryAdjust()
+    : StockForm("frmInventoryAdjust", "Inventory Adjustment", "Adjustment Information", "Inventory Adjustment"),
+      cmbWarehouse(addList("cmbWarehouse"))
+{
+    cmbWarehouse->setTypeAhead();
+    connect(cmbWarehouse, &ComboBox::lostFocus, this, &frmInventoryAdjust::cmbWarehouse_LostFocus);
+    layOut({{"Warehouse", cmbWarehouse}});
+}
+
+void frmInventoryAdjust::fillWarehouses()
+{
+    fillCombo(cmbWarehouse, "SELECT * FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
+}
+
+void frmInventoryAdjust::cmbWarehouse_LostFocus()
+{
+    if (!cmbWarehouse->text().isEmpty())
+        enterLines();
+}
+
+// Runs whenever the focus leaves a filled box, so passing through the box of a loaded adjustment drops line
+// changes that were not saved.
+void frmInventoryAdjust::txtID_LostFocus()
+{
+    if (txtID->text().isEmpty())
+        return;
+    Recordset lines = gDatabase->OpenRecordset(
+        "SELECT * FROM ((AdjustmentHeader LEFT JOIN AdjustmentDetail ON AdjustmentHeader.ID = "
+        "AdjustmentDetail.AdjustmentID) LEFT JOIN Part ON AdjustmentDetail.PartNo = Part.PartNo) WHERE "
+        "AdjustmentHeader.ID = " +
+        txtID->text());
+    if (lines.Bof() && lines.Eof()) {
+        MsgBox("Invalid Adjustment ID. Please Re-enter.", "Invalid Adjustment ID");
+        txtID->clear();
+        setFocusTo(txtID);
+    } else {
+        dtDate->setValue(lines.Fields("Date").value());
+        cmbWarehouse->setText(lines.Fields("Warehouse").text());
+        showLines(lines);
+    }
+    lines.Close();
+}
+
+void frmInventoryAdjust::btnSave_Click()
+{
+    if (vsfgAdjustment->rows() <= 1 || cmbWarehouse->text().isEmpty()) {
+        MsgBox("You must select a Warehouse and add atleast one adjustment.", "Not Enough Data");
+        return;
+    }
+    saveHeader();
+    gDatabase->Execute("DELETE * FROM AdjustmentDetail WHERE AdjustmentID = " + txtID->text());
+    Recordset details = gDatabase->OpenRecordset("SELECT * FROM AdjustmentDetail");
+    for (int row = 1; row < vsfgAdjustment->rows(); ++row) {
+        details.AddNew();
+        details.Fields("AdjustmentID") = txtID->text();
+        details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, 0);
+        details.Fields("Qty") = vsfgAdjustment->textMatrix(row, 2);
+        details.Update();
+        UpdateAvailInv(cmbWarehouse->text(), vsfgAdjustment->textMatrix(row, 0), CInt(quantity(row)));
+    }
+    details.Close();
+    unload();
+}
+
+/// Writes the header and, for a new adjustment, shows the number it took.
+void frmInventoryAdjust::saveHeader()
+{
+    const bool existing = !txtID->text().isEmpty();
+    Recordset header = gDatabase->OpenRecordset(existing ? "SELECT * FROM AdjustmentHeader WHERE ID = " + txtID->text()
+                                                         : QString("SELECT * FROM AdjustmentHeader"));
+    if (existing) {
+        header.Edit();
+    } else {
+        header.AddNew();
+        txtID->setText(header.Fields("ID").text());
+    }
+    header.Fields("Date") = dtDate->value();
+    header.Fields("DateAdded") = Date::now();
+    header.Fields("Warehouse") = cmbWarehouse->text();
+    header.Update();
+    header.Close();
+}
