@@ -1,0 +1,16 @@
+#include "billing/billingroutines.h"
+
+#include "app/toolkit/mainmod.h"
+
+double GetShipmentCost(const QString &ShipmentIDs)
+{
+    Recordset rs = gDatabase->OpenRecordset(
+        "SELECT SUM(Part.Cost * ShipmentItems.Qty) AS TotalCost FROM (((Shipment LEFT JOIN ShipmentItems ON "
+        "Shipment.ID = ShipmentItems.ShipmentID) LEFT JOIN OrderItem ON ShipmentItems.OrderID = OrderItem.OrderID AND "
+        "ShipmentItems.OrderLineItem = OrderItem.ItemNumber) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) WHERE "
+        "Shipment.ID IN (" +
+        ShipmentIDs + ")");
+    const Value total = rs.Eof() ? Value() : rs.Fields("TotalCost").value();
+    rs.Close();
+    return total.isNull() ? 0 : total.toDouble();
+}
