@@ -98,7 +98,8 @@ void RecordsetData::nextStored()
 {
     m_hasRow = m_addedWalked == 0 && m_store.next();
     if (m_hasRow) {
-        if (m_table && m_database->writes(m_table->Name) != m_seenWrites)
+        const QString &table = m_translation->updatableTable;
+        if (!table.isEmpty() && m_database->writes(table) != m_seenWrites)
             refresh(currentRow());
         return;
     }

@@ -1,7 +1,6 @@
 #include "data/schema/schema.h"
 #include "tests/dao/databasefile.h"
 #include <QFile>
-#include <sqlite3.h>
 
 namespace {
 
@@ -17,23 +16,6 @@ QString openError(const QString &name, const QString &connect)
     return errorTextOf([&] { DBEngine::OpenDatabase(name, false, false, connect); });
 }
 
-/// The first value a connection without any of this program's ways reads from the file.
-QString plainly(const QString &path, const char *sql)
-{
-    sqlite3 *connection = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &connection);
-    sqlite3_stmt *statement = nullptr;
-    sqlite3_prepare_v2(connection, sql, -1, &statement, nullptr);
-    QString text = "no row";
-    if (sqlite3_step(statement) == SQLITE_ROW)
-        text = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, 0)));
-    else if (sqlite3_errcode(connection) != SQLITE_DONE)
-        text = sqlite3_errmsg(connection);
-    sqlite3_finalize(statement);
-    sqlite3_close(connection);
-    return text;
-}
-
 TEST(OpenDatabase, SaysWhatIsWrongWithTheFile)
 {
     const DatabaseFile file;
@@ -41,7 +23,7 @@ TEST(OpenDatabase, SaysWhatIsWrongWithTheFile)
     const QString foreign = file.folder() + "/foreign.db";
     write(text, QByteArray("no database at all\n").repeated(100));
     write(empty, {});
-    ASSERT_EQ(plainly(foreign, "CREATE TABLE Customer (Customer TEXT)"), "no row");
+    PlainConnection(foreign).run("CREATE TABLE Customer (Customer TEXT)");
 
     const QString missing = file.folder() + "/missing.db", astray = file.folder() + "/nowhere/company.db";
     const QString right = QStringLiteral(";pwd=") + DatabaseFile::Password;
@@ -141,12 +123,19 @@ TEST(CreateDatabase, LeavesAFileThatOtherToolsReadAndWrite)
     shipment.Update();
     shipment.Close();
     database.reset();
-    EXPECT_EQ(plainly(file.path(), "SELECT Date || '|' || Invoiced || '|' || Via || '|' || Freight FROM Shipment"),
-              "2011-03-30 00:00:00|1|Überland|0.0");
-    EXPECT_EQ(plainly(file.path(), "SELECT type FROM pragma_table_info('Shipment') WHERE name = 'Via'"), "TEXT(50)");
-    EXPECT_EQ(plainly(file.path(), "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(plainly(file.path(), "SELECT count(*) FROM MSysPassword WHERE instr(Hash, 'secret') > 0"), "0");
-    EXPECT_EQ(plainly(file.path(), "INSERT INTO Warehouse (Warehouse) VALUES ('Nord')"), "no row");
+    const struct
+    {
+        const char *sql, *text;
+    } cases[] = {
+        {"SELECT Date || '|' || Invoiced || '|' || Via || '|' || Freight FROM Shipment",
+         "2011-03-30 00:00:00|1|Überland|0.0"},
+        {"SELECT type FROM pragma_table_info('Shipment') WHERE name = 'Via'", "TEXT(50)"},
+        {"SELECT count(*) FROM MSysPassword WHERE instr(Hash, 'secret') > 0", "0"},
+        {"INSERT INTO Warehouse (Warehouse) VALUES ('Nord')", "no row"},
+        {"PRAGMA integrity_check", "ok"},
+    };
+    for (const auto &row : cases)
+        EXPECT_EQ(PlainConnection(file.path()).text(row.sql), row.text);
     EXPECT_EQ(column(*file.open(), "SELECT Warehouse FROM Warehouse WHERE Warehouse = 'NORD'"), "Nord");
 }
 
@@ -172,7 +161,7 @@ TEST(OpenDatabase, TakesTheJournalThatTheConnectStringNames)
             rollback->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
             EXPECT_FALSE(QFile::exists(file.path() + "-wal"));
         }
-        EXPECT_EQ(plainly(file.path(), "PRAGMA journal_mode"), "delete");
+        EXPECT_EQ(PlainConnection(file.path()).text("PRAGMA journal_mode"), "delete");
     }
 }
 

@@ -1,0 +1,92 @@
+#include "tests/dao/databasefile.h"
+
+namespace {
+
+/// Takes a number by AddNew, and keeps the row if told so.
+int take(Database &database, bool keep)
+{
+    Recordset orders = database.OpenRecordset("SELECT * FROM Orders");
+    orders.AddNew();
+    const int number = orders.Fields("ID").value().toLong();
+    if (keep)
+        orders.Update();
+    return number;
+}
+
+class AutoNumberTest : public testing::TestWithParam<const char *>
+{
+protected:
+    DatabaseFile file;
+    std::unique_ptr<Database> database = file.open(GetParam());
+};
+
+TEST_P(AutoNumberTest, IsKnownBeforeTheUpdateAndSpentWithoutOne)
+{
+    EXPECT_EQ(take(*database, true), 1);
+    EXPECT_EQ(take(*database, false), 2);
+    EXPECT_EQ(take(*database, false), 3);
+    EXPECT_EQ(take(*database, true), 4);
+    Recordset orders = database->OpenRecordset("SELECT * FROM Orders");
+    EXPECT_EQ(orders.Fields("ID").value(), Value(1));
+    orders.AddNew();
+    EXPECT_EQ(orders.Fields("ID").value(), Value(5));
+    orders.AddNew(); // another one without an Update between
+    EXPECT_EQ(orders.Fields("ID").value(), Value(6));
+    orders.Update();
+    EXPECT_EQ(orders.Fields("ID").value(), Value(1));
+    EXPECT_EQ(column(*database, "SELECT ID FROM Orders"), "1 4 6");
+}
+
+TEST_P(AutoNumberTest, GoesOnBehindNumbersOfOtherConnectionsStatementsAndTools)
+{
+    const auto other = file.open(GetParam());
+    EXPECT_EQ(take(*database, false), 1);
+    EXPECT_EQ(take(*other, true), 2);
+    other->Execute("INSERT INTO Orders (OrderNumber) VALUES ('x')"); // takes 3
+    EXPECT_EQ(take(*database, true), 4);
+    other->Execute("INSERT INTO Orders (ID, OrderNumber) VALUES (50, 'y')");
+    EXPECT_EQ(take(*database, true), 51);
+    PlainConnection(file.path()).run("INSERT INTO Orders (ID) VALUES (70)");
+    EXPECT_EQ(take(*database, false), 71);
+    PlainConnection(file.path()).run("INSERT INTO Orders (OrderNumber) VALUES ('z')"); // takes 72
+    EXPECT_EQ(take(*database, true), 73);
+    PlainConnection(file.path()).run("UPDATE Orders SET ID = 90 WHERE ID = 2; DELETE FROM Orders WHERE ID = 73");
+    EXPECT_EQ(take(*database, true), 91);
+    PlainConnection(file.path()).run("DELETE FROM sqlite_sequence");
+    EXPECT_EQ(take(*database, true), 92);
+}
+
+TEST_P(AutoNumberTest, StaysSpentWhenTheFileIsClosedAndItsRowsAreGone)
+{
+    EXPECT_EQ(take(*database, true), 1);
+    EXPECT_EQ(take(*database, false), 2);
+    database->Execute("DELETE * FROM Orders");
+    database.reset();
+    database = file.open(GetParam());
+    EXPECT_EQ(take(*database, true), 3);
+}
+
+TEST_P(AutoNumberTest, NumbersTheRowsOfTablesMadeByStatements)
+{
+    database->Execute("CREATE TABLE tmpList (ID counter, Part text(50))");
+    Recordset list = database->OpenRecordset("SELECT * FROM tmpList");
+    list.AddNew();
+    EXPECT_EQ(list.Fields("ID").value(), Value(1));
+    list.Update();
+    list.Close();
+    database->Execute("INSERT INTO tmpList (Part) VALUES ('b')");
+    EXPECT_EQ(column(*database, "SELECT ID FROM tmpList"), "1 2");
+
+    // A copy keeps the numbers, and the column stays an AutoNumber.
+    database->Execute("SELECT * INTO tmpCopy FROM tmpList");
+    Recordset copy = database->OpenRecordset("SELECT * FROM tmpCopy");
+    copy.AddNew();
+    EXPECT_EQ(copy.Fields("ID").value(), Value(3));
+    copy.Update();
+    EXPECT_EQ(column(*database, "SELECT ID FROM tmpCopy"), "1 2 3");
+}
+
+INSTANTIATE_TEST_SUITE_P(Journals, AutoNumberTest, testing::Values(";journal=log", ";journal=rollback"),
+                         [](const auto &info) { return info.index == 0 ? "Log" : "Rollback"; });
+
+} // namespace

@@ -1,0 +1,152 @@
+#include "data/values/runtimeerror.h"
+#include "tests/dao/databasefile.h"
+
+namespace {
+
+class StatementsTest : public testing::Test
+{
+protected:
+    StatementsTest() { database->Execute("INSERT INTO Part (PartNo, Cost) VALUES ('A', 2)"); }
+
+    DatabaseFile file;
+    std::unique_ptr<Database> database = file.open();
+};
+
+TEST_F(StatementsTest, FailWithTheErrorsOfTheEngine)
+{
+    database->Execute("SELECT * INTO tmpCopy FROM Part");
+    const struct
+    {
+        const char *sql;
+        int error;
+        const char *text;
+    } cases[] = {
+        {"DROP TABLE tmpNone", 3376, "Table 'tmpNone' does not exist."},
+        {"SELECT * INTO tmpcopy FROM Part", 3010, "Table 'tmpcopy' already exists."},
+        {"CREATE TABLE PART (A long)", 3010, "Table 'PART' already exists."},
+        {"SELECT * FROM Part", 3065, "Cannot execute a select query."},
+        {"DELETE * FROM Nowhere", 3078,
+         "The Microsoft Jet database engine cannot find the input table or query 'Nowhere'. Make sure it exists and "
+         "that its name is spelled correctly."},
+        {"DELETE * FROM MSysPassword", 3078,
+         "The Microsoft Jet database engine cannot find the input table or query 'MSysPassword'. Make sure it exists "
+         "and that its name is spelled correctly."},
+        {"UPDATE Part SET Cost = 'much'", 3464, "Data type mismatch in criteria expression."},
+        {"INSERT INTO Orders (ID) SELECT 7 FROM Part", 0, ""},
+        {"INSERT INTO Orders (ID) SELECT 7 FROM Part", 3022,
+         "The changes you requested to the table were not successful because they would create duplicate values in "
+         "the index, primary key, or relationship. Change the data in the field or fields that contain duplicate "
+         "data, remove the index, or redefine the index to permit duplicate entries and try again."},
+    };
+    for (const auto &row : cases) {
+        const auto run = [&] { database->Execute(row.sql); };
+        try {
+            run();
+            EXPECT_EQ(row.error, 0) << row.sql;
+        } catch (const RuntimeError &error) {
+            EXPECT_EQ(error.number(), row.error) << row.sql << "\n" << error.detail().toStdString();
+            EXPECT_EQ(error.description(), row.text);
+        }
+    }
+    EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("DELETE * FROM Part"); }), 3219);
+    EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "A");
+}
+
+TEST_F(StatementsTest, TellTheStatementAndTheEnginesWordsInTheDetail)
+{
+    const QString sql = "INSERT INTO Orders (ID) VALUES (1)";
+    database->Execute(sql);
+    try {
+        database->Execute(sql);
+        FAIL();
+    } catch (const RuntimeError &error) {
+        EXPECT_TRUE(error.detail().contains(sql));
+        EXPECT_TRUE(error.detail().contains("UNIQUE constraint failed: Orders.ID"));
+    }
+}
+
+TEST_F(StatementsTest, ATableInUseIsNotDropped)
+{
+    database->Execute("SELECT * INTO tmpCopy FROM Part");
+    for (const char *sql : {"SELECT * FROM tmpCopy", "SELECT Count(PartNo) FROM TMPCOPY",
+                            "SELECT Part.PartNo FROM Part LEFT JOIN tmpCopy ON Part.PartNo = tmpCopy.PartNo"}) {
+        Recordset rows = database->OpenRecordset(sql);
+        EXPECT_EQ(errorTextOf([&] { database->Execute("DROP TABLE tmpcopy"); }),
+                  "The database engine could not lock table 'tmpCopy' because it is already in use by another person "
+                  "or process.");
+        rows.Eof();
+        EXPECT_EQ(errorNumberOf([&] { database->Execute("DROP TABLE tmpCopy"); }), 3211);
+        EXPECT_EQ(errorNumberOf([&] { database->Execute("SELECT * INTO tmpCopy FROM Part"); }), 3010);
+    }
+    database->Execute("DROP TABLE tmpCopy");
+    EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM tmpCopy"); }), 3078);
+}
+
+TEST_F(StatementsTest, SelectIntoKeepsTypesAndLeavesNothingBehindOnFailure)
+{
+    database->Execute("SELECT ID, OrderNumber, OrderDate, Total INTO tmpOrders FROM Orders");
+    const TableDef made = database->TableDefs().back();
+    EXPECT_EQ(made.Name, "tmpOrders");
+    ASSERT_EQ(made.columns.size(), 4u);
+    EXPECT_TRUE(made.columns[0].autoNumber);
+    EXPECT_TRUE(made.columns[1].type == ColumnType::Text && made.columns[1].size == 50);
+    EXPECT_EQ(made.columns[2].type, ColumnType::Date);
+    EXPECT_FALSE(made.columns[3].defaultZero);
+
+    const size_t tables = database->TableDefs().size();
+    EXPECT_NE(errorNumberOf([&] { database->Execute("SELECT 1 / MinOnHand AS D INTO tmpFail FROM Part"); }), 0);
+    EXPECT_EQ(database->TableDefs().size(), tables);
+}
+
+TEST_F(StatementsTest, SeeTheTablesThatAnotherConnectionMakesAndDrops)
+{
+    const auto other = file.open();
+    const QString read = "SELECT * FROM tmpShared";
+    other->Execute("CREATE TABLE tmpShared (A long)");
+    EXPECT_EQ(column(*database, read), "");
+    other->Execute("DROP TABLE tmpShared");
+    other->Execute("CREATE TABLE tmpShared (B text(10), C long)");
+    other->Execute("INSERT INTO tmpShared (B, C) VALUES ('x', 1)");
+    EXPECT_EQ(database->OpenRecordset(read).Fields(0).text(), "x");
+    Recordset shared = database->OpenRecordset(read);
+    EXPECT_EQ(shared.Eof(), false);
+    EXPECT_EQ(shared.Fields("C").value(), Value(1));
+    shared.Close();
+
+    other->Execute("DROP TABLE tmpShared");
+    other->Execute("CREATE TABLE tmpShared (C text(2))");
+    EXPECT_EQ(errorNumberOf([&] { database->Execute("INSERT INTO tmpShared (B, C) VALUES ('y', 2)"); }), 3127);
+    database->Execute("INSERT INTO tmpShared (C) VALUES ('z')");
+    EXPECT_EQ(column(*other, read), "z");
+    EXPECT_EQ(database->TableDefs().back().columns[0].size, 2);
+    other->Execute("DROP TABLE tmpShared");
+    EXPECT_EQ(errorNumberOf([&] { database->Execute("DROP TABLE tmpShared"); }), 3376);
+    EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset(read).Eof(); }), 3078);
+}
+
+TEST_F(StatementsTest, GiveUpOnALockAfterAWhile)
+{
+    for (const char *journal : {";journal=log", ";journal=rollback"}) {
+        SCOPED_TRACE(journal);
+        database.reset();
+        database = file.open(QString(journal) + ";busy=50");
+        PlainConnection holder(file.path());
+        holder.run("BEGIN EXCLUSIVE");
+        Recordset orders = database->OpenRecordset("SELECT * FROM Orders");
+        EXPECT_EQ(errorTextOf([&] { database->Execute("UPDATE Part SET Cost = 1"); }),
+                  "Could not update; currently locked.");
+        EXPECT_EQ(errorNumberOf([&] { orders.AddNew(); }), 3218);
+        EXPECT_EQ(errorTextOf([&] { database->Execute("SELECT * INTO tmpCopy FROM Part"); }),
+                  "The database engine could not lock table 'tmpCopy' because it is already in use by another person "
+                  "or process.");
+        // Readers go on beside a writer of the log, and wait for one of the rollback journal.
+        EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Part").Eof(); }),
+                  journal == std::string(";journal=log") ? 0 : 3211);
+        holder.run("COMMIT");
+        orders.AddNew();
+        orders.Update();
+        database->Execute("UPDATE Part SET Cost = 1");
+    }
+}
+
+} // namespace
