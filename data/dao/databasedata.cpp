@@ -138,10 +138,29 @@ Doing DatabaseData::reading(const jetsql::Translation &translation, const QStrin
 
 void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)
 {
+    if (m_editor != writer)
+        takeRow(m_editor); // each statement is committed for itself, so that the lock ends before it
+    m_connection.setCommitsSynced(true);
     for (RecordsetData *recordset : m_recordsets)
         recordset->prepareForWrite(table, recordset == writer);
     ++m_writes[table.toCaseFolded()];
     m_unsettled = true;
+}
+
+void DatabaseData::holdRow(RecordsetData *editor, const Doing &doing)
+{
+    takeRow(m_editor);
+    prepareToWrite(doing.table, editor);
+    m_rowLock = std::make_unique<Transaction>(m_connection, doing);
+    m_editor = editor;
+}
+
+std::unique_ptr<Transaction> DatabaseData::takeRow(const RecordsetData *editor)
+{
+    if (!editor || editor != m_editor)
+        return {};
+    m_editor = nullptr;
+    return std::move(m_rowLock);
 }
 
 void DatabaseData::detach(RecordsetData *recordset)

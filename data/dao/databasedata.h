@@ -38,6 +38,11 @@ public:
     /// statement half walked would see the change, and would keep the log from being reset. `writer` is the
     /// recordset that writes, if one does.
     void prepareToWrite(const QString &table, RecordsetData *writer);
+    /// Locks the file against other writers until the lock is taken back or something else is written, for a row
+    /// between Edit and Update: what is read in between is what the Update then replaces.
+    void holdRow(RecordsetData *editor, const Doing &doing);
+    /// The lock of that recordset's Edit, to be committed or, by being dropped, given up; or nullptr.
+    std::unique_ptr<Transaction> takeRow(const RecordsetData *editor);
     /// How often a table was written on this connection, to tell a stale row.
     quint64 writes(const QString &table) const { return m_writes.value(table.toCaseFolded()); }
 
@@ -61,5 +66,7 @@ private:
     LruCache<QString, Translated> m_translations{256};
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
+    const RecordsetData *m_editor = nullptr; ///< the recordset that holds m_rowLock
+    std::unique_ptr<Transaction> m_rowLock;
     bool m_unsettled = false;
 };

@@ -54,7 +54,9 @@ public:
 
     /// Starts a new row holding the columns' defaults; an AutoNumber is taken at once and never given back.
     void AddNew();
-    /// Starts a change of the current row; 3021 without one, 3027 on a read-only result.
+    /// Starts a change of the current row, read anew and locked against other processes until Update, until the
+    /// change is dropped, or until anything else is written. 3021 without a row, 3027 on a read-only result, 3218
+    /// when another process does not let go.
     void Edit();
     /// Writes the pending row and commits it. After AddNew the current row is the one before it.
     void Update();

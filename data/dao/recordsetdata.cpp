@@ -24,6 +24,7 @@ void RecordsetData::adopt(Query query)
 
 RecordsetData::~RecordsetData()
 {
+    m_database->takeRow(this);
     m_database->detach(this);
     m_database->connection().giveBack(std::move(m_statement));
 }
@@ -85,7 +86,7 @@ void RecordsetData::moveNext()
     begin();
     if (!m_hasRow)
         throw runtimeError(3021, {}, m_reading.statement);
-    m_pending.reset();
+    dropPending();
     m_fresh.clear();
     m_deleted = false;
     if (m_state == State::Walking)
@@ -210,7 +211,7 @@ void RecordsetData::requireUpdatable()
 void RecordsetData::addNew()
 {
     requireUpdatable();
-    m_pending.reset();
+    dropPending();
     Pending row{true, {}};
     for (const ColumnDef &column : m_table->columns) {
         if (column.autoNumber) {
@@ -226,6 +227,11 @@ void RecordsetData::addNew()
 void RecordsetData::edit()
 {
     requireUpdatable();
+    requireRow();
+    dropPending();
+    m_database->holdRow(this, {Doing::Writing, m_table->Name, "Edit of " + m_reading.statement});
+    ++m_seenWrites;
+    refresh(currentRow());
     requireRow();
     m_pending = Pending{false, std::vector<std::optional<Value>>(m_table->columns.size())};
 }
@@ -247,11 +253,20 @@ void RecordsetData::update()
     const Doing writing{Doing::Writing, m_table->Name, "Update of " + m_reading.statement};
     m_database->prepareToWrite(m_table->Name, this);
     ++m_seenWrites;
+    const std::unique_ptr<Transaction> rowLock = m_database->takeRow(this);
     if (m_pending->adding)
         insertPending(writing);
     else
         updatePending(writing);
+    if (rowLock)
+        rowLock->commit();
     m_pending.reset();
+}
+
+void RecordsetData::dropPending()
+{
+    m_pending.reset();
+    m_database->takeRow(this);
 }
 
 void RecordsetData::insertPending(const Doing &writing)

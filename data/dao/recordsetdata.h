@@ -52,6 +52,7 @@ private:
     void requireRow();
     void requireUpdatable();
     qint64 currentRow() const;
+    void dropPending();
     int tableColumn(int column) const { return m_tableColumns[size_t(column)]; }
     void insertPending(const Doing &writing);
     void updatePending(const Doing &writing);

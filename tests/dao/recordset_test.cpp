@@ -177,6 +177,46 @@ TEST_F(RecordsetTest, WritesOnlyWhatWasAssignedAndShowsItInItsRow)
     EXPECT_EQ(column(*database, "SELECT Cost FROM Part WHERE PartNo = 'A'"), "9");
 }
 
+TEST_F(RecordsetTest, LocksARowBetweenEditAndUpdateAndReadsItAnew)
+{
+    addPart("A", 1);
+    for (const char *journal : {";journal=log", ";journal=rollback"}) {
+        SCOPED_TRACE(journal);
+        database.reset();
+        database = file.open(journal);
+        database->Execute("UPDATE Part SET Cost = 1");
+        const auto other = file.open(QString(journal) + ";busy=50");
+        const auto addOne = [&] { other->Execute("UPDATE Part SET Cost = Cost + 1"); };
+
+        Recordset rows = database->OpenRecordset("SELECT * FROM Part");
+        EXPECT_EQ(rows.Fields("Cost").value(), Value(1.0));
+        database->settle();
+        addOne();
+        rows.Edit();
+        EXPECT_EQ(rows.Fields("Cost").value(), Value(2.0));
+        EXPECT_EQ(errorNumberOf(addOne), 3218);
+        rows.Fields("Cost") = 5;
+        rows.Update();
+        EXPECT_EQ(errorNumberOf(addOne), 0);
+        rows.Edit();
+        EXPECT_EQ(errorNumberOf(addOne), 3218);
+        rows.MoveNext(); // drops the change and the lock
+        EXPECT_EQ(errorNumberOf(addOne), 0);
+        rows = database->OpenRecordset("SELECT * FROM Part");
+        rows.Edit();
+        rows.Fields("Cost") = 20;
+        // What is written in between is committed at once, and so cannot lie inside the lock.
+        database->Execute("UPDATE Part SET Vendor = 'Smith'");
+        EXPECT_EQ(column(*other, "SELECT Vendor FROM Part"), "Smith");
+        EXPECT_EQ(errorNumberOf(addOne), 0);
+        rows.Update();
+        EXPECT_EQ(column(*other, "SELECT Cost FROM Part"), "20");
+        rows.Edit();
+        rows.Close();
+        EXPECT_EQ(errorNumberOf(addOne), 0);
+    }
+}
+
 TEST_F(RecordsetTest, StaysOnItsRowAfterAddingOne)
 {
     addPart("A", 1);

@@ -16,22 +16,20 @@ namespace {
 class Unsynced
 {
 public:
-    Unsynced(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
-    {
-        if (!m_connection.usesLog())
-            m_connection.run("PRAGMA synchronous=OFF", m_doing);
-    }
+    explicit Unsynced(Connection &connection) : m_connection(connection) { connection.setCommitsSynced(false); }
     Unsynced(const Unsynced &) = delete;
     Unsynced &operator=(const Unsynced &) = delete;
     ~Unsynced()
     {
-        if (!m_connection.usesLog())
-            m_connection.run("PRAGMA synchronous=FULL", m_doing);
+        try {
+            m_connection.setCommitsSynced(true);
+        } catch (const RuntimeError &) {
+            // A lock of another process; whoever writes next demands it again.
+        }
     }
 
 private:
     Connection &m_connection;
-    Doing m_doing;
 };
 
 } // namespace
@@ -39,7 +37,7 @@ private:
 qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QString &column)
 {
     const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
-    const Unsynced unsynced(connection, writing);
+    const Unsynced unsynced(connection);
     const QByteArray highest =
         "coalesce((SELECT max(" + Tables::quoted(column) + ") FROM " + Tables::quoted(table.Name) + "), 0)";
     Statement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +

@@ -149,6 +149,14 @@ void Connection::syncLog()
         raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
 }
 
+void Connection::setCommitsSynced(bool synced)
+{
+    if (m_usesLog || synced == m_commitsSynced)
+        return;
+    run(synced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF", {Doing::Writing, {}, {}});
+    m_commitsSynced = synced;
+}
+
 void Connection::raise(int code, const Doing &doing) const
 {
     throw errorFor(code, m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle.get())) : QString(), m_file, doing);

@@ -59,6 +59,9 @@ public:
     /// True while commits of this connection are not synced each for themselves.
     bool usesLog() const { return m_usesLog; }
 
+    /// Whether each commit of the rollback journal is synced to the disk, as it is from the start.
+    void setCommitsSynced(bool synced);
+
     /// Raises the run-time error for a result code of SQLite.
     [[noreturn]] void raise(int code, const Doing &doing) const;
 
@@ -75,6 +78,7 @@ private:
     std::unique_ptr<sqlite3, Closer> m_handle;
     LruCache<QByteArray, Statement> m_idle{128};
     bool m_usesLog = false;
+    bool m_commitsSynced = true;
 };
 
 /// Several statements that are committed as one. Rolls back unless committed.
