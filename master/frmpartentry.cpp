@@ -1,0 +1,117 @@
+#include "master/frmpartentry.h"
+
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/formlayout.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/mousepointer.h"
+#include "app/toolkit/msgbox.h"
+#include <QVBoxLayout>
+
+frmPartEntry::frmPartEntry()
+    : Form("frmPartEntry", "Part Entry/Edit"), cmbPartNo(addEditable("cmbPartNo")),
+      cmbCategory(addEditable("cmbCategory")), cmbVendor(addEditable("cmbVendor")), txtLeadTime(addText("txtLeadTime")),
+      txtSuperceded(addText("txtSuperceded")), txtBinLocation(addText("txtBinLocation")),
+      txtMinOnHand(addText("txtMinOnHand")), txtReorderQty(addText("txtReorderQty")),
+      txtQtyPerPack(addText("txtQtyPerPack")), txtCost(addMoney("txtCost")), txtSalePrice(addMoney("txtSalePrice")),
+      cmbStatus(addList("cmbStatus")), btnSave(addButton("btnSave", "Save And Close")),
+      btnExit(addButton("btnExit", "Exit"))
+{
+    using enum BoundColumns::Written;
+    m_columns = BoundColumns({
+        {cmbCategory, "Category"},
+        {cmbVendor, "Vendor", WhenNotEmpty},
+        {txtLeadTime, "LeadTime", WhenNotEmpty},
+        {txtSuperceded, "Superceded", WhenNotEmpty},
+        {txtBinLocation, "BinLocation"},
+        {txtMinOnHand, "MinOnHand", WhenNotEmpty},
+        {txtReorderQty, "ReorderQty", WhenNotEmpty},
+        {txtQtyPerPack, "QtyPerPack", WhenNotEmpty},
+        {txtCost, "Cost", WhenNotEmpty},
+        {txtSalePrice, "SalePrice", WhenNotEmpty},
+        {cmbStatus, "Status"},
+    });
+    layOut();
+    connect(cmbPartNo, &ComboBox::change, this, &frmPartEntry::ShowPart);
+    connect(cmbPartNo, &ComboBox::click, this, &frmPartEntry::ShowPart);
+    connect(btnSave, &QPushButton::clicked, this, &frmPartEntry::btnSave_Click);
+    connect(btnExit, &QPushButton::clicked, this, &Form::unload);
+}
+
+void frmPartEntry::layOut()
+{
+    auto *layout = new QVBoxLayout(this);
+    auto *fields = new FieldLayout;
+    layout->addLayout(fields);
+    fields->add("Part No.", cmbPartNo);
+    fields->add("Category", cmbCategory);
+    fields->add("Vendor", cmbVendor);
+    fields->add("Lead Time", txtLeadTime);
+    fields->add("Superceded", txtSuperceded);
+    fields->add("Bin Location", txtBinLocation);
+    fields->add("Min on Hand", txtMinOnHand);
+    fields->add("Re-Order Qty", txtReorderQty);
+    fields->add("Qty Per Pack", txtQtyPerPack);
+    fields->add("Cost", txtCost);
+    fields->add("Sale Price", txtSalePrice);
+    fields->add("Status", cmbStatus);
+    layout->addStretch();
+    layout->addLayout(buttonRow({btnSave, btnExit}));
+    setTabOrder({cmbPartNo, cmbCategory, cmbVendor, txtLeadTime, txtSuperceded, txtBinLocation, txtMinOnHand,
+                 txtReorderQty, txtQtyPerPack, txtCost, txtSalePrice, cmbStatus, btnSave, btnExit});
+}
+
+void frmPartEntry::formLoad()
+{
+    setHourglass();
+    cmbStatus->addItem("Active");
+    cmbStatus->addItem("InActive");
+    fillCombo(cmbCategory, "SELECT DISTINCT Category FROM Part ORDER BY Category", "Category");
+    fillVendors();
+    fillCombo(cmbPartNo, "SELECT * FROM Part ORDER BY PartNo", "PartNo");
+    setDefaultPointer();
+}
+
+void frmPartEntry::fillVendors()
+{
+    Recordset rs = gDatabase->OpenRecordset("SELECT DISTINCT Vendor FROM Part Order By Vendor");
+    while (!rs.Eof()) {
+        if (!rs.Fields("Vendor").isNull())
+            cmbVendor->addItem(rs.Fields("Vendor").value());
+        rs.MoveNext();
+    }
+    rs.Close();
+}
+
+void frmPartEntry::ShowPart()
+{
+    if (cmbPartNo->text().isEmpty())
+        return;
+    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Part WHERE PartNo = '" + cmbPartNo->text() + "'");
+    if (rs.Bof() && rs.Eof()) {
+        m_columns.blank();
+        cmbStatus->setText("Active");
+    } else {
+        m_columns.show(rs);
+    }
+    rs.Close();
+}
+
+void frmPartEntry::btnSave_Click()
+{
+    if (cmbPartNo->text().isEmpty() || cmbStatus->text().isEmpty() || cmbCategory->text().isEmpty()) {
+        MsgBox("Part Number, Category, and Status are required.", "Required Fields");
+        return;
+    }
+    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Part WHERE PartNo = '" + cmbPartNo->text() + "'");
+    if (rs.Bof() && rs.Eof()) {
+        rs.AddNew();
+        rs.Fields("DateAdded") = Date::now();
+        rs.Fields("PartNo") = cmbPartNo->text();
+    } else {
+        rs.Edit();
+    }
+    m_columns.write(rs);
+    rs.Update();
+    rs.Close();
+    unload();
+}

@@ -1,0 +1,94 @@
+#include "master/frmwarehouseentry.h"
+
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/formlayout.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/msgbox.h"
+#include <QVBoxLayout>
+
+frmWarehouseEntry::frmWarehouseEntry()
+    : Form("frmWarehouseEntry", "Warehouse Entry/Edit"), cmbWarehouse(addEditable("cmbWarehouse")),
+      txtAddress1(addText("txtAddress1")), txtAddress2(addText("txtAddress2")), txtCity(addText("txtCity")),
+      txtState(addText("txtState")), txtZip(addText("txtZip")), txtPhone(addText("txtPhone")),
+      txtFax(addText("txtFax")), cmbStatus(addList("cmbStatus")), txtContact(addText("txtContact")),
+      btnSave(addButton("btnSave", "Save And Close")), btnExit(addButton("btnExit", "Exit"))
+{
+    m_columns = BoundColumns({
+        {txtAddress1, "Address1"},
+        {txtAddress2, "Address2"},
+        {txtCity, "City"},
+        {txtState, "State"},
+        {txtZip, "Zip"},
+        {txtPhone, "Phone"},
+        {txtFax, "Fax"},
+        {cmbStatus, "Status"},
+        {txtContact, "Contact"},
+    });
+    layOut();
+    connect(cmbWarehouse, &ComboBox::change, this, &frmWarehouseEntry::ShowWarehouse);
+    connect(cmbWarehouse, &ComboBox::click, this, &frmWarehouseEntry::ShowWarehouse);
+    connect(btnSave, &QPushButton::clicked, this, &frmWarehouseEntry::btnSave_Click);
+    connect(btnExit, &QPushButton::clicked, this, &Form::unload);
+}
+
+void frmWarehouseEntry::layOut()
+{
+    auto *layout = new QVBoxLayout(this);
+    auto *fields = new FieldLayout;
+    layout->addLayout(fields);
+    fields->add("Warehouse", cmbWarehouse);
+    fields->add("Address 1", txtAddress1);
+    fields->add("Address 2", txtAddress2);
+    fields->add("City/St/Zip", {txtCity, txtState, txtZip});
+    fields->add("Phone", txtPhone);
+    fields->add("Fax", txtFax);
+    fields->add("Contact", txtContact);
+    fields->add("Status", cmbStatus);
+    layout->addStretch();
+    layout->addLayout(buttonRow({btnSave, btnExit}));
+    setFieldWidth(txtState, 4);
+    setFieldWidth(txtZip, 10);
+    setTabOrder({cmbWarehouse, txtAddress1, txtAddress2, txtCity, txtState, txtZip, txtPhone, txtFax, txtContact,
+                 cmbStatus, btnSave, btnExit});
+}
+
+void frmWarehouseEntry::formLoad()
+{
+    cmbStatus->addItem("Active");
+    cmbStatus->addItem("InActive");
+    fillCombo(cmbWarehouse, "SELECT * FROM Warehouse ORDER BY Warehouse", "Warehouse");
+}
+
+void frmWarehouseEntry::ShowWarehouse()
+{
+    if (cmbWarehouse->text().isEmpty())
+        return;
+    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Warehouse WHERE Warehouse = '" + cmbWarehouse->text() + "'");
+    if (rs.Bof() && rs.Eof()) {
+        m_columns.blank();
+        cmbStatus->setText("Active");
+    } else {
+        m_columns.show(rs);
+    }
+    rs.Close();
+}
+
+void frmWarehouseEntry::btnSave_Click()
+{
+    if (cmbWarehouse->text().isEmpty() || cmbStatus->text().isEmpty()) {
+        MsgBox("Warehouse Name and Status are required.", "Required Fields");
+        return;
+    }
+    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Warehouse WHERE Warehouse = '" + cmbWarehouse->text() + "'");
+    if (rs.Bof() && rs.Eof()) {
+        rs.AddNew();
+        rs.Fields("DateAdded") = Date::now();
+        rs.Fields("Warehouse") = cmbWarehouse->text();
+    } else {
+        rs.Edit();
+    }
+    m_columns.write(rs);
+    rs.Update();
+    rs.Close();
+    unload();
+}
