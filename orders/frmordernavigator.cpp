@@ -1,0 +1,189 @@
+#include "orders/frmordernavigator.h"
+
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/formatgrid.h"
+#include "app/toolkit/formlayout.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/mousepointer.h"
+#include "app/toolkit/navigatorlayout.h"
+#include "data/values/conversions.h"
+#include "orders/frmorderentry.h"
+#include <QVBoxLayout>
+
+namespace {
+/// Columns by name, looked up once: the list may hold every order of all years.
+std::vector<Field> fields(const Recordset &rs, std::initializer_list<const char *> names)
+{
+    std::vector<Field> found;
+    for (const char *name : names)
+        found.push_back(rs.Fields(name));
+    return found;
+}
+
+void appendCells(QString &row, const std::vector<Field> &cells)
+{
+    for (const Field &cell : cells)
+        row += cell.joined() + '\t';
+}
+} // namespace
+
+frmOrderNavigator::frmOrderNavigator()
+    : Form("frmOrderNavigator", "Order Navigator"), Frame1(addFrame("Frame1", "Search Criteria")),
+      cmbWarehouse(addList("cmbWarehouse")), cmbCustomer(addList("cmbCustomer")), cmbStatus(addList("cmbStatus")),
+      txtOrderNumber(addText("txtOrderNumber")), chkOrderDate(addCheck("chkOrderDate", "Order Date")),
+      dtStartDate(addDate("dtStartDate")), dtEndDate(addDate("dtEndDate")), btnFind(addButton("btnFind", "Find")),
+      btnClear(addButton("btnClear", "Clear")), btnAddNew(addButton("btnAddNew", "Add New")),
+      btnExit(addButton("btnExit", "Exit")), Frame2(addFrame("Frame2", "Orders")), vsfgOrders(addGrid("vsfgOrders")),
+      Frame3(addFrame("Frame3", "Line Items")), vsfgItems(addGrid("vsfgItems"))
+{
+    layOut();
+    cmbWarehouse->setTypeAhead();
+    cmbCustomer->setTypeAhead();
+    connect(btnFind, &QPushButton::clicked, this, &frmOrderNavigator::UpdateGrids);
+    connect(btnClear, &QPushButton::clicked, this, &frmOrderNavigator::btnClear_Click);
+    connect(btnAddNew, &QPushButton::clicked, this, [] { Load("frmOrderEntry"); });
+    connect(btnExit, &QPushButton::clicked, this, &Form::unload);
+    connect(vsfgOrders, &FlexGrid::afterRowColChange, this,
+            [this](int, int, int newRow) { vsfgOrders_AfterRowColChange(newRow); });
+    connect(vsfgOrders, &FlexGrid::dblClick, this, &frmOrderNavigator::vsfgOrders_DblClick);
+}
+
+void frmOrderNavigator::layOut()
+{
+    auto *layout = new QVBoxLayout(Frame1);
+    auto *fields = new FieldLayout;
+    layout->addLayout(fields);
+    fields->add("Warehouse", cmbWarehouse);
+    fields->add("Customer", cmbCustomer);
+    fields->add("Status", cmbStatus);
+    fields->add("Order Number", txtOrderNumber, 1);
+    fields->add(chkOrderDate, 1);
+    fields->add({}, {dtStartDate, dtEndDate}, 1);
+    layout->addLayout(buttonRow({btnFind, btnClear, btnAddNew, btnExit}));
+    vsfgOrders->setParent(Frame2);
+    vsfgItems->setParent(Frame3);
+    setTabOrder({cmbWarehouse, cmbCustomer, cmbStatus, txtOrderNumber, chkOrderDate, dtStartDate, dtEndDate, btnFind,
+                 btnClear, btnAddNew, btnExit, vsfgOrders, vsfgItems});
+}
+
+void frmOrderNavigator::formLoad()
+{
+    gOrderNavigatorOpen = true;
+    placeNavigator(this, 9000, mainWindowTwips().height() * 0.9);
+    cmbStatus->addItems({"Open", "Closed", "Void"});
+    fillCombo(cmbWarehouse, "SELECT Warehouse FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
+    fillCombo(cmbCustomer, "SELECT Customer FROM Customer WHERE Status = 'Active' ORDER BY Customer", "Customer");
+    dtStartDate->setValue(Date::today());
+    dtEndDate->setValue(Date::today());
+    UpdateGrids();
+    vsfgItems->setRows(0);
+}
+
+void frmOrderNavigator::formUnload()
+{
+    gOrderNavigatorOpen = false;
+}
+
+QString frmOrderNavigator::searchStatement() const
+{
+    bool noWhereYet = true;
+    QString sql = "SELECT * FROM Orders";
+    const auto criterion = [&](const QString &condition) {
+        sql += (noWhereYet ? " WHERE " : " AND ") + condition;
+        noWhereYet = false;
+    };
+    if (!cmbWarehouse->text().isEmpty())
+        criterion(" Orders.Warehouse = '" + cmbWarehouse->text() + "'");
+    if (!cmbCustomer->text().isEmpty())
+        criterion(" Orders.Customer = '" + cmbCustomer->text() + "'");
+    if (!cmbStatus->text().isEmpty())
+        criterion(" Orders.Status = '" + cmbStatus->text() + "'");
+    if (chkOrderDate->isChecked())
+        criterion(" Orders.OrderDate >= #" + dtStartDate->value().toText() + "# AND Orders.OrderDate <= #" +
+                  dtEndDate->value().toText() + "#");
+    if (!txtOrderNumber->text().isEmpty())
+        criterion(" Orders.OrderNumber Like '*" + txtOrderNumber->text() + "*'");
+    return sql + " ORDER BY Orders.Customer, Orders.OrderNumber";
+}
+
+void frmOrderNavigator::UpdateGrids()
+{
+    setHourglass();
+    Recordset rs = gDatabase->OpenRecordset(searchStatement());
+    fillOrders(rs);
+    rs.Close();
+    formatGrid(vsfgOrders, {6});
+    vsfgItems->setRows(0);
+    setDefaultPointer();
+}
+
+void frmOrderNavigator::fillOrders(Recordset &rs)
+{
+    vsfgOrders->setRows(0);
+    vsfgOrders->setCols(12);
+    vsfgOrders->addItem("Warehouse\tOrder Number\tCustomer\tOrder Date\tDue Date\tStatus\tTotal\tShip To\tShip To "
+                        "Phone\tShip To Fax\tDate Added\tOrderID");
+    const auto before = fields(rs, {"Warehouse", "OrderNumber", "Customer", "OrderDate", "DueDate", "Status", "Total"});
+    const auto shipTo =
+        fields(rs, {"ShipTo", "ShipToAddress1", "ShipToAddress2", "ShipToCity", "ShipToState", "ShipToZip"});
+    const auto after = fields(rs, {"ShipToPhone", "ShipToFax", "DateAdded"});
+    const Field id = rs.Fields("ID");
+    QString row;
+    while (!rs.Eof()) {
+        row.resize(0);
+        appendCells(row, before);
+        const QString address2 = shipTo[2].joined();
+        row += shipTo[0].joined() + ", " + shipTo[1].joined() + ", ";
+        if (!address2.isEmpty())
+            row += address2 + ", ";
+        row += shipTo[3].joined() + ", " + shipTo[4].joined() + ' ' + shipTo[5].joined() + '\t';
+        appendCells(row, after);
+        vsfgOrders->addItem(row + id.joined());
+        rs.MoveNext();
+    }
+}
+
+void frmOrderNavigator::vsfgOrders_AfterRowColChange(int newRow)
+{
+    if (newRow <= 0)
+        return;
+    const QString orderID = vsfgOrders->textMatrix(newRow, 11);
+    Frame3->setTitle("Order " + vsfgOrders->textMatrix(newRow, 1) + " Line Items");
+    vsfgItems->setRows(0);
+    vsfgItems->setCols(8);
+    vsfgItems->addItem("Item Number\tQty Ordered\tQty Shipped\tPart No.\tCategory\tPrice Each\tPrice Ext.\tCust. No.");
+    Recordset rs = gDatabase->OpenRecordset(
+        "SELECT ItemNumber,OrderItem.Qty,SUM(ShipmentItems.Qty) AS Shipped, "
+        "PartNo,Category,PriceEach,PriceExt,CustomerNumber FROM (OrderItem LEFT JOIN ShipmentItems ON "
+        "OrderItem.OrderID = ShipmentItems.OrderID AND OrderItem.ItemNumber = ShipmentItems.OrderLineItem) WHERE "
+        "OrderItem.OrderID = " +
+        orderID + " GROUP BY ItemNumber,OrderItem.Qty,PartNo,Category,PriceEach,PriceExt,CustomerNumber");
+    const auto cells = fields(rs, {"ItemNumber", "Qty", "Shipped", "PartNo", "Category", "PriceEach", "PriceExt"});
+    while (!rs.Eof()) {
+        QString row;
+        appendCells(row, cells);
+        vsfgItems->addItem(row + rs.Fields("CustomerNumber").joined());
+        rs.MoveNext();
+    }
+    rs.Close();
+    formatGrid(vsfgItems, {5, 6});
+}
+
+void frmOrderNavigator::vsfgOrders_DblClick(int row)
+{
+    // The header counts as no order: the form opens empty. Numbers beyond 16 bits overflow here.
+    const qint16 id = row >= 1 ? CInt(vsfgOrders->textMatrix(row, 11)) : 0;
+    static_cast<frmOrderEntry *>(Load("frmOrderEntry"))->OpenOrder(id);
+}
+
+void frmOrderNavigator::btnClear_Click()
+{
+    cmbWarehouse->setListIndex(-1);
+    cmbStatus->setListIndex(-1);
+    cmbCustomer->setListIndex(-1);
+    txtOrderNumber->clear();
+    chkOrderDate->setChecked(false);
+    UpdateGrids();
+    vsfgItems->setRows(0);
+    Frame3->setTitle("Line Items");
+}
