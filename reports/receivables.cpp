@@ -32,9 +32,8 @@ QString customersWithoutOverdue(const Date &limit)
     QString customer = invoices.Fields("Customer").text();
     bool overdue = false;
     while (!invoices.Eof()) {
-        const double balance =
-            Val(invoices.Fields("Total").text()) -
-            (Val(invoices.Fields("Received").text()) + Val(invoices.Fields("Adjustment").text()));
+        const double balance = Val(invoices.Fields("Total").text()) -
+                               (Val(invoices.Fields("Received").text()) + Val(invoices.Fields("Adjustment").text()));
         if (invoices.Fields("InvoiceDate").value().toDate() < limit && balance > 0.001)
             overdue = true;
         invoices.MoveNext();
@@ -67,7 +66,10 @@ void keepOverdueCustomers(const QString &AsOfDate, const QString &OverDays)
     dropCustomers(customersWithoutOverdue(limit));
 }
 
-double sumOrZero(const Field &sum) { return sum.joined().isEmpty() ? 0 : Val(sum.text()); }
+double sumOrZero(const Field &sum)
+{
+    return sum.joined().isEmpty() ? 0 : Val(sum.text());
+}
 
 /// Whether the file holds a table, as a fresh look at it tells.
 bool databaseHasTable(const QString &name)

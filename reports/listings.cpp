@@ -1,0 +1,87 @@
+#include "reports/listings.h"
+#include "app/toolkit/mainmod.h"
+#include "reports/handover.h"
+#include "reports/runtime/report.h"
+
+void Reports::ReportOpenOrders()
+{
+    HandOver handOver(HandOver::Pointer::NotOwned);
+    DropTableIfExists("tmpShipped");
+    gDatabase->Execute("SELECT OrderID,OrderLineItem,SUM(Qty) AS Shipped INTO tmpShipped  FROM ShipmentItems GROUP BY "
+                       "OrderID, OrderLineItem");
+    handOver.read(
+        "crptOpenOrders",
+        gDatabase->OpenRecordset(
+            "SELECT Orders.ID,Orders.OrderNumber,Orders.OrderDate,Orders.Customer,Customer.Address1,"
+            "Customer.Address2,Customer.City,Customer.State,Customer.Zip,Orders.ShipTo,Orders.ShipToAddress1,"
+            "Orders.ShipToAddress2,Orders.ShipToCity,Orders.ShipToState,Orders.ShipToZip,OrderItem.ItemNumber, "
+            "OrderItem.PartNo,Part.Category,CustomerNumber,OrderItem.Qty,tmpShipped.Shipped FROM ((((Orders LEFT JOIN "
+            "Customer ON Orders.Customer = Customer.Customer) LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) "
+            "LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) LEFT JOIN tmpShipped ON OrderItem.OrderID = "
+            "tmpShipped.OrderID AND OrderItem.ItemNumber = tmpShipped.OrderLineItem) WHERE Orders.Status = 'Open'  "
+            "ORDER BY Orders.ID,OrderItem.ItemNumber"));
+    handOver.deliver();
+}
+
+void Reports::ReportPartListing()
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    handOver.read("crptPartListing",
+                  gDatabase->OpenRecordset(
+                      "SELECT PartNo,Category,Vendor,LeadTime,Superceded,BinLocation,MinOnHand,ReorderQty,QtyPerPack,"
+                      "Cost,SalePrice,Status,DateAdded FROM Part ORDER BY Status,PartNo"));
+    handOver.deliver();
+}
+
+void Reports::ReportCustomerListing()
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    handOver.read("crptCustomerListing",
+                  gDatabase->OpenRecordset(
+                      "SELECT Customer,Address1,Address2,City,State,Zip,Phone,Fax,Status,DateAdded,ShipTo,"
+                      "ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToPhone,ShipToFax,Terms,"
+                      "Days,PriceSheet,Territory FROM Customer ORDER BY Status,Customer,DateAdded"));
+    handOver.deliver();
+}
+
+void Reports::ReportWarehouseListing()
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    handOver.read("crptWarehouseListing",
+                  gDatabase->OpenRecordset("SELECT WareHouse,Address1,Address2,City,State,Zip,Phone,Fax,Contact,Status,"
+                                           "DateAdded FROM Warehouse ORDER BY Status,Warehouse"));
+    handOver.deliver();
+}
+
+void Reports::ReportAdjustmentControl(const QString &AdjustmentID)
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    handOver.read(
+        "crptInventoryAdjustControlReport",
+        gDatabase->OpenRecordset(
+            "SELECT ID,Date,AdjustmentHeader.DateAdded,Warehouse,AdjustmentDetail.PartNo,Qty,Part.Category FROM "
+            "((AdjustmentHeader LEFT JOIN AdjustmentDetail ON AdjustmentHeader.ID = AdjustmentDetail.AdjustmentID) "
+            "LEFT JOIN Part ON AdjustmentDetail.PartNo = Part.PartNo) WHERE AdjustmentHeader.ID = " +
+            AdjustmentID));
+    handOver.deliver();
+}
+
+void Reports::ReportTransferControl(const QString &TransferID)
+{
+    HandOver handOver(HandOver::Pointer::Owned);
+    auto transfer = gDatabase->OpenRecordset(
+        "SELECT TransferHeader.ID,TransferHeader.FromID,AdjustmentHeader.Date,AdjustmentHeader.DateAdded,"
+        "AdjustmentHeader.Warehouse,AdjustmentDetail.PartNo,Qty,Part.Category, Warehouse.Address1, "
+        "Warehouse.Address2, Warehouse.City, Warehouse.State, Warehouse.Zip FROM ((((TransferHeader LEFT JOIN "
+        "AdjustmentHeader ON TransferHeader.ToID = AdjustmentHeader.ID) LEFT JOIN AdjustmentDetail ON "
+        "AdjustmentHeader.ID = AdjustmentDetail.AdjustmentID) LEFT JOIN Part ON AdjustmentDetail.PartNo = "
+        "Part.PartNo) LEFT JOIN Warehouse ON AdjustmentHeader.Warehouse = Warehouse.Warehouse) WHERE "
+        "TransferHeader.ID = " +
+        TransferID + " ORDER BY Part.Category,AdjustmentDetail.PartNo");
+    auto from = gDatabase->OpenRecordset("SELECT Warehouse FROM AdjustmentHeader WHERE ID = " +
+                                         transfer.Fields("FromID").joined());
+    Report &report = handOver.read("crptInventoryTransferControlReport", std::move(transfer));
+    report.object("txtFromWarehouse").SetText(from.Fields("Warehouse").text());
+    handOver.deliver();
+    from.Close();
+}

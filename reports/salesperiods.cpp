@@ -1,0 +1,39 @@
+#include "reports/salesperiods.h"
+#include "data/values/conversions.h"
+
+namespace {
+
+struct DateParts
+{
+    QString month, day, year;
+};
+
+DateParts partsOf(const QString &text)
+{
+    const auto first = text.indexOf('/');
+    const auto second = text.indexOf('/', first + 1);
+    return {text.left(first), text.mid(first + 1, second - first - 1), text.mid(second + 1)};
+}
+
+/// Moves a 29 February to the day before it.
+void leaveLeapDay(DateParts &date)
+{
+    const QString monthDay = date.month + "/" + date.day;
+    if (monthDay == "02/29" || monthDay == "2/29")
+        date.day = "28";
+}
+
+} // namespace
+
+SalesPeriods salesPeriods(const QString &BeginDate, const QString &EndDate)
+{
+    DateParts begin = partsOf(BeginDate);
+    DateParts end = partsOf(EndDate);
+    const QString LastYear = textOf(Val(end.year) - 1);
+    if (CInt(Val(LastYear.right(2))) % 4 != 0) {
+        leaveLeapDay(begin);
+        leaveLeapDay(end);
+    }
+    return {end.year, LastYear, begin.month + "/" + begin.day + "/" + LastYear,
+            end.month + "/" + end.day + "/" + LastYear};
+}

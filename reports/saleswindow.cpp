@@ -1,0 +1,26 @@
+#include "reports/saleswindow.h"
+#include "data/values/date.h"
+
+static int lastDayOf(int month)
+{
+    switch (month) {
+    case 2:
+        return 28;
+    case 4:
+    case 6:
+    case 9:
+    case 11:
+        return 30;
+    default:
+        return 31;
+    }
+}
+
+SalesWindow salesWindow(int Months)
+{
+    const Date today = Date::today();
+    const QDate start = today.addMonths(-Months).date();
+    const QDate end = today.addMonths(-1).date();
+    return {QString("%1/1/%2").arg(start.month()).arg(start.year()),
+            QString("%1/%2/%3").arg(end.month()).arg(lastDayOf(end.month())).arg(end.year())};
+}
