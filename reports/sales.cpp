@@ -1,8 +1,8 @@
 #include "reports/sales.h"
 #include "app/toolkit/mainmod.h"
+#include "reports/fielddeffile.h"
 #include "reports/handover.h"
 #include "reports/invoicedates.h"
-#include "reports/runtime/fielddeffile.h"
 #include "reports/runtime/report.h"
 #include "reports/salesperiods.h"
 #include <QCoreApplication>

@@ -1,0 +1,61 @@
+#include "reports/dialogs/documentdialogs.h"
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/msgbox.h"
+#include "reports/operational.h"
+
+frmPickTicket::frmPickTicket() : KeyedSelectionDialog("frmPickTicket", "Pick Ticket") {}
+
+void frmPickTicket::formLoad()
+{
+    auto orders = gDatabase->OpenRecordset("SELECT * FROM Orders WHERE Status = 'Open' ORDER BY Customer,OrderNumber");
+    QStringList entries, ids;
+    while (!orders.Eof()) {
+        entries += orders.Fields("Customer").joined() + " - " + orders.Fields("OrderNumber").joined();
+        ids += orders.Fields("ID").text();
+        orders.MoveNext();
+    }
+    orders.Close();
+    fill(entries, ids);
+}
+
+void frmPickTicket::btnPrint_Click()
+{
+    Reports::PrintPickTicket(selectedID());
+    unload();
+}
+
+frmPackingSlip::frmPackingSlip() : SelectionDialog("frmPackingSlip", "Shipment ID:") {}
+
+void frmPackingSlip::formLoad()
+{
+    fillCombo(cmbReport, "SELECT ID FROM Shipment ORDER BY ID DESC", "ID");
+}
+
+void frmPackingSlip::btnPrint_Click()
+{
+    Reports::PrintPackingSlip(cmbReport->text(), true);
+    unload();
+}
+
+frmInvoiceReport::frmInvoiceReport() : SelectionDialog("frmInvoiceReport", "Invoice ") {}
+
+void frmInvoiceReport::formLoad()
+{
+    fillCombo(cmbReport, "SELECT * FROM Invoice ORDER BY Invoice DESC", "Invoice");
+}
+
+void frmInvoiceReport::btnPrint_Click()
+{
+    auto invoice = gDatabase->OpenRecordset("SELECT * FROM Invoice WHERE Invoice = '" + cmbReport->text() + "'");
+    if (!invoice.Eof()) {
+        const QString Shipment = invoice.Fields("Shipment").text();
+        if (Shipment != "0")
+            Reports::PrintInvoice(Shipment, cmbReport->text(), invoice.Fields("InvoiceDate").text(),
+                                  invoice.Fields("DueDate").text(), invoice.Fields("Terms").text(), true);
+        else
+            MsgBox("You cannot Print this Invoice.", "Unable to Print");
+    }
+    invoice.Close();
+    unload();
+}

@@ -1,0 +1,44 @@
+#include "reports/fielddeffile.h"
+#include "data/dao/recordset.h"
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+/// Type word and sample; texts have their length between the two.
+QString describe(const Field &field)
+{
+    switch (field.Type()) {
+    case ColumnType::Text:
+        return QString("String\t%1\tsample").arg(field.Size());
+    case ColumnType::Memo:
+        return "Memo\tsample";
+    case ColumnType::Long:
+        return "Long\t1";
+    case ColumnType::Double:
+        return "Number\t1.00";
+    case ColumnType::Currency:
+        return "Currency\t1.00";
+    case ColumnType::Date:
+        return "Date\t1/1/2000";
+    case ColumnType::YesNo:
+        return "Boolean\tTrue";
+    }
+    return {};
+}
+
+} // namespace
+
+int CreateFieldDefFile(Recordset &data, const QString &path, bool overwrite)
+{
+    QFile file(path);
+    const auto mode = overwrite ? QIODevice::WriteOnly : QIODevice::WriteOnly | QIODevice::NewOnly;
+    if (!file.open(mode))
+        return 0;
+    QString text = "; Field definition file for table: " + QFileInfo(path).completeBaseName() + "\r\n";
+    for (int column = 0; column < data.fieldCount(); ++column) {
+        const Field field = data.Fields(column);
+        text += field.Name() + "\t" + describe(field) + "\r\n";
+    }
+    return file.write(text.toLatin1()) > 0 ? 1 : 0;
+}
