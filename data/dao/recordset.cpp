@@ -7,6 +7,16 @@ QString Field::Name() const
     return m_data->column(m_column).name;
 }
 
+ColumnType Field::Type() const
+{
+    return m_data->column(m_column).type;
+}
+
+int Field::Size() const
+{
+    return m_data->column(m_column).size;
+}
+
 Value Field::value() const
 {
     return m_data->value(m_column);

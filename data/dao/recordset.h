@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/schema/tabledef.h"
 #include "data/values/value.h"
 #include <QString>
 #include <memory>
@@ -11,6 +12,9 @@ class Field
 {
 public:
     QString Name() const;
+    ColumnType Type() const;
+    /// Characters of a Text column, else 0.
+    int Size() const;
     /// The value in the current row, or in the buffer after AddNew or Edit. Error 3021 without a current row.
     Value value() const;
     bool isNull() const { return value().isNull(); }
