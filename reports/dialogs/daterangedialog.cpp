@@ -1,21 +1,26 @@
 #include "reports/dialogs/daterangedialog.h"
+#include "app/toolkit/formlayout.h"
 #include "app/toolkit/mousepointer.h"
 
 DateRangeDialog::DateRangeDialog(const QString &name, const QString &caption, const char *okName, Pointer pointer,
                                  Routine routine)
-    : ReportDialog(name, caption), m_routine(std::move(routine)), m_pointer(pointer)
+    : ReportDialog(name, caption, okName, "OK"), m_routine(std::move(routine)), m_pointer(pointer)
 {
     dtStart = addDate("dtStart");
-    addRow("Begin Date", dtStart);
     dtEnd = addDate("dtEnd");
-    addRow("End Date", dtEnd);
-    btnOK = addButtons(okName, "OK");
-    connect(btnOK, &QPushButton::clicked, this, &DateRangeDialog::btnOK_Click);
-    setTabOrder({dtStart, dtEnd, btnOK, btnCancel});
+    connect(m_start, &QPushButton::clicked, this, &DateRangeDialog::btnOK_Click);
+}
+
+void DateRangeDialog::placeControls()
+{
+    m_fields->add("Begin Date", dtStart);
+    m_fields->add("End Date", dtEnd);
+    setTabOrder({dtStart, dtEnd, m_start, btnCancel});
 }
 
 void DateRangeDialog::formLoad()
 {
+    placeControls();
     dtStart->setValue(Date::today());
     dtEnd->setValue(Date::today());
 }

@@ -16,11 +16,12 @@ public:
 
 protected:
     void formLoad() override;
+    /// Places the controls from top to bottom, when the dialog is loaded.
+    virtual void placeControls();
 
     DTPicker *dtStart;
     DTPicker *dtEnd;
-    QPushButton *btnOK;
-    /// What btnOK calls; a dialog with more controls sets one that reads them.
+    /// What the button calls; a dialog with more controls sets one that reads them.
     Routine m_routine;
 
 private:

@@ -1,21 +1,23 @@
 #include "reports/dialogs/productiondialog.h"
+#include "app/toolkit/formlayout.h"
 #include "app/toolkit/mousepointer.h"
 #include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 
 ProductionDialog::ProductionDialog(const QString &name, const QString &caption, Routine routine)
-    : ReportDialog(name, caption), m_routine(routine)
+    : ReportDialog(name, caption, "btnOK", "OK"), m_routine(routine)
 {
     txtMonths = addText("txtMonths");
-    addRow("Number of Months to take Average", txtMonths);
+    setFieldWidth(txtMonths, 8);
+    m_fields->add("Number of Months to take Average", txtMonths);
     txtReq = addText("txtReq");
+    setFieldWidth(txtReq, 8);
     txtReq->setSelectAllOnFocus(false);
-    addRow("Requirements", txtReq);
+    m_fields->add("Requirements", txtReq);
     chkSupp = addCheck("chkSupp", "Suppress Blank Requirements");
-    addWide(chkSupp);
-    QPushButton *btnOK = addButtons("btnOK", "OK");
-    connect(btnOK, &QPushButton::clicked, this, &ProductionDialog::btnOK_Click);
-    setTabOrder({txtMonths, txtReq, chkSupp, btnOK, btnCancel});
+    m_fields->add(chkSupp);
+    connect(m_start, &QPushButton::clicked, this, &ProductionDialog::btnOK_Click);
+    setTabOrder({txtMonths, txtReq, chkSupp, m_start, btnCancel});
 }
 
 void ProductionDialog::formLoad()

@@ -1,5 +1,6 @@
 #include "reports/dialogs/receivablesdialogs.h"
 #include "app/toolkit/fillcombo.h"
+#include "app/toolkit/formlayout.h"
 #include "app/toolkit/mousepointer.h"
 #include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
@@ -7,13 +8,12 @@
 #include <QHBoxLayout>
 
 AsOfDialog::AsOfDialog(const QString &name, const QString &caption, const QString &label, Routine routine)
-    : ReportDialog(name, caption), m_routine(std::move(routine))
+    : ReportDialog(name, caption, "btnOk", "OK"), m_routine(std::move(routine))
 {
     dtDate = addDate("dtDate");
-    addRow(label, dtDate);
-    QPushButton *btnOk = addButtons("btnOk", "OK");
-    connect(btnOk, &QPushButton::clicked, this, &AsOfDialog::btnOk_Click);
-    setTabOrder({dtDate, btnOk, btnCancel});
+    m_fields->add(label, dtDate);
+    connect(m_start, &QPushButton::clicked, this, &AsOfDialog::btnOk_Click);
+    setTabOrder({dtDate, m_start, btnCancel});
 }
 
 void AsOfDialog::formLoad()
@@ -27,14 +27,15 @@ void AsOfDialog::btnOk_Click()
     unload();
 }
 
-frmOpenInvoicesReport::frmOpenInvoicesReport() : ReportDialog("frmOpenInvoicesReport", "Open Invoices Report")
+frmOpenInvoicesReport::frmOpenInvoicesReport()
+    : ReportDialog("frmOpenInvoicesReport", "Open Invoices Report", "btnOk", "OK")
 {
     dtDate = addDate("dtDate");
-    addRow("As Of", dtDate);
+    m_fields->add("As Of", dtDate);
     chkOver = addCheck("chkOver", "Only Over");
     txtDays = addText("txtDays");
     txtDays->setSelectAllOnFocus(false);
-    txtDays->setMaximumWidth(60);
+    setFieldWidth(txtDays, 5);
     auto *over = new QWidget(this);
     auto *overRow = new QHBoxLayout(over);
     overRow->setContentsMargins(0, 0, 0, 0);
@@ -42,12 +43,11 @@ frmOpenInvoicesReport::frmOpenInvoicesReport() : ReportDialog("frmOpenInvoicesRe
     overRow->addWidget(txtDays);
     overRow->addWidget(addLabel("Label2", "days"));
     overRow->addStretch();
-    addWide(over);
+    m_fields->add(over);
     chkSummary = addCheck("chkSummary", "Summary Only");
-    addWide(chkSummary);
-    QPushButton *btnOk = addButtons("btnOk", "OK");
-    connect(btnOk, &QPushButton::clicked, this, &frmOpenInvoicesReport::btnOk_Click);
-    setTabOrder({dtDate, chkOver, txtDays, chkSummary, btnOk, btnCancel});
+    m_fields->add(chkSummary);
+    connect(m_start, &QPushButton::clicked, this, &frmOpenInvoicesReport::btnOk_Click);
+    setTabOrder({dtDate, chkOver, txtDays, chkSummary, m_start, btnCancel});
 }
 
 void frmOpenInvoicesReport::formLoad()
@@ -67,19 +67,19 @@ void frmOpenInvoicesReport::btnOk_Click()
     setDefaultPointer();
 }
 
-frmCustomerRegister::frmCustomerRegister() : ReportDialog("frmCustomerRegister", "Customer Register")
+frmCustomerRegister::frmCustomerRegister()
+    : ReportDialog("frmCustomerRegister", "Customer Register", "btnPrint", "Print")
 {
     cmbCustomer = addList("cmbCustomer");
     cmbCustomer->setTypeAhead();
-    cmbCustomer->setMinimumWidth(220);
-    addRow("Customer:", cmbCustomer);
+    cmbCustomer->setMinimumWidth(240);
+    m_fields->add("Customer:", cmbCustomer);
     dtBeginDate = addDate("dtBeginDate");
-    addRow("Begin Date:", dtBeginDate);
+    m_fields->add("Begin Date:", dtBeginDate);
     dtEndDate = addDate("dtEndDate");
-    addRow("End Date:", dtEndDate);
-    QPushButton *btnPrint = addButtons("btnPrint", "Print");
-    connect(btnPrint, &QPushButton::clicked, this, &frmCustomerRegister::btnPrint_Click);
-    setTabOrder({cmbCustomer, dtBeginDate, dtEndDate, btnPrint, btnCancel});
+    m_fields->add("End Date:", dtEndDate);
+    connect(m_start, &QPushButton::clicked, this, &frmCustomerRegister::btnPrint_Click);
+    setTabOrder({cmbCustomer, dtBeginDate, dtEndDate, m_start, btnCancel});
 }
 
 void frmCustomerRegister::formLoad()

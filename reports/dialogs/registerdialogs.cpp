@@ -1,4 +1,5 @@
 #include "reports/dialogs/registerdialogs.h"
+#include "app/toolkit/formlayout.h"
 #include "app/toolkit/mainmod.h"
 #include "reports/inventoryregisters.h"
 
@@ -6,10 +7,15 @@ RegisterDialog::RegisterDialog(const QString &name, const QString &caption)
     : DateRangeDialog(name, caption, "btnOk", Pointer::NotOwned, {})
 {
     cmbCategory = addList("cmbCategory");
-    addRow("Category", cmbCategory, 0);
     chkDetails = addCheck("chkDetails", "Display Details");
-    addWide(chkDetails);
-    setTabOrder({cmbCategory, dtStart, dtEnd, chkDetails, btnOK, btnCancel});
+}
+
+void RegisterDialog::placeControls()
+{
+    m_fields->add("Category", cmbCategory);
+    DateRangeDialog::placeControls();
+    m_fields->add(chkDetails);
+    setTabOrder({cmbCategory, dtStart, dtEnd, chkDetails, m_start, btnCancel});
 }
 
 void RegisterDialog::formLoad()
@@ -30,14 +36,19 @@ void RegisterDialog::formLoad()
 frmAvailableInventory::frmAvailableInventory() : RegisterDialog("frmAvailableInventory", "Available Inventory")
 {
     chkExport = addCheck("chkExport", "Export Friendly");
-    addWide(chkExport);
-    setTabOrder({cmbCategory, dtStart, dtEnd, chkDetails, chkExport, btnOK, btnCancel});
     m_routine = [this](const QString &BeginDate, const QString &EndDate) {
         if (chkExport->isChecked())
             Reports::ReportAvailableInventoryExport(BeginDate, EndDate, false, cmbCategory->text());
         else
             Reports::ReportAvailableInventory(BeginDate, EndDate, chkDetails->isChecked(), cmbCategory->text());
     };
+}
+
+void frmAvailableInventory::placeControls()
+{
+    RegisterDialog::placeControls();
+    m_fields->add(chkExport);
+    setTabOrder({cmbCategory, dtStart, dtEnd, chkDetails, chkExport, m_start, btnCancel});
 }
 
 frmAvailableInventoryByPart::frmAvailableInventoryByPart()

@@ -9,6 +9,7 @@ class RegisterDialog : public DateRangeDialog
 protected:
     RegisterDialog(const QString &name, const QString &caption);
     void formLoad() override;
+    void placeControls() override;
 
     ComboBox *cmbCategory;
     QCheckBox *chkDetails;
@@ -22,6 +23,8 @@ public:
     frmAvailableInventory();
 
 private:
+    void placeControls() override;
+
     QCheckBox *chkExport;
 };
 

@@ -2,28 +2,17 @@
 
 #include "app/toolkit/form.h"
 
-class QFormLayout;
-class QHBoxLayout;
+class FieldLayout;
 
-/// What the report dialogs look like: labels beside their fields, and a row of buttons below. `btnCancel` of every one
-/// unloads it and does nothing else.
+/// What the report dialogs look like: fields with their labels, and below them the button that starts the report
+/// beside `btnCancel`, which in every one of them only unloads it.
 class ReportDialog : public Form
 {
     Q_OBJECT
 protected:
-    ReportDialog(const QString &name, const QString &caption);
+    ReportDialog(const QString &name, const QString &caption, const char *startName, const QString &startCaption);
 
-    /// A labelled field as the last row, or as the given one.
-    void addRow(const QString &label, QWidget *field, int row = -1);
-    /// A control across the whole width as the last row.
-    void addWide(QWidget *control);
-    /// The button that starts the report, and `btnCancel` beside it.
-    QPushButton *addButtons(const char *name, const QString &caption);
-
-    QPushButton *btnCancel = nullptr;
-
-private:
-    QFormLayout *m_rows;
-    QHBoxLayout *m_buttons;
-    int m_labels = 0;
+    FieldLayout *m_fields;
+    QPushButton *m_start; ///< btnOK, btnOk or btnPrint
+    QPushButton *btnCancel;
 };

@@ -10,6 +10,8 @@ public:
     frmSalesByWhsePart();
 
 private:
+    void placeControls() override;
+
     QCheckBox *chkExport;
 };
 
@@ -19,4 +21,7 @@ class frmInventorySalesReport : public DateRangeDialog
     Q_OBJECT
 public:
     frmInventorySalesReport();
+
+private:
+    void placeControls() override;
 };

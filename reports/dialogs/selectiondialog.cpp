@@ -1,14 +1,15 @@
 #include "reports/dialogs/selectiondialog.h"
+#include "app/toolkit/formlayout.h"
 
-SelectionDialog::SelectionDialog(const QString &name, const QString &label) : ReportDialog(name, "Report Selection")
+SelectionDialog::SelectionDialog(const QString &name, const QString &label)
+    : ReportDialog(name, "Report Selection", "btnPrint", "Print")
 {
     cmbReport = addList("cmbReport");
     cmbReport->setTypeAhead();
-    cmbReport->setMinimumWidth(220);
-    addRow(label, cmbReport);
-    QPushButton *btnPrint = addButtons("btnPrint", "Print");
-    connect(btnPrint, &QPushButton::clicked, this, [this] { btnPrint_Click(); });
-    setTabOrder({cmbReport, btnPrint, btnCancel});
+    cmbReport->setMinimumWidth(240);
+    m_fields->add(label, cmbReport);
+    connect(m_start, &QPushButton::clicked, this, [this] { btnPrint_Click(); });
+    setTabOrder({cmbReport, m_start, btnCancel});
 }
 
 KeyedSelectionDialog::KeyedSelectionDialog(const QString &name, const QString &label) : SelectionDialog(name, label)
