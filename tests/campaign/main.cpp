@@ -1,0 +1,120 @@
+#include "tests/campaign/ledger.h"
+#include "tests/campaign/worker.h"
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QThread>
+#include <cstdio>
+
+namespace {
+
+struct Settings
+{
+    QString journal;
+    int count = 0;
+    uint seed = 0;
+};
+
+/// A worker process, started and waiting for the word to go.
+std::unique_ptr<QProcess> startWorker(const QString &file, const QString &connect, const QString &name, int count)
+{
+    auto worker = std::make_unique<QProcess>();
+    worker->start(QCoreApplication::applicationFilePath(),
+                  {"work", "--file", file, "--connect", connect, "--name", name, "--count", QString::number(count)});
+    worker->waitForReadyRead(30000);
+    return worker;
+}
+
+QStringList linesOf(QProcess &worker)
+{
+    return QString::fromUtf8(worker.readAllStandardOutput()).split('\n');
+}
+
+int finish(const char *what, const Settings &settings, const Ledger &ledger, QStringList faults)
+{
+    faults += ledger.faults();
+    std::printf("%s, %s journal, count %d, seed %u: %d statements reported, %d faults\n", what,
+                qPrintable(settings.journal), settings.count, settings.seed, ledger.statements(), int(faults.size()));
+    for (const QString &fault : faults)
+        std::printf("  %s\n", qPrintable(fault));
+    return faults.isEmpty() ? 0 : 1;
+}
+
+/// Kills a saving process at random moments, again and again on one file.
+int kills(const Settings &settings, const QString &file, const QString &connect)
+{
+    QRandomGenerator random(settings.seed);
+    Ledger ledger;
+    QStringList faults;
+    for (int kill = 0; kill < settings.count && faults.isEmpty() && ledger.faults().isEmpty(); ++kill) {
+        const auto worker = startWorker(file, connect, "A", -1);
+        worker->write("\n");
+        worker->waitForBytesWritten();
+        // Some statements into the saves; those of the rollback journal wait for the disk.
+        QThread::usleep(random.bounded(settings.journal == "log" ? 80000 : 400000));
+        worker->kill();
+        worker->waitForFinished();
+        const QByteArray errors = worker->readAllStandardError();
+        if (!errors.isEmpty())
+            faults += QString::fromUtf8(errors);
+        ledger.add(linesOf(*worker));
+        ledger.compare(file, kill + 1); // each kill may have cut off one promise
+    }
+    return finish("kills", settings, ledger, faults);
+}
+
+/// Lets two processes save documents at once.
+int pair(const Settings &settings, const QString &file, const QString &connect)
+{
+    Ledger ledger;
+    QStringList faults;
+    const auto a = startWorker(file, connect, "A", settings.count);
+    const auto b = startWorker(file, connect, "B", settings.count);
+    for (const auto *worker : {&a, &b}) {
+        (*worker)->write("\n");
+        (*worker)->waitForBytesWritten();
+    }
+    for (const auto *worker : {&a, &b}) {
+        if (!(*worker)->waitForFinished(-1) || (*worker)->exitCode() != 0)
+            faults += "a worker failed: " + QString::fromUtf8((*worker)->readAllStandardError());
+        ledger.add(linesOf(**worker));
+    }
+    ledger.compare(file, 0);
+    return finish("pair", settings, ledger, faults);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addPositionalArgument("campaign", "kills or pair");
+    parser.addOptions({{"count", "how many kills, or documents of each process", "n", "10"},
+                       {"journal", "log or rollback", "mode", "log"},
+                       {"seed", "of the moments of the kills", "n", "1"},
+                       {"folder", "where the file is made", "path", QDir::tempPath()},
+                       {"file", "for a worker", "path"},
+                       {"connect", "for a worker", "text"},
+                       {"name", "for a worker", "text"}});
+    parser.addHelpOption();
+    parser.process(application);
+    const QString campaign = parser.positionalArguments().value(0);
+    const int count = parser.value("count").toInt();
+    if (campaign == "work")
+        return Worker::run(parser.value("file"), parser.value("connect"), parser.value("name"), count);
+
+    const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");
+    const QString file = folder.filePath("company.db");
+    const Settings settings{parser.value("journal"), count, parser.value("seed").toUInt()};
+    const QString connect = ";busy=20000;journal=" + settings.journal;
+    Worker::prepare(file, connect);
+    if (campaign == "kills")
+        return kills(settings, file, connect);
+    if (campaign == "pair")
+        return pair(settings, file, connect);
+    parser.showHelp(2);
+}
