@@ -1,0 +1,83 @@
+#include "tools/demo/places.h"
+
+namespace demo {
+
+namespace {
+
+struct Terms
+{
+    const char *text;
+    int days;
+};
+
+constexpr Terms AllTerms[] = {{"Net 30", 30}, {"Net 30", 30}, {"Net 30", 30}, {"2% 10 Net 30", 30},
+                              {"Net 45", 45}, {"Net 15", 15}, {"Net 60", 60}, {"Due on Receipt", 0}};
+
+constexpr const char *WarehouseNames[] = {"Dayton Plant", "Charlotte", "Dallas",  "Reno",      "Harrisburg", "Memphis",
+                                          "Omaha",        "Portland",  "Phoenix", "Milwaukee", "Tampa",      "Boston"};
+
+void makeWarehouses(Company &company, Random &random)
+{
+    const int count = std::min<int>(int(std::size(WarehouseNames)), 4 + company.options.scale / 12);
+    for (int i = 0; i < count; ++i) {
+        Warehouse warehouse;
+        warehouse.name = QString::fromLatin1(WarehouseNames[i]);
+        warehouse.address = makeAddress(random);
+        warehouse.address.city = warehouse.name.section(u' ', 0, 0);
+        static constexpr const char *states[] = {"OH", "NC", "TX", "NV", "PA", "TN",
+                                                 "NE", "OR", "AZ", "WI", "FL", "MA"};
+        warehouse.address.state = QString::fromLatin1(states[i]);
+        warehouse.contact = makePerson(random);
+        company.warehouses.push_back(warehouse);
+    }
+}
+
+/// Most take the goods where they pay for them, some elsewhere, and some never said where.
+void giveShipTo(Customer &customer, Random &random)
+{
+    const int kind = random.below(100);
+    if (kind < 12)
+        return;
+    customer.shipTo = customer.name;
+    customer.shipping = customer.billing;
+    if (kind >= 70) {
+        customer.shipTo += kind < 85 ? QStringLiteral(" Receiving") : QStringLiteral(" Yard 2");
+        customer.shipping = makeAddress(random);
+    }
+    // The column takes 50 characters.
+    customer.shipTo = customer.shipTo.left(50);
+}
+
+Customer makeCustomer(const QString &name, const Company &company, Random &random)
+{
+    Customer customer;
+    customer.name = name;
+    customer.billing = makeAddress(random);
+    giveShipTo(customer, random);
+    const Terms &terms = random.pick(AllTerms);
+    customer.terms = QString::fromLatin1(terms.text);
+    customer.days = terms.days;
+    if (random.perMille(750))
+        customer.sheet = random.pick(company.sheets);
+    customer.warehouse = random.below(int(company.warehouses.size()));
+    customer.weight = 100000 / random.between(150, 1150);
+    customer.active = !random.perMille(40);
+    customer.statements = random.perMille(650);
+    customer.slowPayer = random.perMille(120);
+    customer.hasTerritory = !random.perMille(40);
+    customer.usesOwnNumbers = random.perMille(250);
+    return customer;
+}
+
+} // namespace
+
+void makeMasters(Company &company, Random &random)
+{
+    company.sheets = {QStringLiteral("Distributor"), QStringLiteral("OEM"), QStringLiteral("Contractor"),
+                      QStringLiteral("Government")};
+    makeWarehouses(company, random);
+    for (const QString &name : makeFirmNames(50 * company.options.scale, random))
+        company.customers.push_back(makeCustomer(name, company, random));
+}
+
+} // namespace demo
