@@ -13,7 +13,7 @@ void makeTables(Connection &connection, const std::vector<TableDef> &tables, con
         connection.run(Tables::createStatement(table, Tables::Key::AutoNumberIsKey), defining);
 }
 
-void fill(const QString &path, const QString &password)
+void fill(const QString &path, const QString &password, const QByteArray &salt)
 {
     ConnectionOptions options;
     options.file = path;
@@ -21,7 +21,7 @@ void fill(const QString &path, const QString &password)
     Connection connection(options);
     const Doing defining{Doing::Defining, {}, QStringLiteral("create database")};
     Transaction transaction(connection, defining);
-    PasswordGate::create(connection, password);
+    PasswordGate::create(connection, password, salt);
     makeTables(connection, Schema::permanentTables(), defining);
     makeTables(connection, Schema::keptScratchTables(), defining);
     const auto &made = Tables::readCatalog(connection);
@@ -35,12 +35,12 @@ void fill(const QString &path, const QString &password)
 
 } // namespace
 
-void createDatabase(const QString &path, const QString &password)
+void createDatabase(const QString &path, const QString &password, const QByteArray &salt)
 {
     if (QFile::exists(path))
         throw RuntimeError(3204, QStringLiteral("Database already exists."), path);
     try {
-        fill(path, password);
+        fill(path, password, salt);
     } catch (...) {
         QFile::remove(path);
         throw;

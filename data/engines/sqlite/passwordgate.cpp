@@ -10,6 +10,13 @@ namespace {
 constexpr int SaltWords = 4;
 constexpr int Rounds = 4000; ///< some milliseconds at each opening
 
+QByteArray randomSalt()
+{
+    quint32 words[SaltWords];
+    QRandomGenerator::system()->fillRange(words);
+    return QByteArray(reinterpret_cast<const char *>(words), sizeof(words));
+}
+
 /// One block of PBKDF2 over HMAC-SHA-256.
 QByteArray hashOf(const QString &password, const QByteArray &salt, int rounds)
 {
@@ -29,13 +36,11 @@ QByteArray hashOf(const QString &password, const QByteArray &salt, int rounds)
 
 } // namespace
 
-void PasswordGate::create(Connection &connection, const QString &password)
+void PasswordGate::create(Connection &connection, const QString &password, const QByteArray &given)
 {
     const Doing defining{Doing::Defining, QStringLiteral("MSysPassword"), {}};
     connection.run("CREATE TABLE MSysPassword (Salt BLOB, Rounds INTEGER, Hash BLOB)", defining);
-    quint32 words[SaltWords];
-    QRandomGenerator::system()->fillRange(words);
-    const QByteArray salt(reinterpret_cast<const char *>(words), sizeof(words));
+    const QByteArray salt = given.isEmpty() ? randomSalt() : given;
     connection.run("INSERT INTO MSysPassword VALUES (x'" + salt.toHex() + "', " + QByteArray::number(Rounds) + ", x'" +
                        hashOf(password, salt, Rounds).toHex() + "')",
                    defining);
