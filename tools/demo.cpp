@@ -44,7 +44,8 @@ void fill(const QString &path, const DemoOptions &options)
 
 void createDemo(const QString &path, const DemoOptions &options)
 {
-    createDatabase(path, Schema::Password.toString());
+    const QByteArray salt = "demo" + QByteArray::number(options.seed);
+    createDatabase(path, Schema::Password.toString(), salt);
     try {
         fill(path, options);
     } catch (...) {

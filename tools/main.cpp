@@ -1,9 +1,9 @@
-#include "tools/demo.h"
-int main(int c, char **v)
+#include "tools/commandline.h"
+#include <QCoreApplication>
+
+int main(int argc, char **argv)
 {
-    DemoOptions o;
-    o.until = QDate::currentDate();
-    if (c > 2)
-        o.scale = atoi(v[2]);
-    createDemo(QString::fromLocal8Bit(v[1]), o);
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout), err(stderr);
+    return runCommand(application.arguments().mid(1), out, err);
 }

@@ -75,11 +75,11 @@ public:
         const int kind = m_random.below(1000);
         if (kind < 15 || invoice.total <= 0)
             return; // never paid
-        if (kind < 230) {
+        if (kind < 335) {
             const double first = roundTo2(invoice.total * m_random.between(30, 70) / 100);
             add(position, date, first, 0);
             add(position, date.addDays(m_random.between(20, 45)), roundTo2(invoice.total - first), 0);
-        } else if (kind < 270) {
+        } else if (kind < 375) {
             const double writtenOff = roundTo2(invoice.total * m_random.between(1, 20) / 1000);
             add(position, date, roundTo2(invoice.total - writtenOff), writtenOff);
         } else {

@@ -13,20 +13,22 @@ struct Terms
 constexpr Terms AllTerms[] = {{"Net 30", 30}, {"Net 30", 30}, {"Net 30", 30}, {"2% 10 Net 30", 30},
                               {"Net 45", 45}, {"Net 15", 15}, {"Net 60", 60}, {"Due on Receipt", 0}};
 
-constexpr const char *WarehouseNames[] = {"Dayton Plant", "Charlotte", "Dallas",  "Reno",      "Harrisburg", "Memphis",
-                                          "Omaha",        "Portland",  "Phoenix", "Milwaukee", "Tampa",      "Boston"};
+/// The plant first.
+constexpr Town WarehouseTowns[] = {
+    {"Dayton", "OH", "454", "937", ""},    {"Charlotte", "NC", "282", "704", ""},  {"Dallas", "TX", "752", "214", ""},
+    {"Reno", "NV", "895", "775", ""},      {"Harrisburg", "PA", "171", "717", ""}, {"Memphis", "TN", "381", "901", ""},
+    {"Omaha", "NE", "681", "402", ""},     {"Portland", "OR", "972", "503", ""},   {"Phoenix", "AZ", "850", "602", ""},
+    {"Milwaukee", "WI", "532", "414", ""}, {"Tampa", "FL", "336", "813", ""},      {"Boston", "MA", "021", "617", ""}};
 
 void makeWarehouses(Company &company, Random &random)
 {
-    const int count = std::min<int>(int(std::size(WarehouseNames)), 4 + company.options.scale / 12);
+    const int count = std::min<int>(int(std::size(WarehouseTowns)), 4 + company.options.scale / 12);
     for (int i = 0; i < count; ++i) {
         Warehouse warehouse;
-        warehouse.name = QString::fromLatin1(WarehouseNames[i]);
-        warehouse.address = makeAddress(random);
-        warehouse.address.city = warehouse.name.section(u' ', 0, 0);
-        static constexpr const char *states[] = {"OH", "NC", "TX", "NV", "PA", "TN",
-                                                 "NE", "OR", "AZ", "WI", "FL", "MA"};
-        warehouse.address.state = QString::fromLatin1(states[i]);
+        warehouse.address = makeAddress(WarehouseTowns[i], random);
+        warehouse.name = warehouse.address.city;
+        if (i == 0)
+            warehouse.name += QStringLiteral(" Plant");
         warehouse.contact = makePerson(random);
         company.warehouses.push_back(warehouse);
     }
@@ -60,7 +62,7 @@ Customer makeCustomer(const QString &name, const Company &company, Random &rando
     if (random.perMille(750))
         customer.sheet = random.pick(company.sheets);
     customer.warehouse = random.below(int(company.warehouses.size()));
-    customer.weight = 100000 / random.between(150, 1150);
+    customer.weight = 100000 / random.between(25, 1150);
     customer.active = !random.perMille(40);
     customer.statements = random.perMille(650);
     customer.slowPayer = random.perMille(120);

@@ -97,15 +97,14 @@ void priceOnSheets(Part &part, const QStringList &sheets, Random &random)
         part.sheetPrices.push_back(random.perMille(400) ? rounded(part.salePrice * shares[sheet]) : 0);
 }
 
-/// Some parts went out of the programme and have another in their place.
+/// Some parts went out of the programme and have the other type of the pair in their place.
 void retireSome(std::vector<Part> &parts, Random &random)
 {
-    constexpr size_t lines = std::size(Families) * 4;
-    for (size_t i = 0; i + lines < parts.size(); ++i) {
-        if (!random.perMille(25) || !parts[i + lines].active)
+    for (size_t i = 0; i + 1 < parts.size(); i += 2) {
+        if (!random.perMille(50))
             continue;
         parts[i].active = false;
-        parts[i].superceded = parts[i + lines].number;
+        parts[i].superceded = parts[i + 1].number;
     }
 }
 

@@ -4,11 +4,6 @@ namespace demo {
 
 namespace {
 
-struct Town
-{
-    const char *city, *state, *zip, *area, *territory; ///< the first three digits of the postal code
-};
-
 constexpr Town Towns[] = {
     {"Akron", "OH", "443", "330", "Midwest"},
     {"Albany", "NY", "122", "518", "Northeast"},
@@ -172,7 +167,11 @@ QString telephone(const Town &town, Random &random)
 
 Address makeAddress(Random &random)
 {
-    const Town &town = random.pick(Towns);
+    return makeAddress(random.pick(Towns), random);
+}
+
+Address makeAddress(const Town &town, Random &random)
+{
     Address address;
     address.line1 = QStringLiteral("%1 %2 %3")
                         .arg(random.between(1, 99) * 10 + random.below(10) * 101)

@@ -4,7 +4,14 @@
 
 namespace demo {
 
-/// An address in one of the towns, with a telephone number that nobody has.
+struct Town
+{
+    const char *city, *state, *zip; ///< the first three digits of the postal code
+    const char *area, *territory;
+};
+
+/// An address in a town, or in one of sixty, with telephone numbers that nobody has.
+Address makeAddress(const Town &town, Random &random);
 Address makeAddress(Random &random);
 QString makePerson(Random &random);
 /// That many different names of firms, in an order that depends on the seed.

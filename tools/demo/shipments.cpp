@@ -24,7 +24,7 @@ double adjustmentFor(Random &random)
 std::vector<int> backOrdered(const Order &order, Random &random)
 {
     std::vector<int> left(order.lines.size(), 0);
-    if (!random.perMille(165))
+    if (!random.perMille(235))
         return left;
     for (size_t i = 0; i < left.size(); ++i) {
         if (random.perMille(400))

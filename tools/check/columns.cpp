@@ -1,0 +1,94 @@
+#include "tools/check/findings.h"
+
+#include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/tables.h"
+
+namespace check {
+
+namespace {
+
+/// The condition under which a stored value is none of the column's type.
+QByteArray misfit(const ColumnDef &column)
+{
+    const QByteArray name = Tables::quoted(column.name);
+    switch (column.type) {
+    case ColumnType::Text:
+        return "length(" + name + ") > " + QByteArray::number(column.size);
+    case ColumnType::Memo:
+        return {};
+    case ColumnType::Date:
+        return "datetime(" + name + ") IS NOT " + name;
+    case ColumnType::Long:
+        return "typeof(" + name + ") NOT IN ('integer', 'null') OR abs(" + name + ") > 2147483648";
+    case ColumnType::YesNo:
+        return name + " NOT IN (0, 1) OR " + name + " IS NULL";
+    default:
+        return "typeof(" + name + ") NOT IN ('real', 'integer', 'null')";
+    }
+}
+
+QString faultOf(const ColumnDef &column)
+{
+    switch (column.type) {
+    case ColumnType::Text:
+        return QStringLiteral("text longer than the %1 characters of %2").arg(column.size).arg(column.name);
+    case ColumnType::Date:
+        return QStringLiteral("no date in ") + column.name;
+    case ColumnType::YesNo:
+        return QStringLiteral("neither yes nor no in ") + column.name;
+    default:
+        return QStringLiteral("no number in ") + column.name;
+    }
+}
+
+} // namespace
+
+bool checkStructure(Connection &connection, Findings &findings)
+{
+    const Doing reading{Doing::Reading, {}, QStringLiteral("integrity check")};
+    Statement integrity = connection.prepare("PRAGMA integrity_check", reading);
+    int code;
+    bool sound = true;
+    while ((code = integrity.step()) == SQLITE_ROW) {
+        if (integrity.text(0) == u"ok")
+            continue;
+        sound = false;
+        findings.add(QStringLiteral("File"), QStringLiteral("damaged"), integrity.text(0));
+    }
+    if (code != SQLITE_DONE)
+        connection.raise(code, reading);
+
+    const Catalog catalog = Tables::readCatalog(connection);
+    for (const auto *tables : {&Schema::permanentTables(), &Schema::keptScratchTables()}) {
+        for (const TableDef &expected : *tables) {
+            const TableDef *table = catalog.find(expected.Name);
+            if (!table) {
+                findings.add(expected.Name, QStringLiteral("the table is missing"), {});
+                sound = false;
+                continue;
+            }
+            for (const ColumnDef &column : expected.columns) {
+                if (table->indexOf(column.name) >= 0)
+                    continue;
+                findings.add(expected.Name, QStringLiteral("missing columns"), column.name);
+                sound = false;
+            }
+        }
+    }
+    return sound;
+}
+
+void checkColumns(Connection &connection, Findings &findings)
+{
+    for (const TableDef &table : Schema::permanentTables()) {
+        for (const ColumnDef &column : table.columns) {
+            const QByteArray condition = misfit(column);
+            if (condition.isEmpty())
+                continue;
+            reportRows(connection, findings, table.Name, faultOf(column),
+                       "SELECT 'row ' || rowid FROM " + Tables::quoted(table.Name) + " WHERE " + condition);
+        }
+    }
+}
+
+} // namespace check

@@ -1,0 +1,49 @@
+#include "tools/check/findings.h"
+
+#include "data/engines/sqlite/connection.h"
+
+namespace check {
+
+void Findings::add(const QString &table, const QString &fault, const QString &row)
+{
+    constexpr int Shown = 3;
+    if (m_kinds.empty() || m_kinds.back().table != table || m_kinds.back().fault != fault) {
+        const auto known = std::find_if(m_kinds.begin(), m_kinds.end(),
+                                        [&](const Kind &kind) { return kind.table == table && kind.fault == fault; });
+        if (known == m_kinds.end())
+            m_kinds.push_back({table, fault, {}, 0});
+        else
+            std::rotate(known, known + 1, m_kinds.end());
+    }
+    Kind &kind = m_kinds.back();
+    if (++kind.count <= Shown && !row.isEmpty())
+        kind.rows += row;
+}
+
+QStringList Findings::lines() const
+{
+    QStringList lines;
+    for (const Kind &kind : m_kinds) {
+        QString line = kind.table + QStringLiteral(": ") + kind.fault;
+        if (!kind.rows.isEmpty())
+            line += QStringLiteral(": ") + kind.rows.join(QStringLiteral("; "));
+        if (kind.count > kind.rows.size() && !kind.rows.isEmpty())
+            line += QStringLiteral(" and %1 more").arg(kind.count - kind.rows.size());
+        lines += line;
+    }
+    return lines;
+}
+
+void reportRows(Connection &connection, Findings &findings, const QString &table, const QString &fault,
+                const QByteArray &sql)
+{
+    const Doing reading{Doing::Reading, table, QString::fromUtf8(sql)};
+    Statement rows = connection.prepare(sql, reading);
+    int code;
+    while ((code = rows.step()) == SQLITE_ROW)
+        findings.add(table, fault, rows.text(0));
+    if (code != SQLITE_DONE)
+        connection.raise(code, reading);
+}
+
+} // namespace check

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QStringList>
+
+class Connection;
+
+namespace check {
+
+/// Collects the faults of one kind and makes a line of them.
+class Findings
+{
+public:
+    void add(const QString &table, const QString &fault, const QString &row);
+    /// The lines in the order in which the kinds were met.
+    QStringList lines() const;
+
+private:
+    struct Kind
+    {
+        QString table, fault;
+        QStringList rows; ///< the first few
+        int count = 0;
+    };
+    std::vector<Kind> m_kinds;
+};
+
+// The steps.
+/// The file's own structure, and tables and columns that are missing; false when it is useless to go on.
+bool checkStructure(Connection &connection, Findings &findings);
+/// Values that a column's type cannot hold, as another tool may have stored them.
+void checkColumns(Connection &connection, Findings &findings);
+/// Rows that refer to what is not there, keys that repeat, and the like.
+void checkRelations(Connection &connection, Findings &findings);
+/// Invoices against the shipments that they list.
+void checkInvoices(Connection &connection, Findings &findings);
+
+/// Runs a query and reports each row by its first column.
+void reportRows(Connection &connection, Findings &findings, const QString &table, const QString &fault,
+                const QByteArray &sql);
+
+} // namespace check

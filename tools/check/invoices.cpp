@@ -1,0 +1,126 @@
+#include "tools/check/findings.h"
+
+#include "data/engines/sqlite/connection.h"
+#include "data/values/conversions.h"
+#include <QRegularExpression>
+
+namespace check {
+
+namespace {
+
+struct ShipmentFacts
+{
+    QString customer;
+    double freight = 0, adjustment = 0, lines = 0;
+    bool invoiced = false;
+    bool listed = false; ///< an invoice names it
+};
+
+using Shipments = QHash<int, ShipmentFacts>;
+
+constexpr const char *ShipmentQuery =
+    "SELECT s.ID, o.Customer, s.Freight, s.Adjustment, s.Invoiced, (SELECT sum(l.Qty * i.PriceEach) FROM ShipmentItems "
+    "AS l JOIN OrderItem AS i ON i.OrderID = s.OrderID AND i.ItemNumber = l.OrderLineItem WHERE l.ShipmentID = s.ID) "
+    "FROM Shipment AS s LEFT JOIN Orders AS o ON o.ID = s.OrderID ORDER BY s.ID";
+
+double numberOrZero(const Value &value)
+{
+    return value.isNull() ? 0 : value.toDouble();
+}
+
+/// Goes through the rows of a query.
+void forEachRow(Connection &connection, const char *sql, const std::function<void(const Statement &)> &use)
+{
+    const Doing reading{Doing::Reading, {}, QString::fromLatin1(sql)};
+    Statement rows = connection.prepare(sql, reading);
+    int code;
+    while ((code = rows.step()) == SQLITE_ROW)
+        use(rows);
+    if (code != SQLITE_DONE)
+        connection.raise(code, reading);
+}
+
+Shipments readShipments(Connection &connection)
+{
+    Shipments shipments;
+    forEachRow(connection, ShipmentQuery, [&](const Statement &row) {
+        ShipmentFacts &facts = shipments[int(row.integer(0))];
+        facts.customer = row.text(1);
+        facts.freight = numberOrZero(row.value(2, ColumnType::Double));
+        facts.adjustment = numberOrZero(row.value(3, ColumnType::Double));
+        facts.invoiced = row.integer(4) != 0;
+        facts.lines = numberOrZero(row.value(5, ColumnType::Double));
+    });
+    return shipments;
+}
+
+class InvoiceCheck
+{
+public:
+    InvoiceCheck(Shipments &shipments, Findings &findings) : m_shipments(shipments), m_findings(findings) {}
+
+    void check(const QString &id, const QString &customer, const QString &list, double total)
+    {
+        if (list == u"0")
+            return; // taken over from elsewhere, without shipments
+        static const QRegularExpression wellFormed(QStringLiteral("^[0-9]+(, [0-9]+)*$"));
+        if (!wellFormed.match(list).hasMatch()) {
+            report(id, QStringLiteral("Shipment is no list of IDs, which ends the program in the sales reports"));
+            return;
+        }
+        double freight = 0, adjustment = 0, lines = 0;
+        bool complete = true;
+        for (const QString &token : list.split(QStringLiteral(", "))) {
+            const auto shipment = m_shipments.find(token.toInt());
+            if (shipment == m_shipments.end()) {
+                report(id, QStringLiteral("shipments on the list that do not exist"));
+                complete = false;
+                continue;
+            }
+            if (shipment->listed)
+                report(id, QStringLiteral("shipments on the list that another invoice has too"));
+            if (shipment->customer.compare(customer, Qt::CaseInsensitive) != 0)
+                report(id, QStringLiteral("shipments on the list that went to another customer"));
+            shipment->listed = true;
+            freight += shipment->freight;
+            adjustment += shipment->adjustment;
+            lines += shipment->lines;
+        }
+        // Half a cent of doubt: the order of adding may turn a tie the other way.
+        if (complete && std::fabs(roundTo2(freight + adjustment + lines) - total) > 0.015)
+            report(id, QStringLiteral("Total is not lines plus freight plus adjustment"));
+    }
+
+private:
+    void report(const QString &id, const QString &fault)
+    {
+        m_findings.add(QStringLiteral("Invoice"), fault, QStringLiteral("ID ") + id);
+    }
+
+    Shipments &m_shipments;
+    Findings &m_findings;
+};
+
+} // namespace
+
+void checkInvoices(Connection &connection, Findings &findings)
+{
+    Shipments shipments = readShipments(connection);
+    InvoiceCheck invoices(shipments, findings);
+    forEachRow(connection, "SELECT ID, Customer, Shipment, Total FROM Invoice ORDER BY ID", [&](const Statement &row) {
+        invoices.check(row.text(0), row.text(1), row.text(2), numberOrZero(row.value(3, ColumnType::Double)));
+    });
+    QList<int> ids = shipments.keys();
+    std::sort(ids.begin(), ids.end());
+    for (int id : ids) {
+        const ShipmentFacts &facts = shipments[id];
+        if (facts.invoiced == facts.listed)
+            continue;
+        findings.add(QStringLiteral("Shipment"),
+                     facts.invoiced ? QStringLiteral("marked as invoiced, and on no invoice")
+                                    : QStringLiteral("on an invoice, and not marked as invoiced"),
+                     QStringLiteral("ID %1").arg(id));
+    }
+}
+
+} // namespace check

@@ -1,0 +1,147 @@
+#include "tools/load.h"
+
+#include "data/dao/assignment.h"
+#include "data/dao/bulkload.h"
+#include "data/schema/schema.h"
+#include "data/values/conversions.h"
+#include "tools/csv.h"
+#include "tools/toolerror.h"
+#include <QFile>
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw ToolError{QStringLiteral("cannot read '%1': %2").arg(path, file.errorString())};
+    return file.readAll();
+}
+
+QString kindOf(const ColumnDef &column)
+{
+    switch (column.type) {
+    case ColumnType::Long:
+        return QStringLiteral("no whole number of 32 bits");
+    case ColumnType::Date:
+        return QStringLiteral("no date");
+    case ColumnType::YesNo:
+        return QStringLiteral("neither True nor False");
+    default:
+        return QStringLiteral("no number");
+    }
+}
+
+/// Takes the records of one file into one table.
+class Loading
+{
+public:
+    Loading(BulkLoad &load, const TableDef &table, Csv::Reader &reader) : m_load(load), m_table(table), m_reader(reader)
+    {
+    }
+
+    int run()
+    {
+        readHeader();
+        QStringList names;
+        for (const ColumnDef *column : m_columns)
+            names += column->name;
+        BulkLoad::Inserter rows = m_load.into(m_table.Name, names);
+        int count = 0;
+        for (; m_reader.next(); ++count)
+            insert(rows);
+        return count;
+    }
+
+private:
+    void readHeader()
+    {
+        if (!m_reader.next())
+            throw ToolError{QStringLiteral("line 1: no column names")};
+        for (const Value &field : m_reader.fields()) {
+            const QString name = field.joined().trimmed();
+            const int position = m_table.indexOf(name);
+            if (position < 0)
+                refuse(name, QStringLiteral("no such column in %1").arg(m_table.Name));
+            const ColumnDef *column = &m_table.columns[size_t(position)];
+            if (std::find(m_columns.begin(), m_columns.end(), column) != m_columns.end())
+                refuse(name, QStringLiteral("named twice"));
+            m_columns.push_back(column);
+        }
+    }
+
+    void insert(BulkLoad::Inserter &rows)
+    {
+        const std::vector<Value> &fields = m_reader.fields();
+        if (fields.size() > m_columns.size())
+            throw ToolError{QStringLiteral("line %1, field %2: more fields than columns")
+                                .arg(m_reader.line())
+                                .arg(m_columns.size() + 1)};
+        if (fields.size() < m_columns.size())
+            refuse(m_columns[fields.size()]->name, QStringLiteral("missing, the line ends before it"));
+        m_row.clear();
+        for (size_t i = 0; i < fields.size(); ++i)
+            m_row.push_back(converted(*m_columns[i], fields[i]));
+        try {
+            rows.add(m_row);
+        } catch (const RuntimeError &error) {
+            // The only key that the file itself guards is an AutoNumber.
+            if (error.number() != 3022)
+                throw;
+            refuseKey();
+        }
+    }
+
+    Value converted(const ColumnDef &column, const Value &field) const
+    {
+        try {
+            const Value value = assignedTo(column, field);
+            // The program would round; data taken over must not change on the way.
+            if (column.type == ColumnType::Long && !field.isNull() && value.toDouble() != CDbl(field.toText()))
+                throw runtimeError(3421);
+            return value;
+        } catch (const RuntimeError &error) {
+            if (error.number() == 3163)
+                refuse(column.name, QStringLiteral("longer than %1 characters").arg(column.size));
+            refuse(column.name, QStringLiteral("'%1' is %2").arg(field.joined(), kindOf(column)));
+        }
+    }
+
+    [[noreturn]] void refuseKey() const
+    {
+        for (size_t i = 0; i < m_columns.size(); ++i) {
+            if (m_columns[i]->autoNumber)
+                refuse(m_columns[i]->name, QStringLiteral("%1 is taken already").arg(m_row[i].joined()));
+        }
+        throw runtimeError(3022);
+    }
+
+    [[noreturn]] void refuse(const QString &column, const QString &reason) const
+    {
+        throw ToolError{QStringLiteral("line %1, column '%2': %3").arg(m_reader.line()).arg(column, reason)};
+    }
+
+    BulkLoad &m_load;
+    const TableDef &m_table;
+    Csv::Reader &m_reader;
+    std::vector<const ColumnDef *> m_columns; ///< as the header names them
+    std::vector<Value> m_row;
+};
+
+} // namespace
+
+int loadTable(const QString &database, const QString &table, const QString &csv)
+{
+    BulkLoad load(database, Schema::Password.toString(), BulkLoad::File::Live);
+    const TableDef *definition = load.tables().find(table);
+    if (!definition)
+        throw ToolError{QStringLiteral("'%1' has no table '%2'").arg(database, table)};
+    Csv::Reader reader(contentOf(csv));
+    try {
+        const int count = Loading(load, *definition, reader).run();
+        load.commit();
+        return count;
+    } catch (const ToolError &error) {
+        throw ToolError{QStringLiteral("'%1' %2").arg(csv, error.message)};
+    }
+}
