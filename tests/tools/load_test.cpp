@@ -1,0 +1,115 @@
+#include "tests/tools/toolstest.h"
+
+namespace {
+
+class LoadTest : public ToolsTest
+{
+protected:
+    void SetUp() override { ASSERT_EQ(run({"create", path("c.db")}).status, 0); }
+
+    Outcome load(const QString &table, const QByteArray &csv)
+    {
+        return run({"load", path("c.db"), table, fileWith("c.csv", csv)});
+    }
+    QString exported(const QString &table) { return run({"export", path("c.db"), table}).out; }
+};
+
+TEST_F(LoadTest, TakesEveryTypeAsTextAndGivesItBack)
+{
+    const struct
+    {
+        const char *table, *csv, *rows;
+    } cases[] = {
+        {"PriceSheet", "PriceSheet,Part,Price\nOEM,P1,12.5\nOEM,P2,\"$1,234.50\"\n", "OEM,P1,12.5\nOEM,P2,1234.5\n"},
+        {"FebInventory", "Part,Qty\nP1,-7\n", "P1,-7\n"},
+        {"tmpInventoryRegister",
+         "Warehouse,PartNo,Date,Qty,Cost,Memo\nA,B,3/30/2011,5,0.1,x\nA,B,2011-03-30 14:05:09,,,\n",
+         "A,B,2011-03-30,5,0.1,x\nA,B,2011-03-30 14:05:09,,,\n"},
+        {"invoice_old", "InvoiceNo , Date\r\n\"7\",2011-03-30\r\n", ",7,0,2011-03-30\n"},
+        {"Customer_Old", "Customer,Add1,City\n\"Smith, \"\"Bo\"\"\",\"two\nlines\",\"\"\n",
+         ",\"Smith, \"\"Bo\"\"\",\"two\nlines\",,\"\",\n"},
+        {"tmpTransferHeaderIDs", "ID\n\n1\n\n2", "1\n2\n"},
+        {"AvailInv", "\xEF\xBB\xBFWhse,Part,Avail\nM\xC3\xBCnchen,P1,3\n", "M\xC3\xBCnchen,P1,3\n"},
+        {"Shipment", "ID,Date,Invoiced\n7,2011-03-30,True\n,2011-03-31,0\n",
+         "7,0,2011-03-30,,0,0,True,\n8,0,2011-03-31,,0,0,False,\n"},
+    };
+    for (const auto &row : cases) {
+        const Outcome outcome = load(row.table, row.csv);
+        EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
+        const QString table = exported(row.table);
+        EXPECT_EQ(table.mid(table.indexOf('\n') + 1), QString::fromUtf8(row.rows));
+    }
+}
+
+TEST_F(LoadTest, SaysHowManyRowsWentIn)
+{
+    EXPECT_EQ(load("FebInventory", "Part,Qty\nP1,1\nP2,2\n").out, "2 rows loaded into FebInventory\n");
+    EXPECT_EQ(load("FebInventory", "Part,Qty\nP3,1\n").out, "1 row loaded into FebInventory\n");
+}
+
+TEST_F(LoadTest, NamesLineAndColumnOfWhatItCannotTakeAndLoadsNothing)
+{
+    const QByteArray tooLong = "PartNo\ngood\n" + QByteArray(51, 'x') + '\n';
+    const struct
+    {
+        const char *table;
+        QByteArray csv;
+        const char *says;
+    } rows[] = {
+        {"Customer", "Customer,Days\ngood,30\nbad,soon\n",
+         "line 3, column 'Days': 'soon' is no whole number of 32 bits"},
+        {"Customer", "Customer,Days\ngood,30\nbad,\"\"\n", "line 3, column 'Days': '' is no whole number of 32 bits"},
+        {"Customer", "Customer,DateAdded\n\"two\nlines\",2011-03-30\nbad,2/29/2011\n",
+         "line 4, column 'DateAdded': '2/29/2011' is no date"},
+        {"Customer", "Customer,PrintStatements\nbad,perhaps\n",
+         "line 2, column 'PrintStatements': 'perhaps' is neither True nor False"},
+        {"Part", "PartNo,Cost\nbad,5%\n", "line 2, column 'Cost': '5%' is no number"},
+        {"Part", tooLong, "line 3, column 'PartNo': longer than 50 characters"},
+        {"ShipmentItems", "Qty\n2.5\n", "line 2, column 'Qty': '2.5' is no whole number of 32 bits"},
+        {"ShipmentItems", "Qty\n99999999999\n", "line 2, column 'Qty': '99999999999' is no whole number of 32 bits"},
+        {"Orders", "ID,Status\n5,Open\n5,Void\n", "line 3, column 'ID': 5 is taken already"},
+        {"Part", "PartNo,Colour\nP1,red\n", "line 1, column 'Colour': no such column in Part"},
+        {"Part", "PartNo,PARTNO\nP1,P1\n", "line 1, column 'PARTNO': named twice"},
+        {"Part", "PartNo,Cost\nP1,1\nP2\n", "line 3, column 'Cost': missing, the line ends before it"},
+        {"Part", "PartNo,Cost\nP1,1,2\n", "line 2, field 3: more fields than columns"},
+        {"Part", "PartNo,Cost\nP1,1\n\"P2,2\n", "line 3, field 1: a quotation mark is never closed"},
+        {"Part", "PartNo,Cost\n\"P2\"x,2\n", "line 2, field 1: text behind a closing quotation mark"},
+        {"Part", "PartNo,Category\nP1,caf\xE9\n", "line 2, field 2: the text is not UTF-8"},
+        {"Part", "", "line 1: no column names"},
+    };
+    for (const auto &row : rows) {
+        const Outcome outcome = load(row.table, row.csv);
+        EXPECT_EQ(outcome.status, 1) << row.says;
+        EXPECT_EQ(outcome.err, "tamrick-db: '" + path("c.csv") + "' " + row.says + '\n');
+        EXPECT_EQ(exported(row.table).count('\n'), 1) << row.says;
+    }
+}
+
+TEST_F(LoadTest, NumbersContinueAboveThoseLoaded)
+{
+    load("Orders", "ID,Customer\n41,Acme\n");
+    const auto database = open(path("c.db"));
+    Recordset orders = database->OpenRecordset("SELECT * FROM Orders");
+    orders.AddNew();
+    EXPECT_EQ(orders.Fields("ID").value(), Value(42));
+}
+
+TEST_F(LoadTest, AnExportedDatabaseLoadsIntoAnotherWithoutALoss)
+{
+    ASSERT_EQ(run({"demo", path("demo.db"), "--until=2011-03-30"}).status, 0);
+    const auto demo = open(path("demo.db"));
+    for (const TableDef &table : demo->TableDefs()) {
+        const QString original = run({"export", path("demo.db"), table.Name}).out;
+        EXPECT_EQ(load(table.Name, original.toUtf8()).status, 0);
+        EXPECT_TRUE(exported(table.Name) == original) << table.Name.toStdString();
+    }
+}
+
+TEST_F(LoadTest, ExportReadsTheTablesThatReportsMake)
+{
+    open(path("c.db"))->Execute("CREATE TABLE tmpCustomerRegister (TranDate Datetime, ID text(50), Amount money)");
+    EXPECT_EQ(load("tmpCustomerRegister", "TranDate,ID,Amount\n2011-03-30,7,1.23456\n").status, 0);
+    EXPECT_EQ(exported("tmpCustomerRegister"), "TranDate,ID,Amount\n2011-03-30,7,1.2346\n");
+}
+
+} // namespace
