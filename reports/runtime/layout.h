@@ -114,6 +114,7 @@ struct Layout
     std::vector<RunningTotal> runningTotals = {};
     std::vector<Group> groups = {};
     std::vector<Section> sections = {}; ///< in printing order within each kind; any number of each
+    bool nullsAsDefaults = true;        ///< in formulas Null counts as 0 or "", except under IsNull
     bool exportAsTable = false;         ///< a spreadsheet export is the heading row and one row per record, no more
 
     QSizeF pageSize() const { return landscape ? QSizeF(792, 612) : QSizeF(612, 792); }

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "data/values/value.h"
+#include <QDateTime>
+#include <memory>
+#include <vector>
+
+class RowStore;
+class Totals;
+struct TextParameter;
+
+/// What a formula sees when it is evaluated: a row, the groups it stands in, and where the page has got to.
+struct FormulaContext
+{
+    const RowStore *rows = nullptr;
+    int row = -1; ///< index in `rows`; -1 when there is none: every field is then Null
+    const Totals *totals = nullptr;
+    const int *groupNodes = nullptr; ///< per group level the node of the row's group
+    const double *running = nullptr; ///< running totals up to and including the row
+    const std::vector<TextParameter> *parameters = nullptr;
+    bool nullsAsDefaults = true; ///< Null counts as 0 or "" in operations, instead of making the result Null
+    int pageNumber = 0;
+    int pageCount = 0; ///< 0 while it is not known yet
+    bool repeatedHeader = false;
+    QDateTime printed;
+};
+
+enum class FormulaType { Boolean, Number, Text, Date };
+
+/// A formula, parsed and checked for types.
+class Formula
+{
+public:
+    explicit Formula(FormulaType type) : m_type(type) {}
+    virtual ~Formula() = default;
+    virtual Value evaluate(const FormulaContext &context) const = 0;
+    FormulaType type() const { return m_type; }
+
+    /// True where the value is True; Null counts as False.
+    bool holds(const FormulaContext &context) const;
+
+private:
+    FormulaType m_type;
+};
+
+using FormulaPtr = std::shared_ptr<const Formula>;
+
+/// A total over rows, as asked for by Sum({f}, {g}) and its like.
+struct Aggregate
+{
+    enum class Kind { Sum, Count, Average, Minimum, Maximum };
+    Kind kind;
+    FormulaPtr of;
+    int level; ///< of the group it is taken over; -1: all rows
+};
+
+/// Where a formula text finds what it names. Each returns null (or -1) for an unknown name.
+class FormulaScope
+{
+public:
+    virtual ~FormulaScope() = default;
+    virtual FormulaPtr field(const QString &name) = 0;
+    virtual FormulaPtr formula(const QString &name) = 0;
+    virtual FormulaPtr runningTotal(const QString &name) = 0;
+    virtual FormulaPtr parameter(const QString &name) = 0;
+    /// The level of the group over this reference ("{t.PartNo}", "{@Month}").
+    virtual int groupLevel(const QString &reference) = 0;
+    /// The printed name of the group of that level.
+    virtual FormulaPtr groupName(int level) = 0;
+    /// `text` is how the source names the total: equal texts share one computation.
+    virtual FormulaPtr aggregate(const Aggregate &aggregate, const QString &text) = 0;
+};
+
+/// Parses a formula text. Error 440, the reason in its detail.
+FormulaPtr parseFormula(const QString &text, FormulaScope &scope);

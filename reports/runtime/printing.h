@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class QPrinter;
+class Report;
+
+/// Prints a report without a prompt, in two copies, to where documents go. Error 482 when that fails.
+void printOut(Report &report);
+
+/// Prints pages `from` to `to` (from 0, both inclusive) as often as the printer was told. False when it failed.
+bool printPages(Report &report, QPrinter &printer, int from, int to);
+
+/// Where PrintOut sends documents, and what a test puts in its place. Answers whether it was done.
+using PrintDestination = std::function<bool(Report &report, int copies)>;
+/// An empty function restores the system's default printer, or the folder `printed/` where there is none.
+void setPrintDestination(PrintDestination destination);
+
+/// Writes the document with every copy in it as a PDF into that folder, which is made if it is missing; answers the
+/// file's path, or nothing when it failed. The name tells document, time and number: "Invoice-20110330-140509-1.pdf".
+QString printToFolder(Report &report, int copies, const QString &folder);
