@@ -1,6 +1,6 @@
 #include "reports/runtime/formulanodes.h"
 
-#include "data/engines/sqlite/collation.h"
+#include "data/values/textorder.h"
 #include "data/values/runtimeerror.h"
 #include "reports/runtime/rowstore.h"
 

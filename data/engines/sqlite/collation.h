@@ -1,14 +1,7 @@
 #pragma once
 
-#include <string_view>
-
 struct sqlite3;
 
-/// The order of texts: without regard to case, blanks at the end not counting. ASCII stands as in SQLite's own
-/// NOCASE, whose name it takes, so that a file with ASCII keys reads alike in every other tool; letters beyond ASCII
-/// stand with their base letter, the accent deciding only between texts otherwise equal.
-/// Negative, 0 or positive for UTF-8 texts.
-int compareTexts(std::string_view a, std::string_view b);
-
-/// Makes it the connection's NOCASE.
+/// Makes the order of texts (data/values/textorder.h) the connection's NOCASE: it takes the name of SQLite's own, which
+/// it agrees with on ASCII, so that a file with ASCII keys reads alike in every other tool.
 void registerJetCollation(sqlite3 *connection);
