@@ -23,21 +23,6 @@ static Layout plainLayout(const QString &designer, const QStringList &texts)
     return tableLayout(report);
 }
 
-Layout crptInvoice()
-{
-    return plainLayout("crptInvoice", {"txtInvoiceNumber", "txtInvoiceDate", "txtTerms", "txtTotal"});
-}
-
-Layout crptPackingSlip()
-{
-    return plainLayout("crptPackingSlip", {});
-}
-
-Layout crptPickTicket()
-{
-    return plainLayout("crptPickTicket", {});
-}
-
 Layout crptStatementReport()
 {
     return plainLayout("crptStatementReport", {"txtAsOfDate"});

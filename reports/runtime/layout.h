@@ -14,8 +14,8 @@
 enum class Align { Left, Center, Right };
 
 /// How a value is printed. Money puts negative amounts in parentheses; Quantity shows decimals only where there are
-/// any; Percent takes the ratio (0.25 prints "25.0%").
-enum class Picture { General, Whole, Quantity, Money, Dollars, Percent, Date, DateTime };
+/// any; Price is Money with up to four decimals; Percent takes the ratio (0.25 prints "25.0%").
+enum class Picture { General, Whole, Quantity, Money, Price, Dollars, Percent, Date, DateTime };
 
 /// What happens to a text wider than its place: cut with an ellipsis, or broken into lines that push the section's
 /// lower part down. Numbers and dates are never cut, they are set smaller.

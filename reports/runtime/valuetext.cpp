@@ -27,6 +27,8 @@ QString numberText(double number, Picture picture)
         return quantityText(number);
     case Picture::Money:
         return moneyText(number, u"#,##0.00;(#,##0.00)");
+    case Picture::Price:
+        return Format(number, u"#,##0.00##;(#,##0.00##)");
     case Picture::Dollars:
         return moneyText(number, u"$#,##0.00;($#,##0.00)");
     case Picture::Percent:

@@ -21,6 +21,8 @@ const char *numberFormat(Picture picture)
         return "#,##0.####;-#,##0.####";
     case Picture::Money:
         return "#,##0.00;(#,##0.00)";
+    case Picture::Price:
+        return "#,##0.00##;(#,##0.00##)";
     case Picture::Dollars:
         return "$#,##0.00;($#,##0.00)";
     case Picture::Percent:

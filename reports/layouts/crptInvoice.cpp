@@ -1,0 +1,131 @@
+#include "reports/layouts/document.h"
+#include "reports/layouts/layouts.h"
+
+// The bill: by order and shipment the lines that were shipped, freight and adjustment once for each shipment, and the
+// total as the routine reckoned it.
+
+namespace {
+
+using Kind = Section::Kind;
+const TextStyle Normal{.size = 9.5, .color = House::Ink};
+const TextStyle Strong{.size = 9.5, .bold = true, .color = House::Ink};
+
+const QString Amount = "{ShipmentItems.Qty} * {PriceEach}";
+const QString ShipToText =
+    "{ShipTo} & {ShipToAddress1} & {ShipToAddress2} & {ShipToCity} & {ShipToState} & {ShipToZip}";
+
+/// Where the orders went to different places the head can't name one, and each order names its own.
+const QString OnePlace = "Minimum(" + ShipToText + ") = Maximum(" + ShipToText + ")";
+
+Section orderHeader(double width)
+{
+    const QString order = "\"Order \" & {OrderNumber} & \" of \" & ToText({OrderDate}, \"M/d/yyyy\") & "
+                          "(if {Warehouse} <> \"\" then \", from \" & {Warehouse}) & "
+                          "(if InRepeatedGroupHeader then \" (continued)\")";
+    return {.kind = Kind::GroupHeader,
+            .group = 0,
+            .height = 19,
+            .objects = {value({0, 5, width, 0}, order, {.size = 10, .bold = true, .color = House::Ink})}};
+}
+
+Section orderPlace(double width)
+{
+    const QString place = "\"Shipped to \" & {ShipTo} & (if {ShipToAddress1} <> \"\" then \", \" & {ShipToAddress1}) & "
+                          "(if {ShipToCity} <> \"\" then \", \" & {ShipToCity}) & \" \" & {ShipToState} & \" \" & "
+                          "{ShipToZip}";
+    return {.kind = Kind::GroupHeader,
+            .group = 0,
+            .height = 13,
+            .objects = {value({0, 0, width, 0}, place, {.size = 9, .color = House::Faint})},
+            .suppressIf = OnePlace + " or InRepeatedGroupHeader"};
+}
+
+Section shipmentHeader(double width)
+{
+    const QString shipment = "\"Shipment \" & {SHIPMENT.ID} & \" of \" & ToText({Date}, \"M/d/yyyy\") & "
+                             "(if {Via} <> \"\" then \" via \" & {Via})";
+    return {.kind = Kind::GroupHeader,
+            .group = 1,
+            .height = 16,
+            .objects = {value({0, 2, width, 0}, shipment, {.size = 9, .color = House::Faint}),
+                        line({0, 15}, {width, 15}, 0.25)}};
+}
+
+Section invoiceLine()
+{
+    return {.kind = Kind::Detail,
+            .name = "secDetail",
+            .height = 15,
+            .objects = {value({0, 1.5, 26, 0}, "{ItemNumber}", Normal, Align::Right),
+                        value({34, 1.5, 136, 0}, "{PartNo}", Normal),
+                        value({176, 1.5, 116, 0}, "{CustomerNumber}", Normal),
+                        value({298, 1.5, 50, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
+                        value({354, 1.5, 50, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
+                        value({410, 1.5, 58, 0}, "{PriceEach}", Normal, Align::Right, Picture::Price),
+                        value({474, 1.5, 66, 0}, Amount, Normal, Align::Right, Picture::Money)}};
+}
+
+/// A line of the amounts under a shipment.
+Section shipmentAmount(const QString &caption, const QString &source, const QString &suppressIf)
+{
+    return {.kind = Kind::GroupFooter,
+            .group = 1,
+            .height = 14,
+            .objects = {text({298, 1, 170, 0}, caption, Normal, Align::Right),
+                        value({474, 1, 66, 0}, source, Normal, Align::Right, Picture::Money)},
+            .suppressIf = suppressIf};
+}
+
+Section goods()
+{
+    Section section = shipmentAmount("Goods", "Sum(" + Amount + ", {SHIPMENT.ID})", "");
+    section.height = 18;
+    for (LayoutObject &object : section.objects)
+        object.place.translate(0, 3);
+    section.objects.push_back(line({474, 2}, {540, 2}, 0.5));
+    return section;
+}
+
+Section total(double width)
+{
+    Section section{.kind = Kind::ReportFooter, .name = "secTotal", .height = 40};
+    const TextStyle style{.size = 13, .bold = true, .color = House::Ink};
+    section.objects = {box({298, 10, width - 298, 26}, House::Tint, 0.8, House::Ink),
+                       text({308, 15, 100, 0}, "Total", style),
+                       named("txtTotal", text({400, 15, width - 408, 0}, "", style, Align::Right))};
+    return section;
+}
+
+} // namespace
+
+Layout crptInvoice()
+{
+    Layout layout{.title = "Invoice",
+                  .parameters = {{"txtInvoiceNumber"}, {"txtInvoiceDate"}, {"txtTerms"}},
+                  .groups = {{.by = "{Orders.ID}", .label = "\"Order \" & {OrderNumber}"},
+                             {.by = "{SHIPMENT.ID}", .label = "\"Shipment \" & {SHIPMENT.ID}"}}};
+    const double width = layout.width();
+    layout.sections = documentHead(
+        {.title = layout.title,
+         .particulars = {{"Invoice number", value({}, "{?txtInvoiceNumber}")},
+                         {"Invoice date", value({}, "{?txtInvoiceDate}")},
+                         {"Terms", value({}, "{?txtTerms}")}},
+         .windowCaption = "Bill to",
+         .windowAddress = customerAddress(),
+         .besideCaption = "Ship to",
+         .besideAddress = "if " + OnePlace + " then " + shipToAddress() + " else \"As told with each order\"",
+         .continuation = "\"Invoice \" & {?txtInvoiceNumber}"},
+        width);
+    layout.sections.push_back(documentColumns(
+        {text({0, 0, 26, 0}, "Line", {}, Align::Right), text({34, 0, 136, 0}, "Part"),
+         text({176, 0, 116, 0}, "Your number"), text({298, 0, 50, 0}, "Ordered", {}, Align::Right),
+         text({354, 0, 50, 0}, "Shipped", {}, Align::Right), text({410, 0, 58, 0}, "Price", {}, Align::Right),
+         text({474, 0, 66, 0}, "Amount", {}, Align::Right)},
+        width));
+    for (const Section &section : {orderHeader(width), orderPlace(width), shipmentHeader(width), invoiceLine(), goods(),
+                                   shipmentAmount("Freight", "{Freight}", "{Freight} = 0"),
+                                   shipmentAmount("Adjustment", "{Adjustment}", "{Adjustment} = 0"), total(width),
+                                   pageFooter(width, layout.title)})
+        layout.sections.push_back(section);
+    return layout;
+}
