@@ -19,9 +19,10 @@ const QString OnePlace = "Minimum(" + ShipToText + ") = Maximum(" + ShipToText +
 
 Section orderHeader(double width)
 {
-    const QString order = "\"Order \" & {OrderNumber} & \" of \" & ToText({OrderDate}, \"M/d/yyyy\") & "
-                          "(if {Warehouse} <> \"\" then \", from \" & {Warehouse}) & "
-                          "(if InRepeatedGroupHeader then \" (continued)\")";
+    const QString order =
+        "\"Order \" & {OrderNumber} & \" (ID \" & {Orders.ID} & \") of \" & ToText({OrderDate}, \"M/d/yyyy\") & "
+        "(if {Warehouse} <> \"\" then \", from \" & {Warehouse}) & "
+        "(if InRepeatedGroupHeader then \" (continued)\")";
     return {.kind = Kind::GroupHeader,
             .group = 0,
             .height = 19,
@@ -56,11 +57,12 @@ Section invoiceLine()
     return {.kind = Kind::Detail,
             .name = "secDetail",
             .height = 15,
-            .objects = {value({0, 1.5, 26, 0}, "{ItemNumber}", Normal, Align::Right),
-                        value({34, 1.5, 136, 0}, "{PartNo}", Normal),
-                        value({176, 1.5, 116, 0}, "{CustomerNumber}", Normal),
-                        value({298, 1.5, 50, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
-                        value({354, 1.5, 50, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
+            .objects = {value({0, 1.5, 24, 0}, "{ItemNumber}", Normal, Align::Right),
+                        wrapping(value({30, 1.5, 112, 0}, "{PartNo}", Normal)),
+                        wrapping(value({148, 1.5, 70, 0}, "{Category}", Normal)),
+                        wrapping(value({224, 1.5, 84, 0}, "{CustomerNumber}", Normal)),
+                        value({312, 1.5, 42, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
+                        value({360, 1.5, 44, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({410, 1.5, 58, 0}, "{PriceEach}", Normal, Align::Right, Picture::Price),
                         value({474, 1.5, 66, 0}, Amount, Normal, Align::Right, Picture::Money)}};
 }
@@ -117,10 +119,10 @@ Layout crptInvoice()
          .continuation = "\"Invoice \" & {?txtInvoiceNumber}"},
         width);
     layout.sections.push_back(documentColumns(
-        {text({0, 0, 26, 0}, "Line", {}, Align::Right), text({34, 0, 136, 0}, "Part"),
-         text({176, 0, 116, 0}, "Your number"), text({298, 0, 50, 0}, "Ordered", {}, Align::Right),
-         text({354, 0, 50, 0}, "Shipped", {}, Align::Right), text({410, 0, 58, 0}, "Price", {}, Align::Right),
-         text({474, 0, 66, 0}, "Amount", {}, Align::Right)},
+        {text({0, 0, 24, 0}, "Line", {}, Align::Right), text({30, 0, 112, 0}, "Part"),
+         text({148, 0, 70, 0}, "Category"), text({224, 0, 84, 0}, "Your number"),
+         text({312, 0, 42, 0}, "Ordered", {}, Align::Right), text({360, 0, 44, 0}, "Shipped", {}, Align::Right),
+         text({410, 0, 58, 0}, "Price", {}, Align::Right), text({474, 0, 66, 0}, "Amount", {}, Align::Right)},
         width));
     for (const Section &section : {orderHeader(width), orderPlace(width), shipmentHeader(width), invoiceLine(), goods(),
                                    shipmentAmount("Freight", "{Freight}", "{Freight} = 0"),

@@ -30,7 +30,7 @@ Section pickLine(double width)
             .name = "secDetail",
             .height = 20,
             .objects = {box({4, 4.5, 10, 10}, {}, 0.8, House::Ink), value({26, 3.5, 86, 0}, "{BinLocation}", Strong),
-                        value({118, 3.5, 212, 0}, "{PartNo}", Normal),
+                        wrapping(value({118, 3.5, 212, 0}, "{PartNo}", Normal)),
                         value({336, 3.5, 36, 0}, "{ItemNumber}", Normal, Align::Right),
                         value({378, 3.5, 70, 0}, "{Qty}", Strong, Align::Right, Picture::Quantity),
                         line({462, 16}, {width - 4, 16}, 0.6, House::Ink), line({0, 20}, {width, 20}, 0.25)},

@@ -16,10 +16,7 @@ constexpr double AddressHeight = 6 * 12.5;
 void addAddress(Section &section, double x, double width, const QString &caption, const QString &address)
 {
     section.objects.push_back(text({x, WindowTop - 12, width, 0}, caption, Small));
-    LayoutObject block = value({x, WindowTop, width, AddressHeight}, address, Normal);
-    block.overflow = Overflow::Wrap;
-    block.maxLines = 6;
-    section.objects.push_back(block);
+    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 6));
 }
 
 void addLetterhead(Section &section)

@@ -201,6 +201,13 @@ LayoutObject box(QRectF place, const QColor &fill, double thickness, const QColo
             .fill = fill};
 }
 
+LayoutObject wrapping(LayoutObject object, int maxLines)
+{
+    object.overflow = Overflow::Wrap;
+    object.maxLines = maxLines;
+    return object;
+}
+
 LayoutObject named(const QString &name, LayoutObject object)
 {
     object.name = name;

@@ -23,6 +23,8 @@ LayoutObject value(QRectF place, const QString &source, const TextStyle &style =
                    Picture picture = Picture::General);
 LayoutObject line(QPointF from, QPointF to, double thickness = 0.5, const QColor &color = House::Rule);
 LayoutObject box(QRectF place, const QColor &fill = {}, double thickness = 0.5, const QColor &color = House::Rule);
+/// The same object, its text broken into lines where it is too long for one.
+LayoutObject wrapping(LayoutObject object, int maxLines = 3);
 /// The same object under a name, for routines.
 LayoutObject named(const QString &name, LayoutObject object);
 
