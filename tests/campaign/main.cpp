@@ -28,11 +28,6 @@ std::unique_ptr<QProcess> startWorker(const QString &file, const QString &connec
     return worker;
 }
 
-QStringList linesOf(QProcess &worker)
-{
-    return QString::fromUtf8(worker.readAllStandardOutput()).split('\n');
-}
-
 int finish(const char *what, const Settings &settings, const Ledger &ledger, QStringList faults)
 {
     faults += ledger.faults();
@@ -53,14 +48,18 @@ int kills(const Settings &settings, const QString &file, const QString &connect)
         const auto worker = startWorker(file, connect, "A", -1);
         worker->write("\n");
         worker->waitForBytesWritten();
-        // Some statements into the saves; those of the rollback journal wait for the disk.
-        QThread::usleep(random.bounded(settings.journal == "log" ? 80000 : 400000));
+        // Counted in statements and not in time, so that a busy machine kills as deep into the saves.
+        QByteArray heard;
+        for (const int enough = random.bounded(1, 40); heard.count('\n') < enough && worker->waitForReadyRead(30000);)
+            heard += worker->readAllStandardOutput();
+        QThread::usleep(random.bounded(settings.journal == "log" ? 500 : 20000));
         worker->kill();
         worker->waitForFinished();
+        heard += worker->readAllStandardOutput();
         const QByteArray errors = worker->readAllStandardError();
         if (!errors.isEmpty())
             faults += QString::fromUtf8(errors);
-        ledger.add(linesOf(*worker));
+        ledger.add(QString::fromUtf8(heard).split('\n'));
         ledger.compare(file, kill + 1); // each kill may have cut off one promise
     }
     return finish("kills", settings, ledger, faults);
@@ -80,7 +79,7 @@ int pair(const Settings &settings, const QString &file, const QString &connect)
     for (const auto *worker : {&a, &b}) {
         if (!(*worker)->waitForFinished(-1) || (*worker)->exitCode() != 0)
             faults += "a worker failed: " + QString::fromUtf8((*worker)->readAllStandardError());
-        ledger.add(linesOf(**worker));
+        ledger.add(QString::fromUtf8((*worker)->readAllStandardOutput()).split('\n'));
     }
     ledger.compare(file, 0);
     return finish("pair", settings, ledger, faults);
