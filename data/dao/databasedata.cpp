@@ -140,7 +140,7 @@ void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)
 {
     if (m_editor != writer)
         takeRow(m_editor); // each statement is committed for itself, so that the lock ends before it
-    m_connection.setCommitsSynced(true);
+    m_connection.prepareToWrite();
     for (RecordsetData *recordset : m_recordsets)
         recordset->prepareForWrite(table, recordset == writer);
     ++m_writes[table.toCaseFolded()];

@@ -42,10 +42,12 @@ void Connection::configure(const ConnectionOptions &options)
 {
     sqlite3 *db = m_handle.get();
     sqlite3_extended_result_codes(db, 1);
-    sqlite3_busy_timeout(db, options.busyMilliseconds);
+    m_busyWait.install(db, options.busyMilliseconds);
     // A name in double quotes that is no column would silently become a text.
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    // Set once and for all: setting it makes SQLite prepare all idle statements anew.
+    sqlite3_set_authorizer(db, noteTableRead, &m_tablesRead);
     registerJetCollation(db);
     registerJetFunctions(db);
 
@@ -83,15 +85,13 @@ Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
 {
     if (Statement idle = m_idle.take(sql))
         return idle;
-    QStringList tables;
-    sqlite3_set_authorizer(m_handle.get(), noteTableRead, &tables);
+    m_tablesRead.clear();
     sqlite3_stmt *handle = nullptr;
     const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
                                         &handle, nullptr);
-    sqlite3_set_authorizer(m_handle.get(), nullptr, nullptr);
     if (code != SQLITE_OK)
         raise(code, doing);
-    return Statement(handle, sql, std::move(tables));
+    return Statement(handle, sql, m_tablesRead);
 }
 
 void Connection::giveBack(Statement statement)
@@ -147,6 +147,14 @@ void Connection::syncLog()
     const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
     if (code != SQLITE_OK)
         raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
+}
+
+void Connection::prepareToWrite()
+{
+    if (m_usesLog)
+        return;
+    setCommitsSynced(true);
+    m_busyWait.letOthersIn();
 }
 
 void Connection::setCommitsSynced(bool synced)

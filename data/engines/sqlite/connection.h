@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/engines/sqlite/busywait.h"
 #include "data/engines/sqlite/lrucache.h"
 #include "data/engines/sqlite/statement.h"
 #include "data/values/runtimeerror.h"
@@ -59,6 +60,8 @@ public:
     /// True while commits of this connection are not synced each for themselves.
     bool usesLog() const { return m_usesLog; }
 
+    /// To be called before a write that is to be a transaction of its own.
+    void prepareToWrite();
     /// Whether each commit of the rollback journal is synced to the disk, as it is from the start.
     void setCommitsSynced(bool synced);
 
@@ -75,8 +78,10 @@ private:
     static int noteTableRead(void *tables, int action, const char *table, const char *, const char *, const char *);
 
     QString m_file;
+    BusyWait m_busyWait;
     std::unique_ptr<sqlite3, Closer> m_handle;
     LruCache<QByteArray, Statement> m_idle{128};
+    QStringList m_tablesRead; ///< by the statement being prepared
     bool m_usesLog = false;
     bool m_commitsSynced = true;
 };
