@@ -6,6 +6,23 @@
 
 using jetsql::StatementKind;
 
+namespace {
+
+/// True for statements of which many come that differ in their constants alone: those over one table.
+bool comesOften(const jetsql::Translation &translation)
+{
+    return translation.kind == StatementKind::Select ? !translation.updatableTable.isEmpty()
+                                                     : !translation.sql.contains("SELECT");
+}
+
+} // namespace
+
+Translated::Translated(jetsql::Translation translation)
+    : jetsql::Translation(std::move(translation)),
+      shape(comesOften(*this) ? StatementShape::withoutConstants(sql) : StatementShape::whole(sql))
+{
+}
+
 DatabaseData::DatabaseData(const ConnectionOptions &options, const QString &password) : m_connection(options)
 {
     PasswordGate::check(m_connection, password, options.file);
@@ -28,19 +45,19 @@ void DatabaseData::readCatalog()
     m_catalog = Tables::readCatalog(m_connection);
 }
 
-DatabaseData::Translated DatabaseData::translate(const QString &sql)
+std::shared_ptr<const Translated> DatabaseData::translate(const QString &sql)
 {
-    if (const Translated *known = m_translations.find(sql))
+    if (const auto *known = m_translations.find(sql))
         return *known;
     try {
-        return m_translations.insert(sql, std::make_shared<jetsql::Translation>(jetsql::translate(sql, m_catalog)));
+        return m_translations.insert(sql, std::make_shared<Translated>(jetsql::translate(sql, m_catalog)));
     } catch (const RuntimeError &) {
         // Another process may have made the table meanwhile.
         if (catalogIsCurrent())
             throw;
     }
     readCatalog();
-    return m_translations.insert(sql, std::make_shared<jetsql::Translation>(jetsql::translate(sql, m_catalog)));
+    return m_translations.insert(sql, std::make_shared<Translated>(jetsql::translate(sql, m_catalog)));
 }
 
 void DatabaseData::execute(const QString &sql)
@@ -51,7 +68,7 @@ void DatabaseData::execute(const QString &sql)
 
 bool DatabaseData::tryExecute(const QString &sql)
 {
-    const Translated translation = translate(sql);
+    const auto translation = translate(sql);
     if (translation->kind == StatementKind::Select)
         throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
@@ -68,7 +85,7 @@ bool DatabaseData::tryExecute(const QString &sql)
     return true;
 }
 
-void DatabaseData::run(const jetsql::Translation &translation, const Doing &doing)
+void DatabaseData::run(const Translated &translation, const Doing &doing)
 {
     switch (translation.kind) {
     case StatementKind::SelectInto:
@@ -77,7 +94,7 @@ void DatabaseData::run(const jetsql::Translation &translation, const Doing &doin
     case StatementKind::DropTable:
         return drop(translation, doing);
     default:
-        m_connection.runPrepared(translation.sql, doing);
+        m_connection.runPrepared(translation.shape, doing);
     }
 }
 
@@ -93,7 +110,9 @@ void DatabaseData::make(const jetsql::Translation &translation, const Doing &doi
         m_connection.finish(fill, doing);
     }
     for (const Schema::Index &index : Schema::indexes()) {
-        if (index.table.compare(table.Name, Qt::CaseInsensitive) == 0)
+        const bool fits = std::all_of(index.columns.begin(), index.columns.end(),
+                                      [&](const QString &column) { return table.indexOf(column) >= 0; });
+        if (fits && index.table.compare(table.Name, Qt::CaseInsensitive) == 0)
             m_connection.run(Tables::createStatement(index), doing);
     }
 }
@@ -117,11 +136,12 @@ std::unique_ptr<RecordsetData> DatabaseData::open(const QString &sql)
 
 Query DatabaseData::prepareQuery(const QString &sql)
 {
-    Translated translation = translate(sql);
+    auto translation = translate(sql);
     if (translation->kind != StatementKind::Select)
         throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
     try {
-        Statement statement = m_connection.prepare(translation->sql, reading(*translation, sql));
+        Statement statement = m_connection.prepare(translation->shape.sql(), reading(*translation, sql));
+        translation->shape.bindTo(statement);
         return {std::move(translation), std::move(statement)};
     } catch (const RuntimeError &) {
         if (catalogIsCurrent())

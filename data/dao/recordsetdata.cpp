@@ -271,15 +271,17 @@ void RecordsetData::dropPending()
 
 void RecordsetData::insertPending(const Doing &writing)
 {
-    QByteArrayList names, places;
-    for (const ColumnDef &column : m_table->columns) {
-        names += Tables::quoted(column.name);
-        places += "?";
-    }
     Connection &connection = m_database->connection();
-    Statement insert = connection.prepare("INSERT INTO " + Tables::quoted(m_table->Name) + " (" + names.join(", ") +
-                                              ") VALUES (" + places.join(", ") + ')',
-                                          writing);
+    if (m_insertSql.isEmpty()) {
+        QByteArrayList names, places;
+        for (const ColumnDef &column : m_table->columns) {
+            names += Tables::quoted(column.name);
+            places += "?";
+        }
+        m_insertSql = "INSERT INTO " + Tables::quoted(m_table->Name) + " (" + names.join(", ") + ") VALUES (" +
+                      places.join(", ") + ')';
+    }
+    Statement insert = connection.prepare(m_insertSql, writing);
     for (size_t i = 0; i < m_pending->values.size(); ++i)
         insert.bind(int(i) + 1, *m_pending->values[i]);
     connection.finish(insert, writing);

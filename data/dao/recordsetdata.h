@@ -71,6 +71,7 @@ private:
 
     std::optional<TableDef> m_table; ///< the table that AddNew and Edit write, known from the first of them on
     std::vector<int> m_tableColumns; ///< its column for each result column, or -1
+    QByteArray m_insertSql;
     std::optional<Pending> m_pending;
     std::vector<std::optional<Value>> m_fresh; ///< of the current row, what is newer than the walk; may be empty
     quint64 m_seenWrites = 0;                  ///< writes to the table that the stored rows take account of

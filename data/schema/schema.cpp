@@ -172,6 +172,8 @@ const std::vector<Schema::Index> &Schema::indexes()
         {"ixTransferFrom", "TransferHeader", {"FromID"}, {}},
         {"ixTransferTo", "TransferHeader", {"ToID"}, {}},
         {"ixAvailInv", "AvailInv", {"Part", "Whse"}, {}},
+        // A table that a report makes anew; it gets its index then. The listing deletes from it by customer.
+        {"ixOpenInvoices", "tmpOpenInvoices", {"Customer"}, {}},
     };
     return list;
 }

@@ -98,6 +98,18 @@ TEST_F(StatementsTest, SelectIntoKeepsTypesAndLeavesNothingBehindOnFailure)
     EXPECT_EQ(database->TableDefs().size(), tables);
 }
 
+TEST_F(StatementsTest, ATableMadeAnewGetsTheIndexesThatTheSchemaNames)
+{
+    for (const char *customers :
+         {"SELECT Customer, ID INTO TMPOpenInvoices FROM Invoice", "SELECT ID INTO tmpOpenInvoices FROM Invoice"}) {
+        database->Execute(customers);
+        PlainConnection plain(file.path());
+        EXPECT_EQ(plain.text("SELECT count(*) FROM sqlite_schema WHERE name = 'ixOpenInvoices'"),
+                  QString(customers).contains("Customer") ? "1" : "0");
+        database->Execute("DROP TABLE tmpOpenInvoices");
+    }
+}
+
 TEST_F(StatementsTest, SeeTheTablesThatAnotherConnectionMakesAndDrops)
 {
     const auto other = file.open();

@@ -58,7 +58,10 @@ TEST(Schema, EveryIndexStandsOnColumnsThatExistAndNoneOnALineNumberAlone)
     const Catalog catalog = wholeCatalog();
     for (const Schema::Index &index : Schema::indexes()) {
         const TableDef *table = catalog.find(index.table);
-        ASSERT_NE(table, nullptr) << index.name.toStdString();
+        if (!table) { // one that a report makes
+            EXPECT_TRUE(index.table.startsWith("tmp")) << index.name.toStdString();
+            continue;
+        }
         for (const QString &column : index.columns)
             EXPECT_GE(table->indexOf(column), 0) << index.name.toStdString();
         EXPECT_FALSE(QStringList({"ItemNumber", "OrderLineItem", "Whse"}).contains(index.columns.first()));

@@ -10,6 +10,9 @@
 namespace {
 
 constexpr int CacheKilobytes = 64 * 1024;
+/// Pages after which the log is copied into the database, 16 MB: a quarter of the syncs of SQLite's own measure,
+/// and still read in no time when a program that was killed is started again.
+constexpr int LogPages = 4000;
 
 /// The path failures the engine tells apart before it looks into the file.
 void checkPath(const ConnectionOptions &options)
@@ -66,6 +69,7 @@ void Connection::configure(const ConnectionOptions &options)
     }
     run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=FULL", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
+    run("PRAGMA wal_autocheckpoint=" + QByteArray::number(LogPages), opening);
     if (options.exclusive)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
 }
@@ -110,9 +114,10 @@ void Connection::run(const QByteArray &sql, const Doing &doing)
         raise(code, doing);
 }
 
-void Connection::runPrepared(const QByteArray &sql, const Doing &doing)
+void Connection::runPrepared(const StatementShape &shape, const Doing &doing)
 {
-    Statement statement = prepare(sql, doing);
+    Statement statement = prepare(shape.sql(), doing);
+    shape.bindTo(statement);
     finish(statement, doing);
     giveBack(std::move(statement));
 }
@@ -173,7 +178,7 @@ void Connection::raise(int code, const Doing &doing) const
 Transaction::Transaction(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
 {
     // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
-    connection.runPrepared("BEGIN IMMEDIATE", doing);
+    connection.runPrepared(StatementShape::whole("BEGIN IMMEDIATE"), doing);
 }
 
 Transaction::~Transaction()
@@ -181,7 +186,7 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.runPrepared("ROLLBACK", m_doing);
+        m_connection.runPrepared(StatementShape::whole("ROLLBACK"), m_doing);
     } catch (const RuntimeError &) {
         // The engine has rolled back by itself already, and the error that led here is the one to report.
     }
@@ -189,6 +194,6 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_connection.runPrepared("COMMIT", m_doing);
+    m_connection.runPrepared(StatementShape::whole("COMMIT"), m_doing);
     m_open = false;
 }

@@ -24,13 +24,19 @@ void Statement::bind(int parameter, const Value &value)
         sqlite3_bind_double(handle(), parameter, value.toDouble());
         break;
     case Value::Type::Date:
-    case Value::Type::Text: {
-        const QByteArray utf8 = (value.type() == Value::Type::Date ? value.toDate().toIso() : value.toText()).toUtf8();
-        sqlite3_bind_text64(handle(), parameter, utf8.constData(), sqlite3_uint64(utf8.size()), SQLITE_TRANSIENT,
-                            SQLITE_UTF8);
+        bind(parameter, value.toDate().toIso().toUtf8());
+        break;
+    case Value::Type::Text:
+        bind(parameter, value.toText().toUtf8());
         break;
     }
-    }
+}
+
+void Statement::bind(int parameter, const QByteArray &utf8)
+{
+    // A null pointer would bind Null, and an empty text is not that.
+    sqlite3_bind_text64(handle(), parameter, utf8.isNull() ? "" : utf8.constData(), sqlite3_uint64(utf8.size()),
+                        SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
 bool Statement::sawOtherTables()

@@ -21,6 +21,7 @@ public:
 
     /// Binds a value in its stored form to the parameter of that number, counted from 1.
     void bind(int parameter, const Value &value);
+    void bind(int parameter, const QByteArray &utf8);
     void bind(int parameter, qint64 number) { sqlite3_bind_int64(handle(), parameter, number); }
 
     /// SQLITE_ROW, SQLITE_DONE or an error code.
