@@ -1,0 +1,39 @@
+#include "app/shell/appearance.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace {
+QPalette calmPalette()
+{
+    const QColor ink(0x22, 0x2b, 0x33);
+    const QColor greyed(0x8a, 0x94, 0x9c);
+    const QColor accent(0x2f, 0x6f, 0xa3);
+    QPalette palette(QColor(0xe6, 0xea, 0xed), QColor(0xf1, 0xf3, 0xf5));
+    palette.setColor(QPalette::WindowText, ink);
+    palette.setColor(QPalette::Text, ink);
+    palette.setColor(QPalette::ButtonText, ink);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xf4, 0xf8, 0xfb));
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, ink);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, greyed);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xee, 0xf0, 0xf2));
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xb9, 0xd2, 0xe6));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, ink);
+    return palette;
+}
+} // namespace
+
+void setAppearance(QApplication &application)
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setPalette(calmPalette());
+}

@@ -1,0 +1,98 @@
+#include "app/shell/mdi.h"
+
+#include "app/shell/menu.h"
+#include "app/toolkit/form.h"
+#include "app/toolkit/msgbox.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+
+namespace {
+constexpr QSize UsualSize(1280, 860);
+
+/// The entry's action in its menu: a submenu's own for a group.
+QAction *makeAction(QWidget *parent, const MenuEntry &entry)
+{
+    auto *action = new QAction(QString::fromLatin1(entry.caption), parent);
+    switch (entry.kind) {
+    case MenuEntry::Kind::Group:
+        break;
+    case MenuEntry::Kind::Form:
+        action->setEnabled(Forms::knows(entry.form));
+        QObject::connect(action, &QAction::triggered, parent, [form = entry.form] { Load(form); });
+        break;
+    case MenuEntry::Kind::Routine:
+    case MenuEntry::Kind::SwitchedOff:
+        action->setEnabled(entry.kind == MenuEntry::Kind::Routine && entry.routine);
+        if (entry.routine)
+            QObject::connect(action, &QAction::triggered, parent, [routine = entry.routine] { routine(); });
+        break;
+    }
+    action->setObjectName(QLatin1String(entry.name));
+    return action;
+}
+} // namespace
+
+MDI::MDI() : m_area(new QMdiArea)
+{
+    setObjectName(QStringLiteral("MDI"));
+    setWindowTitle(QLatin1String(ProgramTitle));
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setBackground(QColor(0x9f, 0xac, 0xb6));
+    setCentralWidget(m_area);
+    makeMenu();
+    resize(UsualSize.boundedTo(screen()->availableSize()));
+    Forms::setHost([this](Form *form) { host(form); });
+}
+
+MDI::~MDI()
+{
+    Forms::setHost({});
+}
+
+void MDI::makeMenu()
+{
+    std::vector<QMenu *> open; // the menu of each level that the next entry may stand in
+    for (const MenuEntry &entry : menuEntries()) {
+        open.resize(entry.level);
+        QAction *action = makeAction(this, entry);
+        if (open.empty())
+            menuBar()->addAction(action);
+        else
+            open.back()->addAction(action);
+        if (entry.kind == MenuEntry::Kind::Group) {
+            auto *menu = new QMenu(this);
+            action->setMenu(menu);
+            open.push_back(menu);
+        }
+    }
+}
+
+void MDI::host(Form *form)
+{
+    const bool sized = form->testAttribute(Qt::WA_Resized);
+    const bool placed = form->testAttribute(Qt::WA_Moved);
+    const QRect wanted = form->geometry();
+
+    auto *window = new QMdiSubWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWidget(form);
+    m_area->addSubWindow(window);
+    if (sized)
+        window->resize(wanted.size());
+    window->show();
+    if (placed)
+        window->move(wanted.topLeft());
+    m_area->setActiveSubWindow(window);
+}
+
+void MDI::closeEvent(QCloseEvent *event)
+{
+    Forms::unloadAll();
+    event->accept();
+    QApplication::quit();
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// Tells whether the program runs already, on this machine and from the same folder. The mark is a lock that the
+/// system itself drops when the process ends, however it ends.
+class PreviousInstance
+{
+public:
+    /// Takes the mark for this process unless another one has it.
+    explicit PreviousInstance(const QString &programFolder);
+    ~PreviousInstance();
+    PreviousInstance(const PreviousInstance &) = delete;
+    PreviousInstance &operator=(const PreviousInstance &) = delete;
+
+    bool isRunning() const { return m_isRunning; }
+
+private:
+    bool m_isRunning = false;
+    qintptr m_handle = -1;
+};

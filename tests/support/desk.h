@@ -1,0 +1,95 @@
+#pragma once
+
+#include "app/shell/mdi.h"
+#include "app/toolkit/form.h"
+#include "tests/support/boxes.h"
+#include "tests/support/printers.h"
+#include "tests/support/testclock.h"
+#include "tests/support/testdatabase.h"
+#include <QTest>
+#include <gtest/gtest.h>
+
+/// Fails unless `action` raises the run-time error of that number. A form's routines raise it through the same event
+/// dispatch as in the program; where that would show the box and end the process, here `action` ends.
+void expectRuntimeError(int number, const std::function<void()> &action);
+
+/// The hands and eyes of a user on one loaded form, whose controls are told by name:
+///
+///     FormDriver order("frmOrderEntry");        // opens it
+///     order.choose("cmbCustomer", "Acme Supply");
+///     order.type("txtOrderNumber", "1001");
+///     order.click("btnSave");
+///     EXPECT_EQ(order.text("lblStatus"), "Open");
+///
+/// All input is key and mouse events. A control that isn't there ends the test with an exception.
+class FormDriver
+{
+public:
+    /// Loads the form unless it is loaded.
+    explicit FormDriver(const QString &form);
+
+    bool isLoaded() const { return m_form && !m_form->isUnloading(); }
+    Form *form() const { return m_form; }
+    template <class Control> Control *control(const QString &name) const
+    {
+        auto *found = dynamic_cast<Control *>(find(name));
+        if (!found)
+            throw std::runtime_error("no such control: " + name.toStdString());
+        return found;
+    }
+
+    /// Clicks on a control: presses a button, gives the focus to a field.
+    void click(const QString &name);
+    /// Brings the focus to a field with the mouse and replaces its text. The field keeps the focus.
+    void type(const QString &name, const QString &text);
+    /// Presses keys in the control that has the focus: characters, or one key by its code.
+    void keys(const QString &text);
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Opens a combo box's list and clicks on the entry. The box keeps the focus.
+    void choose(const QString &name, const QString &entry);
+    /// Ticks or clears a check box with the mouse.
+    void tick(const QString &name, bool on = true);
+    /// Types a date ("3/30/2011") into a date picker.
+    void setDate(const QString &name, const QString &date);
+
+    /// Clicks, or double-clicks, on a grid's cell; rows count the header as 0.
+    void clickCell(const QString &grid, int row, int col = 0);
+    void doubleClickCell(const QString &grid, int row, int col = 0);
+    /// Clicks on a cell, types into it and commits with Enter.
+    void typeCell(const QString &grid, int row, int col, const QString &text);
+
+    /// What a control holds: the text of a field, the raw text of a masked box, the caption of a label, button or
+    /// frame, a date picker's date, "True" or "False" for a check box.
+    QString text(const QString &name) const;
+    /// One row of a grid, its cells with "|" between them, and the whole grid by its rows, the header first.
+    QString row(const QString &grid, int row) const;
+    QStringList grid(const QString &name) const;
+    bool enabled(const QString &name) const { return control<QWidget>(name)->isEnabled(); }
+    /// The name of the control that has the focus; empty when none has.
+    QString focus() const;
+
+private:
+    QWidget *find(const QString &name) const;
+
+    QPointer<Form> m_form;
+};
+
+/// A test on the running program: a database with master rows as `gDatabase`, the settings (automatic prices on,
+/// warehouse "Main", type-ahead one second), the main window with every form known, and boxes answered by `boxes`.
+class DeskTest : public testing::Test
+{
+protected:
+    DeskTest();
+    ~DeskTest() override;
+
+    void TearDown() override;
+
+    /// Clicks a menu entry by the menu control's name. It must be enabled.
+    void menu(const QString &name);
+    /// Lets everything that is posted happen, deletion of unloaded forms included.
+    static void settle();
+
+    TestDatabase database;
+    std::unique_ptr<MDI> mdi;
+    Boxes boxes;
+};

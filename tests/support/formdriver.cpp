@@ -1,0 +1,166 @@
+#include "tests/support/desk.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHeaderView>
+
+namespace {
+QPoint centre(const QWidget *widget)
+{
+    return widget->rect().center();
+}
+
+/// Where a check box's own square is: its row may be much wider than what reacts to the mouse.
+QPoint hitPoint(const QWidget *widget)
+{
+    return qobject_cast<const QCheckBox *>(widget) ? QPoint(8, widget->height() / 2) : centre(widget);
+}
+
+QWidget *focusWidget()
+{
+    QWidget *widget = QApplication::focusWidget();
+    if (!widget)
+        throw std::runtime_error("no control has the focus");
+    return widget;
+}
+} // namespace
+
+FormDriver::FormDriver(const QString &form) : m_form(Load(form))
+{
+    QCoreApplication::processEvents();
+}
+
+QWidget *FormDriver::find(const QString &name) const
+{
+    if (!isLoaded())
+        throw std::runtime_error("the form is gone");
+    return m_form->findChild<QWidget *>(name);
+}
+
+void FormDriver::click(const QString &name)
+{
+    auto *widget = control<QWidget>(name);
+    if (!widget->isVisible())
+        throw std::runtime_error("not to be seen: " + name.toStdString());
+    QTest::mouseClick(widget, Qt::LeftButton, {}, hitPoint(widget));
+}
+
+void FormDriver::type(const QString &name, const QString &text)
+{
+    click(name);
+    key(Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty())
+        key(Qt::Key_Delete);
+    else
+        keys(text);
+}
+
+void FormDriver::keys(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(focusWidget(), character.toLatin1());
+}
+
+void FormDriver::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(focusWidget(), key, modifiers);
+}
+
+void FormDriver::choose(const QString &name, const QString &entry)
+{
+    auto *combo = control<ComboBox>(name);
+    const int index = combo->findText(entry, Qt::MatchFixedString);
+    if (index < 0)
+        throw std::runtime_error(name.toStdString() + " has no entry " + entry.toStdString());
+    click(name);
+    if (!combo->view()->isVisible())
+        QTest::keyClick(combo, Qt::Key_Down, Qt::AltModifier);
+    QAbstractItemView *list = combo->view();
+    const QModelIndex item = combo->model()->index(index, 0);
+    list->scrollTo(item);
+    list->setCurrentIndex(item);
+    QTest::keyClick(list, Qt::Key_Return);
+}
+
+void FormDriver::tick(const QString &name, bool on)
+{
+    if (control<QCheckBox>(name)->isChecked() != on)
+        click(name);
+}
+
+void FormDriver::setDate(const QString &name, const QString &date)
+{
+    auto *picker = control<DTPicker>(name);
+    click(name);
+    key(Qt::Key_Home);
+    keys(date);
+    EXPECT_EQ(picker->text(), date);
+}
+
+void FormDriver::clickCell(const QString &grid, int row, int col)
+{
+    auto *table = control<FlexGrid>(grid);
+    const QModelIndex cell = table->model()->index(row - 1, col);
+    table->scrollTo(cell);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(cell).center());
+}
+
+void FormDriver::doubleClickCell(const QString &grid, int row, int col)
+{
+    auto *table = control<FlexGrid>(grid);
+    QHeaderView *header = table->horizontalHeader();
+    if (row == 0) {
+        const QPoint place(header->sectionViewportPosition(col) + header->sectionSize(col) / 2, header->height() / 2);
+        QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, place);
+        return;
+    }
+    clickCell(grid, row, col);
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, {},
+                       table->visualRect(table->model()->index(row - 1, col)).center());
+}
+
+void FormDriver::typeCell(const QString &grid, int row, int col, const QString &text)
+{
+    clickCell(grid, row, col);
+    keys(text);
+    key(Qt::Key_Return);
+}
+
+QString FormDriver::text(const QString &name) const
+{
+    const auto *widget = control<QWidget>(name);
+    if (const auto *check = qobject_cast<const QCheckBox *>(widget))
+        return check->isChecked() ? QStringLiteral("True") : QStringLiteral("False");
+    if (const auto *combo = qobject_cast<const ComboBox *>(widget))
+        return combo->text();
+    const char *property = qobject_cast<const QGroupBox *>(widget) ? "title" : "text";
+    const QVariant value = widget->property(property);
+    if (!value.isValid())
+        throw std::runtime_error("holds no text: " + name.toStdString());
+    return value.toString();
+}
+
+QString FormDriver::row(const QString &grid, int row) const
+{
+    const auto *table = control<FlexGrid>(grid);
+    QStringList cells;
+    for (int col = 0; col < table->cols(); ++col)
+        cells += table->textMatrix(row, col);
+    return cells.join(u'|');
+}
+
+QStringList FormDriver::grid(const QString &name) const
+{
+    QStringList all;
+    for (int row = 0; row < control<FlexGrid>(name)->rows(); ++row)
+        all += this->row(name, row);
+    return all;
+}
+
+QString FormDriver::focus() const
+{
+    for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
+        if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(QLatin1String("qt_")))
+            return widget->objectName();
+    return {};
+}
