@@ -53,3 +53,9 @@ void DTPicker::wheelEvent(QWheelEvent *event)
     else
         event->ignore();
 }
+
+bool DTPicker::focusNextPrevChild(bool next)
+{
+    // Tab leaves the picker at once, not by way of month, day and year.
+    return QWidget::focusNextPrevChild(next);
+}

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 int shown = 0;
@@ -18,6 +19,17 @@ public:
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
         ++shown;
+    }
+
+    int answer()
+    {
+        const QPointer<QWidget> former = parentWidget();
+        const int button = exec();
+        // Some systems activate the window behind later or never; the routine that goes on may set the focus in it.
+        const QWidget *active = QApplication::activeWindow();
+        if (former && (!active || active == this))
+            QApplication::setActiveWindow(former);
+        return button;
     }
 };
 
@@ -45,12 +57,12 @@ protected:
 
 void MsgBox(const QString &prompt, const QString &title)
 {
-    Box(prompt, title, QMessageBox::Ok).exec();
+    Box(prompt, title, QMessageBox::Ok).answer();
 }
 
 bool MsgBoxYesNo(const QString &prompt, const QString &title)
 {
-    return Question(prompt, title).exec() == QMessageBox::Yes;
+    return Question(prompt, title).answer() == QMessageBox::Yes;
 }
 
 void showRuntimeError(const RuntimeError &error)

@@ -3,7 +3,7 @@
 #include "app/toolkit/msgbox.h"
 #include <QAbstractButton>
 #include <QApplication>
-#include <QMouseEvent>
+#include <QShortcutEvent>
 
 namespace {
 /// The widget that Qt gives the focus to when this one is pressed; none when a press moves no focus.
@@ -24,7 +24,7 @@ QWidget *focusTargetOf(QWidget *pressed)
 bool focusIsElsewhere(const QWidget *target)
 {
     const QWidget *focus = QApplication::focusWidget();
-    return target && focus && focus != target && !target->isAncestorOf(focus);
+    return target && focus && focus->window() == target->window() && focus != target && !target->isAncestorOf(focus);
 }
 } // namespace
 
@@ -38,19 +38,28 @@ PressGuard::Delivery::~Delivery()
     m_guard.m_boxesBefore = m_outerBoxes;
 }
 
+bool PressGuard::isNoClick(QWidget *target) const
+{
+    return messageBoxesShown() != m_boxesBefore || focusIsElsewhere(target);
+}
+
 bool PressGuard::eventFilter(QObject *watched, QEvent *event)
 {
     if (!watched->isWidgetType())
         return false;
-    auto *widget = static_cast<QWidget *>(watched);
-    QWidget *target = nullptr;
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-        target = focusTargetOf(widget);
-    } else if (event->type() == QEvent::Shortcut && qobject_cast<QAbstractButton *>(widget)) {
-        target = widget;
-        widget->setFocus(Qt::ShortcutFocusReason);
-    } else {
-        return false;
-    }
-    return messageBoxesShown() != m_boxesBefore || focusIsElsewhere(target);
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)
+        return isNoClick(focusTargetOf(static_cast<QWidget *>(watched)));
+    if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent *>(event)->isAmbiguous())
+        if (auto *button = qobject_cast<QAbstractButton *>(watched))
+            return pressByAccessKey(button);
+    return false;
+}
+
+/// Qt would click first, and some time later.
+bool PressGuard::pressByAccessKey(QAbstractButton *button)
+{
+    button->setFocus(Qt::ShortcutFocusReason);
+    if (!isNoClick(button))
+        button->click();
+    return true;
 }

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class QAbstractButton;
+
 /// Keeps a mouse press from reaching a control that the focus did not stay on: when leaving the former control showed
 /// a message box or sent the focus elsewhere, the press is no click. Presses by a button's access key move the focus
 /// first and obey the same rule. Works as an event filter of the application.
@@ -28,5 +30,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool isNoClick(QWidget *target) const;
+    bool pressByAccessKey(QAbstractButton *button);
+
     int m_boxesBefore = 0; ///< message boxes shown before the event that is being delivered
 };
