@@ -22,6 +22,7 @@ constexpr const char *Help = "usage: tamrick-db create FILE              an empt
                              "       tamrick-db check FILE               says what is wrong in it, table by table\n"
                              "       tamrick-db export FILE TABLE        writes a table as CSV\n";
 
+/// Whatever lies there, database or not, is somebody's.
 void refuseExisting(const QString &path)
 {
     if (QFileInfo::exists(path))
@@ -72,36 +73,45 @@ DemoOptions demoOptions(const QStringList &arguments)
     return options;
 }
 
-int run(const QStringList &arguments, QTextStream &out)
+void demo(const QStringList &arguments)
 {
-    const QString command = arguments.value(0);
-    const QString file = arguments.value(1);
+    if (arguments.isEmpty() || arguments[0].startsWith(u"--"))
+        throw ToolError{QStringLiteral("demo takes a FILE and options behind it")};
+    const DemoOptions options = demoOptions(arguments.mid(1));
+    refuseExisting(arguments[0]);
+    createDemo(arguments[0], options);
+}
+
+int check(const QString &file, QTextStream &out)
+{
+    const QStringList findings = checkDatabase(file);
+    out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
+    return findings.isEmpty() ? 0 : 1;
+}
+
+/// Does what the first argument says; what goes wrong is thrown.
+int run(const QString &command, const QStringList &arguments, QTextStream &out)
+{
     const auto takes = [&](qsizetype count, const char *what) {
-        if (arguments.size() != count + 1)
+        if (arguments.size() != count)
             throw ToolError{QStringLiteral("%1 takes %2").arg(command, QLatin1String(what))};
     };
     if (command == u"create") {
         takes(1, "one FILE");
-        refuseExisting(file);
-        createDatabase(file, Schema::Password.toString());
+        refuseExisting(arguments[0]);
+        createDatabase(arguments[0], Schema::Password.toString());
     } else if (command == u"demo") {
-        if (arguments.size() < 2 || file.startsWith(u"--"))
-            throw ToolError{QStringLiteral("demo takes a FILE and options behind it")};
-        const DemoOptions options = demoOptions(arguments.mid(2));
-        refuseExisting(file);
-        createDemo(file, options);
+        demo(arguments);
     } else if (command == u"load") {
         takes(3, "FILE, TABLE and CSV");
-        const int count = loadTable(file, arguments[2], arguments[3]);
-        out << count << (count == 1 ? " row" : " rows") << " loaded into " << arguments[2] << '\n';
+        const int count = loadTable(arguments[0], arguments[1], arguments[2]);
+        out << count << (count == 1 ? " row" : " rows") << " loaded into " << arguments[1] << '\n';
     } else if (command == u"check") {
         takes(1, "one FILE");
-        const QStringList findings = checkDatabase(file);
-        out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
-        return findings.isEmpty() ? 0 : 1;
+        return check(arguments[0], out);
     } else if (command == u"export") {
         takes(2, "FILE and TABLE");
-        exportTable(file, arguments[2], out);
+        exportTable(arguments[0], arguments[1], out);
     } else if (command == u"--help" || command == u"help") {
         out << Help;
     } else {
@@ -115,7 +125,7 @@ int run(const QStringList &arguments, QTextStream &out)
 int runCommand(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     try {
-        const int status = run(arguments, out);
+        const int status = run(arguments.value(0), arguments.mid(1), out);
         out.flush();
         if (out.status() != QTextStream::Ok)
             throw ToolError{QStringLiteral("cannot write the output")};

@@ -52,6 +52,7 @@ void Reader::readField()
     m_fields.push_back(bytes.isEmpty() && !quoted ? Value() : Value(text));
 }
 
+/// The inside of a quoted field, doubled quotes made single. Line ends in it are text, but count as lines.
 QByteArray Reader::quotedText()
 {
     QByteArray bytes;
@@ -97,6 +98,7 @@ void Reader::refuse(const QString &reason) const
 QString textField(const QString &text)
 {
     const auto needsQuotes = [](QChar c) { return c == u'"' || c == u',' || c == u'\n' || c == u'\r'; };
+    // Other programs drop blanks at the edges of a bare field.
     const bool edges = text.startsWith(u' ') || text.endsWith(u' ');
     if (!text.isEmpty() && !edges && std::none_of(text.begin(), text.end(), needsQuotes))
         return text;
@@ -112,6 +114,7 @@ QString field(const Value &value)
     case Value::Type::Text:
         return textField(value.toText());
     case Value::Type::Double:
+        // The fewest digits that read back as the same number; the program's own text stops at 15.
         return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
     case Value::Type::Date: {
         const QString iso = value.toDate().toIso();

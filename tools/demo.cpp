@@ -9,6 +9,7 @@
 
 namespace {
 
+/// Each step builds on those before it and draws from the same numbers, so their order is part of the result.
 demo::Company makeCompany(const DemoOptions &options, demo::Random &random)
 {
     demo::Company company;
@@ -44,8 +45,10 @@ void fill(const QString &path, const DemoOptions &options)
 
 void createDemo(const QString &path, const DemoOptions &options)
 {
+    // A random salt would be the one thing in the file that differs from run to run.
     const QByteArray salt = "demo" + QByteArray::number(options.seed);
     createDatabase(path, Schema::Password.toString(), salt);
+    // Half a company is worth nothing.
     try {
         fill(path, options);
     } catch (...) {

@@ -10,6 +10,7 @@
 
 namespace {
 
+/// The whole file; a load is one step, so it is taken as one.
 QByteArray contentOf(const QString &path)
 {
     QFile file(path);
@@ -18,6 +19,7 @@ QByteArray contentOf(const QString &path)
     return file.readAll();
 }
 
+/// What a refused text is not.
 QString kindOf(const ColumnDef &column)
 {
     switch (column.type) {
@@ -54,6 +56,7 @@ public:
     }
 
 private:
+    /// Finds the columns of the first line, in any case of their names.
     void readHeader()
     {
         if (!m_reader.next())
@@ -92,6 +95,7 @@ private:
         }
     }
 
+    /// The same conversions as an assignment in the program, but nothing is rounded.
     Value converted(const ColumnDef &column, const Value &field) const
     {
         try {
@@ -107,6 +111,7 @@ private:
         }
     }
 
+    /// Names the number that another row has.
     [[noreturn]] void refuseKey() const
     {
         for (size_t i = 0; i < m_columns.size(); ++i) {

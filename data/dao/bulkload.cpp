@@ -21,6 +21,7 @@ ConnectionOptions optionsFor(const QString &path, BulkLoad::File file)
 BulkLoad::BulkLoad(const QString &path, const QString &password, File file)
     : m_connection(optionsFor(path, file)), m_file(file)
 {
+    // The same gate as for everybody: a file of another program is not written to.
     PasswordGate::check(m_connection, password, path);
     if (m_file == File::New)
         m_connection.run("PRAGMA synchronous=OFF", Defining);
@@ -42,6 +43,7 @@ void BulkLoad::commit()
     if (m_file == File::New)
         makeIndexes();
     m_transaction->commit();
+    // Whoever ran the tool takes the rows for stored once it has ended, also through a power failure.
     m_connection.syncLog();
 }
 
@@ -72,6 +74,7 @@ void BulkLoad::Inserter::add(std::span<const Value> row)
     for (const Value &value : row)
         m_insert.bind(++parameter, value);
     const int code = m_insert.step();
+    // A row refused leaves the others of the transaction standing; the caller decides whether to commit them.
     if (code != SQLITE_DONE)
         m_load.m_connection.raise(code, m_doing);
     m_insert.reset();

@@ -54,6 +54,7 @@ TableDef scratch(const char *name, std::vector<ColumnDef> columns)
     return {QString::fromLatin1(name), std::move(columns)};
 }
 
+/// Records known by their names; the other tables carry those names as text.
 std::vector<TableDef> masterTables()
 {
     return {
@@ -74,6 +75,7 @@ std::vector<TableDef> masterTables()
     };
 }
 
+/// Documents number themselves; their lines have the number of the document and none of their own.
 std::vector<TableDef> documentTables()
 {
     return {
@@ -99,6 +101,7 @@ std::vector<TableDef> documentTables()
     };
 }
 
+/// What the reports of the earlier bookkeeping read and refill.
 std::vector<TableDef> oldTables()
 {
     return {
@@ -125,6 +128,7 @@ const std::vector<TableDef> &Schema::permanentTables()
 
 const std::vector<TableDef> &Schema::keptScratchTables()
 {
+    // Quantities are whole numbers in the registers, so that a fraction of an adjustment is rounded on its way in.
     static const std::vector<ColumnDef> movement = {text("Warehouse"), text("PartNo"), date("Date"),
                                                     integer("Qty"),    number("Cost"), text("Memo")};
     static const std::vector<TableDef> tables = {

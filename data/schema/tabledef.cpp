@@ -33,6 +33,7 @@ void Catalog::remove(QAnyStringView name)
     const auto found = m_index.constFind(folded(name));
     if (found == m_index.constEnd())
         return;
+    // The tables behind it move up, and the index with them.
     const int position = *found;
     m_tables.erase(m_tables.begin() + position);
     m_index.erase(found);

@@ -6,6 +6,7 @@ namespace {
 
 constexpr int SecondsPerDay = 86400;
 
+/// The day that counts as 0.
 const QDate &dayZero()
 {
     static const QDate day(1899, 12, 30);
@@ -28,6 +29,7 @@ struct DayAndSecond
         const double whole = std::trunc(serial);
         day = qint64(whole);
         second = int(std::lround(std::fabs(serial - whole) * SecondsPerDay));
+        // The last half second of a day belongs to the next one.
         if (second == SecondsPerDay) {
             second = 0;
             ++day;
@@ -41,6 +43,7 @@ struct DayAndSecond
     int second;
 };
 
+/// "2:05:09 PM": no leading zero in the hour, and seconds always.
 QString timeText(QTime time)
 {
     const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;

@@ -5,6 +5,7 @@
 
 namespace {
 
+/// A number, a word or a single mark of the text.
 struct Token
 {
     enum class Kind { Number, Word, Mark };
@@ -99,6 +100,7 @@ int yearOf(const Token &token)
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
+/// The platform's dates run from the year 100 to 9999; an invalid date stands for none.
 QDate dateOf(int year, int month, int day)
 {
     const QDate date(year, month, day);
@@ -121,6 +123,7 @@ QDate dateOfThree(const Token &a, const Token &b, const Token &c)
     return date;
 }
 
+/// Two numbers are month and day of the present year, or day and month.
 QDate dateOfTwo(const Token &a, const Token &b)
 {
     const int year = Clock::now().date().year();

@@ -46,6 +46,7 @@ class Digits
 public:
     Digits(double magnitude, int decimals)
     {
+        // One digit, a point, 14 digits and the exponent.
         const QByteArray scientific = QByteArray::number(magnitude, 'e', 14);
         const qsizetype letter = scientific.indexOf('e');
         QByteArray digits = scientific.left(letter);
@@ -67,6 +68,7 @@ public:
     QByteArray whole, fraction;
 
 private:
+    /// The first `kept` of the digits, rounded, with a leading zero that takes the carry of a row of nines.
     static QByteArray roundedTo(const QByteArray &digits, int kept)
     {
         if (kept >= digits.size())
@@ -82,6 +84,7 @@ private:
     }
 };
 
+/// A number without its sign, by one section.
 QString printed(double magnitude, const Section &section)
 {
     if (!section.hasPlaces)

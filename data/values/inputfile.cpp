@@ -26,6 +26,7 @@ QString decoded(const QByteArray &bytes)
     return utf8.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
+/// The bytes of a file, with the error for each way of not having them.
 QByteArray contents(const QString &path)
 {
     const QFileInfo info(path);
@@ -57,6 +58,8 @@ QString InputFile::readField()
 
 QString InputFile::quotedField()
 {
+    // There is no way to write a quotation mark inside: "1,2""X" is two fields, and what follows a closing mark
+    // without a comma begins the next one. A mark that is never closed takes the rest of the file.
     const qsizetype start = ++m_position;
     const qsizetype close = m_text.indexOf(u'"', start);
     const qsizetype end = close < 0 ? m_text.size() : close;
@@ -68,6 +71,7 @@ QString InputFile::quotedField()
 
 QString InputFile::plainField()
 {
+    // A quotation mark further in is a character like any other.
     const qsizetype start = m_position;
     while (!atEnd() && m_text[m_position] != u',' && !isLineEnd(m_text[m_position]))
         ++m_position;

@@ -10,6 +10,7 @@ bool isDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
+/// "D" is the exponent letter of a Double in the language the texts come from, beside the usual "E".
 bool isExponentLetter(QChar c)
 {
     return c == u'e' || c == u'E' || c == u'd' || c == u'D';
@@ -66,6 +67,7 @@ QByteArray takeExponent(Reader &in)
     return text;
 }
 
+/// The value of a digit in a number system, or -1.
 int digitValue(QChar c, int base)
 {
     const int value = QStringView(u"0123456789abcdef").indexOf(c.toLower());
@@ -113,6 +115,7 @@ public:
     }
 
 private:
+    /// True the first time it is asked of a flag: each sign may stand there once only.
     static bool once(bool &flag)
     {
         if (flag)
@@ -120,6 +123,7 @@ private:
         return flag = true;
     }
 
+    /// A sign counts as taken on whichever side of the digits it stood, so "-5-" is no number and "+5-" is -5.
     bool takeSign(QChar c)
     {
         if (c == u'+')
@@ -130,6 +134,7 @@ private:
         return once(m_minus);
     }
 
+    /// Blanks, signs, dollar sign and bracket in front of the digits, in any mix.
     void takeFront()
     {
         while (!m_in.atEnd()) {
@@ -140,6 +145,8 @@ private:
         }
     }
 
+    /// The digits with point and exponent into `m_number`; false when there is none. An amount of money has no
+    /// exponent.
     bool takeDigits()
     {
         bool digits = false, point = false;
@@ -179,6 +186,7 @@ private:
     bool m_plus = false, m_minus = false, m_dollar = false, m_open = false, m_negative = false;
 };
 
+/// The nearest whole number of a type, halves to even, by way of the default rounding mode.
 template <typename Integer> Integer rounded(double number)
 {
     const double whole = std::nearbyint(number);
@@ -191,6 +199,7 @@ template <typename Integer> Integer rounded(double number)
 
 double Val(QStringView text)
 {
+    // Blanks count for nothing even inside a number: a street address gives its digits up to the first letter.
     QString packed;
     for (const QChar c : text) {
         if (c != u' ' && c != u'\t' && c != u'\n')
@@ -270,6 +279,7 @@ QString textOf(double number)
         digits.chop(1);
 
     QByteArray text;
+    // A fraction stays in fixed notation as long as it needs no more places than a Double has digits.
     const int decimals = int(digits.size()) - 1 - exponent;
     if (exponent >= Significant || (exponent < 0 && decimals > Significant)) {
         text = digits.left(1) + (digits.size() > 1 ? "." + digits.mid(1) : QByteArray());
@@ -290,5 +300,6 @@ QString textOf(bool value)
 
 double roundTo2(double number)
 {
+    // It is the product that is rounded, not the decimal text: 1.005 * 100 lies below the tie and gives 1.
     return std::nearbyint(number * 100.0) / 100.0;
 }

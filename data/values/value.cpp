@@ -18,6 +18,7 @@ template <typename Result, typename Variant, typename Visitor> Result convert(co
         variant);
 }
 
+/// How each type turns into text.
 struct ToText
 {
     QString operator()(bool value) const { return textOf(value); }
@@ -28,6 +29,7 @@ struct ToText
 
     QString operator()(::Currency value) const
     {
+        // Through the unsigned type, since the least amount has no positive counterpart.
         const quint64 units = value.units < 0 ? 0 - quint64(value.units) : quint64(value.units);
         QString text = QString::number(units / 10000);
         if (const int fraction = int(units % 10000)) {
@@ -39,6 +41,7 @@ struct ToText
     }
 };
 
+/// How each type counts as a number. True is -1, all bits set.
 struct ToDouble
 {
     double operator()(bool value) const { return value ? -1 : 0; }
@@ -49,6 +52,7 @@ struct ToDouble
     double operator()(const QString &value) const { return CDbl(value); }
 };
 
+/// The two words in any case, or a number of which 0 is False.
 bool booleanFromText(const QString &text)
 {
     if (text.compare(u"True", Qt::CaseInsensitive) == 0)

@@ -17,6 +17,7 @@ QByteArray misfit(const ColumnDef &column)
     case ColumnType::Memo:
         return {};
     case ColumnType::Date:
+        // Only the stored form survives the round trip unchanged, Null included.
         return "datetime(" + name + ") IS NOT " + name;
     case ColumnType::Long:
         return "typeof(" + name + ") NOT IN ('integer', 'null') OR abs(" + name + ") > 2147483648";
@@ -27,6 +28,7 @@ QByteArray misfit(const ColumnDef &column)
     }
 }
 
+/// The same in words.
 QString faultOf(const ColumnDef &column)
 {
     switch (column.type) {
@@ -59,6 +61,7 @@ bool checkStructure(Connection &connection, Findings &findings)
         connection.raise(code, reading);
 
     const Catalog catalog = Tables::readCatalog(connection);
+    // A table or column that is missing would stop the queries of the later steps.
     for (const auto *tables : {&Schema::permanentTables(), &Schema::keptScratchTables()}) {
         for (const TableDef &expected : *tables) {
             const TableDef *table = catalog.find(expected.Name);

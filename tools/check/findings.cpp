@@ -6,7 +6,9 @@ namespace check {
 
 void Findings::add(const QString &table, const QString &fault, const QString &row)
 {
+    // Enough to find them by; the count tells the rest.
     constexpr int Shown = 3;
+    // Faults of one kind mostly come one after the other, so the kind in hand stands last.
     if (m_kinds.empty() || m_kinds.back().table != table || m_kinds.back().fault != fault) {
         const auto known = std::find_if(m_kinds.begin(), m_kinds.end(),
                                         [&](const Kind &kind) { return kind.table == table && kind.fault == fault; });

@@ -8,6 +8,7 @@ namespace check {
 
 namespace {
 
+/// What an invoice's list must agree with.
 struct ShipmentFacts
 {
     QString customer;
@@ -23,6 +24,7 @@ constexpr const char *ShipmentQuery =
     "AS l JOIN OrderItem AS i ON i.OrderID = s.OrderID AND i.ItemNumber = l.OrderLineItem WHERE l.ShipmentID = s.ID) "
     "FROM Shipment AS s LEFT JOIN Orders AS o ON o.ID = s.OrderID ORDER BY s.ID";
 
+/// A missing number counts as 0, as it does in the sums of the invoice.
 double numberOrZero(const Value &value)
 {
     return value.isNull() ? 0 : value.toDouble();
@@ -40,6 +42,7 @@ void forEachRow(Connection &connection, const char *sql, const std::function<voi
         connection.raise(code, reading);
 }
 
+/// All shipments by ID, read once: asking for each list by itself would take minutes on a large file.
 Shipments readShipments(Connection &connection)
 {
     Shipments shipments;
@@ -54,6 +57,7 @@ Shipments readShipments(Connection &connection)
     return shipments;
 }
 
+/// Takes the invoices one by one and remembers in the shipments which of them were named.
 class InvoiceCheck
 {
 public:

@@ -48,6 +48,7 @@ void bill(Company &company, std::vector<int> shipments, const std::vector<int> &
     }
 }
 
+/// By customer, the place of its name in the order of the invoice run's query, which does not look at case.
 std::vector<int> ranksByName(const std::vector<Customer> &customers)
 {
     std::vector<int> order(customers.size());
@@ -61,6 +62,8 @@ std::vector<int> ranksByName(const std::vector<Customer> &customers)
     return ranks;
 }
 
+/// Lets customers pay: most once and in full, some in two parts, some a little short with the rest written off.
+/// A payment that would come behind the last day is not there yet, and its invoice is open or overdue.
 class Receipts
 {
 public:
@@ -69,6 +72,7 @@ public:
     void pay(int position)
     {
         const Invoice &invoice = m_company.invoices[size_t(position)];
+        // Late and early by the customer's habit, but never before the invoice is out of the house.
         const bool slow = m_company.customers[size_t(invoice.customer)].slowPayer;
         const int late = slow ? m_random.between(15, 75) : m_random.between(-6, 14);
         const QDate date = std::max(invoice.due.addDays(late), invoice.date.addDays(2));

@@ -4,6 +4,7 @@ namespace demo {
 
 namespace {
 
+/// The three on which nothing at all moves.
 bool isHoliday(QDate date)
 {
     const int day = date.month() * 100 + date.day();
@@ -43,6 +44,7 @@ std::vector<QDate> invoiceRuns(const Company &company)
     for (size_t i = 0; i + 1 < company.businessDays.size(); ++i) {
         const QDate day = company.businessDays[i], next = company.businessDays[i + 1];
         const bool lastOfMonth = next.month() != day.month();
+        // The last business day of each half month; the last day of all may still have a later one to come.
         const bool lastOfHalf = day.day() <= 15 && next.day() > 15;
         if (lastOfMonth || lastOfHalf)
             runs.push_back(day);

@@ -9,17 +9,20 @@
 /// position plus 1.
 namespace demo {
 
+/// As Customer and Warehouse hold it; `territory` goes by the state.
 struct Address
 {
     QString line1, line2, city, state, zip, phone, fax, territory;
 };
 
+/// One of the places that hold stock. All of them are active.
 struct Warehouse
 {
     QString name, contact;
     Address address;
 };
 
+/// With the habits by which orders and payments come out of it.
 struct Customer
 {
     QString name, shipTo, terms, sheet;
@@ -30,6 +33,7 @@ struct Customer
     bool active = true, statements = false, slowPayer = false, hasTerritory = true, usesOwnNumbers = false;
 };
 
+/// Prices are to the cent. An inactive part has no orders and no stock.
 struct Part
 {
     QString number, category, vendor, leadTime, superceded, bin;
@@ -41,6 +45,7 @@ struct Part
     std::vector<double> sheetPrices; ///< by sheet; 0 when the sheet does not name the part
 };
 
+/// An order line; its ItemNumber is its position in the order plus 1.
 struct Line
 {
     int part = 0;
@@ -49,6 +54,7 @@ struct Line
     double price = 0;
 };
 
+/// In the list by date, and so numbered by date.
 struct Order
 {
     QString number;
@@ -57,18 +63,21 @@ struct Order
     bool isVoid = false, dropShip = false;
     std::vector<Line> lines;
 
+    /// The rule that closes an order. A void order has nothing shipped and is not complete.
     bool complete() const
     {
         return std::all_of(lines.begin(), lines.end(), [](const Line &line) { return line.shipped >= line.qty; });
     }
 };
 
+/// What one shipment takes of one line.
 struct ShipmentLine
 {
     int line = 0; ///< position in the order
     int qty = 0;
 };
 
+/// A drop shipment leaves from the vendor on the day of its order.
 struct Shipment
 {
     int order = 0;
@@ -79,6 +88,7 @@ struct Shipment
     std::vector<ShipmentLine> lines;
 };
 
+/// Covers everything unbilled of one customer at one run; `shipments` ascend.
 struct Invoice
 {
     int customer = 0;
@@ -87,6 +97,7 @@ struct Invoice
     double total = 0, cost = 0;
 };
 
+/// Money received, or written off, against one invoice.
 struct Payment
 {
     int invoice = 0;
@@ -94,6 +105,7 @@ struct Payment
     double amount = 0, adjustment = 0;
 };
 
+/// A quantity with its sign: out of the warehouse is negative.
 struct StockLine
 {
     int part = 0;
@@ -113,6 +125,7 @@ struct Transfer
     int from = 0, to = 0; ///< its halves
 };
 
+/// All lists stand in the order in which the rows go into the tables.
 struct Company
 {
     DemoOptions options;

@@ -54,6 +54,7 @@ private:
     std::vector<WeightedPick> m_parts;
 };
 
+/// The customer's sheet price, else the list price, as order entry finds it.
 double priceFor(const Customer &customer, const Part &part, const QStringList &sheets, Random &random)
 {
     const qsizetype sheet = sheets.indexOf(customer.sheet);
@@ -63,8 +64,10 @@ double priceFor(const Customer &customer, const Part &part, const QStringList &s
     return random.perMille(30) ? double(qRound64(price * 95)) / 100 : price;
 }
 
+/// One to nine lines, of different parts that the warehouse carries.
 std::vector<Line> makeLines(const Company &company, const Order &order, const Demand &demand, Random &random)
 {
+    // Four on average.
     static constexpr int counts[] = {1, 1, 2, 2, 2, 3, 3, 3, 4, 4, 5, 5, 6, 7, 8, 9};
     const int count = random.pick(counts);
     std::vector<Line> lines;

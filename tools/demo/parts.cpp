@@ -4,6 +4,7 @@ namespace demo {
 
 namespace {
 
+/// A kind of product. All its types come in all sizes and in all its materials.
 struct Family
 {
     const char *category, *prefix;
@@ -35,14 +36,17 @@ struct Size
 constexpr Size Sizes[] = {{"100", 1.0}, {"200", 1.9}, {"075", 0.85}, {"150", 1.4},  {"050", 0.7},
                           {"300", 3.4}, {"125", 1.2}, {"400", 5.2},  {"038", 0.62}, {"025", 0.55}};
 
+// By the place of the material in the family's list.
 constexpr double MaterialFactors[] = {1.0, 2.3, 0.9, 1.25, 1.6};
 
+// The connection's thread; the first is the usual one and is not written.
 constexpr const char *Ends[] = {"", "B", "S", "G", "L"};
 
 constexpr const char *Vendors[] = {"Corry Castings",    "Lakewood Forge",  "Marden Plastics",     "Northway Fasteners",
                                    "Palisade Rubber",   "Quaker Seal",     "Rossford Machining",  "Sable Wire Cloth",
                                    "Tremont Stainless", "Upton Die Works", "Valley Spring Metals"};
 
+/// To the cent.
 double rounded(double amount)
 {
     return double(qRound64(amount * 100)) / 100;
@@ -58,6 +62,8 @@ void sizeUp(Part &part)
     part.reorderQty = usual * 20;
 }
 
+/// The part at a position of the catalogue: the types of all families change fastest, then size, material, end,
+/// so that a small catalogue has some of every category. There are 10,000 in all.
 Part makePart(int position, Random &random)
 {
     constexpr int lines = int(std::size(Families)) * 4;
@@ -90,6 +96,7 @@ Part makePart(int position, Random &random)
     return part;
 }
 
+/// A sheet names about two parts of five; for the others its customers pay the list price.
 void priceOnSheets(Part &part, const QStringList &sheets, Random &random)
 {
     static constexpr double shares[] = {0.72, 0.80, 0.88, 0.84};

@@ -7,6 +7,7 @@ namespace {
 constexpr const char *Carriers[] = {"Ground Parcel",   "Ground Parcel", "LTL Freight", "Company Truck",
                                     "Customer Pickup", "Next Day Air",  "Best Way"};
 
+/// To the cent, more for more lines.
 double freightFor(int lines, Random &random)
 {
     if (random.perMille(250))
@@ -14,6 +15,7 @@ double freightFor(int lines, Random &random)
     return double(random.between(650, 2400) + lines * random.between(150, 900)) / 100;
 }
 
+/// A charge, or a reduction where it is negative; rare.
 double adjustmentFor(Random &random)
 {
     static constexpr double amounts[] = {-50, -25, -12.5, 7.5, 15, 35};
@@ -36,6 +38,7 @@ std::vector<int> backOrdered(const Order &order, Random &random)
     return left;
 }
 
+/// Ships the orders one by one. What would leave behind the company's last day stays open.
 class Shipping
 {
 public:
@@ -56,6 +59,7 @@ public:
             return;
         add(position, first, left);
         const QDate second = m_company.businessDaysAfter(first, m_random.between(4, 20));
+        // A few back orders are never filled and keep their order open for good.
         const bool forgotten = m_random.perMille(20);
         if (second.isValid() && !forgotten && std::any_of(left.begin(), left.end(), [](int qty) { return qty > 0; }))
             add(position, second, std::vector<int>(left.size(), 0));

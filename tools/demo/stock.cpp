@@ -18,6 +18,7 @@ public:
         company.moved.assign(m_unsold.size(), false);
     }
 
+    /// What each warehouse held on the first day.
     void open()
     {
         for (int warehouse = 0; warehouse < int(m_company.warehouses.size()); ++warehouse) {
@@ -67,12 +68,14 @@ public:
     }
 
 private:
+    /// One running update of the ledger. A pair has a row from its first update on, also when it is back at 0.
     void post(size_t pair, int qty)
     {
         m_company.avail[pair] += qty;
         m_company.moved[pair] = true;
     }
 
+    /// An order takes its goods when it is entered, not when they are shipped.
     void sell(const Order &order, std::vector<std::vector<int>> &low)
     {
         if (order.isVoid)
@@ -106,6 +109,7 @@ private:
         return lines;
     }
 
+    /// Stores an adjustment with these lines and returns its position.
     int add(int warehouse, QDate day, std::vector<StockLine> lines)
     {
         for (const StockLine &line : lines) {

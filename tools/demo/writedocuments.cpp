@@ -7,6 +7,7 @@ namespace demo {
 
 namespace {
 
+/// As the program computes it; nobody closed one by hand.
 Value statusOf(const Order &order)
 {
     if (order.isVoid)
@@ -35,6 +36,7 @@ void writeOrders(const Company &company, BulkLoad &file, Random &random)
     for (const Order &order : company.orders) {
         ++id;
         const Customer &customer = company.customers[size_t(order.customer)];
+        // Amounts are summed unrounded, line by line, like the form's total.
         double total = 0;
         int item = 0;
         for (const Line &line : order.lines) {
@@ -97,6 +99,7 @@ void writeStock(const Company &company, BulkLoad &file)
         for (const StockLine &line : adjustment.lines)
             lines.add({id, company.parts[size_t(line.part)].number, double(line.qty)});
     }
+    // Nothing but this marks an adjustment as half of a transfer.
     auto transfers = file.into("TransferHeader", {"ID", "FromID", "ToID"});
     id = 0;
     for (const Transfer &transfer : company.transfers)

@@ -13,6 +13,7 @@ Value orNull(const QString &text)
     return text.isEmpty() ? Value() : Value(text);
 }
 
+/// The words of the status lists.
 Value status(bool active)
 {
     return active ? "Active" : "InActive";
@@ -48,6 +49,7 @@ void writeCustomers(const Company &company, BulkLoad &file, Random &random)
     for (const Customer &customer : company.customers) {
         const Address &bill = customer.billing, &ship = customer.shipping;
         const bool known = !customer.shipTo.isEmpty();
+        // A customer that never said where to ship has Null in all ship-to columns.
         const auto shipping = [known](const QString &text) { return known ? Value(text) : Value(); };
         rows.add({customer.name,
                   bill.line1,
