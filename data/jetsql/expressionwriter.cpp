@@ -37,6 +37,21 @@ bool neverNull(const Expr &expr)
     return expr.isConstant() && expr.kind != Kind::Null;
 }
 
+/// The most characters an expression can have as a text, or a number beyond any column's size.
+int longestText(const Expr &expr)
+{
+    constexpr int unknown = 1 << 20;
+    if (expr.kind == Kind::Text)
+        return int(expr.name.size());
+    if (expr.kind == Kind::Binary && expr.op == Op::Concat)
+        return std::min(unknown, longestText(*expr.operands[0]) + longestText(*expr.operands[1]));
+    if (expr.type.null)
+        return 0;
+    if (expr.type.isText())
+        return expr.kind == Kind::Column && expr.type.size > 0 ? expr.type.size : unknown;
+    return expr.type.type == ColumnType::Long ? 11 : 24;
+}
+
 /// 0 and -1 are the numbers that a Yes/No can equal.
 bool isYesNoNumber(const Expr &expr)
 {
@@ -390,10 +405,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
 Piece ExpressionWriter::fitted(const Expr &expr, const ColumnDef &column) const
 {
     const Piece value = text(expr);
-    constexpr int longestNumber = 24;
-    const bool fits = column.size <= 0 ||
-                      (expr.type.type == ColumnType::Text && expr.type.size > 0 && expr.type.size <= column.size) ||
-                      (!expr.type.isText() && column.size >= longestNumber);
+    const bool fits = column.size <= 0 || longestText(expr) <= column.size;
     return fits ? value : call("jet_fit", value.text + ", " + QString::number(column.size));
 }
 

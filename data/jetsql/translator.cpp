@@ -1,7 +1,9 @@
 #include "data/jetsql/translator.h"
 
 #include "data/jetsql/errors.h"
+#include "data/jetsql/expressionwriter.h"
 #include "data/jetsql/parser.h"
+#include "data/jetsql/plan.h"
 #include "data/jetsql/resolver.h"
 #include "data/jetsql/typing.h"
 #include "data/jetsql/writer.h"
@@ -29,7 +31,8 @@ void requireNew(const QString &table, const Catalog &catalog)
         fail(3010, {table});
 }
 
-Translation translation(const Select &select, const Catalog &catalog)
+/// What the statement is and gives, but for its text.
+Translation description(const Select &select, const Catalog &catalog)
 {
     Translation result;
     if (!select.into.isEmpty()) {
@@ -37,7 +40,6 @@ Translation translation(const Select &select, const Catalog &catalog)
         result.kind = StatementKind::SelectInto;
         result.newTable = tableMadeBy(select);
         result.targetTable = select.into;
-        result.sql = writtenSelectInto(select, result.newTable).toUtf8();
         return result;
     }
     const bool updatable =
@@ -45,49 +47,73 @@ Translation translation(const Select &select, const Catalog &catalog)
     if (updatable)
         result.updatableTable = select.sources.front()->def->Name;
     result.columns = resultColumns(select);
-    result.sql = writtenSelect(select, updatable).toUtf8();
     return result;
 }
 
-Translation translation(const Insert &insert, const Catalog &)
+Translation description(const Insert &insert, const Catalog &)
 {
-    return {StatementKind::Insert, written(insert).toUtf8(), {}, {}, insert.def->Name, {}};
+    return {StatementKind::Insert, {}, {}, {}, insert.def->Name, {}};
 }
 
-Translation translation(const Update &update, const Catalog &)
+Translation description(const Update &update, const Catalog &)
 {
-    return {StatementKind::Update, written(update).toUtf8(), {}, {}, update.source->def->Name, {}};
+    return {StatementKind::Update, {}, {}, {}, update.source->def->Name, {}};
 }
 
-Translation translation(const Delete &statement, const Catalog &)
+Translation description(const Delete &statement, const Catalog &)
 {
-    return {StatementKind::Delete, written(statement).toUtf8(), {}, {}, statement.source->def->Name, {}};
+    return {StatementKind::Delete, {}, {}, {}, statement.source->def->Name, {}};
 }
 
-Translation translation(const CreateTable &create, const Catalog &catalog)
+Translation description(const CreateTable &create, const Catalog &catalog)
 {
     requireNew(create.table.Name, catalog);
     return {StatementKind::CreateTable, {}, {}, {}, create.table.Name, create.table};
 }
 
-Translation translation(const DropTable &drop, const Catalog &catalog)
+Translation description(const DropTable &drop, const Catalog &catalog)
 {
     const TableDef *table = catalog.find(drop.table);
     if (!table)
         fail(3376, {drop.table});
-    const QString quoted = QString(table->Name).replace(u'"', QLatin1String("\"\""));
-    return {StatementKind::DropTable, QString("DROP TABLE \"" + quoted + u'"').toUtf8(), {}, {}, table->Name, {}};
+    return {StatementKind::DropTable, {}, {}, {}, table->Name, {}};
+}
+
+QString text(const Select &select, const Translation &description)
+{
+    if (description.kind == StatementKind::SelectInto)
+        return writtenSelectInto(select, description.newTable);
+    return writtenSelect(select, !description.updatableTable.isEmpty());
+}
+
+QString text(const CreateTable &, const Translation &)
+{
+    return {};
+}
+
+QString text(const DropTable &, const Translation &description)
+{
+    return "DROP TABLE " + quotedName(description.targetTable);
+}
+
+template <typename Changing> QString text(const Changing &statement, const Translation &)
+{
+    return written(statement);
 }
 
 } // namespace
 
-Translation translate(const QString &sql, const Catalog &catalog)
+Translation translate(const QString &sql, const Catalog &catalog, Plan plan)
 {
     Parser parser(sql);
     Statement statement = parser.parse();
     resolveNames(statement, catalog);
     typeExpressions(statement);
-    return std::visit([&catalog](const auto &kind) { return translation(kind, catalog); }, statement);
+    Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
+    if (plan == Plan::Improved)
+        improvePlan(statement);
+    result.sql = std::visit([&result](const auto &kind) { return text(kind, result); }, statement).toUtf8();
+    return result;
 }
 
 } // namespace jetsql

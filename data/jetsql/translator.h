@@ -35,7 +35,10 @@ struct Translation
     TableDef newTable;   ///< of SelectInto and CreateTable
 };
 
+/// Whether joins and sub-selects stay as written or are rewritten to be quick. The rows are the same.
+enum class Plan { AsWritten, Improved };
+
 /// Translates one statement. Raises the engine's errors (3075, 3061, 3078, 3079 ...) by number and wording.
-Translation translate(const QString &sql, const Catalog &catalog);
+Translation translate(const QString &sql, const Catalog &catalog, Plan plan = Plan::Improved);
 
 } // namespace jetsql

@@ -40,6 +40,7 @@ public:
     bool withRowid = false;
     bool asNumber = false;          ///< its columns converted to numbers
     bool ordered = true;            ///< false where nobody sees the order
+    bool insertionOrder = true;     ///< rows equal in the order asked for come as they were inserted
     QStringList names;              ///< of the columns; empty: unnamed
     std::vector<ColumnDef> targets; ///< the columns the values are converted to; empty: stored form
 
@@ -145,12 +146,35 @@ private:
         return keys;
     }
 
+    /// A key of GROUP BY or ORDER BY. Over a join the sign keeps SQLite from walking an index for the order's sake,
+    /// whatever that costs in the other tables.
+    QString sortText(const Expr &expr) const
+    {
+        const bool column = expr.kind == Expr::Kind::Column && m_select.sources.size() > 1;
+        return (column ? "+" : "") + expressions().collated(expr);
+    }
+
     QStringList groupKeys() const
     {
         QStringList keys;
         for (const Expr *key : groupExpressions())
-            keys.append(expressions().collated(*key));
+            keys.append(sortText(*key));
         return keys;
+    }
+
+    /// SQLite does not know the rowids of tables joined inside brackets.
+    static void addRowids(const FromNode &node, std::vector<SortKey> &keys)
+    {
+        if (node.join == FromNode::Join::None) {
+            if (!node.source->derived)
+                keys.push_back({rowidOf(*node.source)});
+            return;
+        }
+        const bool mirrored = node.join == FromNode::Join::Right;
+        addRowids(mirrored ? *node.right : *node.left, keys);
+        const FromNode &right = mirrored ? *node.left : *node.right;
+        if (right.join == FromNode::Join::None)
+            addRowids(right, keys);
     }
 
     std::vector<SortKey> sortKeys() const
@@ -167,7 +191,7 @@ private:
             const Expr &expr = ordering(order);
             // SQLite would take a constant for the position of a column.
             if (!expr.isConstant())
-                add(expressions().collated(expr), order.descending);
+                add(m_select.distinct ? expressions().collated(expr) : sortText(expr), order.descending);
             unique = unique || expr.type.autoNumber;
         }
         if (m_select.grouped()) {
@@ -178,8 +202,9 @@ private:
                 if (!m_select.items[i].expr->isConstant())
                     add(item(i), false);
             }
-        } else if (m_select.sources.size() == 1 && !m_select.sources.front()->derived && !unique) {
-            add(rowidOf(*m_select.sources.front()), false);
+        } else if (insertionOrder && (!unique || m_select.sources.size() > 1)) {
+            for (const auto &node : m_select.from)
+                addRowids(*node, keys);
         }
         return keys;
     }
@@ -268,7 +293,9 @@ QString writtenSelectInto(const Select &select, const TableDef &newTable)
     std::vector<int> all;
     for (int i = 0; i < int(newTable.columns.size()); ++i)
         all.push_back(i);
-    return insertHead(newTable, all) + SelectWriter(select).text();
+    SelectWriter writer(select);
+    writer.insertionOrder = select.sources.size() == 1;
+    return insertHead(newTable, all) + writer.text();
 }
 
 QString written(const Insert &insert)
@@ -276,6 +303,7 @@ QString written(const Insert &insert)
     const QString head = insertHead(*insert.def, insert.targets);
     if (insert.select) {
         SelectWriter writer(*insert.select);
+        writer.insertionOrder = insert.select->sources.size() == 1;
         for (const int target : insert.targets)
             writer.targets.push_back(insert.def->columns[target]);
         return head + writer.text();

@@ -163,37 +163,44 @@ void like(sqlite3_context *context, int, sqlite3_value **values)
         sqlite3_set_auxdata(context, 0, parsed.release(), [](void *kept) { delete static_cast<LikePattern *>(kept); });
 }
 
-/// A function of two numbers that gives Null for Null and error 6 for a result no Double can hold.
+/// A function of two numbers that gives Null for Null.
 template <auto compute> void ofTwo(sqlite3_context *context, int, sqlite3_value **values)
 {
-    if (isNull(values[0]) || isNull(values[1]))
-        return;
-    const double result = compute(context, sqlite3_value_double(values[0]), sqlite3_value_double(values[1]));
-    std::isfinite(result) ? give(context, result) : raise(context, std::isnan(result) ? 11 : 6);
+    if (!isNull(values[0]) && !isNull(values[1]))
+        compute(context, sqlite3_value_double(values[0]), sqlite3_value_double(values[1]));
 }
 
-double divide(sqlite3_context *, double a, double b)
+void giveFinite(sqlite3_context *context, double result)
 {
-    return b == 0 ? std::nan("") : a / b;
+    std::isfinite(result) ? give(context, result) : raise(context, 6);
+}
+
+void giveWhole(sqlite3_context *context, double result)
+{
+    fitsLong(result) ? sqlite3_result_int64(context, sqlite3_int64(result)) : raise(context, 6);
+}
+
+void divide(sqlite3_context *context, double a, double b)
+{
+    b == 0 ? raise(context, 11) : giveFinite(context, a / b);
 }
 
 /// \ and MOD round their operands to whole numbers first.
-double divideWhole(sqlite3_context *, double a, double b)
+void divideWhole(sqlite3_context *context, double a, double b)
 {
     const double divisor = std::nearbyint(b);
-    return divisor == 0 ? std::nan("") : std::trunc(std::nearbyint(a) / divisor);
+    divisor == 0 ? raise(context, 11) : giveWhole(context, std::trunc(std::nearbyint(a) / divisor));
 }
 
-double remainderOf(sqlite3_context *, double a, double b)
+void remainderOf(sqlite3_context *context, double a, double b)
 {
     const double divisor = std::nearbyint(b);
-    return divisor == 0 ? std::nan("") : std::fmod(std::nearbyint(a), divisor);
+    divisor == 0 ? raise(context, 11) : giveWhole(context, std::fmod(std::nearbyint(a), divisor));
 }
 
-double power(sqlite3_context *, double a, double b)
+void power(sqlite3_context *context, double a, double b)
 {
-    const double result = std::pow(a, b);
-    return std::isnan(result) ? HUGE_VAL : result;
+    giveFinite(context, std::pow(a, b));
 }
 
 struct Sum
@@ -227,7 +234,8 @@ void moneyStep(sqlite3_context *context, int, sqlite3_value **values)
     if (!sum || isNull(values[0]))
         return;
     sum->any = true;
-    sum->units += Currency::of(sqlite3_value_double(values[0])).units;
+    if (__builtin_add_overflow(sum->units, Currency::of(sqlite3_value_double(values[0])).units, &sum->units))
+        raise(context, 6);
 }
 
 void moneyFinal(sqlite3_context *context)
