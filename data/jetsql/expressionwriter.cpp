@@ -32,8 +32,6 @@ Piece literal(const Expr &expr)
 /// True where `&` need not turn a Null into the empty text.
 bool neverNull(const Expr &expr)
 {
-    if (expr.kind == Kind::Binary && expr.op == Op::Concat)
-        return neverNull(*expr.operands[0]) || neverNull(*expr.operands[1]);
     return expr.isConstant() && expr.kind != Kind::Null;
 }
 
@@ -50,6 +48,23 @@ int longestText(const Expr &expr)
     if (expr.type.isText())
         return expr.kind == Kind::Column && expr.type.size > 0 ? expr.type.size : unknown;
     return expr.type.type == ColumnType::Long ? 11 : 24;
+}
+
+bool isWholeArithmetic(const Expr &expr)
+{
+    return expr.kind == Kind::Binary && (expr.op == Op::Add || expr.op == Op::Subtract || expr.op == Op::Multiply) &&
+           expr.type.isNumber() && expr.type.type == ColumnType::Long;
+}
+
+/// The parts of a chain of `&`.
+void flatten(const Expr &expr, std::vector<const Expr *> &parts)
+{
+    if (expr.kind != Kind::Binary || expr.op != Op::Concat) {
+        parts.push_back(&expr);
+        return;
+    }
+    for (const ExprPtr &operand : expr.operands)
+        flatten(*operand, parts);
 }
 
 /// 0 and -1 are the numbers that a Yes/No can equal.
@@ -251,22 +266,36 @@ Piece ExpressionWriter::comparison(const Expr &expr) const
     return joined(counted(left), counted(right));
 }
 
-/// Null counts as empty; only Nulls on both sides give Null.
+/// Null counts as empty; only Nulls on all sides give Null.
 Piece ExpressionWriter::joinedTexts(const Expr &expr) const
 {
+    std::vector<const Expr *> parts;
+    flatten(expr, parts);
+    const bool filled = std::any_of(parts.begin(), parts.end(), [](const Expr *part) { return neverNull(*part); });
+    QStringList texts;
+    for (const Expr *part : parts) {
+        const bool digits = !part->type.null && part->type.type == ColumnType::Long;
+        const Piece piece = digits ? number(*part) : text(*part);
+        if (!filled)
+            texts.append(piece.text);
+        else
+            texts.append(neverNull(*part) ? piece.at(Level::Unary) : "coalesce(" + piece.text + ", '')");
+    }
+    if (!filled)
+        return call("jet_concat", texts.join(QLatin1String(", ")));
+    return {texts.join(QLatin1String(" || ")), Level::Concat};
+}
+
+/// The bare sum or product. Whole numbers in a chain are checked once, at its end: SQLite counts with 64 bits and goes
+/// over to floating point beyond them.
+Piece ExpressionWriter::counted(const Expr &expr) const
+{
+    const Level level = expr.op == Op::Multiply ? Level::Product : Level::Sum;
     const auto side = [this](const Expr &operand) {
-        const bool digits = !operand.type.null && operand.type.type == ColumnType::Long;
-        return digits ? number(operand) : text(operand);
+        return isWholeArithmetic(operand) ? counted(operand) : number(operand);
     };
-    const Expr &left = *expr.operands[0];
-    const Expr &right = *expr.operands[1];
-    if (!neverNull(left) && !neverNull(right))
-        return call("jet_concat", text(left).text + ", " + text(right).text);
-    const auto filled = [&](const Expr &operand) {
-        const Piece piece = side(operand);
-        return neverNull(operand) ? piece.at(Level::Concat) : "coalesce(" + piece.text + ", '')";
-    };
-    return {filled(left) + " || " + filled(right), Level::Concat};
+    return {side(*expr.operands[0]).at(level) + operatorText(expr.op) + side(*expr.operands[1]).at(Level(level + 1)),
+            level};
 }
 
 Piece ExpressionWriter::arithmetic(const Expr &expr) const
@@ -288,16 +317,14 @@ Piece ExpressionWriter::arithmetic(const Expr &expr) const
     }
     if (expr.type.isText())
         return {text(left).at(Level::Concat) + " || " + text(right).at(Level::Unary), Level::Concat};
-    const Level level = expr.op == Op::Multiply ? Level::Product : Level::Sum;
-    const Piece result{number(left).at(level) + operatorText(expr.op) + number(right).at(Level(level + 1)), level};
+    const Piece result = counted(expr);
     if (expr.type.isDate())
         return call("jet_date", result.text);
     if (expr.type.isNumber() && expr.type.type == ColumnType::Currency)
         return call("jet_money", result.text);
     // Whole numbers overflow at 32 bits, which a factor of 1 or -1 cannot bring about.
     const auto unit = [](const Expr &side) { return side.kind == Kind::Number && std::abs(side.number) <= 1; };
-    if (!expr.type.isNumber() || expr.type.type != ColumnType::Long ||
-        (expr.op == Op::Multiply && (unit(left) || unit(right))))
+    if (!isWholeArithmetic(expr) || (expr.op == Op::Multiply && (unit(left) || unit(right))))
         return result;
     return call("jet_range", result.text);
 }

@@ -48,6 +48,7 @@ private:
     Piece comparison(const Expr &expr) const;
     Piece joinedTexts(const Expr &expr) const;
     Piece arithmetic(const Expr &expr) const;
+    Piece counted(const Expr &expr) const;
     Piece inList(const Expr &expr) const;
     Piece inSelect(const Expr &expr) const;
     Piece between(const Expr &expr) const;

@@ -1,5 +1,6 @@
 #include "data/values/textorder.h"
 
+#include <QList>
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -17,8 +18,9 @@ constexpr auto lowerBytes = makeLowerBytes();
 
 std::string_view withoutBlanksAtEnd(std::string_view text)
 {
-    const size_t last = text.find_last_not_of(' ');
-    return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    return text;
 }
 
 /// The letters that Unicode does not take apart into a base letter and a mark, case folded.

@@ -121,23 +121,29 @@ void SqlCompany::rollback()
     m_catalog = m_before;
 }
 
+void SqlCompany::raise(const QByteArray &sql) const
+{
+    const QString message = QString::fromUtf8(sqlite3_errmsg(m_connection.get()));
+    if (const auto error = runtimeErrorFrom(message))
+        throw *error;
+    throw std::runtime_error((message + " in " + QString::fromUtf8(sql)).toStdString());
+}
+
 SqlCompany::Statement SqlCompany::prepare(const QByteArray &sql) const
 {
     sqlite3_stmt *statement = nullptr;
-    if (sqlite3_prepare_v2(m_connection.get(), sql.constData(), int(sql.size()) + 1, &statement, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(m_connection.get()) + std::string(" in ") + sql.toStdString());
+    const int size = int(sql.size()) + 1;
+    if (sqlite3_prepare_v2(m_connection.get(), sql.constData(), size, &statement, nullptr) != SQLITE_OK)
+        raise(sql);
     return {statement, &sqlite3_finalize};
 }
 
 bool SqlCompany::step(const Statement &statement) const
 {
     const int code = sqlite3_step(statement.get());
-    if (code == SQLITE_ROW || code == SQLITE_DONE)
-        return code == SQLITE_ROW;
-    const QString message = QString::fromUtf8(sqlite3_errmsg(m_connection.get()));
-    if (const auto error = runtimeErrorFrom(message))
-        throw *error;
-    throw std::runtime_error(message.toStdString());
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        raise(sqlite3_sql(statement.get()));
+    return code == SQLITE_ROW;
 }
 
 void SqlCompany::run(const QByteArray &sql) const

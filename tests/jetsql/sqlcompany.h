@@ -24,7 +24,7 @@ public:
     jetsql::Translation translate(const QString &statement) const { return jetsql::translate(statement, m_catalog); }
     /// Rows of SQLite's own text, a value or "Null" each; raises the run-time error a function stands for.
     QList<QStringList> rows(const QByteArray &sql, int columns = -1) const;
-    /// SQLite's complaint about a text, empty when it takes it.
+    /// SQLite's complaint about a text, empty when it takes it. One nested too deep for it raises error 3360.
     QString complaint(const QByteArray &sql) const;
     void run(const QByteArray &sql) const;
 
@@ -36,6 +36,7 @@ private:
     void add(const TableDef &table, bool keyed);
     Statement prepare(const QByteArray &sql) const;
     bool step(const Statement &statement) const;
+    [[noreturn]] void raise(const QByteArray &sql) const;
     QStringList ran(const jetsql::Translation &translation);
     QStringList selected(const jetsql::Translation &translation, const QString &limit) const;
 

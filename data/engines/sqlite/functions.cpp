@@ -4,6 +4,7 @@
 #include "data/values/conversions.h"
 #include "data/values/value.h"
 #include <cmath>
+#include <memory>
 #include <sqlite3.h>
 
 namespace {
@@ -135,14 +136,17 @@ void fit(sqlite3_context *context, int, sqlite3_value **values)
     sqlite3_result_value(context, values[0]);
 }
 
-void concat(sqlite3_context *context, int, sqlite3_value **values)
+/// All texts that are not Null in one; Null when none is left.
+void concat(sqlite3_context *context, int count, sqlite3_value **values)
 {
-    if (isNull(values[0]))
-        return sqlite3_result_value(context, values[1]);
-    if (isNull(values[1]))
-        return sqlite3_result_value(context, values[0]);
-    const std::string joined = std::string(bytesOf(values[0])).append(bytesOf(values[1]));
-    sqlite3_result_text(context, joined.data(), int(joined.size()), SQLITE_TRANSIENT);
+    std::string joined;
+    bool any = false;
+    for (int i = 0; i < count; ++i) {
+        any = any || !isNull(values[i]);
+        joined.append(bytesOf(values[i]));
+    }
+    if (any)
+        sqlite3_result_text(context, joined.data(), int(joined.size()), SQLITE_TRANSIENT);
 }
 
 void like(sqlite3_context *context, int, sqlite3_value **values)
@@ -267,7 +271,7 @@ constexpr Entry entries[] = {
     {"jet_money", 1, ofOne<money>},
     {"jet_yesno", 1, ofOne<yesNo>},
     {"jet_fit", 2, fit},
-    {"jet_concat", 2, concat},
+    {"jet_concat", -1, concat},
     {"jet_like", 2, like},
     {"jet_divide", 2, ofTwo<divide>},
     {"jet_int_divide", 2, ofTwo<divideWhole>},
@@ -289,6 +293,10 @@ void registerJetFunctions(sqlite3 *connection)
 
 std::optional<RuntimeError> runtimeErrorFrom(const QString &message)
 {
+    // A statement may be in order and still be nested deeper than SQLite's own parser can follow.
+    if (message.startsWith(QLatin1String("parser stack overflow")) ||
+        message.startsWith(QLatin1String("Expression tree is too large")))
+        return RuntimeError(3360, QStringLiteral("Query is too complex."), message);
     const QLatin1String prefix(errorPrefix);
     if (!message.startsWith(prefix))
         return {};

@@ -1,0 +1,81 @@
+#include "tests/jetsql/mutation.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+QStringList corpusStatements()
+{
+    QFile file(TAMRICK_TEST_DATA "/jetsql/statements.txt");
+    QStringList statements;
+    if (!file.open(QIODevice::ReadOnly))
+        return statements;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        const bool result = line.size() > 1 && line.at(1) == u' ' && QStringView(u"#>~|+=!").contains(line.front());
+        if (!result && !line.trimmed().isEmpty())
+            statements.append(line);
+    }
+    return statements;
+}
+
+QString mutated(const QStringList &corpus, std::mt19937 &random)
+{
+    const auto below = [&random](qsizetype limit) { return qsizetype(random() % std::max<qsizetype>(limit, 1)); };
+    const auto pick = [&](const QStringList &list) { return list.at(below(list.size())); };
+    static const QStringList pieces = {
+        "'",     "\"",         "#",        "[",           "]",        "(",        ")",
+        ",",     ";",          "*",        "-",           "--",       "/*",       "&",
+        ".",     "!",          "$",        "%",           "\\",       "^",        "0",
+        "1e999", "9999999999", "''",       "##",          "é",        "NULL",     "NOT",
+        "AND",   "SELECT",     "FROM",     "WHERE",       "GROUP BY", "ORDER BY", "IN (",
+        "LIKE",  "SUM(",       "COUNT(*)", "DISTINCT",    "TOP 3",    "UNION",    "LEFT JOIN",
+        "ON",    "TRUE",       "Date",     "ID",          "Customer", "ISNULL(",  "EXISTS (SELECT",
+        "AS",    "rowid",      "t1",       "IS NOT NULL", "BETWEEN",  "MOD"};
+    static const QRegularExpression blanks("\\s+");
+    QString statement = pick(corpus);
+    for (qsizetype changes = 1 + below(4); changes > 0; --changes) {
+        QStringList words = statement.split(blanks);
+        switch (below(6)) {
+        case 0:
+            statement.remove(below(statement.size()), 1 + below(4));
+            break;
+        case 1:
+            statement.insert(below(statement.size() + 1), pick(pieces));
+            break;
+        case 2:
+            words.removeAt(below(words.size()));
+            statement = words.join(u' ');
+            break;
+        case 3:
+            words.insert(below(words.size() + 1), pick(pick(corpus).split(blanks)));
+            statement = words.join(u' ');
+            break;
+        case 4:
+            words.swapItemsAt(below(words.size()), below(words.size()));
+            statement = words.join(u' ');
+            break;
+        default: {
+            const QString other = pick(corpus);
+            statement = statement.first(below(statement.size())) + other.sliced(below(other.size()));
+        }
+        }
+        if (statement.isEmpty())
+            statement = pick(corpus);
+    }
+    return statement;
+}
+
+QString faultOf(const SqlCompany &company, const QString &statement)
+{
+    for (const jetsql::Plan plan : {jetsql::Plan::Improved, jetsql::Plan::AsWritten}) {
+        try {
+            const jetsql::Translation translation = jetsql::translate(statement, company.catalog(), plan);
+            const bool fillsNewTable = translation.kind == jetsql::StatementKind::SelectInto;
+            if (!translation.sql.isEmpty() && !fillsNewTable) {
+                if (const QString complaint = company.complaint(translation.sql); !complaint.isEmpty())
+                    return complaint;
+            }
+        } catch (const RuntimeError &) {
+        }
+    }
+    return {};
+}
