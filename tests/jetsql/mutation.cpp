@@ -32,11 +32,11 @@ QString mutated(const QStringList &corpus, std::mt19937 &random)
         "AS",    "rowid",      "t1",       "IS NOT NULL", "BETWEEN",  "MOD"};
     static const QRegularExpression blanks("\\s+");
     QString statement = pick(corpus);
-    for (qsizetype changes = 1 + below(4); changes > 0; --changes) {
+    for (qsizetype changes = 1 + below(2); changes > 0; --changes) {
         QStringList words = statement.split(blanks);
-        switch (below(6)) {
+        switch (below(7)) {
         case 0:
-            statement.remove(below(statement.size()), 1 + below(4));
+            statement.remove(below(statement.size()), 1);
             break;
         case 1:
             statement.insert(below(statement.size() + 1), pick(pieces));
@@ -47,6 +47,10 @@ QString mutated(const QStringList &corpus, std::mt19937 &random)
             break;
         case 3:
             words.insert(below(words.size() + 1), pick(pick(corpus).split(blanks)));
+            statement = words.join(u' ');
+            break;
+        case 5:
+            words[below(words.size())] = pick(words);
             statement = words.join(u' ');
             break;
         case 4:

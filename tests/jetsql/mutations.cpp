@@ -10,7 +10,7 @@ TEST(Mutations, OfStatementsNeverReachTheEngineUnparsed)
     ASSERT_GT(corpus.size(), 150);
     std::mt19937 random(20110330);
     int translated = 0;
-    for (int i = 0; i < 10000; ++i) {
+    for (int i = 0; i < 20000; ++i) {
         const QString statement = mutated(corpus, random);
         const QString fault = faultOf(company, statement);
         ASSERT_TRUE(fault.isEmpty()) << statement.toStdString() << "\n" << fault.toStdString();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/jetsql/translator.h"
+#include "data/values/runtimeerror.h"
 #include <memory>
 #include <sqlite3.h>
 

@@ -99,8 +99,9 @@ TEST(Collation, IsAnOrderForAnyThreeTexts)
     for (int i = 0; i < 20000; ++i) {
         const QString a = text(), b = text(), c = text();
         ASSERT_EQ(compared(a, b), -compared(b, a)) << a.toStdString() << " / " << b.toStdString();
-        if (compared(a, b) <= 0 && compared(b, c) <= 0)
+        if (compared(a, b) <= 0 && compared(b, c) <= 0) {
             ASSERT_LE(compared(a, c), 0) << a.toStdString() << " / " << b.toStdString() << " / " << c.toStdString();
+        }
     }
 }
 
