@@ -66,7 +66,8 @@ bool FocusEvents::gained(QWidget *control, const QFocusEvent &event)
 
 bool FocusEvents::lost(QWidget *control, const QFocusEvent &event)
 {
-    if (holder() != control || isInterruption(event.reason()))
+    // A list that drops down for the first time takes the focus for no reason that Qt would name.
+    if (holder() != control || isInterruption(event.reason()) || QApplication::activePopupWidget())
         return false;
     holder() = nullptr;
     return control->isEnabled() && !isUnloading(control);
