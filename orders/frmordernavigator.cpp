@@ -84,6 +84,11 @@ void frmOrderNavigator::formUnload()
     gOrderNavigatorOpen = false;
 }
 
+void frmOrderNavigator::formResize()
+{
+    sizeNavigator(this, {Frame1, Frame2, vsfgOrders, Frame3, vsfgItems});
+}
+
 QString frmOrderNavigator::searchStatement() const
 {
     bool noWhereYet = true;

@@ -2,6 +2,11 @@
 
 #include "app/shell/about.h"
 #include "app/toolkit/form.h"
+#include "master/frmcustomerentry.h"
+#include "master/frmpartentry.h"
+#include "master/frmwarehouseentry.h"
+#include "orders/frmorderentry.h"
+#include "orders/frmordernavigator.h"
 
 namespace {
 template <class FormClass> Form *make()
@@ -14,4 +19,9 @@ template <class FormClass> Form *make()
 void registerForms()
 {
     Forms::add(QStringLiteral("frmAbout"), make<frmAbout>);
+    Forms::add(QStringLiteral("frmCustomerEntry"), make<frmCustomerEntry>);
+    Forms::add(QStringLiteral("frmPartEntry"), make<frmPartEntry>);
+    Forms::add(QStringLiteral("frmWarehouseEntry"), make<frmWarehouseEntry>);
+    Forms::add(QStringLiteral("frmOrderEntry"), make<frmOrderEntry>);
+    Forms::add(QStringLiteral("frmOrderNavigator"), make<frmOrderNavigator>);
 }

@@ -1,6 +1,7 @@
 #include "app/shell/menu.h"
 
 #include "app/shell/application.h"
+#include "inventory/ledger.h"
 
 namespace {
 MenuEntry group(int level, const char *name, const char *caption)
@@ -52,7 +53,7 @@ const std::vector<MenuEntry> &menuEntries()
         group(0, "Inventory", "Inventory"),
         form(1, "Adjust", "Adjust Inventory", "frmInventoryAdjust"),
         form(1, "Transfer", "Transfer Inventory", "frmTransfer"),
-        routine(1, "RebuildInv", "Rebuild Inventory Values", nullptr),
+        routine(1, "RebuildInv", "Rebuild Inventory Values", RebuildAvailInv),
 
         group(0, "Administrative", "Administrative"),
         form(1, "CustomerEntry", "Customer Entry", "frmCustomerEntry"),
