@@ -2,11 +2,17 @@
 
 #include "app/shell/about.h"
 #include "app/toolkit/form.h"
+#include "billing/frmcreateinvoices.h"
+#include "billing/frmreceivepayment.h"
+#include "inventory/frminventoryadjust.h"
+#include "inventory/frmtransfer.h"
 #include "master/frmcustomerentry.h"
 #include "master/frmpartentry.h"
 #include "master/frmwarehouseentry.h"
 #include "orders/frmorderentry.h"
 #include "orders/frmordernavigator.h"
+#include "shipping/frmshipmententry.h"
+#include "shipping/frmshipmentnavigator.h"
 
 namespace {
 template <class FormClass> Form *make()
@@ -22,6 +28,12 @@ void registerForms()
     Forms::add(QStringLiteral("frmCustomerEntry"), make<frmCustomerEntry>);
     Forms::add(QStringLiteral("frmPartEntry"), make<frmPartEntry>);
     Forms::add(QStringLiteral("frmWarehouseEntry"), make<frmWarehouseEntry>);
+    Forms::add(QStringLiteral("frmInventoryAdjust"), make<frmInventoryAdjust>);
+    Forms::add(QStringLiteral("frmTransfer"), make<frmTransfer>);
     Forms::add(QStringLiteral("frmOrderEntry"), make<frmOrderEntry>);
     Forms::add(QStringLiteral("frmOrderNavigator"), make<frmOrderNavigator>);
+    Forms::add(QStringLiteral("frmShipmentEntry"), make<frmShipmentEntry>);
+    Forms::add(QStringLiteral("frmShipmentNavigator"), make<frmShipmentNavigator>);
+    Forms::add(QStringLiteral("frmCreateInvoices"), make<frmCreateInvoices>);
+    Forms::add(QStringLiteral("frmReceivePayment"), make<frmReceivePayment>);
 }
