@@ -80,6 +80,9 @@ void FormDriver::choose(const QString &name, const QString &entry)
     list->scrollTo(item);
     list->setCurrentIndex(item);
     QTest::keyClick(list, Qt::Key_Return);
+    // The closed list was a window of its own; a desktop makes the program's window the active one again.
+    QCoreApplication::processEvents();
+    QApplication::setActiveWindow(m_form->window());
 }
 
 void FormDriver::tick(const QString &name, bool on)
@@ -124,6 +127,7 @@ void FormDriver::typeCell(const QString &grid, int row, int col, const QString &
     clickCell(grid, row, col);
     keys(text);
     key(Qt::Key_Return);
+    QCoreApplication::processEvents(); // the view takes the text over when the key is done with
 }
 
 QString FormDriver::text(const QString &name) const
