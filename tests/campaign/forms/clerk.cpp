@@ -1,0 +1,227 @@
+#include "tests/campaign/forms/clerk.h"
+
+#include "app/shell/application.h"
+#include "app/shell/forms.h"
+#include "app/toolkit/mainmod.h"
+#include "data/dao/createdatabase.h"
+#include "data/schema/schema.h"
+#include "data/values/runtimeerror.h"
+#include "reports/runtime/printing.h"
+#include "tests/support/desk.h"
+#include "tests/support/rows.h"
+#include <QMessageBox>
+#include <iostream>
+
+namespace {
+
+constexpr auto Part = "AX-100";
+
+std::unique_ptr<Database> open(const QString &file, const QString &connect)
+{
+    return DBEngine::OpenDatabase(file, false, false, connect);
+}
+
+[[noreturn]] void fail(const QString &fault)
+{
+    std::cerr << "fault: " << fault.simplified().toStdString() << std::endl;
+    std::_Exit(1);
+}
+
+/// Written in one piece, so that a killed process leaves whole lines.
+void promise(const QString &document)
+{
+    std::cout << (document + '\n').toStdString() << std::flush;
+}
+
+/// Says Yes to the print question. Any other box is one that a person would have been stopped by.
+class Answers : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *box = event->type() == QEvent::Show ? qobject_cast<QMessageBox *>(watched) : nullptr;
+        if (box && box->windowTitle() != u"Print Confirmation")
+            fail(box->windowTitle() + ": " + box->text());
+        if (box)
+            QMetaObject::invokeMethod(box->button(QMessageBox::Yes), "click", Qt::QueuedConnection);
+        return false;
+    }
+};
+
+/// What a field of a form shows that has just gone.
+template <class Control> QString last(const FormDriver &form, const char *name)
+{
+    return form.form()->findChild<Control *>(QLatin1String(name))->text();
+}
+
+void letFormsGo()
+{
+    if (Form *viewer = Forms::loaded("Viewer"))
+        viewer->unload();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void choose(FormDriver &form, const QString &combo, const QString &entry)
+{
+    form.choose(combo, entry);
+    form.key(Qt::Key_Tab);
+}
+
+void saveOrder(int number, bool dropShip)
+{
+    FormDriver form("frmOrderEntry");
+    choose(form, "cmbCustomer", QString("Order %1").arg(number % Clerk::Customers + 1));
+    form.type("txtOrderNumber", QString("N-%1").arg(number));
+    for (int line = 1; line <= Clerk::LinesPerOrder; ++line) {
+        choose(form, "cmbPart", Part);
+        form.type("txtQty", "1");
+        form.click("btnSaveItem");
+    }
+    form.tick("chkDropShip", dropShip);
+    form.click("btnSave");
+    promise("order " + last<QLabel>(form, "lblID"));
+}
+
+void saveStock(const char *formName, const QStringList &warehouses)
+{
+    FormDriver form(formName);
+    const QStringList combos = warehouses.size() == 1 ? QStringList{"cmbWarehouse"} : QStringList{"cmbFrom", "cmbTo"};
+    for (int i = 0; i < combos.size(); ++i)
+        choose(form, combos[i], warehouses[i]);
+    choose(form, "cmbPart", Part);
+    form.type("txtAdjustment", "1");
+    form.click("btnUpdate");
+    form.click("btnSave");
+    promise(QString(combos.size() == 1 ? "adjustment " : "transfer ") + last<QLineEdit>(form, "txtID"));
+}
+
+/// Ships the first open order of a customer whole; nothing when there is none.
+void saveShipment(int number)
+{
+    FormDriver form("frmShipmentEntry");
+    choose(form, "cmbCustomer", QString("Ship %1").arg(number % Clerk::Customers + 1));
+    auto *orders = form.control<ComboBox>("cmbOrder");
+    if (orders->listCount() == 0) {
+        form.click("btnExit");
+        return;
+    }
+    choose(form, "cmbOrder", orders->list(0));
+    form.click("btnShipAll");
+    form.click("btnSave");
+    promise("shipment " + last<QLineEdit>(form, "txtID"));
+}
+
+void runInvoices()
+{
+    if (gDatabase->OpenRecordset("SELECT ID FROM Shipment WHERE Invoiced = False").Eof())
+        return; // the run would say so in a box
+    FormDriver form("frmCreateInvoices");
+    form.click("btnPrint");
+    promise("run 0");
+}
+
+void savePayment()
+{
+    Recordset invoices = gDatabase->OpenRecordset("SELECT Invoice FROM Invoice ORDER BY ID DESC");
+    if (invoices.Eof())
+        return;
+    FormDriver form("frmReceivePayment");
+    form.type("txtInvoice", invoices.Fields("Invoice").text());
+    form.key(Qt::Key_Tab);
+    form.type("txtPayment", "0");
+    form.click("btnSave");
+    form.click("btnExit");
+    promise("payment 0");
+}
+
+void saveDocument(const QString &role, int number)
+{
+    if (role == u"orders") {
+        saveOrder(number, number % 4 == 0);
+        if (number % 5 == 0)
+            saveStock("frmInventoryAdjust", {"Main"});
+    } else if (role == u"shipments") {
+        saveShipment(number);
+        if (number % 5 == 0)
+            runInvoices();
+    } else {
+        saveStock("frmInventoryAdjust", {"Main"});
+        saveStock("frmTransfer", {"Main", "North"});
+        saveOrder(number, number % 2 == 0);
+        saveShipment(number);
+        runInvoices();
+        savePayment();
+    }
+    letFormsGo();
+}
+
+} // namespace
+
+void Clerk::prepare(const QString &file, const QString &connect, int openOrders)
+{
+    createDatabase(file, Schema::Password.toString());
+    gDatabase = open(file, connect);
+    for (const char *warehouse : {"Main", "North"})
+        addRow("Warehouse", {{"Warehouse", warehouse}, {"Status", "Active"}});
+    addRow("Part", {{"PartNo", Part}, {"Category", "Axles"}, {"Cost", 2.5}, {"SalePrice", 4.75}, {"Status", "Active"}});
+    for (const char *kind : {"Order", "Ship"})
+        for (int i = 1; i <= Customers; ++i)
+            addRow("Customer", {{"Customer", QString("%1 %2").arg(kind).arg(i)},
+                                {"Status", "Active"},
+                                {"Terms", "Net 30"},
+                                {"Days", 30}});
+    for (int order = 1; order <= openOrders; ++order) {
+        const QString id = addRow("Orders", {{"OrderNumber", QString("S-%1").arg(order)},
+                                             {"Customer", QString("Ship %1").arg(order % Customers + 1)},
+                                             {"Warehouse", "Main"},
+                                             {"Status", "Open"},
+                                             {"OrderDate", Date::today()},
+                                             {"Total", LinesPerOrder * 4.75},
+                                             {"ShipTo", ""},
+                                             {"ShipToAddress1", ""},
+                                             {"ShipToAddress2", ""},
+                                             {"ShipToCity", ""},
+                                             {"ShipToState", ""},
+                                             {"ShipToZip", ""}});
+        for (int line = 1; line <= LinesPerOrder; ++line)
+            addRow("OrderItem", {{"OrderID", id},
+                                 {"ItemNumber", line},
+                                 {"Qty", 1.0},
+                                 {"PartNo", Part},
+                                 {"PriceEach", 4.75},
+                                 {"PriceExt", 4.75}});
+    }
+    gDatabase.reset();
+}
+
+int Clerk::run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what the platform lacks is no fault of the program
+    Application application(argc, argv);
+    Application::setErrorHandler([](const RuntimeError &error) {
+        fail(QString("%1 %2\n%3").arg(error.number()).arg(error.description(), error.detail()));
+    });
+    Answers answers;
+    application.installEventFilter(&answers);
+    setPrintDestination([](Report &, int) { return true; });
+    gDatabase = open(file, connect);
+    gDefaultWarehouse = "Main";
+    gAutoPriceFlag = "YES";
+    registerForms();
+    MDI mdi;
+    mdi.show();
+    QApplication::setActiveWindow(&mdi);
+    QCoreApplication::processEvents();
+
+    promise("ready 0");
+    std::cin.get(); // all clerks start together
+    for (int number = 1; count < 0 || number <= count; ++number)
+        saveDocument(role, number);
+    Forms::unloadAll();
+    letFormsGo();
+    gDatabase.reset();
+    return 0;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// The child's side of the campaigns through the forms: the program with its windows, and a clerk who saves documents
+/// in them without pause. A line goes to the standard output for every save that has ended; a line that the parent
+/// reads is a promise that the file holds the document.
+namespace Clerk {
+
+constexpr int LinesPerOrder = 3;
+constexpr int Customers = 4; ///< of each kind: "Order 1" ... and "Ship 1" ...
+
+/// Makes the masters, and that many open orders to ship from.
+void prepare(const QString &file, const QString &connect, int openOrders);
+
+/// Saves `count` documents in the role "orders", "shipments" or "everything" (until killed when `count` is negative).
+/// Returns the exit status; a box that nobody expects, or a run-time error, is told on the standard error and is 1.
+int run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count);
+
+} // namespace Clerk

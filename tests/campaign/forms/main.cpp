@@ -1,0 +1,143 @@
+#include "app/toolkit/mainmod.h"
+#include "tests/campaign/forms/books.h"
+#include "tests/campaign/forms/clerk.h"
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QThread>
+#include <cstdio>
+
+namespace {
+
+struct Campaign
+{
+    QString file, connect, journal;
+    int count = 0;
+    uint seed = 0;
+    Books books;
+    QStringList faults;
+};
+
+std::unique_ptr<QProcess> startClerk(const Campaign &campaign, const QString &role, int count)
+{
+    auto clerk = std::make_unique<QProcess>();
+    clerk->start(QCoreApplication::applicationFilePath(),
+                 {"work", "--file", campaign.file, "--connect", campaign.connect, "--role", role, "--count",
+                  QString::number(count)});
+    clerk->waitForReadyRead(60000);
+    return clerk;
+}
+
+/// What stopped a clerk, without what the platform has to say on the same channel.
+QStringList faultsOf(QProcess &clerk)
+{
+    return QString::fromUtf8(clerk.readAllStandardError()).split('\n').filter("fault: ");
+}
+
+void go(QProcess &clerk)
+{
+    clerk.write("\n");
+    clerk.waitForBytesWritten();
+}
+
+/// What the administrator's tool finds wrong with the file.
+void checkFile(Campaign &campaign)
+{
+    QProcess check;
+    check.setProcessChannelMode(QProcess::MergedChannels);
+    check.start(QCoreApplication::applicationDirPath() + "/../tools/tamrick-db", {"check", campaign.file});
+    if (!check.waitForFinished(-1) || check.exitStatus() != QProcess::NormalExit || check.exitCode() != 0)
+        campaign.faults += "tamrick-db check: " + QString::fromUtf8(check.readAll());
+}
+
+/// Kills a clerk who does everything at random moments, again and again on one file.
+void kills(Campaign &campaign, int openOrders)
+{
+    QRandomGenerator random(campaign.seed);
+    for (int kill = 1; kill <= campaign.count && campaign.faults.isEmpty(); ++kill) {
+        const auto clerk = startClerk(campaign, "everything", -1);
+        go(*clerk);
+        // After some saves, at any point of the next: the moment does not depend on how busy the machine is alone.
+        QByteArray said;
+        const int saves = random.bounded(8);
+        while (said.count('\n') <= saves && clerk->waitForReadyRead(60000))
+            said += clerk->readAllStandardOutput();
+        QThread::usleep(random.bounded(60000));
+        clerk->kill();
+        clerk->waitForFinished();
+        said += clerk->readAllStandardOutput();
+        campaign.faults += faultsOf(*clerk);
+        campaign.books.add(QString::fromUtf8(said).split('\n'));
+        campaign.books.compare(campaign.file, campaign.connect, openOrders, kill);
+        campaign.faults += campaign.books.faults();
+    }
+}
+
+/// One clerk takes orders while another ships and bills.
+void pair(Campaign &campaign, int openOrders)
+{
+    const auto orders = startClerk(campaign, "orders", campaign.count);
+    const auto shipments = startClerk(campaign, "shipments", campaign.count);
+    for (const auto *clerk : {&orders, &shipments})
+        go(**clerk);
+    for (const auto *clerk : {&orders, &shipments}) {
+        if (!(*clerk)->waitForFinished(-1) || (*clerk)->exitCode() != 0)
+            campaign.faults += "a clerk was stopped";
+        campaign.faults += faultsOf(**clerk);
+        campaign.books.add(QString::fromUtf8((*clerk)->readAllStandardOutput()).split('\n'));
+    }
+    campaign.books.compare(campaign.file, campaign.connect, openOrders, 0);
+    campaign.faults += campaign.books.faults();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCommandLineParser parser;
+    parser.addPositionalArgument("campaign", "kills or pair");
+    parser.addOptions({{"count", "how many kills, or documents of each clerk", "n", "10"},
+                       {"journal", "log or rollback", "mode", "log"},
+                       {"seed", "of the moments of the kills", "n", "1"},
+                       {"folder", "where the file is made", "path", QDir::tempPath()},
+                       {"file", "for a clerk", "path"},
+                       {"connect", "for a clerk", "text"},
+                       {"role", "for a clerk", "text"}});
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    parser.parse(arguments);
+    const QString what = parser.positionalArguments().value(0);
+    const int count = parser.value("count").toInt();
+    if (what == u"work")
+        return Clerk::run(argc, argv, parser.value("file"), parser.value("connect"), parser.value("role"), count);
+
+    QCoreApplication application(argc, argv);
+    if (what != u"kills" && what != u"pair")
+        parser.showHelp(2);
+    const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");
+    Campaign campaign;
+    campaign.file = folder.filePath("company.db");
+    campaign.journal = parser.value("journal");
+    campaign.connect = DatabaseConnect + ";busy=20000;journal=" + campaign.journal;
+    campaign.count = count;
+    campaign.seed = parser.value("seed").toUInt();
+    const int openOrders = what == u"pair" ? count + Clerk::Customers : count * 10 + Clerk::Customers;
+    Clerk::prepare(campaign.file, campaign.connect, openOrders);
+    if (what == u"kills")
+        kills(campaign, openOrders);
+    else
+        pair(campaign, openOrders);
+    checkFile(campaign);
+
+    std::printf("%s through the forms, %s journal, count %d, seed %u: %d saves reported, %d faults\n", qPrintable(what),
+                qPrintable(campaign.journal), count, campaign.seed, campaign.books.documents(),
+                int(campaign.faults.size()));
+    for (const QString &fault : std::as_const(campaign.faults))
+        std::printf("  %s\n", qPrintable(fault));
+    return campaign.faults.isEmpty() ? 0 : 1;
+}
