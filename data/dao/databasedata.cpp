@@ -126,6 +126,9 @@ void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doi
         if (recordset->reads(table->Name))
             throw runtimeError(3211, {table->Name}, doing.statement);
     }
+    // The counter of a copied AutoNumber, which SQLite does not know to belong to the table.
+    m_connection.run("DELETE FROM sqlite_sequence WHERE name = '" + table->Name.toUtf8().replace('\'', "''") + '\'',
+                     doing);
     m_connection.run("DROP TABLE " + Tables::quoted(table->Name), doing);
 }
 

@@ -84,6 +84,14 @@ TEST_P(AutoNumberTest, NumbersTheRowsOfTablesMadeByStatements)
     EXPECT_EQ(copy.Fields("ID").value(), Value(3));
     copy.Update();
     EXPECT_EQ(column(*database, "SELECT ID FROM tmpCopy"), "1 2 3");
+
+    // A table of the same name, made later, counts anew.
+    copy.Close();
+    database->Execute("DROP TABLE tmpCopy");
+    database->Execute("SELECT * INTO tmpCopy FROM tmpList WHERE ID = 1");
+    copy = database->OpenRecordset("SELECT * FROM tmpCopy");
+    copy.AddNew();
+    EXPECT_EQ(copy.Fields("ID").value(), Value(2));
 }
 
 INSTANTIATE_TEST_SUITE_P(Journals, AutoNumberTest, testing::Values(";journal=log", ";journal=rollback"),
