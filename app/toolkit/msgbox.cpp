@@ -9,12 +9,21 @@
 namespace {
 int shown = 0;
 
+/// The window a box belongs to. A list that just dropped down may still be the active one, and goes with its form.
+QWidget *windowBehind()
+{
+    QWidget *window = QApplication::activeWindow();
+    while (window && window->windowType() == Qt::Popup)
+        window = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+    return window;
+}
+
 class Box : public QMessageBox
 {
 public:
     Box(const QString &prompt, const QString &title, StandardButtons buttons)
         : QMessageBox(NoIcon, title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title, prompt, buttons,
-                      QApplication::activeWindow())
+                      windowBehind())
     {
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
