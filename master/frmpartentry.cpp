@@ -54,6 +54,7 @@ void frmPartEntry::layOut()
     fields->add("Cost", txtCost);
     fields->add("Sale Price", txtSalePrice);
     fields->add("Status", cmbStatus);
+    cmbPartNo->setMinimumWidth(260);
     layout->addStretch();
     layout->addLayout(buttonRow({btnSave, btnExit}));
     setTabOrder({cmbPartNo, cmbCategory, cmbVendor, txtLeadTime, txtSuperceded, txtBinLocation, txtMinOnHand,

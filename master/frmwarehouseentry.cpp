@@ -44,6 +44,7 @@ void frmWarehouseEntry::layOut()
     fields->add("Fax", txtFax);
     fields->add("Contact", txtContact);
     fields->add("Status", cmbStatus);
+    cmbWarehouse->setMinimumWidth(280);
     layout->addStretch();
     layout->addLayout(buttonRow({btnSave, btnExit}));
     setFieldWidth(txtState, 4);

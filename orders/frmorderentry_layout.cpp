@@ -109,6 +109,9 @@ void frmOrderEntry::layOutHeader()
     fields->add("Order Total", lblTotal, 2);
     setFieldWidth(txtState, 4);
     setFieldWidth(txtZip, 10);
+    txtCity->setMinimumWidth(120);
+    for (MaskEdBox *amount : {txtFreight, txtOverDue, lblTotal})
+        setFieldWidth(amount, 14);
 }
 
 void frmOrderEntry::layOutLines()
@@ -124,5 +127,8 @@ void frmOrderEntry::layOutLines()
     fields->add("Price Ext", lblPriceExt, 2);
     fields->add("Cust No.", txtCustomerNumber, 3);
     fields->add({}, {btnSaveItem, btnDeleteItem}, 3);
+    setFieldWidth(txtQty, 9);
+    for (MaskEdBox *amount : {txtPriceEach, lblPriceExt})
+        setFieldWidth(amount, 14);
     layout->addWidget(vsfgItems, 1);
 }

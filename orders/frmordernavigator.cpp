@@ -59,6 +59,10 @@ void frmOrderNavigator::layOut()
     fields->add("Order Number", txtOrderNumber, 1);
     fields->add(chkOrderDate, 1);
     fields->add({}, {dtStartDate, dtEndDate}, 1);
+    for (DTPicker *date : {dtStartDate, dtEndDate})
+        setFieldWidth(date, 11);
+    for (ComboBox *list : {cmbWarehouse, cmbCustomer, cmbStatus})
+        list->setMinimumContentsLength(12); // the window opens 600 pixels wide
     layout->addLayout(buttonRow({btnFind, btnClear, btnAddNew, btnExit}));
     vsfgOrders->setParent(Frame2);
     vsfgItems->setParent(Frame3);
