@@ -1,0 +1,287 @@
+#include "app/toolkit/mainmod.h"
+#include "reports/runtime/crviewer.h"
+#include "reports/runtime/report.h"
+#include "reports/runtime/rowstore.h"
+#include "reports/runtime/viewer.h"
+#include "tests/reports/reporttest.h"
+#include "tests/support/desk.h"
+#include <QGuiApplication>
+
+namespace {
+
+class Dialogs : public DeskTest
+{
+protected:
+    Dialogs() : clock("2010-05-15 09:30:00") {}
+
+    QList<Viewer *> viewers() const { return mdi->findChildren<Viewer *>(); }
+    const Report &report() const { return *viewers().last()->viewer()->reportSource(); }
+    QString parameter(const QString &name) const
+    {
+        for (const TextParameter &parameter : report().layout().parameters) {
+            if (parameter.name == name)
+                return parameter.text;
+        }
+        return "no such text";
+    }
+    QStringList list(const FormDriver &form, const char *combo) const
+    {
+        QStringList entries;
+        for (int i = 0; i < form.control<ComboBox>(combo)->listCount(); ++i)
+            entries += form.control<ComboBox>(combo)->list(i);
+        return entries;
+    }
+
+    TestClock clock;
+};
+
+TEST_F(Dialogs, OpenFromTheMenuWithTheirControlsAndCancelUnloadsThem)
+{
+    const struct
+    {
+        const char *menu, *form, *caption, *controls, *labels;
+    } dialogs[] = {
+        {"PickTicket", "frmPickTicket", "Report Selection", "cmbReport btnPrint btnCancel", "Pick Ticket"},
+        {"PackingSlip", "frmPackingSlip", "Report Selection", "cmbReport btnPrint btnCancel", "Shipment ID:"},
+        {"InvoiceReport", "frmInvoiceReport", "Report Selection", "cmbReport btnPrint btnCancel", "Invoice "},
+        {"SalesByCustomer", "frmSalesByCustomer", "Sales By Customer Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date"},
+        {"SalesByCategory", "frmSalesByCategoryCustomer", "Sales By Category Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date"},
+        {"SalesByTerritory", "frmSalesByTerritoryCustomer", "Sales By Territory Report",
+         "dtStart dtEnd btnOK btnCancel", "Begin Date|End Date"},
+        {"SalesByPart", "frmSalesByPart", "Sales By Part Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date"},
+        {"SalesByWhsePart", "frmSalesByWhsePart", "Sales By Whse/Part Report",
+         "dtStart dtEnd chkExport btnOK btnCancel", "Begin Date|End Date"},
+        {"InventorySalesReport", "frmInventorySalesReport", "Inventory Sales Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date|Notice: This report will take several minutes to compile all of the necessary data. "
+         "Please be patient."},
+        {"OpenInvoice", "frmOpenInvoicesReport", "Open Invoices Report",
+         "dtDate chkOver txtDays chkSummary btnOk btnCancel", "As Of|days"},
+        {"StatementsReport", "frmStatementReport", "Customer Statements", "dtDate btnOk btnCancel", "As Of"},
+        {"ARTran", "frmARTranReport", "Invoice Register Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date"},
+        {"CashReceipts", "frmCashReceiptsReport", "Cash Receipts Register Report", "dtStart dtEnd btnOK btnCancel",
+         "Begin Date|End Date"},
+        {"CustomerRegister", "frmCustomerRegister", "Customer Register",
+         "cmbCustomer dtBeginDate dtEndDate btnPrint btnCancel", "Customer:|Begin Date:|End Date:"},
+        {"AvailInventory", "frmAvailableInventory", "Available Inventory",
+         "cmbCategory dtStart dtEnd chkDetails chkExport btnOk btnCancel", "Category|Begin Date|End Date"},
+        {"AvailableInventoryByPart", "frmAvailableInventoryByPart", "Available Inventory by Part",
+         "cmbCategory dtStart dtEnd chkDetails btnOk btnCancel", "Category|Begin Date|End Date"},
+        {"NewAvailInvWhse", "frmAvailInvReport", "Report Selection", "cmbReport btnPrint btnCancel", "Warehouse"},
+        {"ProdByWhsePart", "frmProductionByWhsePartReport", "Production By Whse/Part Rpt",
+         "txtMonths txtReq chkSupp btnOK btnCancel", "Number of Months to take Average|Requirements"},
+        {"ProdByPartWhse", "frmProductionByPartWhseReport", "Production By Part/Whse Rpt",
+         "txtMonths txtReq chkSupp btnOK btnCancel", "Number of Months to take Average|Requirements"},
+        {"AdjustmentControlReport", "frmAdjustmentControlReport", "Report Selection", "cmbReport btnPrint btnCancel",
+         "Control Report"},
+        {"TransferControlReport", "frmTransferControlReport", "Report Selection", "cmbReport btnPrint btnCancel",
+         "Control Report"},
+        {"Statements", "frmCustomerStatements", "Customer Statements", "dtDate btnOk btnCancel", "Statement Date"},
+    };
+    for (const auto &dialog : dialogs) {
+        menu(dialog.menu);
+        Form *form = Forms::loaded(dialog.form);
+        ASSERT_TRUE(form) << dialog.form;
+        EXPECT_EQ(form->windowTitle(), dialog.caption);
+        QStringList controls, labels;
+        for (QWidget *control : form->tabOrder())
+            controls += control->objectName();
+        EXPECT_EQ(controls.join(' '), dialog.controls) << dialog.form;
+        for (QLabel *label : form->findChildren<QLabel *>(QRegularExpression("^Label\\d+$")))
+            labels += label->text();
+        EXPECT_EQ(labels.join('|'), dialog.labels) << dialog.form;
+        for (DTPicker *picker : form->findChildren<DTPicker *>())
+            EXPECT_EQ(picker->value().toText(), "5/15/2010") << dialog.form;
+        menu(dialog.menu);
+        EXPECT_EQ(Forms::loaded(dialog.form), form);
+
+        FormDriver(dialog.form).click("btnCancel");
+        settle();
+        EXPECT_FALSE(Forms::loaded(dialog.form)) << dialog.form;
+    }
+    EXPECT_TRUE(viewers().isEmpty());
+}
+
+TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
+{
+    const struct
+    {
+        const char *form, *button, *title;
+    } dialogs[] = {{"frmSalesByCustomer", "btnOK", "crptSalesByCustomer"},
+                   {"frmSalesByCategoryCustomer", "btnOK", "crptSalesByCategoryCustomer"},
+                   {"frmSalesByTerritoryCustomer", "btnOK", "crptSalesByTerritoryCustomer"},
+                   {"frmSalesByPart", "btnOK", "crptSalesByPart"},
+                   {"frmSalesByWhsePart", "btnOK", "crptSalesByWhsePart"},
+                   {"frmInventorySalesReport", "btnOK", "crptInventorySalesReport"},
+                   {"frmARTranReport", "btnOK", "crptARTranReport"},
+                   {"frmCashReceiptsReport", "btnOK", "crptCashReceiptsReport"},
+                   {"frmAvailableInventory", "btnOk", "crptAvailableInventory"},
+                   {"frmAvailableInventoryByPart", "btnOk", "crptAvailableInventoryByPart"}};
+    for (const auto &dialog : dialogs) {
+        FormDriver form(dialog.form);
+        form.setDate("dtStart", "4/30/2010");
+        form.setDate("dtEnd", "3/1/2010");
+        form.click(dialog.button);
+        EXPECT_EQ(parameter("txtBeginDate"), "4/30/2010") << dialog.form;
+        EXPECT_EQ(parameter("txtEndDate"), "3/1/2010") << dialog.form;
+        EXPECT_EQ(report().layout().title, Report(dialog.title).layout().title);
+        EXPECT_FALSE(form.isLoaded());
+        EXPECT_FALSE(QGuiApplication::overrideCursor());
+    }
+    EXPECT_EQ(viewers().size(), int(std::size(dialogs)));
+}
+
+TEST_F(Dialogs, ExportFriendlyChoosesTheOtherLayout)
+{
+    FormDriver sales("frmSalesByWhsePart");
+    sales.tick("chkExport");
+    sales.click("btnOK");
+    EXPECT_TRUE(report().layout().exportAsTable);
+    FormDriver stock("frmAvailableInventory");
+    EXPECT_EQ(list(stock, "cmbCategory"), QStringList({"***All Categories***", "Pumps", "Valves"}));
+    EXPECT_EQ(stock.text("cmbCategory"), "***All Categories***");
+    stock.tick("chkExport");
+    stock.tick("chkDetails");
+    stock.click("btnOk");
+    EXPECT_TRUE(report().layout().exportAsTable);
+    for (const Section &section : report().layout().sections) {
+        if (section.name == "secDetail")
+            EXPECT_TRUE(section.suppress) << "never with details";
+    }
+}
+
+TEST_F(Dialogs, SelectionsListTheNewestFirstAndPrintTheOnePicked)
+{
+    const int order = addOrder("Baker Tools", "Main");
+    addLine(order, 1, "A-100", 5, 10);
+    addOrder("Acme Supply", "Main");
+    addOrder("Acme Supply", "Main", "Closed");
+    const int adjustment = addAdjustment("Main", "2/1/2010", "A-100", -5);
+    const int other = addAdjustment("East", "2/2/2010", "A-100", 5);
+    insert("TransferHeader", {{"FromID", adjustment}, {"ToID", other}});
+    for (int i = 0; i < 2; ++i)
+        ship(addShipment(order, "2/3/2010", false, 1), order, 1, 2);
+
+    FormDriver ticket("frmPickTicket");
+    EXPECT_EQ(list(ticket, "cmbReport"), QStringList({"Acme Supply - N", "Baker Tools - N"}));
+    EXPECT_EQ(ticket.control<ComboBox>("cmbReport")->listIndex(), -1);
+    ticket.choose("cmbReport", "Baker Tools - N");
+    ticket.click("btnPrint");
+    EXPECT_EQ(report().rows().value(0, report().rows().fieldIndex("Customer")), Value("Baker Tools"));
+    EXPECT_FALSE(ticket.isLoaded());
+
+    FormDriver slip("frmPackingSlip");
+    EXPECT_EQ(list(slip, "cmbReport"), QStringList({"2", "1"}));
+    slip.choose("cmbReport", "1");
+    slip.click("btnPrint");
+    EXPECT_EQ(report().rows().rowCount(), 1);
+
+    FormDriver control("frmAdjustmentControlReport");
+    EXPECT_EQ(list(control, "cmbReport"), QStringList({"2 - 2/2/2010", "1 - 2/1/2010"}));
+    control.choose("cmbReport", "1 - 2/1/2010");
+    control.click("btnPrint");
+    EXPECT_EQ(report().rows().value(0, report().rows().fieldIndex("Qty")), Value(-5.0));
+
+    FormDriver transfer("frmTransferControlReport");
+    EXPECT_EQ(list(transfer, "cmbReport"), QStringList("1 - 2/1/2010"));
+    transfer.choose("cmbReport", "1 - 2/1/2010");
+    transfer.click("btnPrint");
+    EXPECT_EQ(report().rows().value(0, report().rows().fieldIndex("Qty")), Value(5.0));
+
+    FormDriver stock("frmAvailInvReport");
+    EXPECT_EQ(list(stock, "cmbReport"), QStringList({"***All Warehouses***", "East", "Main", "Old Hall"}));
+    stock.click("btnPrint");
+    EXPECT_EQ(report().rows().rowCount(), 0) << "nothing picked is an empty warehouse";
+}
+
+TEST_F(Dialogs, PrintingNothingIsAnError)
+{
+    for (const char *name :
+         {"frmPickTicket", "frmPackingSlip", "frmAdjustmentControlReport", "frmTransferControlReport"}) {
+        FormDriver form(name);
+        expectRuntimeError(3075, [&] { form.click("btnPrint"); });
+    }
+}
+
+TEST_F(Dialogs, AnInvoiceWithoutShipmentsIsRefused)
+{
+    const int order = addOrder("Acme Supply", "Main");
+    const int shipment = addShipment(order, "2/3/2010", true, 7);
+    for (int i = 0; i < 9; ++i)
+        addInvoice("Acme Supply", "2/4/2010", "0", 0);
+    addInvoice("Acme Supply", "2/4/2010", QString::number(shipment), 7);
+
+    FormDriver none("frmInvoiceReport");
+    EXPECT_EQ(list(none, "cmbReport").mid(0, 2), QStringList({"9", "8"})) << "numbers sort as text";
+    none.click("btnPrint");
+    EXPECT_FALSE(none.isLoaded()) << "an unknown invoice closes without a word";
+    FormDriver without("frmInvoiceReport");
+    without.choose("cmbReport", "9");
+    boxes.expect("Unable to Print", "You cannot Print this Invoice.");
+    without.click("btnPrint");
+    EXPECT_FALSE(without.isLoaded());
+    EXPECT_TRUE(viewers().isEmpty());
+    FormDriver invoice("frmInvoiceReport");
+    invoice.choose("cmbReport", "10");
+    invoice.click("btnPrint");
+    EXPECT_EQ(viewers().size(), 1);
+}
+
+TEST_F(Dialogs, TheListingChecksDaysOnlyWhenToldAndFiltersByTheirText)
+{
+    addInvoice("Acme Supply", "5/1/2010", "0", 10);
+    FormDriver form("frmOpenInvoicesReport");
+    form.tick("chkOver");
+    form.type("txtDays", "soon");
+    boxes.expect("Enter Days to Age", "You must enter a number of days to be aging.");
+    form.click("btnOk");
+    EXPECT_TRUE(form.isLoaded());
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    form.tick("chkOver", false);
+    form.type("txtDays", "30");
+    form.click("btnOk");
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(report().rows().rowCount(), 0) << "days count though the box is clear";
+    EXPECT_EQ(parameter("txtAsOfDate"), "5/15/2010");
+}
+
+TEST_F(Dialogs, ProductionAsksForTwoNumbers)
+{
+    FormDriver form("frmProductionByWhsePartReport");
+    EXPECT_EQ(form.text("txtMonths"), "3");
+    for (const char *req : {"", "two"}) {
+        form.type("txtReq", req);
+        boxes.expect("Invalid Months", "You must enter a number of months and Requirements.");
+        form.click("btnOK");
+        EXPECT_TRUE(form.isLoaded());
+    }
+    form.type("txtReq", "40000");
+    expectRuntimeError(6, [&] { form.click("btnOK"); });
+    form.type("txtMonths", "2.5"); // halves go to the even number
+    form.type("txtReq", "$5");     // numeric, but its leading number is 0
+    form.click("btnOK");
+    EXPECT_EQ(parameter("txtMonths"), "2");
+    EXPECT_EQ(parameter("txtReq"), "0");
+}
+
+TEST_F(Dialogs, TheCustomerRegisterListsAllCustomers)
+{
+    FormDriver form("frmCustomerRegister");
+    EXPECT_EQ(list(form, "cmbCustomer"), QStringList({"Acme Supply", "Baker Tools", "Bolt & Sons", "Closed Works"}));
+    form.click("btnPrint");
+    EXPECT_EQ(parameter("txtCustomer"), "") << "none need be picked";
+}
+
+TEST_F(Dialogs, ListingsOpenFromTheMenu)
+{
+    for (const char *entry : {"OpenOrders", "PartListingReport", "CustomerListingReport", "WarehouseListingReport"})
+        menu(entry);
+    EXPECT_EQ(viewers().size(), 4);
+    for (const char *entry : {"AvailInv", "AvailInv2"})
+        EXPECT_FALSE(mdi->findChild<QAction *>(entry)->isEnabled());
+}
+
+} // namespace

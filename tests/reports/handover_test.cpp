@@ -1,0 +1,185 @@
+// What all routines share: the pointer, the windows, and the whole catalogue.
+
+#include "app/toolkit/mainmod.h"
+#include "reports/inventoryregisters.h"
+#include "reports/layouts/catalogue.h"
+#include "reports/listings.h"
+#include "reports/old.h"
+#include "reports/operational.h"
+#include "reports/production.h"
+#include "reports/receivables.h"
+#include "reports/runtime/crviewer.h"
+#include "reports/runtime/page.h"
+#include "reports/runtime/reportpages.h"
+#include "reports/runtime/viewer.h"
+#include "reports/sales.h"
+#include "tests/reports/reporttest.h"
+#include "tests/reports/xlsxfile.h"
+#include "data/dao/createdatabase.h"
+#include "data/schema/schema.h"
+#include "tools/demo.h"
+#include <QCoreApplication>
+#include <QFile>
+#include <QGuiApplication>
+
+namespace {
+
+struct Run
+{
+    const char *designer;
+    bool ownsPointer;
+    std::function<void()> routine;
+};
+
+/// Every report of the catalogue through its routine; the documents are those of the lowest numbers.
+const std::vector<Run> &runs()
+{
+    using namespace Reports;
+    static const std::vector<Run> all{
+        {"crptPickTicket", true, [] { PrintPickTicket("1"); }},
+        {"crptPackingSlip", true, [] { PrintPackingSlip("1", true); }},
+        {"crptInvoice", false, [] { PrintInvoice("1", "1", "1/5/2010", "2/4/2010", "Net 30", true); }},
+        {"crptARTranReport", true, [] { ShowInvoiceRegister("1/1/2010", "12/31/2010"); }},
+        {"crptCashReceiptsReport", true, [] { ShowCashReceipts("1/1/2010", "12/31/2010"); }},
+        {"crptCustomerRegister", true, [] { ShowCustomerRegister("Acme Supply", "1/1/2010", "12/31/2010"); }},
+        {"crptOpenInvoicesReport", true, [] { ShowOpenInvoicesReport("12/31/2010", false, ""); }},
+        {"crptOpenInvoicesReport", true, [] { ShowOpenInvoicesReport("12/31/2010", true, ""); }},
+        {"crptStatementReport", true, [] { ShowStatementReport("12/31/2010"); }},
+        {"crptSalesByCustomer", false, [] { ReportSalesByCustomer("1/1/2010", "12/31/2010"); }},
+        {"crptSalesByCategoryCustomer", false, [] { ReportSalesByCategoryCustomer("1/1/2010", "12/31/2010"); }},
+        {"crptSalesByTerritoryCustomer", false, [] { ReportSalesByTerritoryCustomer("1/1/2010", "12/31/2010"); }},
+        {"crptSalesByPart", false, [] { ReportSalesByPart("1/1/2010", "12/31/2010"); }},
+        {"crptSalesByWhsePart", false, [] { ReportSalesByWhsePart("1/1/2010", "12/31/2010"); }},
+        {"crptSalesByWhsePartExport", false, [] { ReportSalesByWhsePartExport("1/1/2010", "12/31/2010"); }},
+        {"crptAvailableInventory", true,
+         [] { ReportAvailableInventory("1/1/2010", "12/31/2010", true, "***All Categories***"); }},
+        {"crptAvailableInventory", true,
+         [] { ReportAvailableInventory("1/1/2010", "12/31/2010", false, "***All Categories***"); }},
+        {"crptAvailableInventoryExport", true,
+         [] { ReportAvailableInventoryExport("1/1/2010", "12/31/2010", false, "***All Categories***"); }},
+        {"crptAvailableInventoryByPart", true,
+         [] { ReportAvailableInventoryByPart("1/1/2010", "12/31/2010", true, "***All Categories***"); }},
+        {"crptNewAvailInv", true, [] { ReportQuickAvailInv("***All Warehouses***"); }},
+        {"crptInventorySalesReport", true, [] { ReportInventorySales("1/1/2010", "12/31/2010"); }},
+        {"crptProductionWhsePart", false, [] { ReportProductionByWhsePart(3, 2, true); }},
+        {"crptProductionPartWhse", false, [] { ReportProductionByPartWhse(3, 2, true); }},
+        {"crptOpenOrders", false, ReportOpenOrders},
+        {"crptInventoryAdjustControlReport", true, [] { ReportAdjustmentControl("1"); }},
+        {"crptInventoryTransferControlReport", true, [] { ReportTransferControl("1"); }},
+        {"crptPartListing", true, ReportPartListing},
+        {"crptCustomerListing", true, ReportCustomerListing},
+        {"crptWarehouseListing", true, ReportWarehouseListing},
+        {"crptAvailInv", true, ReportAvailInvOld},
+        {"crptAvailInv2", true, ReportAvailInv2Old},
+    };
+    return all;
+}
+
+/// The three workbooks of the old stock reports, empty, and `workbooks.txt`.
+class Catalogue : public ReportTest
+{
+protected:
+    Catalogue()
+    {
+        XlsxFile::write(folder.filePath("empty.xlsx"), {{}});
+        QFile file(settingsFile());
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const QByteArray line = "x," + folder.filePath("empty.xlsx").toUtf8() + "\n";
+        file.write("x,\nx,\n" + line + line + line);
+    }
+    ~Catalogue() override { QFile::remove(settingsFile()); }
+
+    static QString settingsFile() { return QCoreApplication::applicationDirPath() + "/workbooks.txt"; }
+
+    void openDatabase(bool full)
+    {
+        gDatabase.reset();
+        gDatabasePath = folder.filePath("company.db");
+        if (full)
+            createDemo(gDatabasePath, {1, 3, QDate(2010, 12, 31)});
+        else
+            createDatabase(gDatabasePath, Schema::Password.toString());
+        gDatabase = DBEngine::OpenDatabase(gDatabasePath, false, false, DatabaseConnect);
+    }
+
+    /// The first pages and the last are as a page should be.
+    void expectGoodPages(const char *designer)
+    {
+        ReportPages &pages = static_cast<Viewer *>(shown.last())->viewer()->reportSource()->pages();
+        const int count = pages.pageCount();
+        ASSERT_GE(count, 1) << designer;
+        for (int page : {0, 1, count - 1}) {
+            if (page >= count)
+                continue;
+            const auto made = pages.page(page);
+            EXPECT_EQ(pageFaults(*made, report().layout().margins), QStringList()) << designer << ", page " << page;
+            EXPECT_FALSE(made->texts().isEmpty()) << designer;
+        }
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(Catalogue, EveryReportRunsOnAFullDatabase)
+{
+    openDatabase(true);
+    QStringList designers;
+    for (const Run &run : runs()) {
+        run.routine();
+        EXPECT_EQ(report().dataset().size(), reportDesign(run.designer).dataset.size()) << run.designer;
+        EXPECT_EQ(report().layout().title, reportDesign(run.designer).layout().title) << run.designer;
+        expectGoodPages(run.designer);
+        designers += run.designer;
+    }
+    for (const ReportDesign &design : reportCatalogue())
+        EXPECT_TRUE(designers.contains(design.designer)) << design.designer.toStdString();
+}
+
+TEST_F(Catalogue, EveryReportRunsOnAnEmptyDatabase)
+{
+    openDatabase(false);
+    for (const Run &run : runs()) {
+        const QString designer = run.designer;
+        if (designer == "crptInvoice") {
+            EXPECT_EQ(errorNumberOf(run.routine), 94) << "no shipment has any freight";
+        } else if (designer == "crptInventoryTransferControlReport") {
+            EXPECT_EQ(errorNumberOf(run.routine), 3021);
+        } else {
+            run.routine();
+            EXPECT_EQ(rows(), QStringList()) << run.designer;
+            expectGoodPages(run.designer);
+        }
+    }
+}
+
+TEST_F(Catalogue, TheHourglassStandsWhereTheRoutineOwnsThePointer)
+{
+    openDatabase(true);
+    bool hourglass = false;
+    Forms::setHost([&](Form *form) {
+        hourglass = QGuiApplication::overrideCursor() != nullptr;
+        shown += form;
+    });
+    for (const Run &run : runs()) {
+        if (QString(run.designer) == "crptAvailInv2")
+            continue; // shown in the window that is there
+        run.routine();
+        EXPECT_EQ(hourglass, run.ownsPointer) << run.designer;
+        EXPECT_FALSE(QGuiApplication::overrideCursor()) << run.designer;
+    }
+}
+
+TEST_F(Catalogue, AWindowKeepsItsDataWhenTheScratchTablesAreFilledAnew)
+{
+    addAdjustment("Main", "2/1/2010", "A-100", 5);
+    Reports::ReportAvailableInventory("1/1/2010", "12/31/2010", true, "***All Categories***");
+    const QStringList before = rows();
+    Form *first = shown.last();
+    Reports::ReportAvailableInventory("1/1/2011", "12/31/2011", true, "***All Categories***");
+    EXPECT_NE(shown.last(), first);
+    EXPECT_NE(rows(), before);
+    shown += first;
+    EXPECT_EQ(rows(), before);
+}
+
+} // namespace

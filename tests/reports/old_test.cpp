@@ -1,0 +1,192 @@
+#include "reports/old.h"
+#include "reports/workbook/numberformat.h"
+#include "reports/workbook/workbook.h"
+#include "tests/reports/reporttest.h"
+#include "tests/reports/xlsxfile.h"
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+using Sheet = XlsxFile::Sheet;
+constexpr std::monostate Blank{};
+
+const Sheet Customers{{"No", "Name", "Address", "", "City", "Zip"},
+                      {"  C1 ", "Acme", "1 First St", Blank, "Akron", 1234.0},
+                      {17.0, Blank, "nowhere"},
+                      {"C3", "Baker", Blank, Blank, "Boise", "01234"},
+                      {},
+                      {"C9", "Late"}};
+const Sheet Invoices{{"Receivables"},
+                     {Blank, "Customer", "Amount", "Invoice", "Status", "Date"},
+                     {Blank, "C1", 100.5, "I-1", "Open", lxw_datetime{2003, 2, 14, 0, 0, 0}},
+                     {Blank, "C1", 50.0, "I-2", "Paid", lxw_datetime{2003, 2, 15, 0, 0, 0}},
+                     {Blank, Blank, 5.0, "I-3", "Open", lxw_datetime{2003, 2, 16, 0, 0, 0}},
+                     {Blank, 17.0, 12.0, 1001.0, Blank, lxw_datetime{2003, 3, 1, 12, 0, 0}},
+                     {Blank, "C1", 5.0, Blank, "Open", lxw_datetime{2003, 3, 2, 0, 0, 0}},
+                     {Blank, "C1", 9.0, "I-9", "Open", lxw_datetime{2003, 3, 3, 0, 0, 0}}};
+
+class OldReports : public ReportTest
+{
+protected:
+    ~OldReports() override { QFile::remove(settingsFile()); }
+
+    static QString settingsFile() { return QCoreApplication::applicationDirPath() + "/workbooks.txt"; }
+    QString path(const QString &file) const { return folder.filePath(file); }
+
+    /// Writes `workbooks.txt` with five paths.
+    static void name(const QStringList &paths)
+    {
+        QFile file(settingsFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        for (const QString &path : paths)
+            file.write(("Workbook, " + path + "\n").toUtf8());
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(OldReports, StatementsReadWorkbooksOfEveryKind)
+{
+    XlsxFile::write(path("ledger.xlsx"), {Customers, Invoices});
+    const QString fixtures = QString(TAMRICK_TEST_DATA) + "/reports/workbooks/";
+    for (const QString &file : {path("ledger.xlsx"), fixtures + "ledger.xls", fixtures + "ledger.ods"}) {
+        name({file, file, "", "", ""});
+        Reports::ReportStatementsOld();
+        EXPECT_EQ(database.rows("SELECT * FROM Invoice_Old"),
+                  QStringList({"C1|I-1|100.5|2/14/2003", "17|1001|12|3/1/2003 12:00:00 PM"}))
+            << file.toStdString();
+        EXPECT_EQ(database.rows("SELECT * FROM Customer_Old"),
+                  QStringList({"C1|Acme|1 First St||Akron|1234", "C3|Baker|||Boise|01234"}))
+            << file.toStdString();
+    }
+    EXPECT_TRUE(shown.isEmpty());
+}
+
+TEST_F(OldReports, AMissingFileOrSheetEndsTheRun)
+{
+    insert("Invoice_Old", {{"CustomerNo", "kept"}});
+    XlsxFile::write(path("one.xlsx"), {Customers});
+    QFile text(path("text.xlsx"));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly) && text.write("no workbook") > 0);
+    text.close();
+    EXPECT_EQ(errorNumberOf(Reports::ReportStatementsOld), 432) << "no settings file";
+    for (const QString &file : {QString(), path("missing.xlsx"), path("missing.xls"), path("missing.ods"),
+                                path("text.xlsx"), path("book.wk1")}) {
+        name({file, "", "", "", ""});
+        EXPECT_EQ(errorNumberOf(Reports::ReportStatementsOld), 432) << file.toStdString();
+    }
+    EXPECT_EQ(database.count("Invoice_Old"), 1) << "nothing is deleted before the workbook is there";
+    name({path("one.xlsx"), path("one.xlsx"), "", "", ""});
+    EXPECT_EQ(errorNumberOf(Reports::ReportStatementsOld), 9);
+    EXPECT_EQ(database.count("Invoice_Old"), 0);
+    name({"one.xlsx"});
+    EXPECT_EQ(errorNumberOf(Reports::ReportStatementsOld), 62);
+}
+
+TEST_F(OldReports, AvailabilityAddsUpOpeningsProductionTransfersAndSales)
+{
+    insert("Inventory", {{"Part", "P-001"}, {"Warehouse", "DG699"}, {"Tran", "Beg Bal"}, {"Qty", 100}});
+    insert("Inventory", {{"Part", "P-001"}, {"Warehouse", "DG699"}, {"Tran", "Sold"}, {"Qty", -77}});
+    XlsxFile::write(path("made.xlsx"), {{{"Date", "Stem", "Size", "Qty"},
+                                         {Blank, "P", "SIZE001", 10.0},
+                                         {Blank, Blank, "x 002", 3.0},
+                                         {Blank, "P", Blank, 1.0},
+                                         {Blank, Blank, Blank, 99.0},
+                                         {Blank, "P", "001", 99.0}}});
+    XlsxFile::write(path("moved.xlsx"), {{{"Date", "Part", "Qty", "To"},
+                                          {Blank, "P-001", 30.0, "East"},
+                                          {Blank, "P-001", "5 boxes", " East "},
+                                          {Blank, "P-001", 7.0, Blank},
+                                          {},
+                                          {Blank, "P-001", 99.0, "East"}}});
+    XlsxFile::write(path("sold.xlsx"), {{{"1", "2", "3", "4", "Part", "Qty", "7", "8", "From"},
+                                         {Blank, Blank, Blank, Blank, "P-001", 4.0, Blank, Blank, "East"}}});
+    name({"", "", path("made.xlsx"), path("moved.xlsx"), path("sold.xlsx")});
+    QWidget mainWindow;
+    mainWindow.setObjectName("MDI");
+    // "5 boxes" is no number where the quantity is stored as read, and ends the run there.
+    EXPECT_EQ(errorNumberOf(Reports::ReportAvailInvOld), 3421);
+    EXPECT_EQ(mainWindow.windowTitle(), "Tamrick Inventory Managment - 4");
+    XlsxFile::write(path("moved.xlsx"), {{{"Date", "Part", "Qty", "To"},
+                                          {Blank, "P-001", 30.0, "East"},
+                                          {Blank, "P-001", 7.0, Blank},
+                                          {},
+                                          {Blank, "P-001", 99.0, "East"}}});
+    const QStringList expected{"-002|DG699|3", "P-|DG699|1", "P-001|DG699|80", "P-001|East|26"};
+    for (const auto routine : {Reports::ReportAvailInvOld, Reports::ReportAvailInv2Old}) {
+        routine();
+        EXPECT_EQ(rows(), expected);
+        EXPECT_EQ(mainWindow.windowTitle(), "Tamrick Inventory Managment - 4");
+    }
+    EXPECT_EQ(shown.size(), 1) << "both use the one window";
+    EXPECT_EQ(database.count("Inventory"), 7);
+}
+
+TEST_F(OldReports, TheRowCounterIsASixteenBitInteger)
+{
+    Sheet endless(32768, {Blank, Blank, Blank, Blank, "P"}); // no warehouse, so no rows are stored
+    XlsxFile::write(path("sold.xlsx"), {endless});
+    XlsxFile::write(path("empty.xlsx"), {{}});
+    name({"", "", path("empty.xlsx"), path("empty.xlsx"), path("sold.xlsx")});
+    EXPECT_EQ(errorNumberOf(Reports::ReportAvailInvOld), 6);
+}
+
+TEST(WorkbookCells, ReadAsTextWithoutTheirFormat)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("cells.xlsx");
+    lxw_workbook *book = workbook_new(path.toUtf8().constData());
+    lxw_worksheet *sheet = workbook_add_worksheet(book, nullptr);
+    const auto format = [book](const char *picture) {
+        lxw_format *result = workbook_add_format(book);
+        format_set_num_format(result, picture);
+        return result;
+    };
+    worksheet_write_number(sheet, 0, 0, 12.50, format("0.000"));
+    worksheet_write_number(sheet, 0, 1, 12.34567, format("$#,##0.00"));
+    worksheet_write_number(sheet, 0, 2, 1234567890123456.0, nullptr);
+    worksheet_write_number(sheet, 0, 3, 37666, format("dd/mm/yyyy"));
+    worksheet_write_number(sheet, 0, 4, 5, format("0 \"days\""));
+    worksheet_write_boolean(sheet, 0, 5, 1, nullptr);
+    worksheet_write_formula_num(sheet, 0, 6, "=1+1", nullptr, 2);
+    worksheet_write_formula_str(sheet, 0, 7, "=\"a\"&\"b\"", nullptr, "ab");
+    worksheet_write_string(sheet, 0, 8, "  \xC3\x84pfel\xC2\xA0 ", nullptr);
+    worksheet_write_number(sheet, 0, 9, 0.5, format("h:mm AM/PM"));
+    workbook_close(book);
+
+    const Workbook workbook = Workbook::open(path);
+    const QStringList expected{"12.5",        "12.3457", "1.23456789012346E+15",
+                               "2/14/2003",   "5",       "True",
+                               "2",           "ab",      QString::fromUtf8("\xC3\x84pfel\xC2\xA0"),
+                               "12:00:00 PM", "",        ""};
+    for (int column = 1; column <= expected.size(); ++column)
+        EXPECT_EQ(workbook.text(1, 1, column), expected[column - 1]) << column;
+    EXPECT_EQ(workbook.text(1, 9999, 1), "");
+    EXPECT_EQ(errorNumberOf([&] { workbook.text(2, 1, 1); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { workbook.text(0, 1, 1); }), 9);
+}
+
+TEST(WorkbookCells, TellDatesFromOtherNumbersByTheirFormat)
+{
+    const struct
+    {
+        int identifier;
+        const char *format;
+        NumberKind kind;
+    } cases[] = {{0, "General", NumberKind::Plain},
+                 {14, "", NumberKind::Date},
+                 {44, "", NumberKind::Money},
+                 {164, "yyyy-mm-dd", NumberKind::Date},
+                 {164, "[h]:mm", NumberKind::Date},
+                 {164, "[Red]0.00", NumberKind::Plain},
+                 {164, "0.0E+00", NumberKind::Plain},
+                 {164, "#,##0\\d", NumberKind::Plain},
+                 {164, "0;\"my\"", NumberKind::Plain},
+                 {164, "[$$-409]#,##0.00", NumberKind::Money},
+                 {164, "0\"unclosed", NumberKind::Plain}};
+    for (const auto &c : cases)
+        EXPECT_EQ(kindOfNumberFormat(c.identifier, c.format), c.kind) << c.format;
+}
+
+} // namespace

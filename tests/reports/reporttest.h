@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/toolkit/form.h"
+#include "data/values/conversions.h"
+#include "reports/runtime/report.h"
+#include "tests/support/printers.h"
+#include "tests/support/testdatabase.h"
+#include <gtest/gtest.h>
+
+using Fields = std::initializer_list<std::pair<const char *, Value>>;
+
+/// Adds a row through a recordset; returns its ID, or 0 in a table without one.
+int insert(const char *table, Fields fields);
+int addOrder(const QString &customer, const QString &warehouse, const QString &status = "Open");
+void addLine(int order, int line, const QString &part, double qty, double price);
+int addShipment(int order, const QString &date, bool invoiced, double freight = 0, double adjustment = 0);
+void ship(int shipment, int order, int line, int qty);
+int addInvoice(const QString &customer, const QString &date, const QString &shipments, double total);
+int addPayment(int invoice, const QString &date, double amount, double adjustment = 0);
+int addAdjustment(const QString &warehouse, const QString &date, const QString &part, double qty);
+
+/// A row's values with "|" between them: Null empty, numbers to six decimals.
+QString rowText(const std::vector<Value> &values);
+
+/// Report routines run on a small database, with what they show caught before it comes up on the screen.
+class ReportTest : public testing::Test
+{
+protected:
+    ReportTest();
+    ~ReportTest() override;
+
+    /// The report in the window that was shown last.
+    const Report &report() const;
+    /// The rows that it was given, in their order.
+    QStringList rows() const;
+    /// The text of one of its text objects, and whether an object or section is hidden.
+    QString textOf(const QString &object) const;
+    bool isSuppressed(const QString &object) const;
+    /// Fails unless the rows ascend by these fields.
+    void expectOrder(const QStringList &fields) const;
+
+    TestDatabase database;
+    QList<Form *> shown;
+};
