@@ -3,6 +3,7 @@
 #include "app/toolkit/focusevents.h"
 #include "data/values/runtimeerror.h"
 #include <QCalendarWidget>
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
@@ -33,8 +34,22 @@ void DTPicker::setValue(const Value &value)
     m_timePart = assigned.serial() - Date(day).serial();
 }
 
+void DTPicker::keyPressEvent(QKeyEvent *event)
+{
+    // Behind a digit that completes its part, as the 4 of "4/30/2010" does, the slash is passed already.
+    const bool passed = m_movedOn && event->text() == QLatin1String("/");
+    const Section before = currentSection();
+    if (!passed)
+        QDateEdit::keyPressEvent(event);
+    const bool digit = !event->text().isEmpty() && event->text()[0].isDigit();
+    m_movedOn = digit && currentSection() != before;
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+        setSelectedSection(currentSection());
+}
+
 void DTPicker::focusInEvent(QFocusEvent *event)
 {
+    m_movedOn = false;
     QDateEdit::focusInEvent(event);
     FocusEvents::raiseGotFocus(this, *event);
 }

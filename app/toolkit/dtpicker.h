@@ -5,7 +5,7 @@
 #include <QDateEdit>
 
 /// A date field in the short US form with a calendar to pick from. Always holds a date, with no time part after
-/// a user's pick.
+/// a user's pick. Month, day and year are typed separately, each over the old one.
 class DTPicker : public QDateEdit
 {
     Q_OBJECT
@@ -22,6 +22,7 @@ signals:
     void lostFocus();
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -29,4 +30,5 @@ protected:
 
 private:
     double m_timePart = 0;
+    bool m_movedOn = false; ///< the last digit completed its part, and the cursor went on to the next by itself
 };
