@@ -11,6 +11,7 @@
 #include "master/frmwarehouseentry.h"
 #include "orders/frmorderentry.h"
 #include "orders/frmordernavigator.h"
+#include "reports/dialogs/reportdialogs.h"
 #include "shipping/frmshipmententry.h"
 #include "shipping/frmshipmentnavigator.h"
 
@@ -36,4 +37,6 @@ void registerForms()
     Forms::add(QStringLiteral("frmShipmentNavigator"), make<frmShipmentNavigator>);
     Forms::add(QStringLiteral("frmCreateInvoices"), make<frmCreateInvoices>);
     Forms::add(QStringLiteral("frmReceivePayment"), make<frmReceivePayment>);
+    for (const auto &[name, factory] : reportForms())
+        Forms::add(name, factory);
 }

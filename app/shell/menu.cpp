@@ -2,6 +2,8 @@
 
 #include "app/shell/application.h"
 #include "inventory/ledger.h"
+#include "reports/listings.h"
+#include "reports/old.h"
 
 namespace {
 MenuEntry group(int level, const char *name, const char *caption)
@@ -62,7 +64,7 @@ const std::vector<MenuEntry> &menuEntries()
 
         group(0, "Reports", "Reports"),
         group(1, "OrderReports", "Orders"),
-        routine(2, "OpenOrders", "Open Orders", nullptr),
+        routine(2, "OpenOrders", "Open Orders", Reports::ReportOpenOrders),
         form(2, "PickTicket", "Pick Ticket", "frmPickTicket"),
         group(1, "ShippingReports", "Shipping"),
         form(2, "PackingSlip", "Packing Slip", "frmPackingSlip"),
@@ -88,13 +90,13 @@ const std::vector<MenuEntry> &menuEntries()
         form(2, "AdjustmentControlReport", "Adjustment Control Report", "frmAdjustmentControlReport"),
         form(2, "TransferControlReport", "Transfer Control Report", "frmTransferControlReport"),
         group(1, "AdminReports", "Administrative"),
-        routine(2, "PartListingReport", "Part Listing", nullptr),
-        routine(2, "CustomerListingReport", "Customer Listing", nullptr),
-        routine(2, "WarehouseListingReport", "Warehouse Listing", nullptr),
+        routine(2, "PartListingReport", "Part Listing", Reports::ReportPartListing),
+        routine(2, "CustomerListingReport", "Customer Listing", Reports::ReportCustomerListing),
+        routine(2, "WarehouseListingReport", "Warehouse Listing", Reports::ReportWarehouseListing),
         group(1, "ARReportsOld", "Accounts Receivable Old"),
         form(2, "Statements", "Statements Old", "frmCustomerStatements"),
-        switchedOff(1, "AvailInv", "Available Inventory by Part", nullptr),
-        switchedOff(1, "AvailInv2", "Available Inventory by Warehouse", nullptr),
+        switchedOff(1, "AvailInv", "Available Inventory by Part", Reports::ReportAvailInvOld),
+        switchedOff(1, "AvailInv2", "Available Inventory by Warehouse", Reports::ReportAvailInv2Old),
 
         group(0, "Help", "Help"),
         form(1, "About", "About", "frmAbout"),
