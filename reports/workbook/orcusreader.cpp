@@ -6,13 +6,14 @@
 
 namespace {
 
-template <class Filter> std::optional<std::vector<Workbook::Sheet>> read(const QString &path)
+template <class Filter>
+std::optional<std::vector<Workbook::Sheet>> read(const QString &path, OrcusSheets::Formats formats)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray content = file.readAll();
-    OrcusSheets sheets;
+    OrcusSheets sheets(formats);
     try {
         Filter filter(&sheets);
         filter.read_stream({content.constData(), size_t(content.size())});
@@ -26,10 +27,10 @@ template <class Filter> std::optional<std::vector<Workbook::Sheet>> read(const Q
 
 std::optional<std::vector<Workbook::Sheet>> readXlsx(const QString &path)
 {
-    return read<orcus::orcus_xlsx>(path);
+    return read<orcus::orcus_xlsx>(path, OrcusSheets::Formats::Matter);
 }
 
 std::optional<std::vector<Workbook::Sheet>> readOds(const QString &path)
 {
-    return read<orcus::orcus_ods>(path);
+    return read<orcus::orcus_ods>(path, OrcusSheets::Formats::DontMatter);
 }

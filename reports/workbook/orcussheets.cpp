@@ -9,6 +9,25 @@ namespace {
 
 constexpr ss::range_size_t LargestSheet{1048576, 16384};
 
+/// What each cell format makes of a number.
+using NumberKinds = std::vector<NumberKind>;
+
+NumberKinds numberKinds(const ss::styles &styles)
+{
+    QHash<size_t, QString> pictures; // of the formats that the file defines itself, by their numbers
+    for (size_t index = 0; index < styles.get_number_format_count(); ++index) {
+        const ss::number_format_t &format = *styles.get_number_format(index);
+        pictures[format.identifier] =
+            QString::fromUtf8(format.format_string.data(), qsizetype(format.format_string.size()));
+    }
+    NumberKinds kinds;
+    for (size_t index = 0; index < styles.get_cell_formats_count(); ++index) {
+        const size_t number = styles.get_cell_format(index)->number_format; // the format's number, not its index
+        kinds.push_back(kindOfNumberFormat(int(number), pictures.value(number)));
+    }
+    return kinds;
+}
+
 } // namespace
 
 /// The cells of one sheet as they come. Formulas count as their stored results.
@@ -18,7 +37,7 @@ public:
     explicit Cells(std::string_view name) : m_name(name) {}
 
     const std::string &name() const { return m_name; }
-    Workbook::Sheet convert(const ss::document &document) const;
+    Workbook::Sheet convert(const ss::document &document, const NumberKinds &kinds) const;
 
     ss::iface::import_formula *get_formula() override { return this; }
     void set_auto(ss::row_t row, ss::col_t column, std::string_view text) override { put(row, column, text); }
@@ -68,7 +87,7 @@ private:
     {
         m_cells[{row, column}] = QString::fromUtf8(text.data(), qsizetype(text.size()));
     }
-    NumberKind kindAt(const Position &position, const ss::styles &styles) const;
+    NumberKind kindAt(const Position &position, const NumberKinds &kinds) const;
     std::optional<size_t> formatAt(const Position &position) const;
 
     std::string m_name;
@@ -107,18 +126,13 @@ std::optional<size_t> OrcusSheets::Cells::formatAt(const Position &position) con
     return {};
 }
 
-NumberKind OrcusSheets::Cells::kindAt(const Position &position, const ss::styles &styles) const
+NumberKind OrcusSheets::Cells::kindAt(const Position &position, const NumberKinds &kinds) const
 {
-    const auto index = formatAt(position);
-    const ss::cell_format_t *format = index ? styles.get_cell_format(*index) : nullptr;
-    const ss::number_format_t *number = format ? styles.get_number_format(format->number_format) : nullptr;
-    if (!number)
-        return NumberKind::Plain;
-    return kindOfNumberFormat(int(number->identifier),
-                              QString::fromUtf8(number->format_string.data(), qsizetype(number->format_string.size())));
+    const auto format = formatAt(position);
+    return format && *format < kinds.size() ? kinds[*format] : NumberKind::Plain;
 }
 
-Workbook::Sheet OrcusSheets::Cells::convert(const ss::document &document) const
+Workbook::Sheet OrcusSheets::Cells::convert(const ss::document &document, const NumberKinds &kinds) const
 {
     const auto origin = document.get_origin_date();
     const double firstDay = Date(origin.year, origin.month, origin.day).serial();
@@ -126,7 +140,7 @@ Workbook::Sheet OrcusSheets::Cells::convert(const ss::document &document) const
     for (const auto &[position, content] : m_cells) {
         Value value;
         if (const auto *number = std::get_if<double>(&content))
-            value = numberValue(*number, kindAt(position, document.get_styles()), firstDay);
+            value = numberValue(*number, kindAt(position, kinds), firstDay);
         else if (const auto *shared = std::get_if<SharedString>(&content))
             value = QString::fromStdString(*document.get_shared_strings()->get_string(shared->index));
         else if (const auto *text = std::get_if<QString>(&content))
@@ -140,15 +154,18 @@ Workbook::Sheet OrcusSheets::Cells::convert(const ss::document &document) const
     return sheet;
 }
 
-OrcusSheets::OrcusSheets() : m_document(LargestSheet), m_factory(m_document) {}
+OrcusSheets::OrcusSheets(Formats formats) : m_formats(formats), m_document(LargestSheet), m_factory(m_document) {}
 
 OrcusSheets::~OrcusSheets() = default;
 
 std::vector<Workbook::Sheet> OrcusSheets::take() const
 {
+    NumberKinds kinds;
+    if (m_formats == Formats::Matter)
+        kinds = numberKinds(m_document.get_styles());
     std::vector<Workbook::Sheet> sheets;
     for (const auto &cells : m_sheets)
-        sheets.push_back(cells->convert(m_document));
+        sheets.push_back(cells->convert(m_document, kinds));
     return sheets;
 }
 

@@ -10,7 +10,10 @@
 class OrcusSheets : public orcus::spreadsheet::iface::import_factory
 {
 public:
-    OrcusSheets();
+    /// Whether a number's format tells that it is a date or money; else the file tells dates itself.
+    enum class Formats { Matter, DontMatter };
+
+    explicit OrcusSheets(Formats formats);
     ~OrcusSheets() override;
 
     /// The sheets in the order of their tabs.
@@ -30,6 +33,7 @@ public:
 private:
     class Cells;
 
+    Formats m_formats;
     orcus::spreadsheet::document m_document;
     orcus::spreadsheet::import_factory m_factory;
     std::vector<std::unique_ptr<Cells>> m_sheets;

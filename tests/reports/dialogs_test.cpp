@@ -148,8 +148,9 @@ TEST_F(Dialogs, ExportFriendlyChoosesTheOtherLayout)
     stock.click("btnOk");
     EXPECT_TRUE(report().layout().exportAsTable);
     for (const Section &section : report().layout().sections) {
-        if (section.name == "secDetail")
+        if (section.name == "secDetail") {
             EXPECT_TRUE(section.suppress) << "never with details";
+        }
     }
 }
 

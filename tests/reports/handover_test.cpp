@@ -1,6 +1,8 @@
 // What all routines share: the pointer, the windows, and the whole catalogue.
 
 #include "app/toolkit/mainmod.h"
+#include "data/dao/createdatabase.h"
+#include "data/schema/schema.h"
 #include "reports/inventoryregisters.h"
 #include "reports/layouts/catalogue.h"
 #include "reports/listings.h"
@@ -15,8 +17,6 @@
 #include "reports/sales.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
-#include "data/dao/createdatabase.h"
-#include "data/schema/schema.h"
 #include "tools/demo.h"
 #include <QCoreApplication>
 #include <QFile>
@@ -24,7 +24,7 @@
 
 namespace {
 
-struct Run
+struct ReportRun
 {
     const char *designer;
     bool ownsPointer;
@@ -32,10 +32,10 @@ struct Run
 };
 
 /// Every report of the catalogue through its routine; the documents are those of the lowest numbers.
-const std::vector<Run> &runs()
+const std::vector<ReportRun> &runs()
 {
     using namespace Reports;
-    static const std::vector<Run> all{
+    static const std::vector<ReportRun> all{
         {"crptPickTicket", true, [] { PrintPickTicket("1"); }},
         {"crptPackingSlip", true, [] { PrintPackingSlip("1", true); }},
         {"crptInvoice", false, [] { PrintInvoice("1", "1", "1/5/2010", "2/4/2010", "Net 30", true); }},
@@ -124,7 +124,7 @@ TEST_F(Catalogue, EveryReportRunsOnAFullDatabase)
 {
     openDatabase(true);
     QStringList designers;
-    for (const Run &run : runs()) {
+    for (const ReportRun &run : runs()) {
         run.routine();
         EXPECT_EQ(report().dataset().size(), reportDesign(run.designer).dataset.size()) << run.designer;
         EXPECT_EQ(report().layout().title, reportDesign(run.designer).layout().title) << run.designer;
@@ -138,7 +138,7 @@ TEST_F(Catalogue, EveryReportRunsOnAFullDatabase)
 TEST_F(Catalogue, EveryReportRunsOnAnEmptyDatabase)
 {
     openDatabase(false);
-    for (const Run &run : runs()) {
+    for (const ReportRun &run : runs()) {
         const QString designer = run.designer;
         if (designer == "crptInvoice") {
             EXPECT_EQ(errorNumberOf(run.routine), 94) << "no shipment has any freight";
@@ -160,7 +160,7 @@ TEST_F(Catalogue, TheHourglassStandsWhereTheRoutineOwnsThePointer)
         hourglass = QGuiApplication::overrideCursor() != nullptr;
         shown += form;
     });
-    for (const Run &run : runs()) {
+    for (const ReportRun &run : runs()) {
         if (QString(run.designer) == "crptAvailInv2")
             continue; // shown in the window that is there
         run.routine();
