@@ -2,6 +2,8 @@
 // made-up company.
 
 #include "app/toolkit/mainmod.h"
+#include "data/dao/createdatabase.h"
+#include "data/schema/schema.h"
 #include "reports/inventoryregisters.h"
 #include "reports/listings.h"
 #include "reports/operational.h"
@@ -12,8 +14,6 @@
 #include "tests/reports/companyrows.h"
 #include "tests/reports/reporttest.h"
 #include "tests/support/testclock.h"
-#include "data/dao/createdatabase.h"
-#include "data/schema/schema.h"
 #include "tools/demo.h"
 #include <QFile>
 

@@ -18,7 +18,6 @@
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
 #include "tools/demo.h"
-#include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
 
@@ -89,7 +88,7 @@ protected:
     }
     ~Catalogue() override { QFile::remove(settingsFile()); }
 
-    static QString settingsFile() { return QCoreApplication::applicationDirPath() + "/workbooks.txt"; }
+    QString settingsFile() const { return program.filePath("workbooks.txt"); }
 
     void openDatabase(bool full)
     {
@@ -117,6 +116,7 @@ protected:
         }
     }
 
+    ProgramFolder program;
     QTemporaryDir folder;
 };
 

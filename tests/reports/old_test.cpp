@@ -3,7 +3,6 @@
 #include "reports/workbook/workbook.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
-#include <QCoreApplication>
 #include <QFile>
 
 namespace {
@@ -31,11 +30,11 @@ class OldReports : public ReportTest
 protected:
     ~OldReports() override { QFile::remove(settingsFile()); }
 
-    static QString settingsFile() { return QCoreApplication::applicationDirPath() + "/workbooks.txt"; }
+    QString settingsFile() const { return program.filePath("workbooks.txt"); }
     QString path(const QString &file) const { return folder.filePath(file); }
 
     /// Writes `workbooks.txt` with five paths.
-    static void name(const QStringList &paths)
+    void name(const QStringList &paths) const
     {
         QFile file(settingsFile());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -43,6 +42,7 @@ protected:
             file.write(("Workbook, " + path + "\n").toUtf8());
     }
 
+    ProgramFolder program;
     QTemporaryDir folder;
 };
 

@@ -1,7 +1,7 @@
 #include "reports/operational.h"
+#include "reports/runtime/printing.h"
+#include "reports/runtime/rowstore.h"
 #include "tests/reports/reporttest.h"
-#include <QCoreApplication>
-#include <QDir>
 #include <QGuiApplication>
 
 namespace {
@@ -85,16 +85,20 @@ TEST_F(Documents, AnEmptyIdIsASyntaxError)
     EXPECT_EQ(errorNumberOf([] { Reports::PrintPackingSlip("", true); }), 3075);
 }
 
-TEST_F(Documents, WithoutPreviewTheDocumentIsPrintedAndNoWindowOpens)
+TEST_F(Documents, WithoutPreviewTwoCopiesArePrintedAndNoWindowOpens)
 {
-    QDir printed(QCoreApplication::applicationDirPath() + "/printed");
-    printed.removeRecursively();
+    QStringList printed;
+    setPrintDestination([&](Report &report, int copies) {
+        printed += QString("%1 of %2 rows").arg(copies).arg(report.rows().rowCount());
+        return printed.size() < 3;
+    });
     Reports::PrintPackingSlip(QString::number(first), false);
-    EXPECT_EQ(Reports::PrintInvoice(QString::number(second), "5", "3/9/2010", "", "Net 30", false), "$82.00");
-    EXPECT_TRUE(shown.isEmpty());
-    EXPECT_EQ(printed.entryList(QDir::Files).size(), 2);
     EXPECT_FALSE(QGuiApplication::overrideCursor());
-    printed.removeRecursively();
+    EXPECT_EQ(Reports::PrintInvoice(QString::number(second), "5", "3/9/2010", "", "Net 30", false), "$82.00");
+    EXPECT_EQ(errorNumberOf([&] { Reports::PrintPackingSlip(QString::number(foreign), false); }), 482);
+    setPrintDestination({});
+    EXPECT_EQ(printed, QStringList({"2 of 2 rows", "2 of 1 rows", "2 of 1 rows"}));
+    EXPECT_TRUE(shown.isEmpty());
 }
 
 } // namespace

@@ -81,6 +81,17 @@ QString rowText(const std::vector<Value> &values)
     return texts.join('|');
 }
 
+ProgramFolder::ProgramFolder() : m_lock(filePath("reports-test.lock"))
+{
+    m_lock.setStaleLockTime(0);
+    m_lock.lock();
+}
+
+QString ProgramFolder::filePath(const QString &file) const
+{
+    return QCoreApplication::applicationDirPath() + "/" + file;
+}
+
 ReportTest::ReportTest()
 {
     for (const auto &[name, factory] : reportForms())

@@ -5,6 +5,7 @@
 #include "reports/runtime/report.h"
 #include "tests/support/printers.h"
 #include "tests/support/testdatabase.h"
+#include <QLockFile>
 #include <gtest/gtest.h>
 
 using Fields = std::initializer_list<std::pair<const char *, Value>>;
@@ -21,6 +22,17 @@ int addAdjustment(const QString &warehouse, const QString &date, const QString &
 
 /// A row's values with "|" between them: Null empty, numbers to six decimals.
 QString rowText(const std::vector<Value> &values);
+
+/// The program's folder, held for one test at a time though tests run side by side.
+class ProgramFolder
+{
+public:
+    ProgramFolder();
+    QString filePath(const QString &file) const;
+
+private:
+    QLockFile m_lock;
+};
 
 /// Report routines run on a small database, with what they show caught before it comes up on the screen.
 class ReportTest : public testing::Test

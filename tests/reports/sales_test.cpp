@@ -1,7 +1,6 @@
 #include "reports/invoicedates.h"
 #include "reports/sales.h"
 #include "tests/reports/reporttest.h"
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -104,7 +103,8 @@ TEST_F(Sales, ACustomerWithoutATerritoryStandsInFront)
 
 TEST_F(Sales, TheTerritoryReportRewritesItsDefinitionFileWhereThereIsAFolder)
 {
-    QDir folder(QCoreApplication::applicationDirPath() + "/ttx");
+    const ProgramFolder program;
+    QDir folder(program.filePath("ttx"));
     folder.removeRecursively();
     Reports::ReportSalesByTerritoryCustomer("5/1/2004", "5/31/2004");
     EXPECT_FALSE(folder.exists());
