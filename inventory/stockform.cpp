@@ -124,10 +124,14 @@ void StockForm::layOut(const QList<QPair<QString, ComboBox *>> &warehouses)
     setFieldWidth(dtDate, 12);
 
     auto *entry = new QVBoxLayout(Frame2);
-    auto *line = new FieldLayout;
+    auto *line = new QHBoxLayout;
     entry->addLayout(line);
-    line->add("Part No.", cmbPart);
-    line->add("Adjustment", {txtAdjustment, btnUpdate, btnDelete}, 1);
+    auto *fields = new FieldLayout;
+    line->addLayout(fields, 1);
+    fields->add("Part No.", cmbPart);
+    fields->add("Adjustment", txtAdjustment, 1);
+    line->addWidget(btnUpdate);
+    line->addWidget(btnDelete);
     setFieldWidth(txtAdjustment, 10);
     entry->addWidget(vsfgAdjustment, 1);
     auto *foot = new QHBoxLayout;
@@ -149,5 +153,5 @@ void StockForm::layOut(const QList<QPair<QString, ComboBox *>> &warehouses)
         order += entry.second;
     setTabOrder(order +
                 QList<QWidget *>{cmbPart, txtAdjustment, btnUpdate, btnDelete, vsfgAdjustment, btnSave, btnExit});
-    resize(620, 520);
+    resize(680, 540);
 }

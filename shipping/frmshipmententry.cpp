@@ -303,5 +303,5 @@ void frmShipmentEntry::layOut()
 
     setTabOrder({cmbCustomer, cmbOrder, txtID, dtDate, txtShipVia, txtFreight, txtAdjustment, txtShipTo, txtAddress1,
                  txtAddress2, txtCity, txtState, txtZip, vsfgItems, btnShipAll, btnSave, btnExit});
-    resize(960, 560);
+    resize(1060, 560);
 }

@@ -154,20 +154,17 @@ void frmShipmentNavigator::vsfgShipments_DblClick(int row)
 
 void frmShipmentNavigator::layOut()
 {
-    auto *criteria = new QHBoxLayout(Frame1);
+    auto *criteria = new QVBoxLayout(Frame1);
     auto *fields = new FieldLayout;
-    criteria->addLayout(fields, 1);
+    criteria->addLayout(fields);
     fields->add("Customer", cmbCustomer);
-    fields->add("Order Number", txtOrderNumber);
-    auto *dates = new QHBoxLayout;
-    criteria->addSpacing(24);
-    criteria->addLayout(dates);
-    dates->addWidget(chkShipDate);
-    dates->addWidget(dtStartDate);
-    dates->addWidget(addLabel("Label3", "to"));
-    dates->addWidget(dtEndDate);
-    criteria->addSpacing(24);
-    criteria->addLayout(buttonRow({btnFind, btnClear, btnExit}));
+    fields->add("Order Number", txtOrderNumber, 1);
+    auto *foot = new QHBoxLayout;
+    criteria->addLayout(foot);
+    for (QWidget *widget : {static_cast<QWidget *>(chkShipDate), static_cast<QWidget *>(dtStartDate),
+                            static_cast<QWidget *>(addLabel("Label3", "to")), static_cast<QWidget *>(dtEndDate)})
+        foot->addWidget(widget);
+    foot->addLayout(buttonRow({btnFind, btnClear, btnExit}), 1);
     for (QWidget *date : {dtStartDate, dtEndDate})
         setFieldWidth(date, 12);
 

@@ -96,20 +96,32 @@ void saveStock(const char *formName, const QStringList &warehouses)
     promise(QString(combos.size() == 1 ? "adjustment " : "transfer ") + last<QLineEdit>(form, "txtID"));
 }
 
-/// Ships the first open order of a customer whole; nothing when there is none.
+/// Whether "Ship All" found anything.
+bool hasItems(const FormDriver &form)
+{
+    for (const QString &row : form.grid("vsfgItems").mid(1))
+        if (row.section('|', 3, 3) != u"0")
+            return true;
+    return false;
+}
+
+/// Ships the first order of a customer whole that has anything left: one whose shipment was cut off before the order
+/// was closed is still in the list.
 void saveShipment(int number)
 {
     FormDriver form("frmShipmentEntry");
     choose(form, "cmbCustomer", QString("Ship %1").arg(number % Clerk::Customers + 1));
     auto *orders = form.control<ComboBox>("cmbOrder");
-    if (orders->listCount() == 0) {
-        form.click("btnExit");
+    for (int i = 0; i < orders->listCount(); ++i) {
+        choose(form, "cmbOrder", orders->list(i));
+        form.click("btnShipAll");
+        if (!hasItems(form))
+            continue;
+        form.click("btnSave");
+        promise("shipment " + last<QLineEdit>(form, "txtID"));
         return;
     }
-    choose(form, "cmbOrder", orders->list(0));
-    form.click("btnShipAll");
-    form.click("btnSave");
-    promise("shipment " + last<QLineEdit>(form, "txtID"));
+    form.click("btnExit");
 }
 
 void runInvoices()
