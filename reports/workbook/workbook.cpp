@@ -32,13 +32,3 @@ QString Workbook::text(int sheet, int row, int column) const
         --end;
     return text.mid(begin, end - begin);
 }
-
-Value Workbook::Sheet::at(int row, int column) const
-{
-    const auto cell = m_cells.constFind(key(row, column));
-    if (cell == m_cells.constEnd())
-        return {};
-    if (!*cell)
-        throw runtimeError(13);
-    return **cell;
-}

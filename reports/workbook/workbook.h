@@ -13,23 +13,22 @@ public:
     static Workbook open(const QString &path);
 
     /// What a cell shows as text, counted from 1, without the blanks around it: numbers and dates in the program's own
-    /// form, whatever their format in the sheet; nothing outside the used cells. Error 9 for a missing sheet, 13 for
-    /// a cell that holds an error.
+    /// form, whatever their format in the sheet; nothing outside the used cells. Error 9 for a missing sheet. Known
+    /// weakness: the reading libraries pass over a cell that holds an error such as "#N/A", so it reads as blank.
     QString text(int sheet, int row, int column) const;
 
-    /// A sheet's used cells. A cell holding an error such as "#N/A" has no value.
+    /// A sheet's used cells.
     class Sheet
     {
     public:
         void set(int row, int column, const Value &value) { m_cells.insert(key(row, column), value); }
-        void setError(int row, int column) { m_cells.insert(key(row, column), std::nullopt); }
-        /// Null where the cell is blank; error 13 where it holds an error.
-        Value at(int row, int column) const;
+        /// Null where the cell is blank.
+        Value at(int row, int column) const { return m_cells.value(key(row, column)); }
 
     private:
         static quint64 key(int row, int column) { return quint64(quint32(row)) << 32 | quint32(column); }
 
-        QHash<quint64, std::optional<Value>> m_cells;
+        QHash<quint64, Value> m_cells;
     };
 
 private:
