@@ -154,6 +154,10 @@ FormulaPtr CompiledLayout::aggregate(const Aggregate &aggregate, const QString &
     if (!m_aggregateTexts.contains(text)) {
         m_aggregateTexts[text] = int(m_aggregates.size());
         m_aggregates.push_back(aggregate);
+        for (const Aggregate &other : m_aggregates) {
+            if (other.argument == aggregate.argument)
+                m_aggregates.back().of = other.of;
+        }
     }
     const bool keepsType = aggregate.kind == Aggregate::Kind::Minimum || aggregate.kind == Aggregate::Kind::Maximum;
     return std::make_shared<TotalFormula>(keepsType ? aggregate.of->type() : FormulaType::Number,

@@ -3,6 +3,7 @@
 #include "data/values/value.h"
 #include <QDateTime>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class RowStore;
@@ -36,8 +37,10 @@ public:
     virtual Value evaluate(const FormulaContext &context) const = 0;
     FormulaType type() const { return m_type; }
 
+    /// The value of a number or date as a number, without the way through a Value; nothing for Null.
+    virtual std::optional<double> number(const FormulaContext &context) const;
     /// True where the value is True; Null counts as False.
-    bool holds(const FormulaContext &context) const;
+    virtual bool holds(const FormulaContext &context) const;
 
 private:
     FormulaType m_type;
@@ -51,7 +54,8 @@ struct Aggregate
     enum class Kind { Sum, Count, Average, Minimum, Maximum };
     Kind kind;
     FormulaPtr of;
-    int level; ///< of the group it is taken over; -1: all rows
+    QString argument; ///< the text of `of`: totals over the same text are taken together
+    int level;        ///< of the group it is taken over; -1: all rows
 };
 
 /// Where a formula text finds what it names. Each returns null (or -1) for an unknown name.

@@ -33,6 +33,18 @@ QString dateText(const Date &date, const QString &picture)
     return QLocale(QLocale::English, QLocale::UnitedStates).toString(QDateTime(date.date(), date.time()), picture);
 }
 
+/// The same date is mostly asked for row after row.
+Date dateOf(const QString &text)
+{
+    static QString lastText;
+    static Date lastDate;
+    if (text != lastText || lastText.isEmpty()) {
+        lastDate = CDate(text);
+        lastText = text;
+    }
+    return lastDate;
+}
+
 /// A function may stand here several times, with other arguments.
 const QMultiMap<QString, Function> &functions()
 {
@@ -52,9 +64,9 @@ const QMultiMap<QString, Function> &functions()
         {"cdbl", {{Type::Number}, Type::Number, [](const Values &v) { return v[0]; }}},
         {"cdbl", {{Type::Text}, Type::Number, [](const Values &v) { return Value(CDbl(v[0].toText())); }}},
         {"val", {{Type::Text}, Type::Number, [](const Values &v) { return Value(Val(v[0].toText())); }}},
-        {"cdate", {{Type::Text}, Type::Date, [](const Values &v) { return Value(CDate(v[0].toText())); }}},
+        {"cdate", {{Type::Text}, Type::Date, [](const Values &v) { return Value(dateOf(v[0].toText())); }}},
         {"date", {{Type::Date}, Type::Date, [](const Values &v) { return Value(Date(v[0].toDate().date())); }}},
-        {"date", {{Type::Text}, Type::Date, [](const Values &v) { return Value(CDate(v[0].toText())); }}},
+        {"date", {{Type::Text}, Type::Date, [](const Values &v) { return Value(dateOf(v[0].toText())); }}},
         {"date",
          {{Type::Number, Type::Number, Type::Number},
           Type::Date,

@@ -1,13 +1,26 @@
 #include "reports/runtime/formulanodes.h"
 
-#include "data/values/textorder.h"
 #include "data/values/runtimeerror.h"
+#include "data/values/textorder.h"
 #include "reports/runtime/rowstore.h"
 
 bool Formula::holds(const FormulaContext &context) const
 {
     const Value value = evaluate(context);
     return !value.isNull() && value.toBoolean();
+}
+
+std::optional<double> Formula::number(const FormulaContext &context) const
+{
+    const Value value = evaluate(context);
+    if (value.isNull())
+        return {};
+    return value.type() == Value::Type::Date ? value.toDate().serial() : value.toDouble();
+}
+
+std::optional<double> FieldFormula::number(const FormulaContext &context) const
+{
+    return context.row < 0 ? std::nullopt : context.rows->number(context.row, m_field);
 }
 
 Value FieldFormula::evaluate(const FormulaContext &context) const
@@ -63,11 +76,6 @@ FormulaPtr computed(FormulaType type, ComputedFormula::Function function)
 
 namespace {
 
-double asNumber(const Value &value)
-{
-    return value.type() == Value::Type::Date ? value.toDate().serial() : value.toDouble();
-}
-
 double calculated(QChar symbol, double left, double right)
 {
     switch (symbol.unicode()) {
@@ -96,14 +104,133 @@ bool fits(const QString &symbol, int order)
     return symbol == "<=" ? order <= 0 : order >= 0;
 }
 
+/// An operand that is a number or a date; Null as the report wants it.
+std::optional<double> numberOperand(const Formula &formula, const FormulaContext &context)
+{
+    const std::optional<double> number = formula.number(context);
+    return !number && context.nullsAsDefaults ? std::optional(0.0) : number;
+}
+
+/// Numbers and dates are reckoned with as numbers, since totals do it for every row.
+class ArithmeticFormula : public Formula
+{
+public:
+    ArithmeticFormula(FormulaType type, QChar symbol, FormulaPtr left, FormulaPtr right)
+        : Formula(type), m_symbol(symbol), m_left(std::move(left)), m_right(std::move(right))
+    {
+    }
+    std::optional<double> number(const FormulaContext &context) const override
+    {
+        const std::optional<double> left = numberOperand(*m_left, context);
+        const std::optional<double> right = numberOperand(*m_right, context);
+        return left && right ? std::optional(calculated(m_symbol, *left, *right)) : std::nullopt;
+    }
+    Value evaluate(const FormulaContext &context) const override
+    {
+        const std::optional<double> result = number(context);
+        if (!result)
+            return {};
+        return type() == FormulaType::Date ? Value(Date(*result)) : Value(*result);
+    }
+
+private:
+    QChar m_symbol;
+    FormulaPtr m_left;
+    FormulaPtr m_right;
+};
+
+class ConditionalFormula : public Formula
+{
+public:
+    ConditionalFormula(FormulaPtr condition, FormulaPtr then, FormulaPtr otherwise)
+        : Formula(then->type()), m_condition(std::move(condition)), m_then(std::move(then)),
+          m_otherwise(std::move(otherwise))
+    {
+    }
+    std::optional<double> number(const FormulaContext &context) const override
+    {
+        const Formula *branch = branchFor(context);
+        return branch ? branch->number(context) : 0.0;
+    }
+    Value evaluate(const FormulaContext &context) const override
+    {
+        const Formula *branch = branchFor(context);
+        return branch ? branch->evaluate(context) : defaultOf(type());
+    }
+
+private:
+    const Formula *branchFor(const FormulaContext &context) const
+    {
+        return m_condition->holds(context) ? m_then.get() : m_otherwise.get();
+    }
+
+    FormulaPtr m_condition;
+    FormulaPtr m_then;
+    FormulaPtr m_otherwise;
+};
+
+class ComparisonFormula : public Formula
+{
+public:
+    ComparisonFormula(const QString &symbol, FormulaPtr left, FormulaPtr right)
+        : Formula(FormulaType::Boolean), m_below(fits(symbol, -1)), m_equal(fits(symbol, 0)), m_above(fits(symbol, 1)),
+          m_left(std::move(left)), m_right(std::move(right))
+    {
+    }
+    Value evaluate(const FormulaContext &context) const override
+    {
+        const std::optional<bool> result = compared(context);
+        return result ? Value(*result) : Value();
+    }
+    bool holds(const FormulaContext &context) const override { return compared(context).value_or(false); }
+
+private:
+    std::optional<bool> compared(const FormulaContext &context) const
+    {
+        if (m_left->type() == FormulaType::Number || m_left->type() == FormulaType::Date) {
+            const std::optional<double> left = numberOperand(*m_left, context);
+            const std::optional<double> right = numberOperand(*m_right, context);
+            if (!left || !right)
+                return {};
+            return *left < *right ? m_below : *left > *right ? m_above : m_equal;
+        }
+        const Value left = operand(*m_left, context);
+        const Value right = operand(*m_right, context);
+        if (left.isNull() || right.isNull())
+            return {};
+        const int order = compareValues(left, right);
+        return order < 0 ? m_below : order > 0 ? m_above : m_equal;
+    }
+
+    bool m_below, m_equal, m_above; ///< the answers
+    FormulaPtr m_left;
+    FormulaPtr m_right;
+};
+
+class LogicalFormula : public Formula
+{
+public:
+    LogicalFormula(bool isAnd, FormulaPtr left, FormulaPtr right)
+        : Formula(FormulaType::Boolean), m_isAnd(isAnd), m_left(std::move(left)), m_right(std::move(right))
+    {
+    }
+    bool holds(const FormulaContext &context) const override
+    {
+        return m_left->holds(context) == m_isAnd ? m_right->holds(context) : !m_isAnd;
+    }
+    Value evaluate(const FormulaContext &context) const override { return holds(context); }
+
+private:
+    bool m_isAnd;
+    FormulaPtr m_left;
+    FormulaPtr m_right;
+};
+
 } // namespace
 
 FormulaPtr negated(FormulaPtr of)
 {
-    return computed(FormulaType::Number, [of = std::move(of)](const FormulaContext &context) {
-        const Value value = operand(*of, context);
-        return value.isNull() ? value : Value(-value.toDouble());
-    });
+    return arithmetic('-', std::make_shared<ConstantFormula>(FormulaType::Number, 0.0), std::move(of));
 }
 
 FormulaPtr inverted(FormulaPtr condition)
@@ -118,14 +245,7 @@ FormulaPtr arithmetic(QChar symbol, FormulaPtr left, FormulaPtr right)
     // A day moved by a number of days is a day; the way from one day to another is a number.
     const bool isDate = (left->type() == FormulaType::Date) != (right->type() == FormulaType::Date);
     const FormulaType type = isDate ? FormulaType::Date : FormulaType::Number;
-    return computed(type, [=](const FormulaContext &context) {
-        const Value a = operand(*left, context);
-        const Value b = operand(*right, context);
-        if (a.isNull() || b.isNull())
-            return Value();
-        const double result = calculated(symbol, asNumber(a), asNumber(b));
-        return isDate ? Value(Date(result)) : Value(result);
-    });
+    return std::make_shared<ArithmeticFormula>(type, symbol, std::move(left), std::move(right));
 }
 
 FormulaPtr joined(FormulaPtr left, FormulaPtr right)
@@ -139,26 +259,15 @@ FormulaPtr joined(FormulaPtr left, FormulaPtr right)
 
 FormulaPtr comparison(const QString &symbol, FormulaPtr left, FormulaPtr right)
 {
-    return computed(FormulaType::Boolean, [=](const FormulaContext &context) {
-        const Value a = operand(*left, context);
-        const Value b = operand(*right, context);
-        return a.isNull() || b.isNull() ? Value() : Value(fits(symbol, compareValues(a, b)));
-    });
+    return std::make_shared<ComparisonFormula>(symbol, std::move(left), std::move(right));
 }
 
 FormulaPtr logical(bool isAnd, FormulaPtr left, FormulaPtr right)
 {
-    return computed(FormulaType::Boolean, [=](const FormulaContext &context) {
-        return Value(left->holds(context) == isAnd ? right->holds(context) : !isAnd);
-    });
+    return std::make_shared<LogicalFormula>(isAnd, std::move(left), std::move(right));
 }
 
 FormulaPtr conditional(FormulaPtr condition, FormulaPtr then, FormulaPtr otherwise)
 {
-    const FormulaType type = then->type();
-    return computed(type, [=](const FormulaContext &context) {
-        if (condition->holds(context))
-            return then->evaluate(context);
-        return otherwise ? otherwise->evaluate(context) : defaultOf(type);
-    });
+    return std::make_shared<ConditionalFormula>(std::move(condition), std::move(then), std::move(otherwise));
 }

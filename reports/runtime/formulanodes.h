@@ -33,6 +33,7 @@ class FieldFormula : public Formula
 public:
     FieldFormula(FormulaType type, int field) : Formula(type), m_field(field) {}
     Value evaluate(const FormulaContext &context) const override;
+    std::optional<double> number(const FormulaContext &context) const override;
     int field() const { return m_field; }
 
 private:

@@ -254,7 +254,9 @@ private:
         const int start = current().position;
         ++m_at;
         expectSymbol("(");
-        Aggregate wanted{.kind = kind, .of = expression(), .level = -1};
+        const int inner = current().position;
+        Aggregate wanted{.kind = kind, .of = expression(), .argument = {}, .level = -1};
+        wanted.argument = m_text.mid(inner, current().position - inner).simplified().toLower();
         if (kind == Aggregate::Kind::Sum || kind == Aggregate::Kind::Average)
             require(wanted.of, Type::Number, "Only numbers can be added up");
         if (symbol(","))

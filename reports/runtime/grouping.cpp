@@ -1,5 +1,6 @@
 #include "reports/runtime/grouping.h"
 
+#include "data/values/textorder.h"
 #include "reports/runtime/formulanodes.h"
 #include "reports/runtime/rowstore.h"
 #include <QHash>
@@ -35,12 +36,21 @@ std::vector<int> ranks(const Formula &by, FormulaContext context)
                                                                : numbered(numbers, value.toDouble(), value);
     }
 
+    // Texts are brought into the encoding they are compared in once, not at each comparison.
+    std::vector<std::string> encoded(by.type() == FormulaType::Text ? distinct.size() : 0);
+    for (size_t i = 0; i < encoded.size(); ++i)
+        encoded[i] = distinct[i].joined().toStdString();
+    const auto compared = [&](int a, int b) {
+        if (encoded.empty() || distinct[a].isNull() || distinct[b].isNull())
+            return compareValues(distinct[a], distinct[b]);
+        return compareTexts(encoded[a], encoded[b]);
+    };
     std::vector<int> sorted(distinct.size());
     std::iota(sorted.begin(), sorted.end(), 0);
-    std::sort(sorted.begin(), sorted.end(), [&](int a, int b) { return compareValues(distinct[a], distinct[b]) < 0; });
+    std::sort(sorted.begin(), sorted.end(), [&](int a, int b) { return compared(a, b) < 0; });
     std::vector<int> rank(distinct.size());
     for (size_t i = 1; i < sorted.size(); ++i) {
-        const bool same = compareValues(distinct[sorted[i - 1]], distinct[sorted[i]]) == 0;
+        const bool same = compared(sorted[i - 1], sorted[i]) == 0;
         rank[sorted[i]] = rank[sorted[i - 1]] + (same ? 0 : 1);
     }
     for (int &id : ids)

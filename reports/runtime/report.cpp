@@ -108,9 +108,7 @@ void Report::setFormulaText(int index, const QString &text)
 {
     d->layout.formulas.at(index - 1).text = text;
     d->pages.reset();
-    // Already read: what is wrong with the text shows at once.
-    if (d->compiled)
-        d->compiled = std::make_unique<CompiledLayout>(d->layout, d->table, d->rows.dataset());
+    d->compiled.reset();
 }
 
 void Report::PrintOut()

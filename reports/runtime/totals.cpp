@@ -2,6 +2,7 @@
 
 #include "reports/runtime/formulanodes.h"
 #include "reports/runtime/grouping.h"
+#include <numeric>
 
 using Kind = Aggregate::Kind;
 
@@ -14,6 +15,11 @@ void Totals::compute(const std::vector<Aggregate> &aggregates, const Grouping &g
     }
     if (aggregates.empty())
         return;
+    // Totals over the same formula stand together, so that it is evaluated once for a row.
+    std::vector<int> byArgument(aggregates.size());
+    std::iota(byArgument.begin(), byArgument.end(), 0);
+    std::stable_sort(byArgument.begin(), byArgument.end(),
+                     [&](int a, int b) { return std::less<>()(aggregates[a].of.get(), aggregates[b].of.get()); });
     std::vector<int> nodes(grouping.levels(), 0);
     context.groupNodes = nodes.data();
     for (int position = 0; position < grouping.rowCount(); ++position) {
@@ -22,30 +28,47 @@ void Totals::compute(const std::vector<Aggregate> &aggregates, const Grouping &g
             if (grouping.nodes(level)[nodes[level]].end == position)
                 ++nodes[level];
         }
-        for (size_t i = 0; i < aggregates.size(); ++i) {
-            const Value value = aggregates[i].of->evaluate(context);
-            if (!value.isNull())
-                add(m_columns[i], m_columns[i].cells[aggregates[i].level < 0 ? 0 : nodes[aggregates[i].level]], value);
+        const Formula *last = nullptr;
+        std::optional<double> number;
+        for (const int i : byArgument) {
+            Column &column = m_columns[i];
+            Cell &cell = column.cells[column.level < 0 ? 0 : nodes[column.level]];
+            const Formula &of = *aggregates[i].of;
+            if (column.kind != Kind::Sum && column.kind != Kind::Average) {
+                addValue(column, cell, of.evaluate(context));
+                continue;
+            }
+            if (&of != last)
+                number = of.number(context);
+            last = &of;
+            if (number)
+                addNumber(cell, *number);
         }
     }
 }
 
-void Totals::add(Column &column, Cell &cell, const Value &value)
+void Totals::addNumber(Cell &cell, double number)
 {
     ++cell.count;
-    if (column.kind == Kind::Sum || column.kind == Kind::Average) {
-        cell.sum += value.toDouble();
-    } else if (column.kind != Kind::Count) {
-        if (cell.best < 0) {
-            cell.best = int(column.extremes.size());
-            column.extremes.push_back(value);
-            return;
-        }
-        Value &best = column.extremes[cell.best];
-        const int order = compareValues(value, best);
-        if (column.kind == Kind::Minimum ? order < 0 : order > 0)
-            best = value;
+    cell.sum += number;
+}
+
+void Totals::addValue(Column &column, Cell &cell, const Value &value)
+{
+    if (value.isNull())
+        return;
+    ++cell.count;
+    if (column.kind == Kind::Count)
+        return;
+    if (cell.best < 0) {
+        cell.best = int(column.extremes.size());
+        column.extremes.push_back(value);
+        return;
     }
+    Value &best = column.extremes[cell.best];
+    const int order = compareValues(value, best);
+    if (column.kind == Kind::Minimum ? order < 0 : order > 0)
+        best = value;
 }
 
 Value Totals::total(int aggregate, const FormulaContext &context) const

@@ -28,7 +28,8 @@ private:
         std::vector<Cell> cells; ///< by group node; one for all rows
         std::vector<Value> extremes;
     };
-    static void add(Column &column, Cell &cell, const Value &value);
+    static void addNumber(Cell &cell, double number);
+    static void addValue(Column &column, Cell &cell, const Value &value);
 
     std::vector<Column> m_columns;
 };

@@ -3,6 +3,7 @@
 #include "reports/runtime/newfile.h"
 #include "reports/runtime/report.h"
 #include "reports/runtime/reportpages.h"
+#include "reports/runtime/rowstore.h"
 #include "reports/runtime/sheetcolumns.h"
 #include "reports/runtime/valuetext.h"
 #include <xlsxwriter.h>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr double PointsPerCharacter = 5.3; ///< of a spreadsheet's standard font
 constexpr int MostRows = 1048576;
+constexpr int LongReport = 50000; ///< rows
 
 const char *numberFormat(Picture picture)
 {
@@ -37,14 +39,15 @@ const char *numberFormat(Picture picture)
     return "General";
 }
 
-/// One spreadsheet file being written, row by row; what is behind is kept in no memory.
+/// One spreadsheet file being written, row by row. A long one goes straight to disk, with its texts in the cells
+/// themselves instead of a common table.
 class Sheet
 {
 public:
-    Sheet(const QString &path, const Layout &layout) : m_layout(layout), m_columns(layout)
+    Sheet(const QString &path, const Layout &layout, bool isLong) : m_layout(layout), m_columns(layout)
     {
         lxw_workbook_options options{};
-        options.constant_memory = LXW_TRUE;
+        options.constant_memory = isLong;
         m_book = workbook_new_opt(path.toUtf8().constData(), &options);
         if (m_book)
             addSheet();
@@ -159,7 +162,7 @@ private:
 bool writeXlsx(Report &report, const QString &path)
 {
     NewFile file(path);
-    Sheet sheet(file.temporaryPath(), report.layout());
+    Sheet sheet(file.temporaryPath(), report.layout(), report.rows().rowCount() > LongReport);
     report.pages().forEachSection(
         [&](const CompiledSection &section, const Page &items) { sheet.add(section, items); });
     return sheet.close() && file.commit();
