@@ -12,7 +12,7 @@ Layout crptCashReceiptsReport()
          .groups = {{.by = "{Date}", .footing = "\"Total \" & ToText({Date})", .header = false}},
          .columns = {
              {.heading = "Date", .source = "{Date}", .width = 56, .picture = Picture::Date},
-             {.heading = "Receipt", .source = "{ID}", .width = 44, .picture = Picture::Whole, .align = Align::Left},
+             {.heading = "Receipt", .source = "{ID}", .width = 44},
              {.heading = "Invoice", .source = "{Invoice}", .width = 48},
              {.heading = "Customer", .source = "{Customer}", .width = 150},
              {.heading = "Invoice\ntotal", .source = "{Total}", .width = 66, .picture = Picture::Money},

@@ -3,7 +3,7 @@
 std::vector<Column> salesDetailColumns()
 {
     return {{.heading = "Customer", .source = "{Customer}", .width = 150},
-            {.heading = "Shipment", .source = "{ID}", .width = 48, .picture = Picture::Whole, .align = Align::Left},
+            {.heading = "Shipment", .source = "{ID}", .width = 48},
             {.heading = "Shipped", .source = "{Date}", .width = 54, .picture = Picture::Date},
             {.heading = "Qty", .source = "{Qty}", .width = 46, .picture = Picture::Quantity, .total = true},
             {.heading = "Sales", .source = "{PriceExt}", .width = 66, .picture = Picture::Money, .total = true},
