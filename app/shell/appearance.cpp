@@ -1,7 +1,9 @@
 #include "app/shell/appearance.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
+#include <QPainter>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -29,6 +31,28 @@ QPalette calmPalette()
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, ink);
     return palette;
 }
+
+/// A crate, for title bars and the task bar.
+QIcon crate()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 64}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(size / 16.0, size / 16.0);
+        painter.setPen(QPen(QColor(0x5b, 0x3d, 0x1e), 1));
+        painter.setBrush(QColor(0xc8, 0x9b, 0x5a));
+        painter.drawRoundedRect(QRectF(1.5, 3.5, 13, 10), 1, 1);
+        painter.setBrush(QColor(0xe0, 0xba, 0x7e));
+        painter.drawRect(QRectF(1.5, 6.5, 13, 3.5));
+        painter.drawLine(QPointF(5.5, 3.5), QPointF(5.5, 13.5));
+        painter.drawLine(QPointF(10.5, 3.5), QPointF(10.5, 13.5));
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
 } // namespace
 
 void setAppearance(QApplication &application)
@@ -36,4 +60,5 @@ void setAppearance(QApplication &application)
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(calmPalette());
+    application.setWindowIcon(crate());
 }

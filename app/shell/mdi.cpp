@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStyle>
 
 namespace {
 constexpr QSize UsualSize(1280, 860);
@@ -82,11 +83,15 @@ void MDI::host(Form *form)
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWidget(form);
     m_area->addSubWindow(window);
+    // A step lower and to the right for each window that is open, so that every title bar shows; never out of sight.
+    const QSize room = m_area->viewport()->size();
+    const int step = window->style()->pixelMetric(QStyle::PM_TitleBarHeight) + 4;
+    const int stepsThatFit = 6;
+    const int offset = step * (int(m_area->subWindowList().size() - 1) % stepsThatFit);
     if (sized)
-        window->resize(wanted.size());
+        window->resize(placed ? wanted.size() : wanted.size().boundedTo(room - QSize(offset, offset)));
     window->show();
-    if (placed)
-        window->move(wanted.topLeft());
+    window->move(placed ? wanted.topLeft() : QPoint(offset, offset));
     m_area->setActiveSubWindow(window);
 }
 

@@ -4,6 +4,11 @@
 
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
+    // A text that the program puts in shows from its beginning, however long it is.
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!hasFocus())
+            setCursorPosition(0);
+    });
     connect(this, &QLineEdit::textChanged, this, &TextBox::change);
 }
 

@@ -1,4 +1,5 @@
 #include "reports/layouts/layouts.h"
+#include "reports/layouts/openinvoices.h"
 #include "reports/runtime/layoutbuilder.h"
 
 namespace {
@@ -41,17 +42,7 @@ Layout crptOpenInvoicesReport()
                                     {"txtOverDays"},
                                     {"txtDays", " days"},
                                     {"InvoiceHeads", "shown"}},
-                     .formulas = {{"Left", "{Total} - {Adjustment} - {Received}"},
-                                  {"IsOpen", "if {@Left} < 0.005 and {@Left} > -0.005 then 0 else 1"},
-                                  {"Balance", "if {@IsOpen} = 0 then 0 else {@Left}"},
-                                  {"Invoiced", "if {@IsOpen} = 0 then 0 else {Total}"},
-                                  {"Adjusted", "if {@IsOpen} = 0 then 0 else {Adjustment}"},
-                                  {"Received", "if {@IsOpen} = 0 then 0 else {Received}"},
-                                  {"Age", "CDate({?txtAsOfDate}) - {InvoiceDate}"},
-                                  {"Current", "if {@Age} <= 30 then {@Balance} else 0"},
-                                  {"Over30", "if {@Age} > 30 and {@Age} <= 60 then {@Balance} else 0"},
-                                  {"Over60", "if {@Age} > 60 and {@Age} <= 90 then {@Balance} else 0"},
-                                  {"Over90", "if {@Age} > 90 then {@Balance} else 0"}},
+                     .formulas = openInvoiceFormulas(),
                      .groups = {{.by = "{Customer}",
                                  .heading = "{Customer} & (if Trim({Phone}) <> \"\" then \"     Phone \" & {Phone}) & "
                                             "(if Trim({Fax}) <> \"\" then \"     Fax \" & {Fax})",

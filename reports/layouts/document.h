@@ -31,11 +31,11 @@ struct Particular
 
 struct DocumentHead
 {
-    QString title;                        ///< "Invoice"
-    std::vector<Particular> particulars;  ///< at most six
-    QString windowCaption, windowAddress; ///< where a window envelope shows it
-    QString besideCaption, besideAddress; ///< the other address
-    QString continuation;                 ///< formula text heading the further pages, "Invoice 123"
+    QString title;                                  ///< "Invoice"
+    std::vector<Particular> particulars;            ///< at most six
+    QString windowCaption, windowAddress;           ///< where a window envelope shows it
+    QString besideCaption = {}, besideAddress = {}; ///< the other address, if any
+    QString continuation;                           ///< formula text heading the further pages, "Invoice 123"
 };
 
 /// The head of the first page and the short one of the others, as two page header sections.

@@ -1,0 +1,103 @@
+#include "bench/operations/bareengine.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void check(bool good, sqlite3 *connection, const QByteArray &what)
+{
+    if (good)
+        return;
+    std::fprintf(stderr, "%s: %s\n", sqlite3_errmsg(connection), what.constData());
+    std::exit(1);
+}
+
+} // namespace
+
+BareEngine::BareEngine(const QString &path)
+{
+    sqlite3 *connection = nullptr;
+    const int result = sqlite3_open_v2(path.toUtf8().constData(), &connection, SQLITE_OPEN_READWRITE, nullptr);
+    m_connection.reset(connection);
+    check(result == SQLITE_OK, connection, path.toUtf8());
+    run("PRAGMA journal_mode=WAL");
+    run("PRAGMA synchronous=NORMAL");
+    run("PRAGMA cache_size=-65536");
+}
+
+qint64 BareEngine::run(const QByteArray &sql)
+{
+    qint64 rows = 0;
+    const char *rest = sql.constData();
+    while (*rest) {
+        sqlite3_stmt *statement = nullptr;
+        check(sqlite3_prepare_v2(m_connection.get(), rest, -1, &statement, &rest) == SQLITE_OK, m_connection.get(),
+              sql);
+        if (!statement)
+            break;
+        int result;
+        while ((result = sqlite3_step(statement)) == SQLITE_ROW) {
+            for (int column = 0; column < sqlite3_column_count(statement); ++column)
+                sqlite3_column_text(statement, column);
+            ++rows;
+        }
+        check(result == SQLITE_DONE, m_connection.get(), sql);
+        sqlite3_finalize(statement);
+    }
+    return rows;
+}
+
+BareEngine::Statement::Statement(BareEngine &engine, const QByteArray &sql)
+{
+    sqlite3_stmt *statement = nullptr;
+    check(sqlite3_prepare_v2(engine.m_connection.get(), sql.constData(), -1, &statement, nullptr) == SQLITE_OK,
+          engine.m_connection.get(), sql);
+    m_statement.reset(statement);
+}
+
+BareEngine::Statement &BareEngine::Statement::bind(int parameter, qint64 value)
+{
+    sqlite3_bind_int64(m_statement.get(), parameter, value);
+    return *this;
+}
+
+BareEngine::Statement &BareEngine::Statement::bind(int parameter, double value)
+{
+    sqlite3_bind_double(m_statement.get(), parameter, value);
+    return *this;
+}
+
+BareEngine::Statement &BareEngine::Statement::bind(int parameter, const QByteArray &value)
+{
+    sqlite3_bind_text(m_statement.get(), parameter, value.constData(), int(value.size()), SQLITE_TRANSIENT);
+    return *this;
+}
+
+bool BareEngine::Statement::step()
+{
+    const int result = sqlite3_step(m_statement.get());
+    check(result == SQLITE_ROW || result == SQLITE_DONE, sqlite3_db_handle(m_statement.get()), "step");
+    return result == SQLITE_ROW;
+}
+
+void BareEngine::Statement::reset()
+{
+    sqlite3_reset(m_statement.get());
+}
+
+QByteArray BareEngine::Statement::text(int column) const
+{
+    return {reinterpret_cast<const char *>(sqlite3_column_text(m_statement.get(), column)),
+            sqlite3_column_bytes(m_statement.get(), column)};
+}
+
+double BareEngine::Statement::number(int column) const
+{
+    return sqlite3_column_double(m_statement.get(), column);
+}
+
+bool BareEngine::Statement::isNull(int column) const
+{
+    return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
+}

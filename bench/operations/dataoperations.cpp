@@ -1,0 +1,156 @@
+#include "bench/operations/bareoperations.h"
+#include "bench/operations/operation.h"
+
+#include "app/toolkit/form.h"
+#include "app/toolkit/mainmod.h"
+#include "inventory/ledger.h"
+#include "reports/inventoryregisters.h"
+#include "reports/listings.h"
+#include "reports/production.h"
+#include "reports/receivables.h"
+#include "reports/sales.h"
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+
+/// Runs a report routine; its clock stops when the rows are read and the viewer is about to open.
+double untilRead(const std::function<void()> &routine)
+{
+    double seconds = -1;
+    QElapsedTimer timer;
+    Forms::setHost([&](Form *viewer) {
+        seconds = double(timer.nsecsElapsed()) / 1e9;
+        viewer->deleteLater();
+    });
+    timer.start();
+    routine();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return seconds;
+}
+
+/// Answers Yes to the question that comes up next.
+void sayYes()
+{
+    QTimer::singleShot(0, [] {
+        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+            box->button(QMessageBox::Yes)->click();
+        else
+            sayYes();
+    });
+}
+
+double rebuild()
+{
+    QElapsedTimer timer;
+    sayYes();
+    timer.start();
+    RebuildAvailInv();
+    return double(timer.nsecsElapsed()) / 1e9;
+}
+
+/// The dates that the reports are run for.
+struct Dates
+{
+    QDate last, yearAgo, quarterAgo, first{2000, 1, 1};
+
+    Dates()
+    {
+        Recordset newest = gDatabase->OpenRecordset("SELECT TOP 1 InvoiceDate FROM Invoice ORDER BY InvoiceDate DESC");
+        last = newest.Fields("InvoiceDate").value().toDate().date();
+        yearAgo = last.addYears(-1).addDays(1);
+        quarterAgo = last.addDays(-90);
+    }
+};
+
+QString jet(QDate date)
+{
+    return Date(date).toText();
+}
+QByteArray iso(QDate date)
+{
+    return Date(date).toIso().toUtf8();
+}
+
+void addSales(std::vector<Operation> &operations, const Dates &d)
+{
+    operations.push_back({"Sales By Part, 1 year",
+                          [=] { return untilRead([=] { Reports::ReportSalesByPart(jet(d.yearAgo), jet(d.last)); }); },
+                          [=](BareEngine &engine) {
+                              Bare::refillInvoiceDates(engine);
+                              Bare::salesByPart(engine, iso(d.yearAgo), iso(d.last));
+                          }});
+    const QDate begin(d.last.year(), d.last.month(), 1);
+    operations.push_back({"Sales By Customer, 1 month",
+                          [=] { return untilRead([=] { Reports::ReportSalesByCustomer(jet(begin), jet(d.last)); }); },
+                          [=](BareEngine &engine) {
+                              Bare::refillInvoiceDates(engine);
+                              Bare::salesByCustomer(engine, iso(begin), iso(d.last), iso(begin.addYears(-1)),
+                                                    iso(d.last.addYears(-1)), iso({d.last.year(), 1, 1}),
+                                                    iso({d.last.year() - 1, 1, 1}));
+                          }});
+}
+
+void addInventory(std::vector<Operation> &operations, const Dates &d)
+{
+    const auto registerOf = [=](QDate begin) {
+        return [=] {
+            return untilRead(
+                [=] { Reports::ReportAvailableInventory(jet(begin), jet(d.last), true, "***All Categories***"); });
+        };
+    };
+    operations.push_back({"Available inventory register, 90 days", registerOf(d.quarterAgo), [=](BareEngine &engine) {
+                              Bare::inventoryRegister(engine, iso(d.quarterAgo), iso(d.last));
+                          }});
+    operations.push_back({"Available inventory register, all time", registerOf(d.first),
+                          [=](BareEngine &engine) { Bare::inventoryRegister(engine, iso(d.first), iso(d.last)); }});
+    operations.push_back(
+        {"Inventory Sales Report",
+         [=] { return untilRead([=] { Reports::ReportInventorySales(jet(d.yearAgo), jet(d.last)); }); },
+         [=](BareEngine &engine) { Bare::inventorySales(engine, iso(d.yearAgo), iso(d.last)); }});
+    operations.push_back({"Quick Available Inv",
+                          [] { return untilRead([] { Reports::ReportQuickAvailInv("***All Warehouses***"); }); },
+                          Bare::quickAvailInv});
+    const QDate today = Date::today().date();
+    const QDate start = QDate(today.year(), today.month(), 1).addMonths(-3);
+    operations.push_back({"Production By Whse/Part",
+                          [] { return untilRead([] { Reports::ReportProductionByWhsePart(3, 2, false); }); },
+                          [=](BareEngine &engine) {
+                              Bare::refillInvoiceDates(engine);
+                              Bare::production(engine, iso(start), iso(start.addMonths(3).addDays(-1)));
+                          }});
+}
+
+void addReceivables(std::vector<Operation> &operations, const Dates &d)
+{
+    const auto listing = [=](const QString &days) {
+        return [=] { return untilRead([=] { Reports::ShowOpenInvoicesReport(jet(d.last), false, days); }); };
+    };
+    operations.push_back({"Accounts Receivable Listing", listing({}),
+                          [=](BareEngine &engine) { Bare::openInvoices(engine, iso(d.last), {}); }});
+    operations.push_back({"Accounts Receivable Listing, over 60 days", listing("60"), [=](BareEngine &engine) {
+                              Bare::openInvoices(engine, iso(d.last), iso(d.last.addDays(-60)));
+                          }});
+    operations.push_back({"Statements", [=] { return untilRead([=] { Reports::ShowStatementReport(jet(d.last)); }); },
+                          [=](BareEngine &engine) { Bare::statements(engine, iso(d.last)); }});
+    operations.push_back({"Invoice Register, 1 year",
+                          [=] { return untilRead([=] { Reports::ShowInvoiceRegister(jet(d.yearAgo), jet(d.last)); }); },
+                          [=](BareEngine &engine) { Bare::invoiceRegister(engine, iso(d.yearAgo), iso(d.last)); }});
+    operations.push_back(
+        {"Open Orders", [] { return untilRead([] { Reports::ReportOpenOrders(); }); }, Bare::openOrders});
+}
+
+} // namespace
+
+std::vector<Operation> dataOperations()
+{
+    const Dates dates;
+    std::vector<Operation> operations{{"Rebuild Inventory Values", rebuild, Bare::rebuildAvailInv}};
+    addSales(operations, dates);
+    addInventory(operations, dates);
+    addReceivables(operations, dates);
+    return operations;
+}

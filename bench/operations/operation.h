@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+class BareEngine;
+
+/// One thing a user waits for: how the program does it and, where there is such a thing, how the bare engine would.
+struct Operation
+{
+    QString name;
+    /// Runs it up to the moment at which its data stands, and returns the seconds that took.
+    std::function<double()> program;
+    std::function<void(BareEngine &)> bare = {};
+};
+
+/// The report routines and the rebuild, with dates counted back from the newest invoice of the company.
+std::vector<Operation> dataOperations();
+/// The windows: opening, filling and showing them.
+std::vector<Operation> windowOperations();
