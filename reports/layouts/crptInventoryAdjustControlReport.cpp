@@ -10,7 +10,7 @@ Layout crptInventoryAdjustControlReport()
              {{.heading = "Part No.", .source = "{PartNo}", .width = 150},
               {.heading = "Category", .source = "{Category}", .width = 150},
               {.heading = "Adj. Qty", .source = "{Qty}", .width = 80, .picture = Picture::Quantity, .total = true},
-              {.heading = "Checked", .source = "\"\"", .width = 60}},
+              {.heading = "Checked", .source = "\"\"", .width = 60, .align = Align::Center}},
          .grandTotal = "Total"});
     addFacts(layout, {{"Adjustment", "{ID}"},
                       {"Date", "ToText({Date})"},

@@ -10,7 +10,7 @@ Layout crptInventoryTransferControlReport()
          .columns = {{.heading = "Part No.", .source = "{PartNo}", .width = 150},
                      {.heading = "Category", .source = "{Category}", .width = 150},
                      {.heading = "Qty", .source = "{Qty}", .width = 80, .picture = Picture::Quantity, .total = true},
-                     {.heading = "Received", .source = "\"\"", .width = 60}},
+                     {.heading = "Received", .source = "\"\"", .width = 60, .align = Align::Center}},
          .grandTotal = "Total"});
     addFacts(layout,
              {{"Transfer", "{ID}"},

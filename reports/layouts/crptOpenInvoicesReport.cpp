@@ -46,7 +46,8 @@ Layout crptOpenInvoicesReport()
                      .groups = {{.by = "{Customer}",
                                  .heading = "{Customer} & (if Trim({Phone}) <> \"\" then \"     Phone \" & {Phone}) & "
                                             "(if Trim({Fax}) <> \"\" then \"     Fax \" & {Fax})",
-                                 .footing = "if {?InvoiceHeads} = \"\" then {Customer} else \"Total \" & {Customer}"}},
+                                 .footing = "if {?InvoiceHeads} = \"\" then {Customer} else \"Total \" & {Customer}",
+                                 .keepTogether = true}},
                      .columns = columns(),
                      .suppressDetail = "{@IsOpen} = 0",
                      .textSize = 8});

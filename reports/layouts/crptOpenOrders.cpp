@@ -14,9 +14,9 @@ Layout crptOpenOrders()
                      .keepTogether = true}},
          .columns = {
              {.heading = "Item", .source = "{ItemNumber}", .width = 30, .picture = Picture::Whole},
-             {.heading = "Part No.", .source = "{PartNo}", .width = 96},
-             {.heading = "Category", .source = "{Category}", .width = 90},
-             {.heading = "Customer's No.", .source = "{CustomerNumber}", .width = 100},
+             {.heading = "Part No.", .source = "{PartNo}", .width = 86},
+             {.heading = "Category", .source = "{Category}", .width = 112},
+             {.heading = "Customer's No.", .source = "{CustomerNumber}", .width = 88},
              {.heading = "Ordered", .source = "{Qty}", .width = 54, .picture = Picture::Quantity, .total = true},
              {.heading = "Shipped", .source = "{Shipped}", .width = 54, .picture = Picture::Quantity, .total = true},
              {.heading = "Remaining",

@@ -9,7 +9,7 @@ Layout crptPartListing()
          .landscape = true,
          .groups = {{.by = "{Status}", .footing = "ToText(Count({PartNo}, {Status})) & \" parts \" & {Status}"}},
          .columns = {{.heading = "Part No.", .source = "{PartNo}", .width = 84},
-                     {.heading = "Category", .source = "{Category}", .width = 76},
+                     {.heading = "Category", .source = "{Category}", .width = 106},
                      {.heading = "Vendor", .source = "{Vendor}", .width = 92},
                      {.heading = "Lead time", .source = "{LeadTime}", .width = 46},
                      {.heading = "Superceded", .source = "{Superceded}", .width = 70},
@@ -19,7 +19,11 @@ Layout crptPartListing()
                      {.heading = "Qty per\npack", .source = "{QtyPerPack}", .width = 40, .picture = Picture::Quantity},
                      {.heading = "Cost", .source = "{Cost}", .width = 52, .picture = Picture::Money},
                      {.heading = "Sale price", .source = "{SalePrice}", .width = 52, .picture = Picture::Money},
-                     {.heading = "Added", .source = "{DateAdded}", .width = 50, .picture = Picture::Date}},
+                     {.heading = "Added",
+                      .source = "{DateAdded}",
+                      .width = 52,
+                      .picture = Picture::Date,
+                      .align = Align::Right}},
          .grandTotal = "",
          .textSize = 8});
 }
