@@ -19,7 +19,7 @@ void RecordsetData::adopt(Query query)
     m_statement = std::move(query.statement);
     m_tablesRead = m_statement.tablesRead();
     m_reading = DatabaseData::reading(*m_translation, m_reading.statement);
-    m_store = RowStore(sqlite3_column_count(m_statement.handle()));
+    m_store = ReadAheadRows(sqlite3_column_count(m_statement.handle()));
 }
 
 RecordsetData::~RecordsetData()

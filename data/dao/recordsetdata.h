@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/dao/databasedata.h"
-#include "data/dao/rowstore.h"
+#include "data/dao/readaheadrows.h"
 
 /// What stands behind a Recordset: the statement being walked, or the rows read ahead from it, and the row being
 /// added or changed.
@@ -67,7 +67,7 @@ private:
     bool m_empty = false;
     bool m_hasRow = false;
     bool m_deleted = false; ///< the current row was deleted before the walk came to it
-    RowStore m_store{0};
+    ReadAheadRows m_store{0};
 
     std::optional<TableDef> m_table; ///< the table that AddNew and Edit write, known from the first of them on
     std::vector<int> m_tableColumns; ///< its column for each result column, or -1

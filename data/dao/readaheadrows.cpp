@@ -1,4 +1,4 @@
-#include "data/dao/rowstore.h"
+#include "data/dao/readaheadrows.h"
 
 #include "data/engines/sqlite/storedvalue.h"
 #include <cstring>
@@ -11,12 +11,12 @@ constexpr size_t ChunkSize = 256 * 1024;
 constexpr char Null = 0, Integer = 1, Real = 2, Text = 3;
 } // namespace
 
-void RowStore::put(const void *data, size_t size)
+void ReadAheadRows::put(const void *data, size_t size)
 {
     m_pending.append(static_cast<const char *>(data), size);
 }
 
-void RowStore::append(const Statement &statement)
+void ReadAheadRows::append(const Statement &statement)
 {
     m_pending.clear();
     for (int column = 0; column < int(m_offsets.size()); ++column) {
@@ -54,7 +54,7 @@ void RowStore::append(const Statement &statement)
     m_chunks.back() += m_pending;
 }
 
-bool RowStore::next()
+bool ReadAheadRows::next()
 {
     if (!m_chunks.empty() && m_next == m_chunks.front().size()) {
         m_chunks.pop_front();
@@ -79,14 +79,14 @@ bool RowStore::next()
     return true;
 }
 
-template <typename T> T RowStore::payload(int column) const
+template <typename T> T ReadAheadRows::payload(int column) const
 {
     T value;
     std::memcpy(&value, m_row + m_offsets[size_t(column)] + 1, sizeof(value));
     return value;
 }
 
-Value RowStore::value(int column, ColumnType type) const
+Value ReadAheadRows::value(int column, ColumnType type) const
 {
     switch (kind(column)) {
     case Null:
@@ -102,7 +102,7 @@ Value RowStore::value(int column, ColumnType type) const
     }
 }
 
-qint64 RowStore::integer(int column) const
+qint64 ReadAheadRows::integer(int column) const
 {
     return kind(column) == Integer ? payload<qint64>(column) : 0;
 }

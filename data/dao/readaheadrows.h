@@ -5,10 +5,10 @@
 
 /// Rows read ahead and kept in memory, a few bytes more than their contents, walked once from the first to the
 /// last; what lies behind the walk is freed.
-class RowStore
+class ReadAheadRows
 {
 public:
-    explicit RowStore(int columns) : m_offsets(size_t(columns)) {}
+    explicit ReadAheadRows(int columns) : m_offsets(size_t(columns)) {}
 
     /// Adds the statement's current row.
     void append(const Statement &statement);
