@@ -1,5 +1,4 @@
 #include "app/shell/application.h"
-#include "app/shell/mdi.h"
 #include "app/shell/startup.h"
 #include "app/toolkit/mainmod.h"
 #include "app/toolkit/msgbox.h"
@@ -8,15 +7,15 @@
 int main(int argc, char **argv)
 {
     Application application(argc, argv);
-    std::unique_ptr<MDI> window;
+    Program program;
     try {
-        window = Main();
+        program = Main(Application::applicationDirPath());
     } catch (const RuntimeError &error) {
         showRuntimeError(error);
         Application::end(EXIT_FAILURE);
     }
-    const int status = window ? Application::exec() : EXIT_SUCCESS;
-    window.reset();
+    const int status = program.window ? Application::exec() : EXIT_SUCCESS;
+    program.window.reset();
     gDatabase.reset();
     return status;
 }

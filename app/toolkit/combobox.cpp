@@ -4,6 +4,7 @@
 #include "app/toolkit/combotypeahead.h"
 #include "app/toolkit/focusevents.h"
 #include "data/values/runtimeerror.h"
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -170,6 +171,16 @@ void ComboBox::showPopup()
         entries->installEventFilter(this);
     }
     QComboBox::showPopup();
+}
+
+void ComboBox::hidePopup()
+{
+    QComboBox::hidePopup();
+    // An editable box doesn't everywhere get the focus back from its list.
+    if (QApplication::focusWidget() == view()) {
+        QApplication::setActiveWindow(window());
+        setFocus(Qt::PopupFocusReason);
+    }
 }
 
 /// Raises keyPress for a key that types a character; true when a slot swallowed it.

@@ -43,6 +43,7 @@ public:
     void setTypeAhead(bool on = true);
 
     void showPopup() override;
+    void hidePopup() override;
 
 signals:
     void change(); ///< the text of an editable box changed, by key or by assignment

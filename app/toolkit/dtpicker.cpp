@@ -4,6 +4,7 @@
 #include "data/values/runtimeerror.h"
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QWheelEvent>
 
 DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
@@ -14,6 +15,7 @@ DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
     setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
     setDate(Date::today().date());
     setFocusPolicy(Qt::StrongFocus);
+    lineEdit()->installEventFilter(this);
     connect(this, &QDateEdit::dateChanged, this, [this] { m_timePart = 0; });
 }
 
@@ -73,4 +75,14 @@ bool DTPicker::focusNextPrevChild(bool next)
 {
     // Tab leaves the picker at once, not by way of month, day and year.
     return QWidget::focusNextPrevChild(next);
+}
+
+bool DTPicker::eventFilter(QObject *watched, QEvent *event)
+{
+    // A click selects the part of the date under the mouse, so that digits replace it.
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease && !lineEdit()->hasSelectedText()) {
+        m_movedOn = false;
+        setSelectedSection(currentSection());
+    }
+    return QDateEdit::eventFilter(watched, event);
 }

@@ -14,12 +14,16 @@ bool GridDelegate::eventFilter(QObject *editor, QEvent *event)
     if (event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(editor, event);
     const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->key() != Qt::Key_Up && key->key() != Qt::Key_Down)
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    if (!enter && !arrow)
         return QStyledItemDelegate::eventFilter(editor, event);
     auto *cell = qobject_cast<QWidget *>(editor);
-    emit commitData(cell);
+    emit commitData(cell); // Qt would let Enter commit some time later
     emit closeEditor(cell, NoHint);
-    QKeyEvent move(QEvent::KeyPress, key->key(), Qt::NoModifier);
-    QCoreApplication::sendEvent(parent(), &move);
+    if (arrow) {
+        QKeyEvent move(QEvent::KeyPress, key->key(), Qt::NoModifier);
+        QCoreApplication::sendEvent(parent(), &move);
+    }
     return true;
 }

@@ -3,7 +3,6 @@
 #include "data/values/conversions.h"
 #include "data/values/inputfile.h"
 #include "data/values/runtimeerror.h"
-#include <QCoreApplication>
 
 std::unique_ptr<Database> gDatabase;
 QString gDatabasePath;
@@ -13,11 +12,6 @@ QString gAutoPriceFlag;
 double gTypeAheadSeconds = 0;
 bool gOrderNavigatorOpen = false;
 bool gShipmentNavigatorOpen = false;
-
-void ReadConfig()
-{
-    ReadConfig(QCoreApplication::applicationDirPath() + QStringLiteral("/config.txt"));
-}
 
 void ReadConfig(const QString &path)
 {

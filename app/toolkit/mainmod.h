@@ -18,9 +18,8 @@ extern bool gShipmentNavigatorOpen;
 /// The connect string of every connection the program opens, password included.
 inline constexpr QLatin1String DatabaseConnect(";pwd=QZV");
 
-/// Reads `config.txt` in the program's folder into the settings. Errors 53, 62, 75, 76.
-void ReadConfig();
-/// The same from a file of any name.
+/// Reads the settings file into the settings, which lies in the program's folder as `config.txt`. Errors 53, 62,
+/// 75, 76.
 void ReadConfig(const QString &path);
 
 /// Drops a table; a table that is missing or in use, or any other failure, is ignored without a word.

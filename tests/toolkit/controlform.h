@@ -1,0 +1,37 @@
+#pragma once
+
+#include "tests/support/desk.h"
+
+#include <QVBoxLayout>
+
+/// A form that holds one control named "it" and, to have somewhere to go, a button "away". Records what `it` raises.
+template <class Control> class ControlForm : public Form
+{
+public:
+    template <class... Args> explicit ControlForm(Args &&...args) : Form("test", "Test")
+    {
+        auto *page = new QVBoxLayout(this);
+        it = add<Control>("it", std::forward<Args>(args)...);
+        away = addButton("away", "Away");
+        page->addWidget(it);
+        page->addWidget(away);
+        setTabOrder({it, away});
+    }
+
+    /// Loads a form with such a control.
+    template <class... Args> static ControlForm *load(Args... args)
+    {
+        Forms::add("test", [=] { return new ControlForm(args...); });
+        return static_cast<ControlForm *>(Load("test"));
+    }
+
+    template <class Signal> void watch(Signal signal, const char *name)
+    {
+        connect(it, signal, this, [this, name] { events += name; });
+    }
+    QStringList takeEvents() { return std::exchange(events, {}); }
+
+    Control *it;
+    QPushButton *away;
+    QStringList events;
+};

@@ -1,0 +1,87 @@
+#include "app/toolkit/mousepointer.h"
+#include "app/toolkit/msgbox.h"
+#include "data/values/runtimeerror.h"
+#include "tests/support/desk.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace {
+class MessagesTest : public DeskTest
+{
+protected:
+    /// Runs `look` on the next box while it is up.
+    static void whileUp(std::function<void(QMessageBox *)> look)
+    {
+        QTimer::singleShot(0, qApp, [look] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            look(box);
+        });
+    }
+    static QStringList buttons(QMessageBox *box)
+    {
+        QStringList texts;
+        for (QAbstractButton *button : box->buttons())
+            texts += button->text().remove('&');
+        texts.sort();
+        return texts;
+    }
+};
+
+TEST_F(MessagesTest, APlainBoxHasTitlePromptAndOkAlone)
+{
+    boxes.expect("Required Fields", "A <b>plain</b> prompt.");
+    whileUp([](QMessageBox *box) {
+        EXPECT_EQ(buttons(box), QStringList{"OK"});
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    });
+    MsgBox("A <b>plain</b> prompt.", "Required Fields");
+    boxes.expect("Tamrick Inventory Management", "No title.");
+    MsgBox("No title.");
+}
+
+TEST_F(MessagesTest, AQuestionTellsYesFromNoAndYesIsTheDefault)
+{
+    boxes.expect("Confirm", "Sure?", "Yes");
+    whileUp([](QMessageBox *box) {
+        EXPECT_EQ(buttons(box), (QStringList{"No", "Yes"}));
+        EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::Yes));
+    });
+    EXPECT_TRUE(MsgBoxYesNo("Sure?", "Confirm"));
+    boxes.expect("Confirm", "Sure?", "No");
+    EXPECT_FALSE(MsgBoxYesNo("Sure?", "Confirm"));
+}
+
+TEST_F(MessagesTest, NeitherEscNorTheCloseMarkAnswersAQuestion)
+{
+    boxes.expect("Confirm", "Sure?", "Yes");
+    bool stood = false;
+    whileUp([&](QMessageBox *box) {
+        QTest::keyClick(box, Qt::Key_Escape);
+        box->close();
+        stood = box->isVisible();
+    });
+    EXPECT_TRUE(MsgBoxYesNo("Sure?", "Confirm"));
+    EXPECT_TRUE(stood);
+}
+
+TEST_F(MessagesTest, TheErrorBoxNamesNumberAndDescription)
+{
+    boxes.expect("Tamrick Inventory Management", "Run-time error '13':\n\nType mismatch");
+    showRuntimeError(runtimeError(13));
+}
+
+TEST_F(MessagesTest, TheHourglassIsAssignedAndNotCounted)
+{
+    setHourglass();
+    setHourglass();
+    ASSERT_TRUE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    setDefaultPointer();
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    setDefaultPointer();
+}
+} // namespace
