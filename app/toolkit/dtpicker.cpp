@@ -38,14 +38,17 @@ void DTPicker::setValue(const Value &value)
 
 void DTPicker::keyPressEvent(QKeyEvent *event)
 {
-    // Behind a digit that completes its part, as the 4 of "4/30/2010" does, the slash is passed already.
-    const bool passed = m_movedOn && event->text() == QLatin1String("/");
-    const Section before = currentSection();
-    if (!passed)
-        QDateEdit::keyPressEvent(event);
+    const int part = currentSectionIndex();
+    if (event->text() == QLatin1String("/")) {
+        // Behind a digit that completes its part, as the 4 of "4/30/2010" does, the slash is passed already.
+        if (!std::exchange(m_movedOn, false) && part + 1 < sectionCount())
+            setSelectedSection(sectionAt(part + 1));
+        return;
+    }
+    QDateEdit::keyPressEvent(event);
     const bool digit = !event->text().isEmpty() && event->text()[0].isDigit();
-    m_movedOn = digit && currentSection() != before;
-    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+    m_movedOn = digit && currentSectionIndex() != part;
+    if (m_movedOn || event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
         setSelectedSection(currentSection());
 }
 

@@ -53,7 +53,8 @@ void FlexGridModel::setCols(int cols)
 
 void FlexGridModel::append(const QString &cellsJoinedByTabs)
 {
-    m_rows.push_back(cellsJoinedByTabs.toUtf8().replace('\t', Separator));
+    const QByteArray bytes = cellsJoinedByTabs.toUtf8().replace('\t', Separator);
+    m_rows.emplace_back(bytes.constData(), bytes.size()); // a converted text holds room for three times its length
     if (gridRows() == 1 && m_cols > 0)
         emit headerDataChanged(Qt::Horizontal, 0, m_cols - 1);
 }
