@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 namespace {
 /// The character code that a key press types, or 0 for keys that type none (arrows, function keys, Tab, Delete).
@@ -176,11 +177,11 @@ void ComboBox::showPopup()
 void ComboBox::hidePopup()
 {
     QComboBox::hidePopup();
-    // An editable box doesn't everywhere get the focus back from its list.
-    if (QApplication::focusWidget() == view()) {
-        QApplication::setActiveWindow(window());
-        setFocus(Qt::PopupFocusReason);
-    }
+    // Where the open list was the active window and no desktop makes the program's own active again.
+    QTimer::singleShot(0, this, [this] {
+        if (isVisible() && !QGuiApplication::focusWindow())
+            QApplication::setActiveWindow(window());
+    });
 }
 
 /// Raises keyPress for a key that types a character; true when a slot swallowed it.

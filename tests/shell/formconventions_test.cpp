@@ -26,9 +26,11 @@ protected:
         for (QWidget *widget : form->findChildren<QWidget *>()) {
             const auto isPartOf = [](QWidget *parent) {
                 return qobject_cast<QComboBox *>(parent) || qobject_cast<QAbstractSpinBox *>(parent) ||
-                       qobject_cast<QAbstractScrollArea *>(parent) || qobject_cast<QLineEdit *>(parent);
+                       qobject_cast<QAbstractScrollArea *>(parent) || qobject_cast<QLineEdit *>(parent) ||
+                       parent->objectName() == QLatin1String("CRViewer");
             };
-            bool part = widget->isWindow();
+            // A plain widget only holds others together.
+            bool part = widget->isWindow() || widget->metaObject() == &QWidget::staticMetaObject;
             for (QWidget *parent = widget->parentWidget(); parent != form && !part; parent = parent->parentWidget())
                 part = isPartOf(parent);
             if (!part)

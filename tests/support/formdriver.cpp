@@ -83,6 +83,10 @@ void FormDriver::choose(const QString &name, const QString &entry)
     list->scrollTo(item);
     list->setCurrentIndex(item);
     QTest::keyClick(list, Qt::Key_Return);
+    // The closed list was a window of its own; a desktop makes the program's window the active one again.
+    QCoreApplication::processEvents();
+    if (isLoaded())
+        QApplication::setActiveWindow(m_form->window());
 }
 
 void FormDriver::tick(const QString &name, bool on)
