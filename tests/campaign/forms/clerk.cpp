@@ -56,8 +56,11 @@ template <class Control> QString last(const FormDriver &form, const char *name)
 
 void letFormsGo()
 {
-    if (Form *viewer = Forms::loaded("Viewer"))
-        viewer->unload();
+    // Report windows are no single instances: each stands until it is closed.
+    for (QWidget *widget : QApplication::allWidgets()) {
+        if (auto *viewer = qobject_cast<Form *>(widget); viewer && viewer->objectName() == u"Viewer")
+            viewer->unload();
+    }
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -79,6 +82,10 @@ void saveOrder(int number, bool dropShip)
         form.click("btnSaveItem");
     }
     form.tick("chkDropShip", dropShip);
+    // A drop shipment is there before its lines are; dated tomorrow it stays out of the other clerk's invoice runs,
+    // which would rightly bill what they see of it.
+    if (dropShip)
+        form.control<DTPicker>("dtOrderDate")->setValue(Date::today().addDays(1));
     form.click("btnSave");
     promise("order " + last<QLabel>(form, "lblID"));
 }
