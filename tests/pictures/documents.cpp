@@ -1,3 +1,4 @@
+#include "reports/handover.h"
 #include "reports/operational.h"
 #include "tests/pictures/studio.h"
 #include "tests/support/desk.h"
@@ -133,6 +134,19 @@ void takeListings(Studio &studio)
     }
 }
 
+/// The two old stock layouts over rows of the kind their workbooks would bring.
+void takeOldReports(Studio &studio)
+{
+    for (const char *designer : {"crptAvailInv", "crptAvailInv2"}) {
+        Recordset stock = gDatabase->OpenRecordset("SELECT Part,Whse AS Warehouse,Avail AS AvailQty FROM AvailInv");
+        HandOver handOver(HandOver::Pointer::NotOwned);
+        handOver.read(designer, std::move(stock));
+        handOver.deliver();
+        studio.takeReport(QString("reports/old-available-inventory-by-") +
+                          (designer == QLatin1String("crptAvailInv") ? "part" : "warehouse"));
+    }
+}
+
 } // namespace
 
 void takeDocuments(Studio &studio)
@@ -142,4 +156,5 @@ void takeDocuments(Studio &studio)
     takeSalesReports(studio);
     takeInventoryReports(studio);
     takeListings(studio);
+    takeOldReports(studio);
 }
