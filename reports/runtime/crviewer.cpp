@@ -99,7 +99,7 @@ void CRViewer::addNavigation(QToolBar *bar)
         connect(action, &QAction::triggered, this, [this, target] { goToPage(target()); });
     };
     add("firstPage", "First page", QStyle::SP_MediaSkipBackward, [] { return 0; });
-    add("previousPage", "Previous page", QStyle::SP_ArrowLeft, [this] { return currentPage() - 1; });
+    add("previousPage", "Previous page", QStyle::SP_MediaSeekBackward, [this] { return currentPage() - 1; });
     m_pageNumber = new QSpinBox(bar);
     m_pageNumber->setObjectName("pageNumber");
     m_pageNumber->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -113,7 +113,7 @@ void CRViewer::addNavigation(QToolBar *bar)
     m_pageTotal->setObjectName("pageTotal");
     m_pageTotal->setMinimumWidth(fontMetrics().horizontalAdvance(" of 00000+ "));
     bar->addWidget(m_pageTotal);
-    add("nextPage", "Next page", QStyle::SP_ArrowRight, [this] { return currentPage() + 1; });
+    add("nextPage", "Next page", QStyle::SP_MediaSeekForward, [this] { return currentPage() + 1; });
     add("lastPage", "Last page", QStyle::SP_MediaSkipForward, [this] { return pageCount() - 1; });
 }
 

@@ -65,8 +65,10 @@ public:
             return;
         for (const std::vector<const PageItem *> &line : lines(page))
             writeLine(line);
-        if (section.section->columnHeads)
+        if (section.section->columnHeads && !m_headsStand) {
             worksheet_freeze_panes(m_sheet, m_row, 0);
+            m_headsStand = true;
+        }
     }
 
 private:
@@ -155,6 +157,7 @@ private:
     lxw_worksheet *m_sheet = nullptr;
     std::map<std::tuple<Picture, Align, bool>, lxw_format *> m_formats;
     lxw_row_t m_row = 0;
+    bool m_headsStand = false;
 };
 
 } // namespace

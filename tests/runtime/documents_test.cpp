@@ -80,6 +80,34 @@ TEST(Invoice, NamesThePlaceWithEachOrderWhenOrdersWentToSeveral)
     EXPECT_FALSE(allText(*invoice(2)).contains("Shipped to "));
 }
 
+TEST(Statement, IsAPageForEachCustomerWhoOwesSomethingWithTheAgeOfIt)
+{
+    MadeRows rows(fieldsOf("crptStatementReport"));
+    const auto add = [&](const char *customer, Date date, double total, double adjustment, double received) {
+        rows.add({customer, "1 Road", Value(), "Town", "IL", "60601", "77", date, date.addDays(30), "Net 30", "4711",
+                  total, adjustment, received});
+    };
+    add("Beta", Date(2011, 3, 1), 100.0, 10.0, 40.0);
+    add("Beta", Date(2011, 5, 15), 30.5, 0.0, 0.0);
+    add("Beta", Date(2011, 5, 16), 80.0, 0.0, 79.999);
+    add("Acme", Date(2011, 5, 1), 10.0, 0.0, 10.0);
+    add("Cole", Date(2011, 1, 1), 5.0, 0.0, 0.0);
+    Report report("crptStatementReport");
+    report.SetDataSource(rows);
+    report.ReadRecords();
+    report.object("txtAsOfDate").SetText("5/31/2011");
+    const QStringList pages = pageTexts(report);
+    ASSERT_EQ(pages.size(), 2) << "Acme owes nothing";
+    EXPECT_TRUE(pages[0].contains("Beta|1 Road|Town, IL 60601"));
+    EXPECT_TRUE(pages[0].contains("Amount due|$80.50"));
+    EXPECT_TRUE(pages[0].contains("|100.00|50.00|50.00|")) << pages[0].toStdString();
+    EXPECT_FALSE(pages[0].contains("80.00|")) << "less than half a cent is open";
+    EXPECT_TRUE(pages[0].contains("0 to 30 days|30.50|31 to 60 days|0.00|61 to 90 days|0.00|Over 90 days|50.00"))
+        << pages[0].toStdString();
+    EXPECT_TRUE(pages[0].endsWith("Page 1 of 1"));
+    EXPECT_TRUE(pages[1].contains("Cole|"));
+}
+
 TEST(PackingSlip, ShowsOrderedBesideShipped)
 {
     const QString text = allText(*sampleReport("crptPackingSlip", 3));
