@@ -2,6 +2,7 @@
 #include "app/toolkit/mainmod.h"
 #include "data/values/runtimeerror.h"
 #include "tests/support/desk.h"
+#include "tests/support/unwinding.h"
 
 #include <QVBoxLayout>
 
@@ -53,6 +54,7 @@ protected:
     /// Runs `action` in the program's own way of failing, but for the end of the process.
     int statusOf(const std::function<void()> &action)
     {
+        noteUnwindingThroughQt();
         Application::setErrorHandler({});
         Application::setEndHandler([](int status) { throw Ended{status}; });
         int status = -1;

@@ -1,4 +1,5 @@
 #include "app/shell/application.h"
+#include "tests/support/unwinding.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,9 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     Application application(argc, argv);
-    Application::setErrorHandler([](const RuntimeError &) { throw; });
+    Application::setErrorHandler([](const RuntimeError &) {
+        noteUnwindingThroughQt();
+        throw;
+    });
     return RUN_ALL_TESTS();
 }
