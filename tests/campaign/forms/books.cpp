@@ -89,18 +89,23 @@ void Books::compareOrders(int openOrders, int cut)
 
 void Books::compareShipments(int cut)
 {
+    // A promised shipment ships all that is left of its order: less than the whole only where a save that was cut off
+    // had shipped the rest.
     const auto items = sums("SELECT ShipmentID, Qty FROM ShipmentItems");
-    for (const QString &id : m_promised["shipment"])
-        expect(items.value(id) == Clerk::LinesPerOrder,
+    const auto ofOrder = sums("SELECT OrderID, Qty FROM ShipmentItems");
+    for (const QString &id : m_promised["shipment"]) {
+        const QString order = column("SELECT OrderID FROM Shipment WHERE ID = " + id).value(0);
+        const bool isRest = cut > 0 && items.value(id) > 0 && ofOrder.value(order) >= Clerk::LinesPerOrder;
+        expect(items.value(id) == Clerk::LinesPerOrder || isRest,
                QString("shipment %1 has %2 pieces").arg(id).arg(items.value(id)));
+    }
     const QStringList there = column("SELECT ID FROM Shipment");
     expect(QSet<QString>(there.begin(), there.end()).size() == there.size(), "a number twice in Shipment");
     int partial = 0;
     for (const QString &id : there)
         partial += items.value(id) < Clerk::LinesPerOrder;
     expect(partial <= cut, QString("%1 shipments with missing lines").arg(partial));
-    const auto shipped = sums("SELECT OrderID, Qty FROM ShipmentItems");
-    for (auto order = shipped.begin(); order != shipped.end(); ++order)
+    for (auto order = ofOrder.begin(); order != ofOrder.end(); ++order)
         expect(order.value() <= Clerk::LinesPerOrder + cut, "order " + order.key() + " is shipped twice");
 }
 
