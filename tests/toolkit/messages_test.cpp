@@ -4,7 +4,9 @@
 #include "tests/support/desk.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -66,6 +68,20 @@ TEST_F(MessagesTest, NeitherEscNorTheCloseMarkAnswersAQuestion)
     });
     EXPECT_TRUE(MsgBoxYesNo("Sure?", "Confirm"));
     EXPECT_TRUE(stood);
+}
+
+TEST_F(MessagesTest, ABoxOverADroppedListBelongsToTheWindowBehindTheList)
+{
+    QWidget window;
+    QComboBox list(&window);
+    list.addItem("one");
+    window.show();
+    list.showPopup();
+    QApplication::setActiveWindow(list.view()->window());
+    ASSERT_EQ(QApplication::activeWindow()->windowType(), Qt::Popup);
+    boxes.expect("Title", "Prompt");
+    whileUp([&](QMessageBox *box) { EXPECT_EQ(box->parentWidget(), &window); });
+    MsgBox("Prompt", "Title");
 }
 
 TEST_F(MessagesTest, TheErrorBoxNamesNumberAndDescription)
