@@ -11,8 +11,9 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
-// bench_operations FILE [ROUNDS]: runs each operation in the program and on the bare engine, in turns, on copies of a
-// database made by `tamrick-db demo`, and prints the best of the rounds as a table.
+// bench_operations FILE [ROUNDS [NAME]]: runs each operation (or those whose name holds NAME) in the program and on the
+// bare engine, in turns, on copies of a database made by `tamrick-db demo`, and prints the best of the rounds as a
+// table, with the largest size that the log and the process's memory have had so far.
 
 namespace {
 
@@ -24,22 +25,38 @@ double bareSeconds(const Operation &operation, BareEngine &engine)
     return double(timer.nsecsElapsed()) / 1e9;
 }
 
-void measure(const std::vector<Operation> &operations, BareEngine &engine, const QString &file, int rounds)
+/// The most memory this process has held, in megabytes; 0 where the system doesn't tell.
+double peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = status.readAll();
+    const qsizetype at = text.indexOf("VmHWM:");
+    return at < 0 ? 0 : text.mid(at + 6, 16).trimmed().split(' ').first().toDouble() / 1024;
+}
+
+void measure(const std::vector<Operation> &operations, BareEngine &engine, const QString &file, int rounds,
+             const QString &name)
 {
     for (const Operation &operation : operations) {
-        double program = 1e9, bare = 1e9;
+        if (!operation.name.contains(name, Qt::CaseInsensitive))
+            continue;
+        double program = 1e9, bare = 1e9, memory = 0;
         for (int round = 0; round < rounds; ++round) {
-            if (operation.bare)
-                bare = std::min(bare, bareSeconds(operation, engine));
             program = std::min(program, operation.program());
             gDatabase->settle();
+            if (round == 0)
+                memory = peakMemory(); // before the bare engine, whose caches are in this process too, has its turn
+            if (operation.bare)
+                bare = std::min(bare, bareSeconds(operation, engine));
         }
         const double log = double(QFileInfo(file + "-wal").size()) / 1e6;
         if (operation.bare)
-            std::printf("| %s | %.3f s | %.3f s | %.2f | %.0f MB |\n", qPrintable(operation.name), bare, program,
-                        program / bare, log);
+            std::printf("| %s | %.3f s | %.3f s | %.2f | %.0f MB | %.0f MB |\n", qPrintable(operation.name), bare,
+                        program, program / bare, log, memory);
         else
-            std::printf("| %s | | %.3f s | | |\n", qPrintable(operation.name), program);
+            std::printf("| %s | | %.3f s | | | %.0f MB |\n", qPrintable(operation.name), program, memory);
         std::fflush(stdout);
     }
 }
@@ -49,7 +66,7 @@ void measure(const std::vector<Operation> &operations, BareEngine &engine, const
 int main(int argc, char **argv)
 {
     if (argc < 2) {
-        std::fputs("usage: bench_operations FILE [ROUNDS]\n", stderr);
+        std::fputs("usage: bench_operations FILE [ROUNDS [NAME]]\n", stderr);
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -69,9 +86,10 @@ int main(int argc, char **argv)
         gDefaultWarehouse =
             gDatabase->OpenRecordset("SELECT Warehouse FROM Warehouse WHERE Status = 'Active'").Fields(0).text();
         BareEngine engine(theirs);
-        std::puts("| operation | bare engine | program | ratio | log |\n|---|---:|---:|---:|---:|");
-        measure(dataOperations(), engine, ours, rounds);
-        measure(windowOperations(), engine, ours, rounds);
+        const QString name = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
+        std::puts("| operation | bare engine | program | ratio | log | memory |\n|---|---:|---:|---:|---:|---:|");
+        measure(dataOperations(), engine, ours, rounds, name);
+        measure(windowOperations(), engine, ours, rounds, name);
     } catch (const RuntimeError &error) {
         std::fprintf(stderr, "%s\n%s\n", error.what(), qPrintable(error.detail()));
         return 1;

@@ -11,7 +11,7 @@ namespace {
 /// Opens a form in the main window until it is painted, then closes it.
 double open(const QString &name)
 {
-    static MDI window;
+    MDI window;
     window.resize(1180, 760);
     window.show();
     QApplication::processEvents();

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int CacheKilobytes = 64 * 1024;
+constexpr int CacheKilobytes = 48 * 1024;
 /// Pages after which the log is copied into the database, 16 MB: a quarter of the syncs of SQLite's own measure,
 /// and still read in no time when a program that was killed is started again.
 constexpr int LogPages = 4000;
