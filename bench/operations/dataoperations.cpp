@@ -6,6 +6,7 @@
 #include "inventory/ledger.h"
 #include "reports/inventoryregisters.h"
 #include "reports/listings.h"
+#include "reports/operational.h"
 #include "reports/production.h"
 #include "reports/receivables.h"
 #include "reports/sales.h"
@@ -143,6 +144,19 @@ void addReceivables(std::vector<Operation> &operations, const Dates &d)
         {"Open Orders", [] { return untilRead([] { Reports::ReportOpenOrders(); }); }, Bare::openOrders});
 }
 
+/// The documents of the newest shipment, up to their rows.
+void addDocuments(std::vector<Operation> &operations)
+{
+    const QString shipment =
+        gDatabase->OpenRecordset("SELECT TOP 1 ID FROM Shipment ORDER BY ID DESC").Fields("ID").text();
+    operations.push_back(
+        {"Packing slip, rows", [=] { return untilRead([=] { Reports::PrintPackingSlip(shipment, true); }); }});
+    operations.push_back(
+        {"Invoice of one shipment, rows", [=] {
+             return untilRead([=] { Reports::PrintInvoice(shipment, "1", "1/1/2026", "1/31/2026", "Net 30", true); });
+         }});
+}
+
 } // namespace
 
 std::vector<Operation> dataOperations()
@@ -152,5 +166,6 @@ std::vector<Operation> dataOperations()
     addSales(operations, dates);
     addInventory(operations, dates);
     addReceivables(operations, dates);
+    addDocuments(operations);
     return operations;
 }

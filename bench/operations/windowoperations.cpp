@@ -3,6 +3,8 @@
 
 #include "app/shell/mdi.h"
 #include "app/toolkit/form.h"
+#include "app/toolkit/mainmod.h"
+#include "reports/operational.h"
 #include <QApplication>
 #include <QElapsedTimer>
 
@@ -26,15 +28,35 @@ double open(const QString &name)
     return seconds;
 }
 
+/// A document from the call to its page on the screen.
+double show(const std::function<void()> &document)
+{
+    MDI window;
+    window.resize(1180, 760);
+    window.show();
+    QApplication::processEvents();
+    QElapsedTimer timer;
+    timer.start();
+    document();
+    QApplication::processEvents();
+    return double(timer.nsecsElapsed()) / 1e9;
+}
+
 } // namespace
 
 std::vector<Operation> windowOperations()
 {
+    const QString shipment =
+        gDatabase->OpenRecordset("SELECT TOP 1 ID FROM Shipment ORDER BY ID DESC").Fields("ID").text();
     return {{"Order Entry opens", [] { return open("frmOrderEntry"); }},
             {"Shipment Entry opens", [] { return open("frmShipmentEntry"); }},
             {"Order Navigator, all orders", [] { return open("frmOrderNavigator"); }, Bare::orderNavigator},
             {"Shipment Navigator, all shipments", [] { return open("frmShipmentNavigator"); }, Bare::shipmentNavigator},
             {"Packing slip dialog, all shipments", [] { return open("frmPackingSlip"); }},
             {"Part Entry opens", [] { return open("frmPartEntry"); }},
-            {"Customer Entry opens", [] { return open("frmCustomerEntry"); }}};
+            {"Customer Entry opens", [] { return open("frmCustomerEntry"); }},
+            {"Packing slip, on the screen", [=] { return show([=] { Reports::PrintPackingSlip(shipment, true); }); }},
+            {"Invoice of one shipment, on the screen", [=] {
+                 return show([=] { Reports::PrintInvoice(shipment, "1", "1/1/2026", "1/31/2026", "Net 30", true); });
+             }}};
 }
