@@ -6,6 +6,7 @@
 #include "app/toolkit/mainmod.h"
 #include "reports/operational.h"
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
 
 namespace {
@@ -25,6 +26,23 @@ double open(const QString &name)
     form->unload();
     QApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return seconds;
+}
+
+/// The list of a dialog's combo box, from the click to its entries on the screen.
+double dropDown(const QString &name, const QString &combo)
+{
+    MDI window;
+    window.resize(1180, 760);
+    window.show();
+    auto *list = Load(name)->findChild<QComboBox *>(combo);
+    QApplication::processEvents();
+    QElapsedTimer timer;
+    timer.start();
+    list->showPopup();
+    QApplication::processEvents();
+    const double seconds = double(timer.nsecsElapsed()) / 1e9;
+    list->hidePopup();
     return seconds;
 }
 
@@ -53,6 +71,7 @@ std::vector<Operation> windowOperations()
             {"Order Navigator, all orders", [] { return open("frmOrderNavigator"); }, Bare::orderNavigator},
             {"Shipment Navigator, all shipments", [] { return open("frmShipmentNavigator"); }, Bare::shipmentNavigator},
             {"Packing slip dialog, all shipments", [] { return open("frmPackingSlip"); }},
+            {"Packing slip dialog, its list drops down", [] { return dropDown("frmPackingSlip", "cmbReport"); }},
             {"Part Entry opens", [] { return open("frmPartEntry"); }},
             {"Customer Entry opens", [] { return open("frmCustomerEntry"); }},
             {"Packing slip, on the screen", [=] { return show([=] { Reports::PrintPackingSlip(shipment, true); }); }},
