@@ -6,23 +6,6 @@
 
 using jetsql::StatementKind;
 
-namespace {
-
-/// True for statements of which many come that differ in their constants alone: those over one table.
-bool comesOften(const jetsql::Translation &translation)
-{
-    return translation.kind == StatementKind::Select ? !translation.updatableTable.isEmpty()
-                                                     : !translation.sql.contains("SELECT");
-}
-
-} // namespace
-
-Translated::Translated(jetsql::Translation translation)
-    : jetsql::Translation(std::move(translation)),
-      shape(comesOften(*this) ? StatementShape::withoutConstants(sql) : StatementShape::whole(sql))
-{
-}
-
 DatabaseData::DatabaseData(const ConnectionOptions &options, const QString &password) : m_connection(options)
 {
     PasswordGate::check(m_connection, password, options.file);
@@ -45,19 +28,17 @@ void DatabaseData::readCatalog()
     m_catalog = Tables::readCatalog(m_connection);
 }
 
-std::shared_ptr<const Translated> DatabaseData::translate(const QString &sql)
+Translated DatabaseData::translate(const QString &sql)
 {
-    if (const auto *known = m_translations.find(sql))
-        return *known;
     try {
-        return m_translations.insert(sql, std::make_shared<Translated>(jetsql::translate(sql, m_catalog)));
+        return m_translations.of(sql, m_catalog);
     } catch (const RuntimeError &) {
         // Another process may have made the table meanwhile.
         if (catalogIsCurrent())
             throw;
     }
     readCatalog();
-    return m_translations.insert(sql, std::make_shared<Translated>(jetsql::translate(sql, m_catalog)));
+    return m_translations.of(sql, m_catalog);
 }
 
 void DatabaseData::execute(const QString &sql)
@@ -68,7 +49,7 @@ void DatabaseData::execute(const QString &sql)
 
 bool DatabaseData::tryExecute(const QString &sql)
 {
-    const auto translation = translate(sql);
+    const Translated translation = translate(sql);
     if (translation->kind == StatementKind::Select)
         throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
@@ -78,37 +59,35 @@ bool DatabaseData::tryExecute(const QString &sql)
     // With the write lock held the tables stay as they are.
     if (!catalogIsCurrent())
         return false;
-    run(*translation, doing);
+    run(translation, doing);
     transaction.commit();
     if (defines)
         readCatalog();
     return true;
 }
 
-void DatabaseData::run(const Translated &translation, const Doing &doing)
+void DatabaseData::run(const Translated &translated, const Doing &doing)
 {
-    switch (translation.kind) {
+    switch (translated->kind) {
     case StatementKind::SelectInto:
     case StatementKind::CreateTable:
-        return make(translation, doing);
+        return make(translated, doing);
     case StatementKind::DropTable:
-        return drop(translation, doing);
+        return drop(*translated.translation, doing);
     default:
-        m_connection.runPrepared(translation.shape, doing);
+        m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
     }
 }
 
-void DatabaseData::make(const jetsql::Translation &translation, const Doing &doing)
+void DatabaseData::make(const Translated &translated, const Doing &doing)
 {
-    const TableDef &table = translation.newTable;
+    const TableDef &table = translated->newTable;
     if (m_catalog.find(table.Name))
         throw runtimeError(3010, {table.Name}, doing.statement);
-    const bool filled = translation.kind == StatementKind::SelectInto;
+    const bool filled = translated->kind == StatementKind::SelectInto;
     m_connection.run(Tables::createStatement(table, filled ? Tables::Key::None : Tables::Key::AutoNumberIsKey), doing);
-    if (filled) {
-        Statement fill = m_connection.prepare(translation.sql, doing);
-        m_connection.finish(fill, doing);
-    }
+    if (filled)
+        m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
     for (const Schema::Index &index : Schema::indexes()) {
         const bool fits = std::all_of(index.columns.begin(), index.columns.end(),
                                       [&](const QString &column) { return table.indexOf(column) >= 0; });
@@ -139,13 +118,13 @@ std::unique_ptr<RecordsetData> DatabaseData::open(const QString &sql)
 
 Query DatabaseData::prepareQuery(const QString &sql)
 {
-    auto translation = translate(sql);
-    if (translation->kind != StatementKind::Select)
+    Translated translated = translate(sql);
+    if (translated->kind != StatementKind::Select)
         throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
     try {
-        Statement statement = m_connection.prepare(translation->shape.sql(), reading(*translation, sql));
-        translation->shape.bindTo(statement);
-        return {std::move(translation), std::move(statement)};
+        Statement statement = m_connection.prepare(translated->sqlWithPlaces, reading(*translated.translation, sql));
+        statement.bind(translated.values);
+        return {std::move(translated.translation), std::move(statement)};
     } catch (const RuntimeError &) {
         if (catalogIsCurrent())
             throw;

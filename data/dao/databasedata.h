@@ -1,17 +1,10 @@
 #pragma once
 
 #include "data/dao/database.h"
+#include "data/dao/translations.h"
 #include "data/engines/sqlite/connection.h"
-#include "data/jetsql/translator.h"
 
 class RecordsetData;
-
-/// A translation, and what SQLite prepares for it.
-struct Translated : jetsql::Translation
-{
-    explicit Translated(jetsql::Translation translation);
-    StatementShape shape;
-};
 
 /// A SELECT ready to be walked.
 struct Query
@@ -57,18 +50,18 @@ public:
     void detach(RecordsetData *recordset);
 
 private:
-    std::shared_ptr<const Translated> translate(const QString &sql);
+    Translated translate(const QString &sql);
     void readCatalog();
     /// False when the tables turn out to be others than the statement was translated for.
     bool tryExecute(const QString &sql);
-    void run(const Translated &translation, const Doing &doing);
-    void make(const jetsql::Translation &translation, const Doing &doing);
+    void run(const Translated &translated, const Doing &doing);
+    void make(const Translated &translated, const Doing &doing);
     void drop(const jetsql::Translation &translation, const Doing &doing);
 
     Connection m_connection;
     Catalog m_catalog;
     qint64 m_catalogVersion = -1; ///< the schema version that the catalogue was read at
-    LruCache<QString, std::shared_ptr<const Translated>> m_translations{256};
+    Translations m_translations;
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
     const RecordsetData *m_editor = nullptr; ///< the recordset that holds m_rowLock

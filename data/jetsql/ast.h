@@ -91,6 +91,8 @@ struct Expr
     bool negated = false;          ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
     bool whole = false;            ///< a Number without fraction, within 32 bits
     double number = 0;             ///< Number, the serial of a Date, 1 or 0 for a Boolean
+    int constant = -1;             ///< of a Text, Number or Date: which of the statement's constants it is
+    bool minus = false;            ///< a Number with an odd count of minus signs before it
     QString qualifier;             ///< of a Column, empty without one
     QString name;                  ///< of a Column, the aggregate in capitals, or the characters of a Text
     QStringView source;            ///< as typed
@@ -100,6 +102,7 @@ struct Expr
     const Source *from = nullptr; ///< of a Column (resolver)
     int column = -1;              ///< position in its table (resolver)
     ExprType type;                ///< (typing)
+    bool place = false;           ///< of a constant: written as a place for any of its kind (places)
 
     bool isConstant() const { return kind <= Kind::Boolean; }
 };

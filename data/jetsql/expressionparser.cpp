@@ -294,6 +294,7 @@ ExprPtr Parser::unary()
         return operand;
     if (operand->kind == Expr::Kind::Number) {
         operand->number = -operand->number;
+        operand->minus = !operand->minus;
         return closed(std::move(operand), start);
     }
     ExprPtr result = make(Expr::Kind::Unary);
@@ -352,6 +353,7 @@ ExprPtr Parser::primary()
     ExprPtr literal = make(kind);
     literal->name = token.kind == TokenKind::Text ? token.text : QString();
     literal->whole = token.whole;
+    literal->constant = token.constant;
     literal->number = kind == Expr::Kind::Boolean ? token.keyword == Keyword::True : token.number;
     take();
     return closed(std::move(literal), token.start);

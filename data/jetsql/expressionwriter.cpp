@@ -1,5 +1,6 @@
 #include "data/jetsql/expressionwriter.h"
 
+#include "data/jetsql/placemarks.h"
 #include "data/values/conversions.h"
 
 namespace jetsql {
@@ -21,6 +22,8 @@ QString isoText(double serial)
 Piece literal(const Expr &expr)
 {
     const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
+    if (expr.place)
+        return {placemark(expr), level};
     if (expr.whole)
         return {QString::number(qint64(expr.number)), level};
     QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
@@ -121,11 +124,11 @@ Piece ExpressionWriter::plain(const Expr &expr) const
     case Kind::Null:
         return {"NULL"};
     case Kind::Text:
-        return {quotedText(expr.name)};
+        return {expr.place ? placemark(expr) : quotedText(expr.name)};
     case Kind::Number:
         return literal(expr);
     case Kind::Date:
-        return {isoText(expr.number)};
+        return {expr.place ? placemark(expr) : isoText(expr.number)};
     case Kind::Boolean:
         return {expr.number != 0 ? "1" : "0"};
     case Kind::Column:
@@ -407,7 +410,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
             return plain(expr);
         const std::optional<Date> date = expr.kind == Kind::Text ? dateFromText(expr.name) : std::nullopt;
         if (date)
-            return {quotedText(date->toIso())};
+            return {expr.place ? placemark(expr) : quotedText(date->toIso())};
         return from.isText() ? call("jet_date_of", plain(expr).text) : call("jet_date", number(expr).text);
     }
     case ColumnType::YesNo:

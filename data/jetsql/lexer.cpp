@@ -80,17 +80,19 @@ bool continuesName(QChar c)
     return c.isLetterOrNumber() || c == u'_' || c.isSurrogate() || c.isMark();
 }
 
+enum class Wanted { AllTokens, Constants };
+
 class Lexer
 {
 public:
-    explicit Lexer(const QString &sql) : m_sql(sql) {}
+    Lexer(const QString &sql, Wanted wanted) : m_sql(sql), m_wanted(wanted) {}
 
     std::vector<Token> run()
     {
-        m_tokens.reserve(m_sql.size() / 5 + 8);
+        m_tokens.reserve(m_wanted == Wanted::Constants ? 8 : m_sql.size() / 5 + 8);
         while (skipBlanks(), m_at < m_sql.size())
             next();
-        m_token = Token();
+        m_start = m_at;
         finish(TokenKind::End, m_at);
         return std::move(m_tokens);
     }
@@ -106,16 +108,20 @@ private:
 
     void finish(TokenKind kind, qsizetype end)
     {
+        m_at = end;
+        const bool constant = kind == TokenKind::Text || kind == TokenKind::Number || kind == TokenKind::Date;
+        if (m_wanted == Wanted::Constants && !constant)
+            return;
         m_token.kind = kind;
         m_token.start = m_start;
         m_token.end = end;
-        m_at = end;
+        m_token.constant = constant ? m_constants++ : -1;
         m_tokens.push_back(std::move(m_token));
+        m_token = Token();
     }
 
     void next()
     {
-        m_token = Token();
         m_start = m_at;
         const QChar c = peek();
         if (startsName(c))
@@ -137,9 +143,11 @@ private:
         qsizetype end = m_at;
         while (end < m_sql.size() && continuesName(m_sql.at(end)))
             ++end;
-        const QStringView word = QStringView(m_sql).sliced(m_at, end - m_at);
-        m_token.text = word.toString();
-        m_token.keyword = keywordOf(word);
+        if (m_wanted == Wanted::AllTokens) {
+            const QStringView word = QStringView(m_sql).sliced(m_at, end - m_at);
+            m_token.text = word.toString();
+            m_token.keyword = keywordOf(word);
+        }
         finish(TokenKind::Name, end);
     }
 
@@ -246,17 +254,49 @@ private:
     }
 
     const QString &m_sql;
+    Wanted m_wanted;
     std::vector<Token> m_tokens;
-    Token m_token;
+    Token m_token; ///< being read; empty in between
     qsizetype m_at = 0;
     qsizetype m_start = 0;
+    int m_constants = 0;
 };
+
+/// What a constant becomes in a shape. Unicode promises that these characters stand for nothing.
+char16_t standIn(const Token &constant)
+{
+    switch (constant.kind) {
+    case TokenKind::Text:
+        return u'\uFDD0';
+    case TokenKind::Date:
+        return u'\uFDD1';
+    default:
+        return constant.whole ? u'\uFDD2' : u'\uFDD3';
+    }
+}
 
 } // namespace
 
 std::vector<Token> tokensOf(const QString &sql)
 {
-    return Lexer(sql).run();
+    return Lexer(sql, Wanted::AllTokens).run();
+}
+
+Outline outlineOf(const QString &sql)
+{
+    Outline outline;
+    outline.constants = Lexer(sql, Wanted::Constants).run();
+    if (std::any_of(sql.begin(), sql.end(), [](QChar c) { return c >= u'\uFDD0' && c <= u'\uFDD3'; }))
+        return outline;
+    outline.shape.reserve(sql.size());
+    qsizetype at = 0;
+    for (const Token &constant : outline.constants) {
+        outline.shape += QStringView(sql).sliced(at, constant.start - at);
+        outline.shape += QChar(standIn(constant));
+        at = constant.end;
+    }
+    outline.shape += QStringView(sql).sliced(at);
+    return outline;
 }
 
 } // namespace jetsql

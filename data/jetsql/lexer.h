@@ -64,6 +64,7 @@ struct Token
     char16_t symbol = 0;             ///< of a Symbol; "<=", ">=" and "<>" are u'≤', u'≥' and u'≠'
     bool whole = false;              ///< a Number written without point and exponent, within 32 bits
     double number = 0;               ///< the Number, or the Date as a serial
+    int constant = -1;               ///< of a Text, Number or Date: its place among the statement's constants
     qsizetype start = 0;             ///< half-open range in the statement
     qsizetype end = 0;
     QString text; ///< of a name, or of a Text without its delimiters
@@ -71,5 +72,15 @@ struct Token
 
 /// Cuts a statement into tokens, closed by an End token. Never fails.
 std::vector<Token> tokensOf(const QString &sql);
+
+/// A statement with its constants taken out. Statements of one shape have the same tokens, but for the values of
+/// their constants.
+struct Outline
+{
+    QString shape;                ///< empty where the statement has characters that stand for constants in a shape
+    std::vector<Token> constants; ///< each Text, Number and Date, in order
+};
+
+Outline outlineOf(const QString &sql);
 
 } // namespace jetsql

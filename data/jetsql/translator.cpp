@@ -3,6 +3,7 @@
 #include "data/jetsql/errors.h"
 #include "data/jetsql/expressionwriter.h"
 #include "data/jetsql/parser.h"
+#include "data/jetsql/placemarks.h"
 #include "data/jetsql/plan.h"
 #include "data/jetsql/resolver.h"
 #include "data/jetsql/typing.h"
@@ -50,25 +51,35 @@ Translation description(const Select &select, const Catalog &catalog)
     return result;
 }
 
+Translation action(StatementKind kind, const QString &table)
+{
+    Translation result;
+    result.kind = kind;
+    result.targetTable = table;
+    return result;
+}
+
 Translation description(const Insert &insert, const Catalog &)
 {
-    return {StatementKind::Insert, {}, {}, {}, insert.def->Name, {}};
+    return action(StatementKind::Insert, insert.def->Name);
 }
 
 Translation description(const Update &update, const Catalog &)
 {
-    return {StatementKind::Update, {}, {}, {}, update.source->def->Name, {}};
+    return action(StatementKind::Update, update.source->def->Name);
 }
 
 Translation description(const Delete &statement, const Catalog &)
 {
-    return {StatementKind::Delete, {}, {}, {}, statement.source->def->Name, {}};
+    return action(StatementKind::Delete, statement.source->def->Name);
 }
 
 Translation description(const CreateTable &create, const Catalog &catalog)
 {
     requireNew(create.table.Name, catalog);
-    return {StatementKind::CreateTable, {}, {}, {}, create.table.Name, create.table};
+    Translation result = action(StatementKind::CreateTable, create.table.Name);
+    result.newTable = create.table;
+    return result;
 }
 
 Translation description(const DropTable &drop, const Catalog &catalog)
@@ -76,7 +87,7 @@ Translation description(const DropTable &drop, const Catalog &catalog)
     const TableDef *table = catalog.find(drop.table);
     if (!table)
         fail(3376, {drop.table});
-    return {StatementKind::DropTable, {}, {}, {}, table->Name, {}};
+    return action(StatementKind::DropTable, table->Name);
 }
 
 QString text(const Select &select, const Translation &description)
@@ -112,7 +123,15 @@ Translation translate(const QString &sql, const Catalog &catalog, Plan plan)
     Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
     if (plan == Plan::Improved)
         improvePlan(statement);
-    result.sql = std::visit([&result](const auto &kind) { return text(kind, result); }, statement).toUtf8();
+    const auto written = [&statement, &result] {
+        return std::visit([&result](const auto &kind) { return text(kind, result); }, statement);
+    };
+    result.sql = result.sqlWithPlaces = written().toUtf8();
+    if (!canHavePlaces(sql))
+        return result;
+    const std::vector<Place> places = markPlaces(statement);
+    if (!places.empty())
+        setPlaces(result, written(), places);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/jetsql/place.h"
 #include "data/schema/tabledef.h"
 #include <QByteArray>
 #include <QString>
@@ -26,7 +27,9 @@ struct ResultColumn
 struct Translation
 {
     StatementKind kind = StatementKind::Select;
-    QByteArray sql; ///< one SQLite statement, UTF-8. For SelectInto the INSERT that fills `newTable`.
+    QByteArray sql;            ///< one SQLite statement, UTF-8. For SelectInto the INSERT that fills `newTable`.
+    QByteArray sqlWithPlaces;  ///< the same with "?" for the constants that `places` are for
+    std::vector<Place> places; ///< in the order of the question marks
     std::vector<ResultColumn> columns; ///< of a Select
     /// The stored table a single-table Select can Edit and AddNew in; empty when the result is read-only.
     /// Such a Select has the row's rowid as one extra last column, beyond `columns`.

@@ -74,12 +74,47 @@ QString faultOf(const SqlCompany &company, const QString &statement)
         try {
             const jetsql::Translation translation = jetsql::translate(statement, company.catalog(), plan);
             const bool fillsNewTable = translation.kind == jetsql::StatementKind::SelectInto;
-            if (!translation.sql.isEmpty() && !fillsNewTable) {
-                if (const QString complaint = company.complaint(translation.sql); !complaint.isEmpty())
+            for (const QByteArray &sql : {translation.sql, translation.sqlWithPlaces}) {
+                if (sql.isEmpty() || fillsNewTable)
+                    continue;
+                if (const QString complaint = company.complaint(sql); !complaint.isEmpty())
                     return complaint;
             }
         } catch (const RuntimeError &) {
         }
     }
     return {};
+}
+
+QString withOtherConstants(const QString &statement, const std::vector<jetsql::Place> &places, std::mt19937 &random)
+{
+    using jetsql::TokenKind;
+    static const QStringList texts = {"''",          "'x'",    "\"It's\"",
+                                      "'Open'",      "'a*'",   "'5'",
+                                      "'3/30/2011'", "'é  é'", QString("'%1'").arg(QString(60, u'm'))};
+    static const QStringList wholes = {"0", "1", "2", "17", "2147483647"};
+    static const QStringList reals = {"0.0", "1.5", ".25", "3000000000", "1e30"};
+    static const QStringList dates = {"#1/1/2000#", "#12/31/1999 5:00:00 PM#", "#3/30#"};
+    const jetsql::Outline outline = jetsql::outlineOf(statement);
+    QStringList constants;
+    for (const jetsql::Token &constant : outline.constants)
+        constants.append(statement.sliced(constant.start, constant.end - constant.start));
+    for (const jetsql::Place &place : places) {
+        const jetsql::Token &constant = outline.constants[size_t(place.constant)];
+        const QStringList &pool = constant.kind == TokenKind::Text   ? texts
+                                  : constant.kind == TokenKind::Date ? dates
+                                  : constant.whole                   ? wholes
+                                                                     : reals;
+        const QString other = pool.at(qsizetype(random() % size_t(pool.size())));
+        if (place.fits(jetsql::outlineOf(other).constants.front()))
+            constants[place.constant] = other;
+    }
+    QString result;
+    qsizetype at = 0;
+    for (int i = 0; i < constants.size(); ++i) {
+        const jetsql::Token &constant = outline.constants[size_t(i)];
+        result += statement.sliced(at, constant.start - at) + constants[i];
+        at = constant.end;
+    }
+    return result + statement.sliced(at);
 }

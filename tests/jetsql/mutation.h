@@ -12,3 +12,6 @@ QString mutated(const QStringList &corpus, std::mt19937 &random);
 /// What is wrong with how the front end takes a text, empty when nothing is: it must give a statement that SQLite
 /// accepts, or a run-time error.
 QString faultOf(const SqlCompany &company, const QString &statement);
+
+/// A statement with other constants in those places where its translation lets any other stand that fits.
+QString withOtherConstants(const QString &statement, const std::vector<jetsql::Place> &places, std::mt19937 &random);

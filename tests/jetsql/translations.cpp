@@ -1,4 +1,4 @@
-#include "tests/jetsql/sqlcompany.h"
+#include "tests/jetsql/mutation.h"
 
 #include <gtest/gtest.h>
 
@@ -93,4 +93,54 @@ TEST(Translations, NameTheTableThatAnActionChanges)
         EXPECT_EQ(row.table, translation.targetTable.toStdString()) << row.statement;
         EXPECT_EQ(row.kind, translation.kind) << row.statement;
     }
+}
+
+// What keeps statements apart that may not share a translation.
+TEST(Translations, AreTheSameWhateverStandsInTheirPlaces)
+{
+    const SqlCompany company;
+    std::mt19937 random(20110330);
+    int places = 0, others = 0;
+    for (const QString &statement : corpusStatements()) {
+        jetsql::Translation translation;
+        try {
+            translation = company.translate(statement);
+        } catch (const RuntimeError &) {
+            continue;
+        }
+        places += int(translation.places.size());
+        for (int i = 0; i < 20 && !translation.places.empty(); ++i) {
+            const QString other = withOtherConstants(statement, translation.places, random);
+            ASSERT_EQ(jetsql::outlineOf(other).shape, jetsql::outlineOf(statement).shape) << other.toStdString();
+            const jetsql::Translation same = company.translate(other);
+            EXPECT_EQ(same.sqlWithPlaces, translation.sqlWithPlaces) << other.toStdString();
+            EXPECT_EQ(same.columns.size(), translation.columns.size()) << other.toStdString();
+            others += other != statement;
+        }
+    }
+    EXPECT_GT(places, 200);
+    EXPECT_GT(others, 1000);
+}
+
+TEST(Translations, KeepConstantsThatTheyDependOn)
+{
+    const SqlCompany company;
+    const struct
+    {
+        const char *statement, *sql;
+    } cases[] = {
+        {"SELECT ID FROM Orders WHERE Customer = 'a' AND Total >= -5 AND OrderDate < #1/2/2003#",
+         "t1.\"Customer\" = ? AND t1.\"Total\" >= ? AND t1.\"OrderDate\" < ?"},
+        // The condition of an index names the status.
+        {"SELECT ID FROM Orders WHERE Status = 'Void' AND ID IN (3, 4)",
+         "t1.\"Status\" = 'Void' AND t1.\"ID\" IN (?, ?)"},
+        {"SELECT TOP 3 ID FROM Orders WHERE ShipTo LIKE 'a*' ORDER BY 1", "jet_like('a*', t1.\"ShipTo\")"},
+        {"UPDATE Shipment SET Invoiced = 1, Via = 'x', Date = 'x', Freight = 5 WHERE Invoiced = -1",
+         "SET \"Invoiced\" = 1 <> 0, \"Via\" = ?, \"Date\" = jet_date_of('x'), \"Freight\" = ? WHERE t1.\"Invoiced\" = "
+         "1"},
+        {"SELECT ID FROM Orders WHERE Customer & 'a' = 'b' OR Total * 1 = 2 OR 5 = 5", "= 2 OR 5 = 5"},
+    };
+    for (const auto &row : cases)
+        EXPECT_TRUE(QString(company.translate(row.statement).sqlWithPlaces).contains(row.sql))
+            << company.translate(row.statement).sqlWithPlaces.toStdString();
 }

@@ -114,10 +114,10 @@ void Connection::run(const QByteArray &sql, const Doing &doing)
         raise(code, doing);
 }
 
-void Connection::runPrepared(const StatementShape &shape, const Doing &doing)
+void Connection::runPrepared(const QByteArray &sql, const Doing &doing, const std::vector<Value> &values)
 {
-    Statement statement = prepare(shape.sql(), doing);
-    shape.bindTo(statement);
+    Statement statement = prepare(sql, doing);
+    statement.bind(values);
     finish(statement, doing);
     giveBack(std::move(statement));
 }
@@ -178,7 +178,7 @@ void Connection::raise(int code, const Doing &doing) const
 Transaction::Transaction(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
 {
     // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
-    connection.runPrepared(StatementShape::whole("BEGIN IMMEDIATE"), doing);
+    connection.runPrepared("BEGIN IMMEDIATE", doing);
 }
 
 Transaction::~Transaction()
@@ -186,7 +186,7 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.runPrepared(StatementShape::whole("ROLLBACK"), m_doing);
+        m_connection.runPrepared("ROLLBACK", m_doing);
     } catch (const RuntimeError &) {
         // The engine has rolled back by itself already, and the error that led here is the one to report.
     }
@@ -194,6 +194,6 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_connection.runPrepared(StatementShape::whole("COMMIT"), m_doing);
+    m_connection.runPrepared("COMMIT", m_doing);
     m_open = false;
 }

@@ -3,7 +3,6 @@
 #include "data/engines/sqlite/busywait.h"
 #include "data/engines/sqlite/lrucache.h"
 #include "data/engines/sqlite/statement.h"
-#include "data/engines/sqlite/statementshape.h"
 #include "data/values/runtimeerror.h"
 
 /// How changes reach the file. `Log` is SQLite's write-ahead log, for a local disk; `Rollback` the rollback
@@ -46,8 +45,8 @@ public:
     /// Runs a statement to its end, with nothing to read from it. For what is run once, and for PRAGMAs, of which
     /// some act when they are prepared and would do nothing when an idle one is stepped again.
     void run(const QByteArray &sql, const Doing &doing);
-    /// The same for a statement that will come again.
-    void runPrepared(const StatementShape &shape, const Doing &doing);
+    /// The same for a statement that will come again, with the values for its parameters.
+    void runPrepared(const QByteArray &sql, const Doing &doing, const std::vector<Value> &values = {});
     void finish(Statement &statement, const Doing &doing);
 
     /// Changes whenever any process made, changed or dropped a table.

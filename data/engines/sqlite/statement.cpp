@@ -39,6 +39,13 @@ void Statement::bind(int parameter, const QByteArray &utf8)
                         SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
+void Statement::bind(const std::vector<Value> &values)
+{
+    int parameter = 0;
+    for (const Value &value : values)
+        bind(++parameter, value);
+}
+
 bool Statement::sawOtherTables()
 {
     return sqlite3_stmt_status(handle(), SQLITE_STMTSTATUS_REPREPARE, 1) > 0 ||

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <memory>
 #include <sqlite3.h>
+#include <vector>
 
 /// One prepared statement of SQLite's C interface. Errors are left to the caller, who knows what was being done.
 class Statement
@@ -22,6 +23,8 @@ public:
     /// Binds a value in its stored form to the parameter of that number, counted from 1.
     void bind(int parameter, const Value &value);
     void bind(int parameter, const QByteArray &utf8);
+    /// Binds values to the first parameters.
+    void bind(const std::vector<Value> &values);
     void bind(int parameter, qint64 number) { sqlite3_bind_int64(handle(), parameter, number); }
 
     /// SQLITE_ROW, SQLITE_DONE or an error code.

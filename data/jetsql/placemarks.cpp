@@ -1,0 +1,174 @@
+#include "data/jetsql/placemarks.h"
+
+#include "data/jetsql/translator.h"
+#include "data/schema/schema.h"
+#include "data/values/conversions.h"
+
+namespace jetsql {
+namespace {
+
+using Kind = Expr::Kind;
+
+/// Begins a placemark, before the constant's number. Unicode promises that it stands for nothing in a text.
+constexpr QChar mark = u'\uFDD0';
+/// Statements with more constants than this are hardly alike.
+constexpr int maxConstants = 100;
+
+bool isNamedByIndexCondition(const Expr &column)
+{
+    const TableDef &table = *column.from->def;
+    const auto &indexes = Schema::indexes();
+    return std::any_of(indexes.begin(), indexes.end(), [&](const Schema::Index &index) {
+        return index.table.compare(table.Name, Qt::CaseInsensitive) == 0 &&
+               index.where.contains(table.columns[column.column].name, Qt::CaseInsensitive);
+    });
+}
+
+class Marking
+{
+public:
+    std::vector<Place> places;
+
+    void mark(Select &select)
+    {
+        for (auto &source : select.sources) {
+            if (source->derived)
+                mark(*source->derived);
+        }
+        for (auto &node : select.from)
+            markJoins(*node);
+        markCondition(select.where);
+    }
+
+    void mark(Insert &insert)
+    {
+        if (insert.select)
+            return mark(*insert.select);
+        for (size_t i = 0; i < insert.values.size(); ++i)
+            markAssigned(*insert.values[i], insert.def->columns[insert.targets[i]]);
+    }
+
+    void mark(Update &update)
+    {
+        for (Update::Assignment &assignment : update.assignments)
+            markAssigned(*assignment.value, update.source->def->columns[assignment.target]);
+        markCondition(update.where);
+    }
+
+    void mark(Delete &statement) { markCondition(statement.where); }
+    void mark(CreateTable &) {}
+    void mark(DropTable &) {}
+
+private:
+    void markJoins(FromNode &node)
+    {
+        if (node.join == FromNode::Join::None)
+            return;
+        markJoins(*node.left);
+        markJoins(*node.right);
+        markCondition(node.on);
+    }
+
+    void markCondition(ExprPtr &condition)
+    {
+        if (condition)
+            markCondition(*condition);
+    }
+
+    void markCondition(Expr &condition)
+    {
+        if (condition.select)
+            mark(*condition.select);
+        const bool chain = condition.op == Op::And || condition.op == Op::Or || condition.op == Op::Not;
+        if (chain) {
+            for (ExprPtr &operand : condition.operands)
+                markCondition(*operand);
+        } else if (condition.kind == Kind::InList || condition.kind == Kind::Between || comparesTwo(condition)) {
+            markCompared(condition.operands);
+        }
+    }
+
+    static bool comparesTwo(const Expr &expr)
+    {
+        return expr.kind == Kind::Binary && expr.op >= Op::Equal && expr.op <= Op::GreaterEqual;
+    }
+
+    /// A column and constants of its kind, in any order. With others among them they are written in another form.
+    void markCompared(std::vector<ExprPtr> &operands)
+    {
+        const auto column = std::find_if(operands.begin(), operands.end(),
+                                         [](const ExprPtr &operand) { return operand->kind == Kind::Column; });
+        if (column == operands.end() || isNamedByIndexCondition(**column))
+            return;
+        const ExprType type = (*column)->type;
+        const bool alike = std::all_of(operands.begin(), operands.end(), [&](const ExprPtr &operand) {
+            const bool same = (type.isText() && operand->kind == Kind::Text) ||
+                              (type.isDate() && operand->kind == Kind::Date) ||
+                              (type.isNumber() && operand->kind == Kind::Number);
+            return operand == *column || same;
+        });
+        for (size_t i = 0; alike && i < operands.size(); ++i) {
+            if (operands[i]->isConstant())
+                add(*operands[i], Place::Form::Stored);
+        }
+    }
+
+    void markAssigned(Expr &value, const ColumnDef &column)
+    {
+        const ColumnType type = column.type;
+        const bool number = type == ColumnType::Long || type == ColumnType::Currency || type == ColumnType::Double;
+        if ((value.kind == Kind::Number && number) || (value.kind == Kind::Date && type == ColumnType::Date) ||
+            (value.kind == Kind::Text && type == ColumnType::Memo))
+            add(value, Place::Form::Stored);
+        else if (value.kind == Kind::Text && type == ColumnType::Text && value.name.size() <= column.size)
+            add(value, Place::Form::Fitting, column.size);
+        else if (value.kind == Kind::Text && type == ColumnType::Date && dateFromText(value.name))
+            add(value, Place::Form::DateText);
+    }
+
+    void add(Expr &constant, Place::Form form, int size = 0)
+    {
+        if (constant.constant < 0 || constant.constant >= maxConstants)
+            return;
+        constant.place = true;
+        places.push_back({constant.constant, constant.minus, form, size});
+    }
+};
+
+} // namespace
+
+std::vector<Place> markPlaces(Statement &statement)
+{
+    Marking marking;
+    std::visit([&marking](auto &kind) { marking.mark(kind); }, statement);
+    return std::move(marking.places);
+}
+
+bool canHavePlaces(const QString &sql)
+{
+    return !sql.contains(mark);
+}
+
+QString placemark(const Expr &constant)
+{
+    return QString(mark) + QChar(char16_t(constant.constant));
+}
+
+void setPlaces(Translation &translation, const QString &marked, const std::vector<Place> &known)
+{
+    QString sql;
+    sql.reserve(marked.size());
+    for (qsizetype i = 0; i < marked.size(); ++i) {
+        if (marked[i] != mark) {
+            sql += marked[i];
+            continue;
+        }
+        const int constant = marked[++i].unicode();
+        translation.places.push_back(*std::find_if(
+            known.begin(), known.end(), [constant](const Place &place) { return place.constant == constant; }));
+        sql += u'?';
+    }
+    translation.sqlWithPlaces = sql.toUtf8();
+}
+
+} // namespace jetsql
