@@ -1,8 +1,6 @@
 #include "master/frmcustomerentry.h"
 
-#include "app/toolkit/fillcombo.h"
 #include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
 #include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include <QVBoxLayout>
@@ -18,9 +16,10 @@ frmCustomerEntry::frmCustomerEntry()
       txtShipToFax(addText("txtShipToFax")), txtTerms(addText("txtTerms")), txtDays(addText("txtDays")),
       txtPriceSheet(addText("txtPriceSheet")), txtTerritory(addText("txtTerritory")),
       chkStatements(addCheck("chkStatements", "Print Statements")), btnSave(addButton("btnSave", "Save And Close")),
-      btnExit(addButton("btnExit", "Exit"))
+      btnExit(addButton("btnExit", "Exit")),
+      m_record({.box = cmbCustomer, .table = "Customer", .column = "Customer", .writtenOnChange = true}, cmbStatus)
 {
-    m_columns = BoundColumns({
+    m_record.bind({
         {txtAddress1, "Address1"},
         {txtAddress2, "Address2"},
         {txtCity, "City"},
@@ -41,6 +40,7 @@ frmCustomerEntry::frmCustomerEntry()
         {txtDays, "Days"},
         {txtPriceSheet, "PriceSheet"},
         {txtTerritory, "Territory"},
+        {chkStatements, "PrintStatements"},
     });
     layOut();
     connect(cmbCustomer, &ComboBox::change, this, &frmCustomerEntry::ShowCustomer);
@@ -96,28 +96,15 @@ void frmCustomerEntry::layOut()
 
 void frmCustomerEntry::formLoad()
 {
-    cmbStatus->addItem("Active");
-    cmbStatus->addItem("InActive");
-    fillCombo(cmbCustomer, "SELECT * FROM Customer ORDER BY Customer", "Customer");
+    m_record.fillStatus();
+    m_record.fillKeys();
 }
 
 // Runs at every key typed into the name, so the form is blanked and filled again as each prefix happens to be a
 // customer or not, and an apostrophe fails at the key that types it.
 void frmCustomerEntry::ShowCustomer()
 {
-    if (cmbCustomer->text().isEmpty())
-        return;
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Customer WHERE Customer = '" + cmbCustomer->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        m_columns.blank();
-        cmbStatus->setText("Active");
-        chkStatements->setChecked(false);
-    } else {
-        m_columns.show(rs);
-        const Field printStatements = rs.Fields("PrintStatements");
-        chkStatements->setChecked(!printStatements.isNull() && printStatements.value().toBoolean());
-    }
-    rs.Close();
+    m_record.show();
 }
 
 void frmCustomerEntry::txtDays_LostFocus()
@@ -135,18 +122,6 @@ void frmCustomerEntry::btnSave_Click()
         MsgBox("Customer Name, Status, Terms, and Days are required.", "Required Fields");
         return;
     }
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Customer WHERE Customer = '" + cmbCustomer->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        rs.AddNew();
-        rs.Fields("DateAdded") = Date::now();
-    } else {
-        rs.Edit();
-    }
-    // On a change too: the name may have been typed with other capitals.
-    rs.Fields("Customer") = cmbCustomer->text();
-    m_columns.write(rs);
-    rs.Fields("PrintStatements") = chkStatements->isChecked();
-    rs.Update();
-    rs.Close();
+    m_record.save();
     unload();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/toolkit/form.h"
-#include "master/boundcolumns.h"
+#include "master/masterrecord.h"
 
 /// Keeps the customers, keyed by the name typed: one that exists is changed, another one is added. Any change of
 /// the name shows that customer, or blanks the form.
@@ -28,5 +28,5 @@ private:
     TextBox *txtTerms, *txtDays, *txtPriceSheet, *txtTerritory;
     QCheckBox *chkStatements;
     QPushButton *btnSave, *btnExit;
-    BoundColumns m_columns;
+    MasterRecord m_record;
 };

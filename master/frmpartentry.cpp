@@ -14,10 +14,11 @@ frmPartEntry::frmPartEntry()
       txtMinOnHand(addText("txtMinOnHand")), txtReorderQty(addText("txtReorderQty")),
       txtQtyPerPack(addText("txtQtyPerPack")), txtCost(addMoney("txtCost")), txtSalePrice(addMoney("txtSalePrice")),
       cmbStatus(addList("cmbStatus")), btnSave(addButton("btnSave", "Save And Close")),
-      btnExit(addButton("btnExit", "Exit"))
+      btnExit(addButton("btnExit", "Exit")),
+      m_record({.box = cmbPartNo, .table = "Part", .column = "PartNo"}, cmbStatus)
 {
-    using enum BoundColumns::Written;
-    m_columns = BoundColumns({
+    using enum MasterRecord::Written;
+    m_record.bind({
         {cmbCategory, "Category"},
         {cmbVendor, "Vendor", WhenNotEmpty},
         {txtLeadTime, "LeadTime", WhenNotEmpty},
@@ -64,11 +65,10 @@ void frmPartEntry::layOut()
 void frmPartEntry::formLoad()
 {
     setHourglass();
-    cmbStatus->addItem("Active");
-    cmbStatus->addItem("InActive");
+    m_record.fillStatus();
     fillCombo(cmbCategory, "SELECT DISTINCT Category FROM Part ORDER BY Category", "Category");
     fillVendors();
-    fillCombo(cmbPartNo, "SELECT * FROM Part ORDER BY PartNo", "PartNo");
+    m_record.fillKeys();
     setDefaultPointer();
 }
 
@@ -85,16 +85,7 @@ void frmPartEntry::fillVendors()
 
 void frmPartEntry::ShowPart()
 {
-    if (cmbPartNo->text().isEmpty())
-        return;
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Part WHERE PartNo = '" + cmbPartNo->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        m_columns.blank();
-        cmbStatus->setText("Active");
-    } else {
-        m_columns.show(rs);
-    }
-    rs.Close();
+    m_record.show();
 }
 
 void frmPartEntry::btnSave_Click()
@@ -103,16 +94,6 @@ void frmPartEntry::btnSave_Click()
         MsgBox("Part Number, Category, and Status are required.", "Required Fields");
         return;
     }
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Part WHERE PartNo = '" + cmbPartNo->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        rs.AddNew();
-        rs.Fields("DateAdded") = Date::now();
-        rs.Fields("PartNo") = cmbPartNo->text();
-    } else {
-        rs.Edit();
-    }
-    m_columns.write(rs);
-    rs.Update();
-    rs.Close();
+    m_record.save();
     unload();
 }

@@ -1,8 +1,6 @@
 #include "master/frmwarehouseentry.h"
 
-#include "app/toolkit/fillcombo.h"
 #include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
 #include "app/toolkit/msgbox.h"
 #include <QVBoxLayout>
 
@@ -11,9 +9,10 @@ frmWarehouseEntry::frmWarehouseEntry()
       txtAddress1(addText("txtAddress1")), txtAddress2(addText("txtAddress2")), txtCity(addText("txtCity")),
       txtState(addText("txtState")), txtZip(addText("txtZip")), txtPhone(addText("txtPhone")),
       txtFax(addText("txtFax")), cmbStatus(addList("cmbStatus")), txtContact(addText("txtContact")),
-      btnSave(addButton("btnSave", "Save And Close")), btnExit(addButton("btnExit", "Exit"))
+      btnSave(addButton("btnSave", "Save And Close")), btnExit(addButton("btnExit", "Exit")),
+      m_record({.box = cmbWarehouse, .table = "Warehouse", .column = "Warehouse"}, cmbStatus)
 {
-    m_columns = BoundColumns({
+    m_record.bind({
         {txtAddress1, "Address1"},
         {txtAddress2, "Address2"},
         {txtCity, "City"},
@@ -55,23 +54,13 @@ void frmWarehouseEntry::layOut()
 
 void frmWarehouseEntry::formLoad()
 {
-    cmbStatus->addItem("Active");
-    cmbStatus->addItem("InActive");
-    fillCombo(cmbWarehouse, "SELECT * FROM Warehouse ORDER BY Warehouse", "Warehouse");
+    m_record.fillStatus();
+    m_record.fillKeys();
 }
 
 void frmWarehouseEntry::ShowWarehouse()
 {
-    if (cmbWarehouse->text().isEmpty())
-        return;
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Warehouse WHERE Warehouse = '" + cmbWarehouse->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        m_columns.blank();
-        cmbStatus->setText("Active");
-    } else {
-        m_columns.show(rs);
-    }
-    rs.Close();
+    m_record.show();
 }
 
 void frmWarehouseEntry::btnSave_Click()
@@ -80,16 +69,6 @@ void frmWarehouseEntry::btnSave_Click()
         MsgBox("Warehouse Name and Status are required.", "Required Fields");
         return;
     }
-    Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Warehouse WHERE Warehouse = '" + cmbWarehouse->text() + "'");
-    if (rs.Bof() && rs.Eof()) {
-        rs.AddNew();
-        rs.Fields("DateAdded") = Date::now();
-        rs.Fields("Warehouse") = cmbWarehouse->text();
-    } else {
-        rs.Edit();
-    }
-    m_columns.write(rs);
-    rs.Update();
-    rs.Close();
+    m_record.save();
     unload();
 }

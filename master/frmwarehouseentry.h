@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/toolkit/form.h"
-#include "master/boundcolumns.h"
+#include "master/masterrecord.h"
 
 /// Keeps the warehouses, keyed by the name typed: one that exists is changed, another one is added.
 class frmWarehouseEntry : public Form
@@ -23,5 +23,5 @@ private:
     ComboBox *cmbStatus;
     TextBox *txtContact;
     QPushButton *btnSave, *btnExit;
-    BoundColumns m_columns;
+    MasterRecord m_record;
 };

@@ -1,0 +1,93 @@
+#include "master/masterrecord.h"
+
+#include "app/toolkit/combobox.h"
+#include "app/toolkit/fillcombo.h"
+#include "app/toolkit/mainmod.h"
+#include "app/toolkit/textbox.h"
+#include <QCheckBox>
+
+namespace {
+void blank(QWidget *control)
+{
+    if (auto *check = qobject_cast<QCheckBox *>(control))
+        check->setChecked(false);
+    else if (auto *combo = qobject_cast<ComboBox *>(control))
+        combo->setText({});
+    else
+        static_cast<TextBox *>(control)->clear();
+}
+
+void showIn(QWidget *control, const Value &value)
+{
+    if (auto *check = qobject_cast<QCheckBox *>(control))
+        check->setChecked(!value.isNull() && value.toBoolean());
+    else if (auto *combo = qobject_cast<ComboBox *>(control))
+        combo->setText(value.joined());
+    else
+        static_cast<TextBox *>(control)->setText(value.joined());
+}
+
+/// True or False of a check box, the text of any other control.
+Value valueIn(const QWidget *control)
+{
+    if (const auto *check = qobject_cast<const QCheckBox *>(control))
+        return check->isChecked();
+    if (const auto *combo = qobject_cast<const ComboBox *>(control))
+        return combo->text();
+    return static_cast<const TextBox *>(control)->text();
+}
+} // namespace
+
+void MasterRecord::fillStatus() const
+{
+    m_status->addItem("Active");
+    m_status->addItem("InActive");
+}
+
+void MasterRecord::fillKeys() const
+{
+    fillCombo(m_key.box, QStringLiteral("SELECT * FROM ") + m_key.table + " ORDER BY " + m_key.column, m_key.column);
+}
+
+Recordset MasterRecord::find() const
+{
+    return gDatabase->OpenRecordset(QStringLiteral("SELECT * FROM ") + m_key.table + " WHERE " + m_key.column + " = '" +
+                                    m_key.box->text() + "'");
+}
+
+void MasterRecord::show() const
+{
+    if (m_key.box->text().isEmpty())
+        return;
+    Recordset rs = find();
+    if (rs.Bof() && rs.Eof()) {
+        for (const Bound &bound : m_columns)
+            blank(bound.control);
+        m_status->setText("Active");
+    } else {
+        for (const Bound &bound : m_columns)
+            showIn(bound.control, rs.Fields(bound.column).value());
+    }
+    rs.Close();
+}
+
+void MasterRecord::save() const
+{
+    Recordset rs = find();
+    const bool isNew = rs.Bof() && rs.Eof();
+    if (isNew) {
+        rs.AddNew();
+        rs.Fields("DateAdded") = Date::now();
+    } else {
+        rs.Edit();
+    }
+    if (isNew || m_key.writtenOnChange)
+        rs.Fields(m_key.column) = m_key.box->text();
+    for (const Bound &bound : m_columns) {
+        const Value value = valueIn(bound.control);
+        if (bound.written == Written::Always || !value.joined().isEmpty())
+            rs.Fields(bound.column) = value;
+    }
+    rs.Update();
+    rs.Close();
+}
