@@ -6,7 +6,7 @@
 namespace {
 double zeroIfNull(const Field &field)
 {
-    return field.isNull() ? 0 : Val(field.text());
+    return field.isNull() ? 0 : field.value().toDouble();
 }
 } // namespace
 
@@ -21,6 +21,7 @@ double OverdueBalance(const QString &Customer)
         "# Group By Customer,Invoice.Invoice,InvoiceDate,DueDate,Total");
     double balance = 0;
     while (!rs.Eof()) {
+        // Only the payments go through text; cents that don't add up exactly in the others leave their residue.
         balance += zeroIfNull(rs.Fields("Total")) - zeroIfNull(rs.Fields("Adj")) - Val(rs.Fields("Payment").joined());
         rs.MoveNext();
     }
@@ -51,8 +52,8 @@ void UpdateOrderStatus(const QString &OrderID)
     bool complete = true;
     while (!rs.Eof()) {
         // A line of quantity 0 that never shipped has no sum and keeps the order open for ever.
-        const Field shipped = rs.Fields("Shipped");
-        if (shipped.isNull() || zeroIfNull(rs.Fields("Ordered")) > Val(shipped.text()))
+        const Field ordered = rs.Fields("Ordered"), shipped = rs.Fields("Shipped");
+        if (shipped.isNull() || (!ordered.isNull() && ordered.value().toDouble() > Val(shipped.text())))
             complete = false;
         rs.MoveNext();
     }

@@ -50,6 +50,18 @@ TEST_F(OrderRoutines, OverdueBalanceTakesOffPaymentsAndWriteOffsNullBeingNothing
     EXPECT_EQ(OverdueBalance("Acme"), -5.25);
 }
 
+TEST_F(OrderRoutines, OverdueBalanceRoundsThePaymentsThroughTextAndNothingElse)
+{
+    const QString id = invoice("1", m_yesterday, 0.3);
+    pay(id, 0.1);
+    pay(id, 0.2);
+    EXPECT_EQ(OverdueBalance("Acme"), 0);
+    const QString other = invoice("1", m_yesterday, 0.3, "Other");
+    pay(other, 0, 0.1);
+    pay(other, 0, 0.2);
+    EXPECT_EQ(OverdueBalance("Other"), 0.3 - (0.1 + 0.2));
+}
+
 TEST_F(OrderRoutines, OverdueBalanceCountsInvoicesAlikeInEveryGroupedColumnOnce)
 {
     invoice("1", m_yesterday, 100);
