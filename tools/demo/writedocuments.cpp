@@ -46,10 +46,12 @@ void writeOrders(const Company &company, BulkLoad &file, Random &random)
             lines.add({id, ++item, double(line.qty), part.number, part.category, line.price, amount,
                        customerNumber(customer, line.part, random)});
         }
-        const Address &ship = customer.shipping;
+        // Of a customer that never said where to ship, the desk types what it is billed by.
+        const bool known = !customer.shipTo.isEmpty();
+        const Address &ship = known ? customer.shipping : customer.billing;
         orders.add({id, order.number, customer.name, company.warehouses[size_t(order.warehouse)].name, statusOf(order),
-                    Date(order.date), Date(order.due), customer.shipTo, ship.line1, ship.line2, ship.city, ship.state,
-                    ship.zip, ship.phone, ship.fax, Date(order.date), total});
+                    Date(order.date), Date(order.due), known ? customer.shipTo : customer.name, ship.line1, ship.line2,
+                    ship.city, ship.state, ship.zip, ship.phone, ship.fax, Date(order.date), total});
     }
 }
 
