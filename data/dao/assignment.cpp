@@ -35,9 +35,11 @@ Value date(const ColumnDef &column, const Value &value)
 {
     if (value.type() == Value::Type::Date)
         return value;
-    if (value.type() != Value::Type::Text)
-        return Date(value.toDouble());
-    const auto date = dateFromText(value.toText());
+    std::optional<Date> date;
+    if (value.type() == Value::Type::Text)
+        date = dateFromText(value.toText());
+    else if (const double serial = value.toDouble(); serial >= Date::Least && serial < Date::Beyond)
+        date = Date(serial);
     if (!date)
         refuse(column, value);
     return *date;

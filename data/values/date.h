@@ -9,6 +9,9 @@
 class Date
 {
 public:
+    /// The serials of the first day of the year 100 and of the day behind the last one of 9999.
+    static constexpr double Least = -657434, Beyond = 2958466;
+
     constexpr Date() = default;
     constexpr explicit Date(double serial) : m_serial(serial) {}
     explicit Date(QDate date);

@@ -14,7 +14,13 @@ struct Token
 
     bool isMark(QChar c) const { return kind == Kind::Mark && text[0] == c; }
     bool isNumber() const { return kind == Kind::Number; }
-    int number() const { return text.toInt(); }
+    /// Beyond every calendar when there are more digits than an int takes.
+    int number() const
+    {
+        bool fits = false;
+        const int value = text.toInt(&fits);
+        return fits ? value : std::numeric_limits<int>::max();
+    }
 };
 
 using Tokens = std::vector<Token>;

@@ -75,7 +75,7 @@ int digitValue(QChar c, int base)
 }
 
 /// "&H..", "&O.." or "&.." at the reader. Numbers of up to 16 and 32 bits are signed ones of that width, so that
-/// "&HFFFF" is -1. Nothing without digits.
+/// "&HFFFF" is -1; more bits than that are beyond the range, which infinity stands for. Nothing without digits.
 std::optional<double> takeRadixNumber(Reader &in)
 {
     if (in.peek() != u'&')
@@ -86,13 +86,27 @@ std::optional<double> takeRadixNumber(Reader &in)
     if (digitValue(in.peek(prefix), base) < 0)
         return std::nullopt;
     in.skip(prefix);
+    constexpr quint64 Most = 0xFFFFFFFF;
     quint64 bits = 0;
-    while (!in.atEnd() && digitValue(in.peek(), base) >= 0) {
-        bits = bits * base + digitValue(in.take(), base);
-        if (bits > 0xFFFFFFFF)
-            throw runtimeError(6);
-    }
+    while (!in.atEnd() && digitValue(in.peek(), base) >= 0)
+        bits = std::min(bits * base + digitValue(in.take(), base), Most + 1);
+    if (bits > Most)
+        return std::numeric_limits<double>::infinity();
     return bits <= 0xFFFF ? double(qint16(bits)) : double(qint32(quint32(bits)));
+}
+
+/// The decimal number at the reader: a sign, digits with one point, an exponent. 0 without digits.
+double takeLeadingNumber(Reader &in)
+{
+    QByteArray number;
+    if (in.peek() == u'+' || in.peek() == u'-')
+        number += in.take().toLatin1();
+    bool digits = false, point = false;
+    while (isDigit(in.peek()) || (in.peek() == u'.' && !point)) {
+        (in.peek() == u'.' ? point : digits) = true;
+        number += in.take().toLatin1();
+    }
+    return digits ? parsed(number + takeExponent(in)) : 0;
 }
 
 /// The strict reader behind IsNumeric: signs, a dollar sign and brackets may stand on both sides of the digits.
@@ -206,19 +220,7 @@ double Val(QStringView text)
             packed += c;
     }
     Reader in(packed);
-    if (in.peek() == u'&')
-        return takeRadixNumber(in).value_or(0);
-    QByteArray number;
-    if (in.peek() == u'+' || in.peek() == u'-')
-        number += in.take().toLatin1();
-    bool digits = false, point = false;
-    while (isDigit(in.peek()) || (in.peek() == u'.' && !point)) {
-        (in.peek() == u'.' ? point : digits) = true;
-        number += in.take().toLatin1();
-    }
-    if (!digits)
-        return 0;
-    const double value = parsed(number + takeExponent(in));
+    const double value = in.peek() == u'&' ? takeRadixNumber(in).value_or(0) : takeLeadingNumber(in);
     if (std::isinf(value))
         throw runtimeError(6);
     return value;

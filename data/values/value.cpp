@@ -64,8 +64,7 @@ bool booleanFromText(const QString &text)
 
 ::Date dateFromNumber(double serial)
 {
-    // From the year 100 to the end of 9999.
-    if (!(serial >= -657434 && serial < 2958466))
+    if (!(serial >= ::Date::Least && serial < ::Date::Beyond))
         throw runtimeError(6);
     return ::Date(serial);
 }

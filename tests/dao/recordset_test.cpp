@@ -119,6 +119,8 @@ TEST_F(RecordsetTest, ConvertsAValueAtItsAssignment)
         {"Z", "3/30/2011", Date(2011, 3, 30)},
         {"Z", "3/30/2011 2:00:00 PM", Date(Date(2011, 3, 30).serial() + 14 / 24.0)},
         {"Z", Date(1850, 1, 1), Date(1850, 1, 1)},
+        {"Z", 40000.5, Date(40000.5)},
+        {"Z", 1e10, {}, 3421},
         {"Z", "", {}, 3421},
         {"Z", "abc", {}, 3421},
         {"Y", true, true},

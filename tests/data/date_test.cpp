@@ -119,7 +119,7 @@ TEST(DateFromText, RefusesWhatIsNoDateInAnyReading)
 {
     for (const char *text :
          {"", " ", "abc", "2/29/2011", "13/13/2011", "2004/20/12", "3/30/2011 25:00", "3/30/2011 13:00 PM", "3//2011",
-          "3/30/2011/5", "30 Foo 2011", "Mar", "12", ":", "1:2:3:4", "/", "99999999999/1/1"}) {
+          "3/30/2011/5", "30 Foo 2011", "Mar", "12", ":", "1:2:3:4", "/", "99999999999/1/1", "99999999999:30"}) {
         EXPECT_FALSE(dateFromText(QString::fromUtf8(text))) << text;
         EXPECT_EQ(errorNumberOf([&] { CDate(QString::fromUtf8(text)); }), 13) << text;
     }

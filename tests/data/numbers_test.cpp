@@ -113,8 +113,12 @@ TEST(IsNumeric, RefusesAllOtherTextWhichIsATypeMismatchWhenConverted)
 
 TEST(IsNumeric, IsFalseForANumberBeyondTheRangeWhichConvertsToOverflow)
 {
-    EXPECT_FALSE(IsNumeric(u"1e400"));
-    EXPECT_EQ(errorNumberOf([] { CDbl(u"1e400"); }), 6);
+    for (const char16_t *text : {u"1e400", u"-1e400", u"&H100000000", u"&HFFFFFFFFFFFFFFFFFFFF", u"&O777777777777"}) {
+        EXPECT_FALSE(IsNumeric(text));
+        EXPECT_EQ(Format(QString::fromUtf16(text), MoneyBoxFormat), QString::fromUtf16(text));
+        EXPECT_EQ(errorNumberOf([&] { CDbl(text); }), 6);
+        EXPECT_EQ(errorNumberOf([&] { CInt(text); }), 6);
+    }
 }
 
 TEST(IsNumeric, PassesTextsWhoseLeadingNumberIsAnotherFigure)

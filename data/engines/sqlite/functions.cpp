@@ -66,10 +66,8 @@ void serial(sqlite3_context *context, sqlite3_value *value)
 
 void date(sqlite3_context *context, sqlite3_value *value)
 {
-    // The years 100 to 9999.
-    constexpr double first = -657434, beyondLast = 2958466;
     const double serial = sqlite3_value_double(value);
-    serial >= first &&serial < beyondLast ? give(context, Date(serial).toIso()) : raise(context, 3421);
+    serial >= Date::Least &&serial < Date::Beyond ? give(context, Date(serial).toIso()) : raise(context, 3421);
 }
 
 void dateOfText(sqlite3_context *context, sqlite3_value *value)
