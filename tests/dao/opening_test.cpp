@@ -1,5 +1,6 @@
 #include "data/schema/schema.h"
 #include "tests/dao/databasefile.h"
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -86,10 +87,21 @@ TEST(OpenDatabase, ReadOnlyRefusesEveryChange)
         DBEngine::OpenDatabase(file.path(), false, true, QStringLiteral(";pwd=") + DatabaseFile::Password);
     EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "A");
     EXPECT_EQ(errorNumberOf([&] { database->Execute("DELETE * FROM Part"); }), 3027);
-    Recordset part = database->OpenRecordset("SELECT * FROM Part");
-    part.Edit();
-    part.Fields("PartNo") = "B";
-    EXPECT_EQ(errorNumberOf([&] { part.Update(); }), 3027);
+    EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Part").Edit(); }), 3027);
+    EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Orders").AddNew(); }), 3027);
+}
+
+TEST(OpenDatabase, LeavesNothingBesideTheFileOnceItIsClosed)
+{
+    const DatabaseFile file;
+    for (const bool readOnly : {false, true}) {
+        {
+            const auto database = DBEngine::OpenDatabase(file.path(), false, readOnly,
+                                                         QStringLiteral(";journal=log;pwd=") + DatabaseFile::Password);
+            EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "");
+        }
+        EXPECT_EQ(QDir(file.folder()).entryList(QDir::Files).size(), 1) << readOnly;
+    }
 }
 
 TEST(CreateDatabase, MakesEveryTableWithTypesThatReadBackAsDeclared)

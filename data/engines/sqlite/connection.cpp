@@ -32,9 +32,10 @@ Connection::Connection(const ConnectionOptions &options) : m_file(options.file)
 {
     checkPath(options);
     sqlite3 *handle = nullptr;
-    const int access = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    const int code = sqlite3_open_v2(QFile::encodeName(options.file).constData(), &handle,
-                                     access | (options.create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX, nullptr);
+    // Not for reading alone, even where nothing is to be written: SQLite could not take the files of the log away
+    // again when it closes the file.
+    const int access = SQLITE_OPEN_READWRITE | (options.create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
+    const int code = sqlite3_open_v2(QFile::encodeName(options.file).constData(), &handle, access, nullptr);
     m_handle.reset(handle);
     if (code != SQLITE_OK)
         raise(code, {Doing::Opening, {}, {}});
@@ -59,7 +60,9 @@ void Connection::configure(const ConnectionOptions &options)
         run("PRAGMA locking_mode=EXCLUSIVE", opening);
     const bool log =
         options.journal == Journal::Log || (options.journal == Journal::ByMount && !liesOnNetwork(options.file));
-    if (!options.readOnly) {
+    if (options.readOnly) {
+        run("PRAGMA query_only=1", opening);
+    } else {
         // Not obeyed while another process uses the file the other way; then both go on in its way.
         Statement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
         const int code = mode.step();
