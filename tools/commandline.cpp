@@ -8,6 +8,7 @@
 #include "tools/demo.h"
 #include "tools/export.h"
 #include "tools/load.h"
+#include "tools/oneline.h"
 #include "tools/toolerror.h"
 #include <QFileInfo>
 
@@ -75,7 +76,7 @@ DemoOptions demoOptions(const QStringList &arguments)
 
 void demo(const QStringList &arguments)
 {
-    if (arguments.isEmpty() || arguments[0].startsWith(u"--"))
+    if (arguments.isEmpty() || arguments[0].startsWith(u'-'))
         throw ToolError{QStringLiteral("demo takes a FILE and options behind it")};
     const DemoOptions options = demoOptions(arguments.mid(1));
     refuseExisting(arguments[0]);
@@ -89,14 +90,27 @@ int check(const QString &file, QTextStream &out)
     return findings.isEmpty() ? 0 : 1;
 }
 
+/// One line, whatever names and texts of a file the message repeats.
+void tell(QTextStream &err, const QString &message)
+{
+    constexpr int Longest = 1000;
+    err << "tamrick-db: " << oneLine(message, Longest) << '\n';
+}
+
 /// Does what the first argument says; what goes wrong is thrown.
 int run(const QString &command, const QStringList &arguments, QTextStream &out)
 {
     const auto takes = [&](qsizetype count, const char *what) {
+        for (const QString &argument : arguments) {
+            if (argument.startsWith(u'-')) // a file of that name can still be given as ./-name
+                throw ToolError{QStringLiteral("%1 has no option '%2'").arg(command, argument)};
+        }
         if (arguments.size() != count)
             throw ToolError{QStringLiteral("%1 takes %2").arg(command, QLatin1String(what))};
     };
-    if (command == u"create") {
+    if (command == u"help" || command == u"--help" || arguments.contains(QStringLiteral("--help"))) {
+        out << Help;
+    } else if (command == u"create") {
         takes(1, "one FILE");
         refuseExisting(arguments[0]);
         createDatabase(arguments[0], Schema::Password.toString());
@@ -112,8 +126,6 @@ int run(const QString &command, const QStringList &arguments, QTextStream &out)
     } else if (command == u"export") {
         takes(2, "FILE and TABLE");
         exportTable(arguments[0], arguments[1], out);
-    } else if (command == u"--help" || command == u"help") {
-        out << Help;
     } else {
         throw ToolError{QStringLiteral("say create, demo, load, check or export (--help tells more)")};
     }
@@ -131,9 +143,9 @@ int runCommand(const QStringList &arguments, QTextStream &out, QTextStream &err)
             throw ToolError{QStringLiteral("cannot write the output")};
         return status;
     } catch (const ToolError &error) {
-        err << "tamrick-db: " << error.message << '\n';
+        tell(err, error.message);
     } catch (const RuntimeError &error) {
-        err << "tamrick-db: " << error.description() << '\n';
+        tell(err, error.description());
     }
     return 1;
 }

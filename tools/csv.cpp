@@ -49,6 +49,8 @@ void Reader::readField()
     const QString text = utf8(bytes);
     if (utf8.hasError())
         refuse(QStringLiteral("the text is not UTF-8"));
+    if (text.contains(QChar(0)))
+        refuse(QStringLiteral("a zero byte in the text"));
     m_fields.push_back(bytes.isEmpty() && !quoted ? Value() : Value(text));
 }
 

@@ -5,6 +5,7 @@
 #include "data/schema/schema.h"
 #include "data/values/conversions.h"
 #include "tools/csv.h"
+#include "tools/oneline.h"
 #include "tools/toolerror.h"
 #include <QFile>
 
@@ -107,7 +108,7 @@ private:
         } catch (const RuntimeError &error) {
             if (error.number() == 3163)
                 refuse(column.name, QStringLiteral("longer than %1 characters").arg(column.size));
-            refuse(column.name, QStringLiteral("'%1' is %2").arg(field.joined(), kindOf(column)));
+            refuse(column.name, QStringLiteral("'%1' is %2").arg(oneLine(field.joined()), kindOf(column)));
         }
     }
 
@@ -123,7 +124,7 @@ private:
 
     [[noreturn]] void refuse(const QString &column, const QString &reason) const
     {
-        throw ToolError{QStringLiteral("line %1, column '%2': %3").arg(m_reader.line()).arg(column, reason)};
+        throw ToolError{QStringLiteral("line %1, column '%2': %3").arg(m_reader.line()).arg(oneLine(column), reason)};
     }
 
     BulkLoad &m_load;

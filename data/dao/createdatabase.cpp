@@ -18,6 +18,8 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
     ConnectionOptions options;
     options.file = path;
     options.create = true;
+    // With the log a disk could turn out to be full only when the file is closed, which cannot fail any more.
+    options.journal = Journal::Rollback;
     Connection connection(options);
     const Doing defining{Doing::Defining, {}, QStringLiteral("create database")};
     Transaction transaction(connection, defining);
@@ -42,7 +44,8 @@ void createDatabase(const QString &path, const QString &password, const QByteArr
     try {
         fill(path, password, salt);
     } catch (...) {
-        QFile::remove(path);
+        if (!path.isEmpty())
+            QFile::remove(path);
         throw;
     }
 }

@@ -39,6 +39,8 @@ TEST_F(CheckTest, NamesTheTableAndTheRowsOfEachFault)
     } rows[] = {
         {"INSERT INTO Customer (Customer) SELECT upper(Customer) FROM Customer WHERE rowid = 1",
          "Customer: names that stand there twice: "},
+        {"UPDATE Customer SET Customer = 'a' || char(10) || 'b', Status = 'Gone' WHERE rowid = 1",
+         "Customer: Status is neither Active nor InActive: a b\n"},
         {"UPDATE Customer SET Status = 'Gone' WHERE rowid = 1", "Customer: Status is neither Active nor InActive: "},
         {"UPDATE Customer SET Days = 'x' WHERE rowid = 3", "Customer: no number in Days: row 3\n"},
         {"UPDATE Customer SET DateAdded = '3/30/2011' WHERE rowid = 3", "Customer: no date in DateAdded: row 3\n"},

@@ -46,9 +46,13 @@ TEST_F(ToolsTest, EveryWrongCallGivesOneLineAndAFailingStatus)
         const char *says;
     } rows[] = {
         {{}, "say create, demo, load, check or export (--help tells more)"},
+        {{""}, "say create, demo, load, check or export (--help tells more)"},
         {{"frobnicate"}, "say create, demo, load, check or export (--help tells more)"},
         {{"create"}, "create takes one FILE"},
         {{"create", "a", "b"}, "create takes one FILE"},
+        {{"create", ""}, "Not a valid file name."},
+        {{"create", "--overwrite"}, "create has no option '--overwrite'"},
+        {{"check", path("good.db"), "-v"}, "check has no option '-v'"},
         {{"load", "a", "b"}, "load takes FILE, TABLE and CSV"},
         {{"export", "a"}, "export takes FILE and TABLE"},
         {{"demo", "--scale", "3"}, "demo takes a FILE and options behind it"},
@@ -59,6 +63,9 @@ TEST_F(ToolsTest, EveryWrongCallGivesOneLineAndAFailingStatus)
         {{"demo", path("x.db"), "--until", "2/29/2011"}, "--until takes a date such as 2011-03-30, not '2/29/2011'"},
         {{"demo", path("x.db"), "--size=3"}, "demo has no option '--size=3'"},
         {{"create", path("nowhere/x.db")}, "is not a valid path."},
+        {{"create", path("no\nwhere/x.db")}, "is not a valid path."},
+        {{"check", path(".")}, "is not a valid path."},
+        {{"load", path("good.db"), "Orders", path(".")}, "cannot read"},
         {{"check", path("missing.db")}, "Could not find file"},
         {{"check", junk}, "Unrecognized database format"},
         {{"export", junk, "Orders"}, "Unrecognized database format"},
@@ -81,10 +88,13 @@ TEST_F(ToolsTest, EveryWrongCallGivesOneLineAndAFailingStatus)
 
 TEST_F(ToolsTest, HelpNamesEveryCommand)
 {
-    const Outcome outcome = run({"--help"});
-    EXPECT_EQ(outcome.status, 0);
-    for (const char *command : {"create FILE", "demo FILE", "load FILE TABLE CSV", "check FILE", "export FILE TABLE"})
-        EXPECT_TRUE(outcome.out.contains(command)) << command;
+    for (const QStringList &arguments : {QStringList{"--help"}, {"help"}, {"create", "--help"}, {"demo", "--help"}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 0);
+        for (const char *command :
+             {"create FILE", "demo FILE", "load FILE TABLE CSV", "check FILE", "export FILE TABLE"})
+            EXPECT_TRUE(outcome.out.contains(command)) << command;
+    }
 }
 
 TEST_F(ToolsTest, TheDemoCompanyEndsTodayUnlessTold)

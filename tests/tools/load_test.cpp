@@ -75,6 +75,10 @@ TEST_F(LoadTest, NamesLineAndColumnOfWhatItCannotTakeAndLoadsNothing)
         {"Part", "PartNo,Cost\nP1,1\n\"P2,2\n", "line 3, field 1: a quotation mark is never closed"},
         {"Part", "PartNo,Cost\n\"P2\"x,2\n", "line 2, field 1: text behind a closing quotation mark"},
         {"Part", "PartNo,Category\nP1,caf\xE9\n", "line 2, field 2: the text is not UTF-8"},
+        {"Part", QByteArray("PartNo\nA\0B\n", 11), "line 2, field 1: a zero byte in the text"},
+        {"Part", "PartNo,Cost\nP1,\"y\nz\"\n", "line 2, column 'Cost': 'y z' is no number"},
+        {"Part", "Cost\n" + QByteArray(5000, 'x'),
+         "line 2, column 'Cost': 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...' is no number"},
         {"Part", "", "line 1: no column names"},
     };
     for (const auto &row : rows) {

@@ -1,6 +1,7 @@
 #include "tools/check/findings.h"
 
 #include "data/engines/sqlite/connection.h"
+#include "tools/oneline.h"
 
 namespace check {
 
@@ -19,7 +20,7 @@ void Findings::add(const QString &table, const QString &fault, const QString &ro
     }
     Kind &kind = m_kinds.back();
     if (++kind.count <= Shown && !row.isEmpty())
-        kind.rows += row;
+        kind.rows += oneLine(row, 200);
 }
 
 QStringList Findings::lines() const
