@@ -7,8 +7,8 @@
 namespace {
 
 // What belongs to one of the two forms of a register layout only.
-constexpr std::array TotalsOnly{"secTotalsHeads", "secTotals"};
-constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal"};
+constexpr std::array TotalsOnly{"secTotalsHeads", "secTotals", "secTotalsOfGroup", "secTotalsGrandTotal"};
+constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal", "secGroupFooter1", "secGrandTotal"};
 
 void fillRegister(const QString &BeginDate, const QString &EndDate, const QString &Category)
 {

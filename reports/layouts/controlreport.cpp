@@ -1,17 +1,30 @@
 #include "reports/layouts/controlreport.h"
 
-void addSignatures(Layout &layout)
+void addSignatures(Layout &layout, const QStringList &captions)
 {
     Section section{.kind = Section::Kind::ReportFooter, .name = "secSignatures", .height = 70, .atPageBottom = true};
-    const QStringList captions{"Counted by / date", "Entered by / date", "Approved by / date"};
     const double gap = 18;
-    const double width = (layout.width() - gap * 2) / 3;
-    for (int i = 0; i < 3; ++i) {
+    const double width = (layout.width() - gap * double(captions.size() - 1)) / double(captions.size());
+    for (int i = 0; i < captions.size(); ++i) {
         const double x = i * (width + gap);
         section.objects.push_back(line({x, 48}, {x + width, 48}, 0.75, House::Ink));
         section.objects.push_back(text({x, 51, width, 0}, captions[i], {.size = 8, .color = House::Faint}));
     }
     layout.sections.insert(layout.sections.end() - 1, section);
+}
+
+void addBlanks(Layout &layout, const QString &heading)
+{
+    const std::vector<LayoutObject> &heads = sectionNamed(layout, "secHeads").objects;
+    const auto head =
+        std::find_if(heads.begin(), heads.end(), [&](const LayoutObject &object) { return object.content == heading; });
+    Q_ASSERT(head != heads.end());
+    Section &detail = sectionNamed(layout, "secDetail");
+    detail.height += 3;
+    for (LayoutObject &object : detail.objects)
+        object.place.translate(0, 3);
+    const double y = detail.height - 1;
+    detail.objects.push_back(line({head->place.left(), y}, {head->place.right(), y}));
 }
 
 void addFacts(Layout &layout, const std::vector<std::pair<QString, QString>> &facts)

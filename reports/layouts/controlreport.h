@@ -2,7 +2,9 @@
 
 #include "reports/runtime/layoutbuilder.h"
 
-/// Adds the lines on which those who counted, entered and approved a stock document sign, under its last row.
-void addSignatures(Layout &layout);
+/// Adds lines to sign on, at the foot of the last page.
+void addSignatures(Layout &layout, const QStringList &captions);
+/// Adds a line in each row under that column, to be filled in by hand.
+void addBlanks(Layout &layout, const QString &heading);
 /// Adds a block of captioned facts under the title: pairs of a caption and a formula text, two to a line.
 void addFacts(Layout &layout, const std::vector<std::pair<QString, QString>> &facts);

@@ -31,5 +31,6 @@ Layout crptARTranReport()
               {.heading = "Total", .source = "{Total}", .width = 66, .picture = Picture::Money, .total = true},
               {.heading = "Cost", .source = "{Cost}", .width = 64, .picture = Picture::Money, .total = true},
               {.heading = "Margin", .source = "{@Margin}", .width = 64, .picture = Picture::Money, .total = true}},
-         .textSize = 8});
+         .textSize = 8,
+         .ruled = true});
 }

@@ -13,6 +13,7 @@ TableReport flatTable(std::vector<Column> columns)
             .formulas = registerFormulas(),
             .columns = std::move(columns),
             .grandTotal = "",
+            .ruled = true,
             .exportAsTable = true};
 }
 
@@ -43,5 +44,9 @@ Layout crptAvailableInventoryExport()
     layout.sections.push_back(line);
     layout.sections.push_back({.kind = Section::Kind::GroupHeader, .group = 1, .name = "secPart"});
     layout.sections.push_back({.kind = Section::Kind::GroupFooter, .group = 1, .name = "secPartTotal"});
+    for (const char *name : {"secGroupFooter1", "secTotalsOfGroup"})
+        layout.sections.push_back({.kind = Section::Kind::GroupFooter, .group = 0, .name = name});
+    for (const char *name : {"secGrandTotal", "secTotalsGrandTotal"})
+        layout.sections.push_back({.kind = Section::Kind::ReportFooter, .name = name});
     return layout;
 }

@@ -25,25 +25,33 @@ static Section shipToSection(double width)
 /// All customers with terms and addresses, the active ones first; a second line for the ship-to address.
 Layout crptCustomerListing()
 {
-    Layout layout =
-        tableLayout({.title = "Customer Listing",
-                     .landscape = true,
-                     .groups = {{.by = "{Status}"}},
-                     .columns = {{.heading = "Customer", .source = "{Customer}", .width = 136},
-                                 {.heading = "Address",
-                                  .source = "{Address1} & (if Trim({Address2}) <> \"\" then \", \" & {Address2})",
-                                  .width = 132},
-                                 {.heading = "City", .source = "{City}", .width = 66},
-                                 {.heading = "State", .source = "{State}", .width = 30},
-                                 {.heading = "Zip", .source = "{Zip}", .width = 40},
-                                 {.heading = "Phone", .source = "{Phone}", .width = 70},
-                                 {.heading = "Fax", .source = "{Fax}", .width = 70},
-                                 {.heading = "Terms", .source = "{Terms}", .width = 66},
-                                 {.heading = "Days", .source = "{Days}", .width = 28, .picture = Picture::Whole},
-                                 {.heading = "Price sheet", .source = "{PriceSheet}", .width = 56},
-                                 {.heading = "Territory", .source = "{Territory}", .width = 58},
-                                 {.heading = "Added", .source = "{DateAdded}", .width = 48, .picture = Picture::Date}},
-                     .textSize = 8});
+    Layout layout = tableLayout(
+        {.title = "Customer Listing",
+         .landscape = true,
+         .groups = {{.by = "{Status}",
+                     .footing = "{Status} & \": \" & ToText(Count({Customer}, {Status}), 0) & "
+                                "\" customers\""}},
+         .columns = {{.heading = "Customer", .source = "{Customer}", .width = 140, .overflow = Overflow::Wrap},
+                     {.heading = "Address",
+                      .source = "{Address1} & (if Trim({Address2}) <> \"\" then \"\n\" & {Address2})",
+                      .width = 114,
+                      .overflow = Overflow::Wrap},
+                     {.heading = "City", .source = "{City}", .width = 66},
+                     {.heading = "State", .source = "{State}", .width = 28},
+                     {.heading = "Zip", .source = "{Zip}", .width = 38},
+                     {.heading = "Phone", .source = "{Phone}", .width = 70},
+                     {.heading = "Fax", .source = "{Fax}", .width = 70},
+                     {.heading = "Terms", .source = "{Terms}", .width = 74},
+                     {.heading = "Days", .source = "{Days}", .width = 24, .picture = Picture::Whole},
+                     {.heading = "Price sheet", .source = "{PriceSheet}", .width = 56},
+                     {.heading = "Territory", .source = "{Territory}", .width = 56},
+                     {.heading = "Added",
+                      .source = "{DateAdded}",
+                      .width = 48,
+                      .picture = Picture::Date,
+                      .align = Align::Right}},
+         .grandTotal = "\"All: \" & ToText(RecordCount, 0) & \" customers\"",
+         .textSize = 8});
     const auto detail = std::find_if(layout.sections.begin(), layout.sections.end(),
                                      [](const Section &section) { return section.name == "secDetail"; });
     layout.sections.insert(detail + 1, shipToSection(layout.width()));

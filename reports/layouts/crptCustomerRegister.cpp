@@ -31,10 +31,10 @@ Layout crptCustomerRegister()
                                     amountOf("Invoice", "Invoiced"),
                                     amountOf("Payment", "Paid"),
                                     amountOf("Adjustment", "Adjusted"),
-                                    {.heading = "Balance",
+                                    {.heading = "Balance\nof the period",
                                      .source = "{#Balance}",
-                                     .width = 76,
+                                     .width = 80,
                                      .picture = Picture::Money,
                                      .totalSource = "Sum({@Change}%1)"}},
-                        .grandTotal = "Total of the period"});
+                        .grandTotal = "\"Total of the period\""});
 }

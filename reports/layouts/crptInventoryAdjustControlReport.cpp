@@ -11,11 +11,10 @@ Layout crptInventoryAdjustControlReport()
               {.heading = "Category", .source = "{Category}", .width = 150},
               {.heading = "Adj. Qty", .source = "{Qty}", .width = 80, .picture = Picture::Quantity, .total = true},
               {.heading = "Checked", .source = "\"\"", .width = 60, .align = Align::Center}},
-         .grandTotal = "Total"});
-    addFacts(layout, {{"Adjustment", "{ID}"},
-                      {"Date", "ToText({Date})"},
-                      {"Warehouse", "{Warehouse}"},
-                      {"Last saved", "ToText({DateAdded})"}});
-    addSignatures(layout);
+         .grandTotal = "\"Total\""});
+    addFacts(layout,
+             {{"Adjustment", "{ID}"}, {"Date", "{Date}"}, {"Warehouse", "{Warehouse}"}, {"Last saved", "{DateAdded}"}});
+    addBlanks(layout, "Checked");
+    addSignatures(layout, {"Counted by / date", "Entered by / date", "Approved by / date"});
     return layout;
 }

@@ -30,5 +30,6 @@ Layout crptInventorySalesReport()
                       .source = "{@Value}",
                       .width = 80,
                       .picture = Picture::Money,
-                      .total = true}}});
+                      .total = true}},
+         .ruled = true});
 }

@@ -9,8 +9,9 @@ Layout crptNewAvailInv()
          .groups = {{.by = "{Warehouse}",
                      .heading = "\"Warehouse \" & {Warehouse}",
                      .footing = "\"Total warehouse \" & {Warehouse}"}},
-         .columns = {
-             {.heading = "Part No.", .source = "{PartNo}", .width = 240},
-             {.heading = "Available", .source = "{Avail}", .width = 80, .picture = Picture::Whole, .total = true},
-             {.heading = "", .source = "\"\"", .width = 120}}});
+         .columns =
+             {{.heading = "Part No.", .source = "{PartNo}", .width = 240},
+              {.heading = "Available", .source = "{Avail}", .width = 80, .picture = Picture::Whole, .total = true}},
+         .width = 340,
+         .ruled = true});
 }

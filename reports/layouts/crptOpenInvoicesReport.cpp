@@ -9,6 +9,15 @@ Column money(const QString &heading, const QString &source)
     return {.heading = heading, .source = source, .width = 62, .picture = Picture::Money, .total = true};
 }
 
+/// Most invoices stand in one of the ages and have neither adjustment nor receipt: nothing is left blank, so that the
+/// eye finds what there is.
+Column seldom(const QString &heading, const QString &source)
+{
+    Column column = money(heading, source);
+    column.blankIf = source + " = 0";
+    return column;
+}
+
 std::vector<Column> columns()
 {
     return {{.heading = "Invoice", .source = "{Invoice}", .width = 46},
@@ -16,13 +25,33 @@ std::vector<Column> columns()
             {.heading = "Due", .source = "{DueDate}", .width = 52, .picture = Picture::Date},
             {.heading = "Terms", .source = "{Terms}", .width = 62},
             money("Invoiced", "{@Invoiced}"),
-            money("Adjusted", "{@Adjusted}"),
-            money("Received", "{@Received}"),
+            seldom("Adjusted", "{@Adjusted}"),
+            seldom("Received", "{@Received}"),
             money("Balance", "{@Balance}"),
-            money("0 to 30", "{@Current}"),
-            money("31 to 60", "{@Over30}"),
-            money("61 to 90", "{@Over60}"),
-            money("Over 90", "{@Over90}")};
+            seldom("0 to 30", "{@Current}"),
+            seldom("31 to 60", "{@Over30}"),
+            seldom("61 to 90", "{@Over60}"),
+            seldom("Over 90", "{@Over90}")};
+}
+
+/// The total line of a customer as a row among others, for the summary.
+Section summaryLine(Section section)
+{
+    section.name = "secSummaryLine";
+    std::erase_if(section.objects, [](const LayoutObject &object) { return object.kind == LayoutObject::Kind::Line; });
+    double right = 0;
+    for (LayoutObject &object : section.objects) {
+        object.style.bold = false;
+        object.place.moveTop(1);
+        right = std::max(right, object.place.right());
+        if (object.content.startsWith("\"Total \""))
+            object.content = "{Customer}";
+        else if (!object.content.contains("@Invoiced") && !object.content.contains("@Balance"))
+            object.suppressIf = object.content + " = 0";
+    }
+    section.height = lineHeight(section.objects.front().style.size) + 2.5;
+    section.objects.push_back(line({0, section.height}, {right, section.height}, 0.3, House::Hair));
+    return section;
 }
 
 } // namespace
@@ -44,9 +73,9 @@ Layout crptOpenInvoicesReport()
                                     {"InvoiceHeads", "shown"}},
                      .formulas = openInvoiceFormulas(),
                      .groups = {{.by = "{Customer}",
-                                 .heading = "{Customer} & (if Trim({Phone}) <> \"\" then \"     Phone \" & {Phone}) & "
-                                            "(if Trim({Fax}) <> \"\" then \"     Fax \" & {Fax})",
-                                 .footing = "if {?InvoiceHeads} = \"\" then {Customer} else \"Total \" & {Customer}",
+                                 .beside = "(if Trim({Phone}) <> \"\" then \"Phone \" & {Phone}) & (if Trim({Fax}) <> "
+                                           "\"\" then \"     Fax \" & {Fax})",
+                                 .footing = "\"Total \" & {Customer}",
                                  .keepTogether = true}},
                      .columns = columns(),
                      .suppressDetail = "{@IsOpen} = 0",
@@ -57,7 +86,11 @@ Layout crptOpenInvoicesReport()
     Section &header = sectionNamed(layout, "secGroupHeader1");
     header.name = "CustomerHeader";
     header.suppressIf = nothingOpen;
-    sectionNamed(layout, "secGroupFooter1").suppressIf = nothingOpen;
+    Section &footer = sectionNamed(layout, "secGroupFooter1");
+    Section summary = summaryLine(footer);
+    footer.suppressIf = nothingOpen + " or {?InvoiceHeads} = \"\"";
+    summary.suppressIf = nothingOpen + " or {?InvoiceHeads} <> \"\"";
+    layout.sections.push_back(summary);
 
     // The summary's heads: those of the amounts, with the customer in place of the invoice's own columns.
     Section &heads = sectionNamed(layout, "secHeads");

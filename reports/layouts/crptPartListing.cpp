@@ -7,7 +7,8 @@ Layout crptPartListing()
     return tableLayout(
         {.title = "Part Listing",
          .landscape = true,
-         .groups = {{.by = "{Status}", .footing = "ToText(Count({PartNo}, {Status})) & \" parts \" & {Status}"}},
+         .groups = {{.by = "{Status}",
+                     .footing = "{Status} & \": \" & ToText(Count({PartNo}, {Status}), 0) & \" parts\""}},
          .columns = {{.heading = "Part No.", .source = "{PartNo}", .width = 84},
                      {.heading = "Category", .source = "{Category}", .width = 106},
                      {.heading = "Vendor", .source = "{Vendor}", .width = 92},
@@ -24,6 +25,7 @@ Layout crptPartListing()
                       .width = 52,
                       .picture = Picture::Date,
                       .align = Align::Right}},
-         .grandTotal = "",
-         .textSize = 8});
+         .grandTotal = "\"All: \" & ToText(RecordCount, 0) & \" parts\"",
+         .textSize = 8,
+         .ruled = true});
 }

@@ -14,5 +14,6 @@ Layout crptSalesByWhsePartExport()
                         .parameters = salesPeriodParameters(),
                         .columns = columns,
                         .grandTotal = "",
+                        .ruled = true,
                         .exportAsTable = true});
 }

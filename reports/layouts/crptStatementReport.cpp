@@ -87,10 +87,12 @@ Layout crptStatementReport()
          text({318, 0, 70, 0}, "Amount", {}, Align::Right), text({394, 0, 70, 0}, "Credits", {}, Align::Right),
          text({470, 0, 70, 0}, "Balance", {}, Align::Right)},
         width);
+    Section nobody = nothingSection(width, "No customer who gets statements has an open balance.");
+    nobody.suppressIf = "Sum({@IsOpen}) > 0";
     for (const Section &section :
          {ofCustomer(head[0], NothingOpen + " or InRepeatedGroupHeader"),
           ofCustomer(head[1], NothingOpen + " or not InRepeatedGroupHeader"), ofCustomer(columns, NothingOpen),
-          statementLine(), amountDue(width), pageFooter(width, layout.title)})
+          statementLine(), amountDue(width), nobody, pageFooter(width, layout.title)})
         layout.sections.push_back(section);
     return layout;
 }

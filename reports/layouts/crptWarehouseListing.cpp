@@ -7,10 +7,11 @@ Layout crptWarehouseListing()
     return tableLayout(
         {.title = "Warehouse Listing",
          .landscape = true,
-         .groups = {{.by = "{Status}"}},
+         .groups = {{.by = "{Status}",
+                     .footing = "{Status} & \": \" & ToText(Count({WareHouse}, {Status}), 0) & \" warehouses\""}},
          .columns = {{.heading = "Warehouse", .source = "{WareHouse}", .width = 100},
                      {.heading = "Address",
-                      .source = "{Address1} & (if Trim({Address2}) <> \"\" then \", \" & {Address2})",
+                      .source = "{Address1} & (if Trim({Address2}) <> \"\" then \"\n\" & {Address2})",
                       .width = 170,
                       .overflow = Overflow::Wrap},
                      {.heading = "City", .source = "{City}", .width = 84},
@@ -19,6 +20,11 @@ Layout crptWarehouseListing()
                      {.heading = "Phone", .source = "{Phone}", .width = 74},
                      {.heading = "Fax", .source = "{Fax}", .width = 74},
                      {.heading = "Contact", .source = "{Contact}", .width = 86},
-                     {.heading = "Added", .source = "{DateAdded}", .width = 50, .picture = Picture::Date}},
+                     {.heading = "Added",
+                      .source = "{DateAdded}",
+                      .width = 50,
+                      .picture = Picture::Date,
+                      .align = Align::Right}},
+         .grandTotal = "\"All: \" & ToText(RecordCount, 0) & \" warehouses\"",
          .textSize = 8});
 }

@@ -1,8 +1,5 @@
 #include "reports/layouts/document.h"
 
-#include <QCoreApplication>
-#include <QFile>
-
 namespace {
 
 const TextStyle Small{.size = 8, .color = House::Faint};
@@ -31,21 +28,6 @@ void addLetterhead(Section &section)
 }
 
 } // namespace
-
-Letterhead letterhead()
-{
-    Letterhead result{"Tamrick", {}};
-    QFile file(QCoreApplication::applicationDirPath() + "/letterhead.txt");
-    if (!file.open(QIODevice::ReadOnly))
-        return result;
-    QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
-    for (QString &line : lines)
-        line = line.trimmed();
-    lines.removeAll({});
-    if (!lines.isEmpty())
-        result = {lines.first(), lines.mid(1)};
-    return result;
-}
 
 QString addressBlock(const QString &name, const QString &address1, const QString &address2, const QString &city,
                      const QString &state, const QString &zip)

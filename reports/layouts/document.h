@@ -1,19 +1,10 @@
 #pragma once
 
 #include "reports/runtime/layoutbuilder.h"
-#include <QStringList>
+#include "reports/runtime/letterhead.h"
 
 // What the documents that leave the house share: letterhead, address blocks where a window envelope shows them, the
 // box of particulars, and the short head of further pages.
-
-/// The sender, as the file `letterhead.txt` beside the program has it: the name in the first line, address lines below.
-/// Without the file the house name alone.
-struct Letterhead
-{
-    QString name;
-    QStringList lines;
-};
-Letterhead letterhead();
 
 /// A formula text that gives name and address in lines, leaving out empty ones. The fields are the dataset's names
 /// ("ShipTo", "ShipToAddress1" ...).

@@ -9,13 +9,11 @@ Column quantity(const QString &heading, const QString &source)
 
 std::vector<Column> detailColumns()
 {
-    Column qty = quantity("Qty", "{Qty}");
-    qty.total = true;
     Column balance = quantity("Balance", "{#Balance}");
     balance.totalSource = "Sum({Qty}%1)";
     return {{.heading = "Date", .source = "{Date}", .width = 60, .picture = Picture::Date},
             {.heading = "Movement", .source = "{@Movement}", .width = 196},
-            qty,
+            quantity("Qty", "{Qty}"),
             balance,
             {.heading = "Cost", .source = "{Cost}", .width = 60, .picture = Picture::Money},
             {.heading = "Value",
@@ -38,15 +36,22 @@ std::vector<NamedFormula> registerFormulas()
 
 std::vector<Column> registerTotalColumns(const QString &innerField, const QString &innerHeading)
 {
-    const auto sum = [&](const QString &of) { return "Sum(" + of + ", " + innerField + ")"; };
+    const auto sum = [&](const QString &heading, const QString &of) {
+        Column column = quantity(heading, "Sum(" + of + ", " + innerField + ")");
+        column.totalSource = "Sum(" + of + "%1)";
+        return column;
+    };
+    Column value = sum("Value", "{@Value}");
+    value.width = 78;
+    value.picture = Picture::Money;
     return {
         {.heading = innerHeading, .source = innerField, .width = 150},
-        quantity("Beginning", sum("{@Beginning}")),
-        quantity("In", sum("{@In}")),
-        quantity("Out", sum("{@Out}")),
-        quantity("Balance", sum("{Qty}")),
+        sum("Beginning", "{@Beginning}"),
+        sum("In", "{@In}"),
+        sum("Out", "{@Out}"),
+        sum("Balance", "{Qty}"),
         {.heading = "Cost", .source = "Maximum({Cost}, " + innerField + ")", .width = 60, .picture = Picture::Money},
-        {.heading = "Value", .source = sum("{@Value}"), .width = 78, .picture = Picture::Money}};
+        value};
 }
 
 Layout inventoryRegister(const QString &title, const TableGroup &outer, const QString &innerField,
@@ -64,17 +69,22 @@ Layout inventoryRegister(const QString &title, const TableGroup &outer, const QS
     sectionNamed(layout, "secGroupHeader2").name = "secPart";
     sectionNamed(layout, "secGroupFooter2").name = "secPartTotal";
 
-    Layout totals =
-        tableLayout({.title = title, .columns = registerTotalColumns(innerField, innerHeading), .grandTotal = ""});
-    Section heads = sectionNamed(totals, "secHeads");
-    heads.name = "secTotalsHeads";
-    Section line = sectionNamed(totals, "secDetail");
+    // The totals-only form has sections of its own, down to the totals: its columns stand elsewhere.
+    Layout totals = tableLayout(
+        {.title = title, .groups = {outer}, .columns = registerTotalColumns(innerField, innerHeading), .ruled = true});
+    const auto take = [&totals](const QString &name, const QString &as) {
+        Section section = sectionNamed(totals, name);
+        section.name = as;
+        return section;
+    };
+    Section line = take("secDetail", "secTotals");
     line.kind = Section::Kind::GroupFooter;
     line.group = 1;
-    line.name = "secTotals";
     const auto behindHeads = std::find_if(layout.sections.begin(), layout.sections.end(),
                                           [](const Section &section) { return section.name == "secHeads"; });
-    layout.sections.insert(behindHeads + 1, heads);
+    layout.sections.insert(behindHeads + 1, take("secHeads", "secTotalsHeads"));
     layout.sections.push_back(line);
+    layout.sections.push_back(take("secGroupFooter1", "secTotalsOfGroup"));
+    layout.sections.push_back(take("secGrandTotal", "secTotalsGrandTotal"));
     return layout;
 }

@@ -7,6 +7,22 @@ Column quantity(const QString &heading, const QString &source)
     return {.heading = heading, .source = source, .width = 66, .picture = Picture::Quantity, .total = true};
 }
 
+/// What goes into a figure. Its totals are taken over the rows that are shown, for the planner to add them up.
+Column ingredient(const QString &heading, const QString &name, const QString &source)
+{
+    Column column = quantity(heading, source);
+    column.totalSource = "Sum({@Shown" + name + "}%1)";
+    return column;
+}
+
+/// The same with two decimals, for averages.
+Column average(const QString &heading, const QString &name)
+{
+    Column column = ingredient(heading, name, "{@" + name + "}");
+    column.picture = Picture::Money;
+    return column;
+}
+
 } // namespace
 
 Layout productionLayout(const QString &title, const TableGroup &group, const Column &first)
@@ -25,11 +41,17 @@ Layout productionLayout(const QString &title, const TableGroup &group, const Col
                       {"SuppressRow", "false"},
                       {"Explanation", "\"Average of \" & {?txtMonths} & \" months' sales x \" & {?txtReq} & "
                                       "\" + committed - on hand, never below 0, in whole units\""},
-                      {"SuppressPart", "false"}},
+                      {"SuppressPart", "false"},
+                      {"ShownSold", "if {@SuppressRow} then 0 else {SumQtySold}"},
+                      {"ShownAverage", "if {@SuppressRow} then 0 else {@Average}"},
+                      {"ShownWanted", "if {@SuppressRow} then 0 else {@Wanted}"},
+                      {"ShownCommitted", "if {@SuppressRow} then 0 else {SumQtyCommitted}"},
+                      {"ShownOnHand", "if {@SuppressRow} then 0 else {SumQtyOnHand}"}},
          .groups = {group},
-         .columns = {first, quantity("Sold", "{SumQtySold}"), quantity("Average\na month", "{@Average}"),
-                     quantity("Average x\nrequirements", "{@Wanted}"), quantity("Committed", "{SumQtyCommitted}"),
-                     quantity("On hand", "{SumQtyOnHand}"), requirement},
+         .columns = {first, ingredient("Sold", "Sold", "{SumQtySold}"), average("Average\na month", "Average"),
+                     average("Average x\nrequirements", "Wanted"),
+                     ingredient("Committed", "Committed", "{SumQtyCommitted}"),
+                     ingredient("On hand", "OnHand", "{SumQtyOnHand}"), requirement},
          .suppressDetail = "{@SuppressRow}"});
     return layout;
 }

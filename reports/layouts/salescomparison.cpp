@@ -9,7 +9,7 @@ void addPeriod(std::vector<Column> &columns, const QString &period, const QStrin
     const auto column = [&](const QString &heading, const QString &source) {
         return Column{.heading = heading,
                       .source = source,
-                      .width = 46,
+                      .width = 42,
                       .picture = Picture::Money,
                       .total = true,
                       .over = period};
@@ -29,7 +29,7 @@ void addGrowth(std::vector<Column> &columns, const QString &period, const QStrin
          .source = QString("if IsNull({%2}) then {%2} else if {%2} = 0 then 0 else if IsNull({%1}) then -1 else "
                            "({%1} - {%2}) / {%2}")
                        .arg(sales, lastYear),
-         .width = 36,
+         .width = 30,
          .picture = Picture::Percent,
          .totalSource = "if Sum({" + lastYear + "}%1) = 0 then 0 else (Sum({" + sales + "}%1) - Sum({" + lastYear +
                         "}%1)) / Sum({" + lastYear + "}%1)",
@@ -40,7 +40,7 @@ void addGrowth(std::vector<Column> &columns, const QString &period, const QStrin
 
 Layout salesComparison(const QString &title, std::vector<TableGroup> groups)
 {
-    std::vector<Column> columns = {{.heading = "Customer", .source = "{Customer}", .width = 108}};
+    std::vector<Column> columns = {{.heading = "Customer", .source = "{Customer}", .width = 104}};
     addPeriod(columns, "Period", "CPS", "CPC");
     addPeriod(columns, "Same period last year", "LPS", "LPC");
     addGrowth(columns, "", "CPS", "LPS");
@@ -53,5 +53,7 @@ Layout salesComparison(const QString &title, std::vector<TableGroup> groups)
                         .parameters = salesPeriodParameters(),
                         .groups = std::move(groups),
                         .columns = columns,
-                        .textSize = 7});
+                        .textSize = 7,
+                        .gap = 4,
+                        .ruled = true});
 }

@@ -1,5 +1,6 @@
 #include "data/values/conversions.h"
 #include "reports/runtime/formulanodes.h"
+#include "reports/runtime/rowstore.h"
 #include <QLocale>
 #include <QMap>
 
@@ -123,6 +124,8 @@ FormulaPtr contextFunction(const QString &name)
         return computed(Type::Number, [](const FormulaContext &c) { return Value(double(c.pageCount)); });
     if (name == "pagenofm")
         return computed(Type::Text, [](const FormulaContext &c) { return Value(pageText(c)); });
+    if (name == "recordcount")
+        return computed(Type::Number, [](const FormulaContext &c) { return Value(double(c.rows->rowCount())); });
     if (name == "printdate")
         return computed(Type::Date, [](const FormulaContext &c) { return Value(Date(c.printed.date())); });
     if (name == "printtime")

@@ -13,8 +13,8 @@
 
 enum class Align { Left, Center, Right };
 
-/// How a value is printed. Money puts negative amounts in parentheses; Quantity shows decimals only where there are
-/// any; Price is Money with up to four decimals; Percent takes the ratio (0.25 prints "25.0%").
+/// How a value is printed, negative figures in parentheses. Money has two decimals; Quantity shows decimals only where
+/// there are any; Price is Money with up to four decimals; Percent takes the ratio (0.25 prints "25.0%").
 enum class Picture { General, Whole, Quantity, Money, Price, Dollars, Percent, Date, DateTime };
 
 /// What happens to a text wider than its place: cut with an ellipsis, or broken into lines that push the section's

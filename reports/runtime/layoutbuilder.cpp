@@ -1,8 +1,8 @@
 #include "reports/runtime/layoutbuilder.h"
 
-namespace {
+#include "reports/runtime/letterhead.h"
 
-constexpr double Gap = 6; ///< between columns
+namespace {
 
 bool isNumber(Picture picture)
 {
@@ -21,18 +21,32 @@ Align alignOf(const Column &column)
     return column.align.value_or(isNumber(column.picture) ? Align::Right : Align::Left);
 }
 
+/// The space between a column and the next. Where figures end and words begin it takes more to tell them apart.
+double gapBehind(const TableReport &report, size_t column)
+{
+    if (column + 1 == report.columns.size())
+        return 0;
+    const bool meets =
+        alignOf(report.columns[column]) == Align::Right && alignOf(report.columns[column + 1]) == Align::Left;
+    return meets ? report.gap * 2 : report.gap;
+}
+
 /// Where each column stands: left edge and width.
 std::vector<QRectF> columnPlaces(const TableReport &report, double width)
 {
     double wanted = 0;
-    for (const Column &column : report.columns)
-        wanted += column.width;
-    const double stretch = (width - Gap * double(report.columns.size() - 1)) / wanted;
+    double gaps = 0;
+    for (size_t i = 0; i < report.columns.size(); ++i) {
+        wanted += report.columns[i].width;
+        gaps += gapBehind(report, i);
+    }
+    const double stretch = (width - gaps) / wanted;
     std::vector<QRectF> places;
     double x = 0;
-    for (const Column &column : report.columns) {
-        places.emplace_back(x, 0, column.width * stretch, 0);
-        x += column.width * stretch + Gap;
+    for (size_t i = 0; i < report.columns.size(); ++i) {
+        const double wide = report.columns[i].width * stretch;
+        places.emplace_back(x, 0, wide, 0);
+        x += wide + gapBehind(report, i);
     }
     return places;
 }
@@ -40,9 +54,9 @@ std::vector<QRectF> columnPlaces(const TableReport &report, double width)
 Section titleSection(const TableReport &report, double width)
 {
     Section section{.kind = Section::Kind::PageHeader, .name = "secTitle"};
-    section.objects = {text({0, 0, width * 0.75, 0}, report.title, {.size = 15, .bold = true, .color = House::Ink}),
-                       value({width * 0.75, 5, width * 0.25, 0}, "\"Printed \" & ToText(PrintDate)",
-                             {.size = 8, .color = House::Faint}, Align::Right)};
+    section.objects = {
+        text({0, 0, width * 0.6, 0}, report.title, {.size = 15, .bold = true, .color = House::Ink}),
+        text({width * 0.6, 3, width * 0.4, 0}, letterhead().name, {.size = 10, .color = House::Faint}, Align::Right)};
     if (!report.subtitle.isEmpty())
         section.objects.push_back(value({0, 20, width, 0}, report.subtitle, {.size = 9, .color = House::Faint}));
     section.height = report.subtitle.isEmpty() ? 28 : 40;
@@ -117,7 +131,7 @@ QString totalOf(const Column &column, const QString &groupBy)
     return "Sum(" + column.source + within + ")";
 }
 
-/// A line of totals under a rule: the caption left of the first summed column, the sums in their columns.
+/// A line of totals under rules: the caption left of the first summed column, the sums in their columns.
 std::vector<LayoutObject> totalLine(const TableReport &report, const std::vector<QRectF> &places,
                                     const QString &caption, const QString &groupBy, double thickness)
 {
@@ -131,7 +145,7 @@ std::vector<LayoutObject> totalLine(const TableReport &report, const std::vector
         objects.push_back(line({places[i].x(), 1}, {places[i].right(), 1}, thickness));
         objects.push_back(cell(report.columns[i], places[i], 2.5, totalOf(report.columns[i], groupBy), style));
     }
-    objects.push_back(value({0, 2.5, firstTotal > Gap ? firstTotal - Gap : 0, 0}, caption, style));
+    objects.push_back(value({0, 2.5, std::max(0.0, firstTotal - report.gap), 0}, caption, style));
     return objects;
 }
 
@@ -140,22 +154,35 @@ bool anyTotal(const TableReport &report)
     return std::any_of(report.columns.begin(), report.columns.end(), hasTotal);
 }
 
+/// Heading lines of the same weight, told apart by size; the outer one of several is underlined.
+Section groupHeader(const TableReport &report, int level, double width)
+{
+    const TableGroup &group = report.groups[level];
+    const bool isOuter = level + 1 < int(report.groups.size());
+    const TextStyle style{.size = report.textSize + (isOuter ? 2.0 : 0.5), .bold = true, .color = House::Ink};
+    const double wide = group.beside.isEmpty() ? width : width * 0.55;
+    const QString heading = group.heading.isEmpty() ? "ToText(" + group.by + ")" : group.heading;
+    Section section{.kind = Section::Kind::GroupHeader,
+                    .group = level,
+                    .name = "secGroupHeader" + QString::number(level + 1),
+                    .height = lineHeight(style.size) + (isOuter ? 7 : 4)};
+    section.objects = {value({0, 3, wide, 0}, heading + " & (if InRepeatedGroupHeader then \" (continued)\")", style)};
+    if (!group.beside.isEmpty())
+        section.objects.push_back(value({wide, 3.5, width - wide, 0}, group.beside,
+                                        {.size = report.textSize, .color = House::Faint}, Align::Right));
+    if (isOuter)
+        section.objects.push_back(line({0, section.height - 2.5}, {width, section.height - 2.5}));
+    return section;
+}
+
 void addGroup(Layout &layout, const TableReport &report, const std::vector<QRectF> &places, int level)
 {
     const TableGroup &group = report.groups[level];
     layout.groups.push_back({.by = group.by, .newPageBefore = group.newPageBefore, .keepTogether = group.keepTogether});
     const QString number = QString::number(level + 1);
-    const double indent = 8.0 * level;
-    if (group.header) {
-        const QString heading = group.heading.isEmpty() ? "ToText(" + group.by + ")" : group.heading;
-        Section section{.kind = Section::Kind::GroupHeader, .group = level, .name = "secGroupHeader" + number};
-        section.objects = {value(
-            {indent, 3, layout.width() - indent, 0}, heading + " & (if InRepeatedGroupHeader then \" (continued)\")",
-            {.size = report.textSize + (level == 0 ? 1.0 : 0.5), .bold = true, .color = House::Ink})};
-        section.height = lineHeight(report.textSize + 1) + 4;
-        layout.sections.push_back(section);
-    }
-    if (group.footer && anyTotal(report)) {
+    if (group.header)
+        layout.sections.push_back(groupHeader(report, level, layout.width()));
+    if (group.footer && (anyTotal(report) || !group.footing.isEmpty())) {
         const QString caption = group.footing.isEmpty() ? "\"Total \" & ToText(" + group.by + ")" : group.footing;
         Section section{.kind = Section::Kind::GroupFooter, .group = level, .name = "secGroupFooter" + number};
         section.objects = totalLine(report, places, caption, group.by, 0.5);
@@ -214,6 +241,15 @@ LayoutObject named(const QString &name, LayoutObject object)
     return object;
 }
 
+Section nothingSection(double width, const QString &words)
+{
+    return {.kind = Section::Kind::ReportFooter,
+            .name = "secNothing",
+            .height = 24,
+            .objects = {text({0, 6, width, 0}, words, {.size = 9, .italic = true, .color = House::Faint})},
+            .suppressIf = "RecordCount > 0"};
+}
+
 Section pageFooter(double width, const QString &title)
 {
     const TextStyle style{.size = 8, .color = House::Faint};
@@ -234,9 +270,9 @@ Layout tableLayout(const TableReport &report)
                   .formulas = report.formulas,
                   .runningTotals = report.runningTotals,
                   .exportAsTable = report.exportAsTable};
-    const double width = layout.width();
+    const double width = report.width > 0 ? report.width : layout.width();
     const std::vector<QRectF> places = columnPlaces(report, width);
-    layout.sections.push_back(titleSection(report, width));
+    layout.sections.push_back(titleSection(report, layout.width()));
     layout.sections.push_back(headsSection(report, places, width));
 
     Section detail{.kind = Section::Kind::Detail, .name = "secDetail", .suppressIf = report.suppressDetail};
@@ -246,17 +282,22 @@ Layout tableLayout(const TableReport &report)
         detail.objects.back().suppressIf = report.columns[i].blankIf;
     }
     detail.height = lineHeight(report.textSize) + 2.5;
+    if (report.ruled)
+        detail.objects.push_back(line({0, detail.height}, {width, detail.height}, 0.3, House::Hair));
     layout.sections.push_back(detail);
 
     for (int level = 0; level < int(report.groups.size()); ++level)
         addGroup(layout, report, places, level);
-    if (!report.grandTotal.isEmpty() && anyTotal(report)) {
+    layout.sections.push_back(nothingSection(width));
+    if (!report.grandTotal.isEmpty()) {
         Section total{.kind = Section::Kind::ReportFooter, .name = "secGrandTotal"};
-        total.objects = totalLine(report, places, "\"" + report.grandTotal + "\"", {}, 1);
+        total.objects = totalLine(report, places, report.grandTotal, {}, 1);
+        total.objects.insert(total.objects.begin(),
+                             box({0, 1.5, width, lineHeight(report.textSize) + 3}, House::Tint, 0));
         total.height = lineHeight(report.textSize) + 8;
         layout.sections.push_back(total);
     }
-    layout.sections.push_back(pageFooter(width, report.title));
+    layout.sections.push_back(pageFooter(layout.width(), report.title));
     return layout;
 }
 

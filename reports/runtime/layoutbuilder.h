@@ -10,6 +10,7 @@ namespace House {
 inline const QColor Ink{0x1f, 0x2a, 0x37};
 inline const QColor Faint{0x6b, 0x72, 0x80};
 inline const QColor Rule{0x9c, 0xa3, 0xaf};
+inline const QColor Hair{0xd9, 0xdd, 0xe3};
 inline const QColor Tint{0xee, 0xf1, 0xf5};
 } // namespace House
 
@@ -28,6 +29,9 @@ LayoutObject wrapping(LayoutObject object, int maxLines = 3);
 /// The same object under a name, for routines.
 LayoutObject named(const QString &name, LayoutObject object);
 
+/// What stands in place of the rows where there are none.
+Section nothingSection(double width, const QString &words = "There is nothing in this selection.");
+
 /// Printed on the left the document's title and the moment of printing, on the right "Page n of m".
 Section pageFooter(double width, const QString &title);
 
@@ -36,7 +40,7 @@ struct Column
 {
     QString heading;
     QString source;    ///< a formula text: "{Customer}", "{Qty} * {Cost}"
-    double width = 60; ///< in points; all columns are stretched evenly to fill the page
+    double width = 60; ///< in points; all columns are stretched evenly to fill the table
     Picture picture = Picture::General;
     std::optional<Align> align = {}; ///< unset: right for numbers by picture, left for the rest
     /// Its sum stands in group footers and in the grand total.
@@ -56,15 +60,17 @@ struct TableGroup
 {
     QString by;
     QString heading = {}; ///< formula text of the heading; empty: the value of `by`
-    QString footing = {}; ///< formula text of the total line's caption; empty: "Total " and the value of `by`
+    QString beside = {};  ///< formula text that stands small at the right end of the heading line
+    /// Formula text of the total line's caption; empty: "Total " and the value of `by`, if any column has a total.
+    QString footing = {};
     bool header = true;
     bool footer = true;
     bool newPageBefore = false;
     bool keepTogether = false;
 };
 
-/// A ledger-like report: title and parameter line on every page, repeated column heads, groups with totals, a grand
-/// total, page footer.
+/// A ledger-like report: title, house and parameter line on every page, repeated column heads, groups with totals, a
+/// grand total, page footer. Without any rows it says so.
 struct TableReport
 {
     QString title;
@@ -77,8 +83,11 @@ struct TableReport
     std::vector<Column> columns = {};
     /// Hides the detail row where it yields True.
     QString suppressDetail = {};
-    QString grandTotal = "Grand total"; ///< caption; empty: no grand total line
+    QString grandTotal = "\"Grand total\""; ///< formula text of the caption; empty: no grand total line
     double textSize = 8.5;
+    double width = 0;   ///< of the table where few columns would stand too far apart; 0: as wide as the page
+    double gap = 6;     ///< between columns
+    bool ruled = false; ///< a hairline under each row leads the eye along many columns
     bool exportAsTable = false;
 };
 

@@ -24,6 +24,8 @@ public:
     void forEachSection(const PageMaker::Visitor &visit);
     /// Goes on over rows that print nothing, to where something stands.
     PageStart firstPrinted();
+    /// The position of the last row that prints anything; -1 when none does.
+    int lastPrinted();
 
 private:
     bool atEnd() const { return m_position == m_grouping.rowCount(); }
@@ -119,6 +121,7 @@ private:
     void noteGroups(std::vector<std::vector<int>> &groupPages, int index) const;
     bool breaksBefore(double height);
     bool groupDoesNotFit();
+    bool strandsReportFooter(double height);
     bool fillRows(int index, std::vector<std::vector<int>> *groupPages);
     bool fillReportFooter();
     void visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
@@ -206,6 +209,16 @@ bool PageRun::breaksBefore(double height)
     return m_newPageDue || m_y + height > m_bottom || groupDoesNotFit();
 }
 
+/// Whether the last row would stay on this page and the report's end stand on the next without any row. A row that
+/// goes over with the footer must find room for both there, or nothing is won.
+bool PageRun::strandsReportFooter(double height)
+{
+    if (m_fresh || m_position != m_maker.m_lastPrinted)
+        return false;
+    const double both = height + heightOf(m_maker.m_layout.sections(Kind::ReportFooter));
+    return m_y + both > m_bottom && both <= m_bottom - m_top;
+}
+
 /// True when the page is full before the rows are at their end.
 bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
 {
@@ -221,7 +234,7 @@ bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
             }
         }
         const double height = heightOfRow(m_step);
-        if (breaksBefore(height))
+        if (breaksBefore(height) || (height > 0 && strandsReportFooter(height)))
             return true;
         if (groupPages && m_step == 0)
             noteGroups(*groupPages, index);
@@ -308,6 +321,16 @@ PageStart PageRun::firstPrinted()
     return {m_position, 0, 0, m_running};
 }
 
+int PageRun::lastPrinted()
+{
+    for (m_position = m_grouping.rowCount() - 1; m_position >= 0; --m_position) {
+        lookAt(m_position);
+        if (heightOfRow(0) > 0)
+            break;
+    }
+    return m_position;
+}
+
 PageMaker::PageMaker(const CompiledLayout &layout, const RowStore &rows, const Grouping &grouping, const Totals &totals,
                      const FormulaContext &context)
     : m_layout(layout), m_rows(rows), m_grouping(grouping), m_totals(totals), m_context(context),
@@ -319,6 +342,7 @@ PageMaker::PageMaker(const CompiledLayout &layout, const RowStore &rows, const G
         m_headers.push_back(&layout.sections(Kind::GroupHeader, level));
         m_footers.push_back(&layout.sections(Kind::GroupFooter, level));
     }
+    m_lastPrinted = PageRun(*this, {}).lastPrinted();
 }
 
 PageStart PageMaker::firstStart() const

@@ -48,6 +48,7 @@ private:
     const Totals &m_totals;
     FormulaContext m_context;
     const Sections &m_details;
+    int m_lastPrinted = -1; ///< position of the last row that prints anything
     std::vector<const Sections *> m_headers;
     std::vector<const Sections *> m_footers;
 };

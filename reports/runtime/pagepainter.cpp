@@ -1,6 +1,7 @@
 #include "reports/runtime/pagepainter.h"
 
 #include "reports/runtime/textmetrics.h"
+#include "reports/runtime/valuetext.h"
 #include <QPainter>
 
 namespace {
@@ -50,6 +51,9 @@ private:
         if (item.align != Align::Left) {
             const double spare = item.rect.width() - TextMetrics::width(item.text, item.style);
             x += item.align == Align::Right ? spare : spare / 2;
+            // The closing parenthesis of a negative figure hangs beside the column, so that digits stand under digits.
+            if (item.align == Align::Right && isFigure(item.value) && item.text.endsWith(')'))
+                x += TextMetrics::width(")", item.style);
         }
         const double y = item.rect.top() + TextMetrics::ascent(item.style);
         m_painter.drawText(QPointF(x, y) * Units, item.text);

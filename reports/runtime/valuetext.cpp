@@ -5,11 +5,11 @@
 
 namespace {
 
-/// Up to four decimals, as many as there are.
+/// Up to four decimals, as many as are left after rounding: a sum of thirds may miss a whole number by a hair.
 QString quantityText(double number)
 {
-    const QString text = Format(number, number == std::floor(number) ? u"#,##0" : u"#,##0.####");
-    return text == "-0" ? QString("0") : text;
+    const double rounded = std::round(number * 10000) / 10000;
+    return Format(rounded, rounded == std::floor(rounded) ? u"#,##0;(#,##0)" : u"#,##0.####;(#,##0.####)");
 }
 
 /// A residue too small to be printed prints as zero, without sign or parentheses.
@@ -32,7 +32,7 @@ QString numberText(double number, Picture picture)
     case Picture::Dollars:
         return moneyText(number, u"$#,##0.00;($#,##0.00)");
     case Picture::Percent:
-        return Format(std::abs(number) < 0.0005 ? 0.0 : number * 100, u"#,##0.0;(#,##0.0)") + "%";
+        return Format(std::abs(number) < 0.0005 ? 0.0 : number * 100, u"#,##0.0%;(#,##0.0%)");
     default:
         return textOf(number);
     }

@@ -20,7 +20,7 @@ const char *numberFormat(Picture picture)
     case Picture::Whole:
         return "#,##0;(#,##0)";
     case Picture::Quantity:
-        return "#,##0.####;-#,##0.####";
+        return "#,##0.####;(#,##0.####)";
     case Picture::Money:
         return "#,##0.00;(#,##0.00)";
     case Picture::Price:
@@ -28,7 +28,7 @@ const char *numberFormat(Picture picture)
     case Picture::Dollars:
         return "$#,##0.00;($#,##0.00)";
     case Picture::Percent:
-        return "0.0%";
+        return "0.0%;(0.0%)";
     case Picture::Date:
         return "m/d/yyyy";
     case Picture::DateTime:

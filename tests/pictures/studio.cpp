@@ -15,10 +15,10 @@ namespace {
 const QDate Day(2026, 11, 20);
 }
 
-Studio::Studio(const QDir &target) : m_target(target), m_clock("2026-11-20 10:30:00")
+Studio::Studio(const QDir &target, int scale) : m_target(target), m_clock("2026-11-20 10:30:00")
 {
     gDatabasePath = m_folder.filePath("company.db");
-    createDemo(gDatabasePath, {.scale = 1, .seed = 1, .until = Day});
+    createDemo(gDatabasePath, {.scale = scale, .seed = 1, .until = Day});
     gDatabase = DBEngine::OpenDatabase(gDatabasePath, false, false, DatabaseConnect);
     gAutoPriceFlag = "YES";
     gTypeAheadSeconds = 1.5;

@@ -14,7 +14,7 @@ class FormDriver;
 class Studio
 {
 public:
-    explicit Studio(const QDir &target);
+    Studio(const QDir &target, int scale);
     ~Studio();
 
     /// Clicks a menu entry.

@@ -76,6 +76,9 @@ TEST(Pages, OfNoRowsStillShowHeadersAndFooters)
 {
     EXPECT_EQ(pageTexts(*reportOver(grouped(), MadeRows({"Region", "Customer", "Qty", "Price", "Sold", "Note"}))),
               QStringList{"HEAD|all 0|Page 1 of 1"});
+    EXPECT_TRUE(pageTexts(*sampleReport("crptOpenOrders", 0)).first().contains("nothing in this selection"));
+    EXPECT_FALSE(pageTexts(*sampleReport("crptOpenOrders", 1)).first().contains("nothing in this selection"));
+    EXPECT_TRUE(pageTexts(*sampleReport("crptStatementReport", 0)).first().contains("No customer"));
 }
 
 TEST(Pages, RepeatHeadersAndCountThemselves)
@@ -100,6 +103,17 @@ TEST(Pages, NeverLeaveAHeaderOrATotalAlone)
     const QStringList full = pageTexts(*reportOver(grouped(), numbered(33, 33)));
     ASSERT_EQ(full.size(), 2);
     EXPECT_EQ(full[1], "HEAD|+G00000|33|=561|all 561|Page 2 of 2");
+    // 32 rows, header and total fill it as well: the last row goes over with the report's end, which has no room left.
+    const QStringList end = pageTexts(*reportOver(grouped(), numbered(32, 32)));
+    ASSERT_EQ(end.size(), 2);
+    EXPECT_EQ(end[1], "HEAD|+G00000|32|=528|all 528|Page 2 of 2");
+    // So does the last one that prints, when hidden ones follow.
+    Layout hidden = grouped();
+    for (int i : {1, 2, 3})
+        hidden.sections[i].suppressIf = "{Qty} > 32";
+    const QStringList before = pageTexts(*reportOver(hidden, numbered(40, 32)));
+    ASSERT_EQ(before.size(), 2);
+    EXPECT_EQ(before[1], "HEAD|+G00000|32|=528|all 820|Page 2 of 2");
 }
 
 TEST(Pages, KeepAGroupTogetherWhenItFitsOnOne)
