@@ -31,10 +31,10 @@ Layout crptCustomerListing()
          .groups = {{.by = "{Status}",
                      .footing = "{Status} & \": \" & ToText(Count({Customer}, {Status}), 0) & "
                                 "\" customers\""}},
-         .columns = {{.heading = "Customer", .source = "{Customer}", .width = 140, .overflow = Overflow::Wrap},
+         .columns = {{.heading = "Customer", .source = "{Customer}", .width = 136, .overflow = Overflow::Wrap},
                      {.heading = "Address",
                       .source = "{Address1} & (if Trim({Address2}) <> \"\" then \"\n\" & {Address2})",
-                      .width = 114,
+                      .width = 126,
                       .overflow = Overflow::Wrap},
                      {.heading = "City", .source = "{City}", .width = 66},
                      {.heading = "State", .source = "{State}", .width = 28},
