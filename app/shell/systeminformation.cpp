@@ -7,13 +7,11 @@ QString systemInformationTool()
 {
 #ifdef Q_OS_WIN
     const QSettings shared(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft"), QSettings::NativeFormat);
-    const QString path = shared.value(QStringLiteral("Shared Tools/MSINFO/PATH")).toString();
-    if (!path.isEmpty())
-        return QFileInfo::exists(path) ? path : QString();
+    const QString tool = shared.value(QStringLiteral("Shared Tools/MSINFO/PATH")).toString();
     const QString folder = shared.value(QStringLiteral("Shared Tools Location/MSINFO")).toString();
-    const QString tool = folder + QStringLiteral("\\MSINFO32.EXE");
-    if (!folder.isEmpty() && QFileInfo::exists(tool))
-        return tool;
+    for (const QString &candidate : {tool, folder + QStringLiteral("\\MSINFO32.EXE")})
+        if (QFileInfo(candidate).isFile())
+            return candidate;
 #endif
     return {};
 }
