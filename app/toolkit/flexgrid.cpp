@@ -32,6 +32,7 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent), m_model(new FlexGridMo
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(true);
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { emit dblClick(0); });
+    showHeaderRow();
 }
 
 FlexGrid::~FlexGrid() = default;
@@ -45,6 +46,7 @@ void FlexGrid::setRows(int rows)
 {
     const QScopedValueRollback byProgram(m_byProgram, true);
     m_model->setGridRows(rows);
+    showHeaderRow();
 }
 
 int FlexGrid::cols() const
@@ -61,12 +63,22 @@ void FlexGrid::setCols(int cols)
 void FlexGrid::addItem(const QString &cellsJoinedByTabs)
 {
     m_model->append(cellsJoinedByTabs);
+    if (rows() == 1)
+        showHeaderRow();
     scheduleUpdate();
 }
 
 void FlexGrid::addItem(const QStringList &cells)
 {
     addItem(cells.join(u'\t'));
+}
+
+/// The header is a row like the others: a grid emptied of all rows is a blank area, though it keeps its columns.
+void FlexGrid::showHeaderRow()
+{
+    const bool any = rows() > 0;
+    horizontalHeader()->setVisible(any);
+    setHorizontalScrollBarPolicy(any ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 /// The view learns of appended rows at once, not one by one: at the next column sizing, or else when
@@ -85,6 +97,7 @@ void FlexGrid::removeItem(int row)
 {
     const QScopedValueRollback byProgram(m_byProgram, true);
     m_model->removeGridRow(row);
+    showHeaderRow();
 }
 
 QString FlexGrid::textMatrix(int row, int col) const

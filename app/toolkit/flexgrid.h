@@ -62,6 +62,7 @@ protected:
 
 private:
     void scheduleUpdate();
+    void showHeaderRow();
     bool isEditable(const QModelIndex &index) const;
 
     FlexGridModel *m_model;

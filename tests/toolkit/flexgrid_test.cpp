@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace {
 using Events = QStringList;
@@ -58,6 +59,22 @@ TEST_F(FlexGridTest, RowZeroIsTheHeaderAndTheModelHasTheDataRows)
     EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal).toString(), "Qty");
     EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal, Qt::EditRole).toString(), "Qty");
     EXPECT_EQ(grid->textMatrix(2, 0), "2");
+}
+
+TEST_F(FlexGridTest, EmptiedOfAllRowsItIsABlankArea)
+{
+    form->resize(120, 300);
+    const auto blank = [&] {
+        settle();
+        return grid->horizontalHeader()->isHidden() && !grid->horizontalScrollBar()->isVisible();
+    };
+    EXPECT_FALSE(blank());
+    grid->setRows(0);
+    EXPECT_TRUE(blank());
+    EXPECT_EQ(grid->cols(), 3);
+    fill();
+    EXPECT_FALSE(blank());
+    EXPECT_FALSE(grid->horizontalHeader()->isHidden());
 }
 
 TEST_F(FlexGridTest, AFormatChangesWhatIsPaintedAndNotTheText)
