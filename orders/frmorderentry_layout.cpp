@@ -76,11 +76,7 @@ void frmOrderEntry::layOut()
     layout->addWidget(Frame2, 1);
     layOutHeader();
     layOutLines();
-    QHBoxLayout *buttons = buttonRow({btnSave, btnExit});
-    int left = 0;
-    for (QPushButton *button : {btnClose, btnOpenOrder, btnVoidOrder})
-        buttons->insertWidget(left++, button);
-    layout->addLayout(buttons);
+    layout->addLayout(buttonRow({btnSave, btnExit}, {btnClose, btnOpenOrder, btnVoidOrder}));
     setTabOrder({cmbCustomer, txtOrderNumber, dtOrderDate,  dtDueDate,    cmbWarehouse,      txtShipTo,   txtAddress1,
                  txtAddress2, txtCity,        txtState,     txtZip,       txtPhone,          txtFax,      chkDropShip,
                  txtFreight,  cmbPart,        txtQty,       txtPriceEach, txtCustomerNumber, btnSaveItem, btnDeleteItem,
@@ -110,6 +106,9 @@ void frmOrderEntry::layOutHeader()
     setFieldWidth(txtState, 4);
     setFieldWidth(txtZip, 10);
     txtCity->setMinimumWidth(120);
+    cmbCustomer->setMinimumContentsLength(26);
+    for (DTPicker *date : {dtOrderDate, dtDueDate})
+        setFieldWidth(date, 14);
     for (MaskEdBox *amount : {txtFreight, txtOverDue, lblTotal})
         setFieldWidth(amount, 14);
 }
@@ -119,6 +118,7 @@ void frmOrderEntry::layOutLines()
     auto *layout = new QVBoxLayout(Frame2);
     auto *fields = new FieldLayout;
     layout->addLayout(fields);
+    fields->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance("Order Number")); // as in the frame above
     fields->add("Item", lblItem);
     fields->add("Part Number", cmbPart);
     fields->add("Qty Ordered", txtQty, 1);
@@ -126,6 +126,8 @@ void frmOrderEntry::layOutLines()
     fields->add("Price Each", txtPriceEach, 2);
     fields->add("Price Ext", lblPriceExt, 2);
     fields->add("Cust No.", txtCustomerNumber, 3);
+    for (QPushButton *button : {btnSaveItem, btnDeleteItem})
+        setFieldWidth(button, 10);
     fields->add({}, {btnSaveItem, btnDeleteItem}, 3);
     setFieldWidth(txtQty, 9);
     for (MaskEdBox *amount : {txtPriceEach, lblPriceExt})

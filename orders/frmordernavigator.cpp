@@ -58,11 +58,12 @@ void frmOrderNavigator::layOut()
     fields->add("Status", cmbStatus);
     fields->add("Order Number", txtOrderNumber, 1);
     fields->add(chkOrderDate, 1);
-    fields->add({}, {dtStartDate, dtEndDate}, 1);
     for (DTPicker *date : {dtStartDate, dtEndDate})
         setFieldWidth(date, 11);
+    fields->add({}, {dtStartDate, dtEndDate}, 1);
     for (ComboBox *list : {cmbWarehouse, cmbCustomer, cmbStatus})
-        list->setMinimumContentsLength(12); // the window opens 600 pixels wide
+        list->setMinimumContentsLength(12);                                  // the window opens 600 pixels wide
+    Frame1->setMaximumWidth(Frame1->fontMetrics().averageCharWidth() * 110); // a wider window is for the lists
     layout->addLayout(buttonRow({btnFind, btnClear, btnAddNew, btnExit}));
     vsfgOrders->setParent(Frame2);
     vsfgItems->setParent(Frame3);

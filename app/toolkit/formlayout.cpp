@@ -18,6 +18,11 @@ int numberOfLabels(const QWidget *form)
     return count;
 }
 
+bool hasFixedWidth(const QWidget *field)
+{
+    return field->maximumWidth() < QWIDGETSIZE_MAX;
+}
+
 const QWidget *formOf(const QWidget *widget)
 {
     while (widget->parentWidget() && !widget->isWindow())
@@ -42,7 +47,9 @@ void FieldLayout::add(const QString &label, const QList<QWidget *> &fields, int 
     auto *line = new QHBoxLayout;
     line->setSpacing(6);
     for (QWidget *field : fields)
-        line->addWidget(field, field == fields.first() ? 1 : 0);
+        line->addWidget(field, field == fields.first() && !hasFixedWidth(field) ? 1 : 0);
+    if (std::all_of(fields.begin(), fields.end(), hasFixedWidth))
+        line->addStretch(1);
     place(label, fields.first(), nullptr, line, column);
 }
 
@@ -64,7 +71,7 @@ void FieldLayout::place(const QString &label, QWidget *buddy, QWidget *widget, Q
         setColumnMinimumWidth(left - 1, ColumnGap - horizontalSpacing());
     setColumnStretch(left + 1, 1);
     if (widget)
-        addWidget(widget, row, left + 1, widget->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+        addWidget(widget, row, left + 1, hasFixedWidth(widget) ? Qt::AlignLeft : Qt::Alignment());
     else
         addLayout(line, row, left + 1);
     if (label.isEmpty())
@@ -84,18 +91,22 @@ int FieldLayout::nextRow(int column)
     return m_used[column]++;
 }
 
-QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons)
+QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons, const QList<QPushButton *> &atLeft)
 {
+    constexpr int LeastWidth = 88, RoomAroundCaption = 28;
+    int width = LeastWidth;
+    for (const QPushButton *button : atLeft + buttons)
+        width = std::max(width, button->fontMetrics().horizontalAdvance(button->text()) + RoomAroundCaption);
+    for (QPushButton *button : atLeft + buttons)
+        button->setMinimumWidth(width);
+
     auto *row = new QHBoxLayout;
     row->setSpacing(8);
-    row->addStretch(1);
-    int width = 0;
-    for (const QPushButton *button : buttons)
-        width = std::max(width, button->sizeHint().width());
-    for (QPushButton *button : buttons) {
-        button->setMinimumWidth(std::max(width, 88));
+    for (QPushButton *button : atLeft)
         row->addWidget(button);
-    }
+    row->addStretch(1);
+    for (QPushButton *button : buttons)
+        row->addWidget(button);
     return row;
 }
 

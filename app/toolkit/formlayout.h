@@ -20,7 +20,7 @@ public:
     explicit FieldLayout(QWidget *parent = nullptr);
 
     void add(const QString &label, QWidget *field, int column = 0);
-    /// Several fields on one line; the first takes the room that is left.
+    /// Several fields on one line; the first takes the room that is left, unless all have a width of their own by now.
     void add(const QString &label, const QList<QWidget *> &fields, int column = 0);
     /// A field under the others with no label of its own, such as a check box.
     void add(QWidget *field, int column = 0);
@@ -34,8 +34,8 @@ private:
     QList<int> m_used; ///< rows filled of each column
 };
 
-/// Buttons side by side, all as wide as the widest, standing at the right.
-QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons);
+/// Buttons side by side, all as wide as the widest, standing at the right and, if there are such, at the left.
+QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons, const QList<QPushButton *> &atLeft = {});
 
 /// Makes a field wide enough for that many characters, and keeps it that wide.
 void setFieldWidth(QWidget *field, int characters);

@@ -1,6 +1,7 @@
 #include "app/toolkit/msgbox.h"
 
 #include "data/values/runtimeerror.h"
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMessageBox>
@@ -27,6 +28,8 @@ public:
     {
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
+        for (QAbstractButton *button : this->buttons())
+            button->setIcon({}); // desktops without an icon theme put pictures on them
         ++shown;
     }
 

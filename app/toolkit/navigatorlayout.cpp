@@ -6,7 +6,7 @@
 
 namespace {
 constexpr double TwipsPerPixel = 15;
-constexpr int Margin = 6, GridTop = 22; // pixels
+constexpr int Margin = 6, GridTop = 26; // pixels
 
 /// The window around a form, border and title included; the form itself while it has none.
 QWidget *windowOf(Form *form)

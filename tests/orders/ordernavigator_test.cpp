@@ -41,6 +41,26 @@ TEST_F(OrderNavigator, OpensAtTheTopLeftWithAllOrders)
     EXPECT_FALSE(gOrderNavigatorOpen);
 }
 
+TEST_F(OrderNavigator, TheListsGrowWithTheWindowAndTheCriteriaStayTogether)
+{
+    FormDriver form("frmOrderNavigator");
+    const auto at = [&](const char *name) { return form.control<QWidget>(name)->geometry(); };
+    form.form()->parentWidget()->resize(1100, 800);
+    settle();
+    EXPECT_EQ(at("Frame2").width(), 1100 - 20);
+    EXPECT_EQ(at("Frame3").width(), 1100 - 20);
+    EXPECT_EQ(at("vsfgOrders").width(), qRound(1080 - 200 / 15.0));
+    EXPECT_EQ(at("vsfgItems").width(), at("vsfgOrders").width());
+    const double rest = 800 - at("Frame1").height() - 650 / 15.0;
+    EXPECT_EQ(at("Frame2").height(), qRound(rest * 0.55));
+    EXPECT_EQ(at("vsfgOrders").height(), qRound(rest * 0.55 - 700 / 15.0));
+    EXPECT_EQ(at("Frame3").y(), at("Frame2").y() + at("Frame2").height() + qRound(100 / 15.0));
+    EXPECT_EQ(at("Frame3").height(), qRound(rest * 0.45));
+    EXPECT_EQ(at("vsfgItems").height(), qRound(rest * 0.45 - 600 / 15.0));
+    EXPECT_LT(at("Frame1").width(), 900);
+    EXPECT_LT(at("dtEndDate").x() - at("dtStartDate").right(), 12);
+}
+
 TEST_F(OrderNavigator, LeavesOutAnEmptySecondAddressLine)
 {
     FormDriver form("frmOrderNavigator");
