@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <vector>
 
 class BareEngine;
 
@@ -22,4 +23,19 @@ void invoiceRegister(BareEngine &engine, const QByteArray &begin, const QByteArr
 void quickAvailInv(BareEngine &engine);
 void orderNavigator(BareEngine &engine);
 void shipmentNavigator(BareEngine &engine);
+
+struct ShipmentLine
+{
+    qint64 item;
+    QByteArray part;
+};
+struct Shipment
+{
+    qint64 order;
+    std::vector<ShipmentLine> lines;
+};
+/// Ships one piece of each line: the rows, the ledger, the rows of the packing slip, the order's status.
+void saveShipments(BareEngine &engine, const std::vector<Shipment> &shipments);
+/// Bills every shipment that is not billed yet, an invoice a customer.
+void invoiceRun(BareEngine &engine);
 } // namespace Bare

@@ -46,10 +46,14 @@ void measure(const std::vector<Operation> &operations, BareEngine &engine, const
         for (int round = 0; round < rounds; ++round) {
             program = std::min(program, operation.program());
             gDatabase->settle();
+            if (!operation.again.isEmpty())
+                gDatabase->Execute(operation.again);
             if (round == 0)
                 memory = peakMemory(); // before the bare engine, whose caches are in this process too, has its turn
             if (operation.bare)
                 bare = std::min(bare, bareSeconds(operation, engine));
+            if (operation.bare && !operation.again.isEmpty())
+                engine.run(operation.again.toUtf8());
         }
         const double log = double(QFileInfo(file + "-wal").size()) / 1e6;
         if (operation.bare)
@@ -89,6 +93,7 @@ int main(int argc, char **argv)
         const QString name = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
         std::puts("| operation | bare engine | program | ratio | log | memory |\n|---|---:|---:|---:|---:|---:|");
         measure(dataOperations(), engine, ours, rounds, name);
+        measure(savingOperations(), engine, ours, rounds, name);
         measure(windowOperations(), engine, ours, rounds, name);
     } catch (const RuntimeError &error) {
         std::fprintf(stderr, "%s\n%s\n", error.what(), qPrintable(error.detail()));
