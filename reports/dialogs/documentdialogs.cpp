@@ -48,7 +48,8 @@ void frmInvoiceReport::formLoad()
 void frmInvoiceReport::btnPrint_Click()
 {
     auto invoice = gDatabase->OpenRecordset("SELECT * FROM Invoice WHERE Invoice = '" + cmbReport->text() + "'");
-    if (!invoice.Eof()) {
+    // A list that is Null is neither "0" nor anything else: nothing is printed and nothing said.
+    if (!invoice.Eof() && !invoice.Fields("Shipment").isNull()) {
         const QString Shipment = invoice.Fields("Shipment").text();
         if (Shipment != "0")
             Reports::PrintInvoice(Shipment, cmbReport->text(), invoice.Fields("InvoiceDate").text(),

@@ -219,6 +219,11 @@ TEST_F(Dialogs, AnInvoiceWithoutShipmentsIsRefused)
     EXPECT_EQ(list(none, "cmbReport").mid(0, 2), QStringList({"9", "8"})) << "numbers sort as text";
     none.click("btnPrint");
     EXPECT_FALSE(none.isLoaded()) << "an unknown invoice closes without a word";
+    database.execute("UPDATE Invoice SET Shipment = NULL WHERE Invoice = '8'");
+    FormDriver missing("frmInvoiceReport");
+    missing.choose("cmbReport", "8");
+    missing.click("btnPrint");
+    EXPECT_FALSE(missing.isLoaded()) << "and so does one whose list of shipments is missing";
     FormDriver without("frmInvoiceReport");
     without.choose("cmbReport", "9");
     boxes.expect("Unable to Print", "You cannot Print this Invoice.");
