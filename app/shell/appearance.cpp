@@ -5,9 +5,22 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 namespace {
+/// Drops lists down below their boxes, a few entries high and with a scroll bar. The base style would lay a menu over
+/// the box, which measures every entry before it comes up and has nothing to drag through a hundred thousand of them.
+class ListStyle : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 QPalette calmPalette()
 {
     const QColor ink(0x22, 0x2b, 0x33);
@@ -58,7 +71,7 @@ QIcon crate()
 void setAppearance(QApplication &application)
 {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new ListStyle(QStringLiteral("Fusion"))); // the application owns it
     application.setPalette(calmPalette());
     application.setWindowIcon(crate());
 }

@@ -162,12 +162,25 @@ void ComboBox::setTypeAhead(bool on)
         m_typeAhead = connect(this, &ComboBox::keyPress, this, [this](int &key) { ComboTypeAhead(*this, key); });
 }
 
+/// Wide enough for entries longer than the box, up to twice its width. Only those of most characters are measured:
+/// there may be many thousands.
+int ComboBox::listWidth() const
+{
+    constexpr int Measured = 100;
+    int width = 0;
+    for (const QString &entry : m_list->longest(Measured))
+        width = std::max(width, fontMetrics().horizontalAdvance(entry));
+    const int around = QWidget::style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view()) +
+                       2 * (QWidget::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + view()->frameWidth()) + 8;
+    return std::min(width + around, 2 * this->width());
+}
+
 void ComboBox::showPopup()
 {
     m_clickDone = false;
     if (auto *entries = qobject_cast<QListView *>(view())) {
         entries->setUniformItemSizes(true);
-        entries->setLayoutMode(QListView::Batched);
+        entries->setMinimumWidth(listWidth());
         entries->removeEventFilter(this);
         entries->installEventFilter(this);
     }

@@ -64,6 +64,7 @@ private:
     void makeEditable();
     void append(const QStringList &items);
     void showIndex(int index);
+    int listWidth() const;
     bool typed(const QKeyEvent &event);
     void selectByFirstLetter(QChar letter);
     void indexChanged(int index);

@@ -1,5 +1,7 @@
 #include "app/toolkit/combolist.h"
 
+#include <algorithm>
+
 int ComboList::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : int(m_items.size());
@@ -42,4 +44,12 @@ int ComboList::findPrefix(const QString &prefix, int from) const
         if (m_items[i].startsWith(prefix, Qt::CaseInsensitive))
             return i;
     return -1;
+}
+
+QStringList ComboList::longest(int count) const
+{
+    QStringList result(std::min<qsizetype>(count, m_items.size()));
+    std::partial_sort_copy(m_items.begin(), m_items.end(), result.begin(), result.end(),
+                           [](const QString &one, const QString &other) { return one.size() > other.size(); });
+    return result;
 }

@@ -20,6 +20,9 @@ public:
     int find(const QString &text) const;
     int findPrefix(const QString &prefix, int from = 0) const;
 
+    /// The entries of most characters, at most `count` of them.
+    QStringList longest(int count) const;
+
 private:
     QStringList m_items;
 };

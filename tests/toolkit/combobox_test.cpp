@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace {
@@ -225,5 +226,26 @@ TEST_F(ComboBoxTest, ALongListIsSearchedFromTheTopInAnyCase)
     EXPECT_EQ(box->findString("Q"), -1);
     driver->choose("it", "Part 150000");
     EXPECT_EQ(box->listIndex(), 150000);
+}
+
+TEST_F(ComboBoxTest, ALongListDropsDownBelowItsBoxWithAllEntriesInReachOfItsScrollBar)
+{
+    const QString wide = "Northern Valley Railway Equipment and Boiler Works";
+    QStringList entries{wide};
+    for (int i = 1; i < 20000; ++i)
+        entries += QStringLiteral("Part %1").arg(i);
+    ComboBox *box = load(ComboBox::Style::DropDownList, entries);
+    driver->click("it");
+    const QAbstractItemView *list = box->view();
+    EXPECT_GE(list->mapToGlobal(QPoint()).y(), box->mapToGlobal(QPoint(0, box->height())).y() - 1);
+    const int shown = list->viewport()->height() / list->visualRect(list->indexAt({1, 1})).height();
+    EXPECT_EQ(shown, 16);
+    EXPECT_EQ(list->verticalScrollBar()->maximum(), int(entries.size()) - shown);
+    const int text = list->fontMetrics().horizontalAdvance(wide);
+    ASSERT_GT(text, box->width());
+    EXPECT_GE(list->width(), std::min(text, 2 * box->width())) << "the list may be wider than its box";
+    driver->key(Qt::Key_End);
+    driver->key(Qt::Key_Return);
+    EXPECT_EQ(box->text(), "Part 19999");
 }
 } // namespace
