@@ -57,13 +57,18 @@ NumberKind kindOfNumberFormat(int identifier, const QString &format)
 
 Value numberValue(double number, NumberKind kind, double firstDay)
 {
-    switch (kind) {
-    case NumberKind::Money:
+    constexpr double MostMoney = 922337203685477.0;
+    constexpr double LastDay = 2958466; // of the year 9999
+    if (kind == NumberKind::Money && std::abs(number) <= MostMoney)
         return Currency::of(number);
-    case NumberKind::Date:
+    if (kind == NumberKind::Date && number >= 0 && firstDay + number < LastDay)
         return Date(firstDay + number);
-    case NumberKind::Plain:
-        return number;
-    }
     return number;
+}
+
+Value isoDate(const QString &text)
+{
+    if (const auto date = Date::fromIso(text.left(19)))
+        return *date;
+    return text;
 }

@@ -9,5 +9,11 @@ enum class NumberKind { Plain, Money, Date };
 /// "$#,##0.00").
 NumberKind kindOfNumberFormat(int identifier, const QString &format);
 
-/// The cell's value; `firstDay` is the date that the sheet counts its days from, as a date's number.
-Value numberValue(double number, NumberKind kind, double firstDay);
+/// What day 0 is in a workbook that counts its days from 1904, as a date's number; 0 in the others.
+constexpr double FirstDayOf1904 = 1462;
+
+/// The cell's value; a number that is too large for money or for a date stays a number.
+Value numberValue(double number, NumberKind kind, double firstDay = 0);
+
+/// The date of a text such as "2003-02-14T12:00:00"; another text as it stands.
+Value isoDate(const QString &text);

@@ -20,6 +20,14 @@ Workbook Workbook::open(const QString &path)
     return workbook;
 }
 
+Value Workbook::Sheet::at(int row, int column) const
+{
+    const Cell cell = m_cells.value(key(row, column));
+    if (cell.isError)
+        throw runtimeError(13);
+    return cell.value;
+}
+
 QString Workbook::text(int sheet, int row, int column) const
 {
     if (sheet < 1 || sheet > int(m_sheets.size()))

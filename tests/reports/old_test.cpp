@@ -1,6 +1,4 @@
 #include "reports/old.h"
-#include "reports/workbook/numberformat.h"
-#include "reports/workbook/workbook.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
 #include <QFile>
@@ -130,63 +128,6 @@ TEST_F(OldReports, TheRowCounterIsASixteenBitInteger)
     XlsxFile::write(path("empty.xlsx"), {{}});
     name({"", "", path("empty.xlsx"), path("empty.xlsx"), path("sold.xlsx")});
     EXPECT_EQ(errorNumberOf(Reports::ReportAvailInvOld), 6);
-}
-
-TEST(WorkbookCells, ReadAsTextWithoutTheirFormat)
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath("cells.xlsx");
-    lxw_workbook *book = workbook_new(path.toUtf8().constData());
-    lxw_worksheet *sheet = workbook_add_worksheet(book, nullptr);
-    const auto format = [book](const char *picture) {
-        lxw_format *result = workbook_add_format(book);
-        format_set_num_format(result, picture);
-        return result;
-    };
-    worksheet_write_number(sheet, 0, 0, 12.50, format("0.000"));
-    worksheet_write_number(sheet, 0, 1, 12.34567, format("$#,##0.00"));
-    worksheet_write_number(sheet, 0, 2, 1234567890123456.0, nullptr);
-    worksheet_write_number(sheet, 0, 3, 37666, format("dd/mm/yyyy"));
-    worksheet_write_number(sheet, 0, 4, 5, format("0 \"days\""));
-    worksheet_write_boolean(sheet, 0, 5, 1, nullptr);
-    worksheet_write_formula_num(sheet, 0, 6, "=1+1", nullptr, 2);
-    worksheet_write_formula_str(sheet, 0, 7, "=\"a\"&\"b\"", nullptr, "ab");
-    worksheet_write_string(sheet, 0, 8, "  \xC3\x84pfel\xC2\xA0 ", nullptr);
-    worksheet_write_number(sheet, 0, 9, 0.5, format("h:mm AM/PM"));
-    workbook_close(book);
-
-    const Workbook workbook = Workbook::open(path);
-    const QStringList expected{"12.5",        "12.3457", "1.23456789012346E+15",
-                               "2/14/2003",   "5",       "True",
-                               "2",           "ab",      QString::fromUtf8("\xC3\x84pfel\xC2\xA0"),
-                               "12:00:00 PM", "",        ""};
-    for (int column = 1; column <= expected.size(); ++column)
-        EXPECT_EQ(workbook.text(1, 1, column), expected[column - 1]) << column;
-    EXPECT_EQ(workbook.text(1, 9999, 1), "");
-    EXPECT_EQ(errorNumberOf([&] { workbook.text(2, 1, 1); }), 9);
-    EXPECT_EQ(errorNumberOf([&] { workbook.text(0, 1, 1); }), 9);
-}
-
-TEST(WorkbookCells, TellDatesFromOtherNumbersByTheirFormat)
-{
-    const struct
-    {
-        int identifier;
-        const char *format;
-        NumberKind kind;
-    } cases[] = {{0, "General", NumberKind::Plain},
-                 {14, "", NumberKind::Date},
-                 {44, "", NumberKind::Money},
-                 {164, "yyyy-mm-dd", NumberKind::Date},
-                 {164, "[h]:mm", NumberKind::Date},
-                 {164, "[Red]0.00", NumberKind::Plain},
-                 {164, "0.0E+00", NumberKind::Plain},
-                 {164, "#,##0\\d", NumberKind::Plain},
-                 {164, "0;\"my\"", NumberKind::Plain},
-                 {164, "[$$-409]#,##0.00", NumberKind::Money},
-                 {164, "0\"unclosed", NumberKind::Plain}};
-    for (const auto &c : cases)
-        EXPECT_EQ(kindOfNumberFormat(c.identifier, c.format), c.kind) << c.format;
 }
 
 } // namespace
