@@ -49,12 +49,25 @@ void RecordsetData::begin()
     if (m_state != State::Unread)
         return;
     m_state = State::Walking;
-    int code = m_statement.step();
-    if (m_statement.sawOtherTables() && !m_database->catalogIsCurrent()) {
-        // Another process made or dropped tables since the statement was translated.
-        adopt(m_database->prepareQuery(m_reading.statement));
-        code = m_statement.step();
+    const int code = m_statement.step();
+    if (!m_statement.sawOtherTables())
+        return takeFirst(code);
+    try {
+        takeFirst(code); // before the tables are looked at: SQLite tells the reason of its latest failure only
+    } catch (const RuntimeError &) {
+        if (m_database->catalogIsCurrent())
+            throw;
     }
+    if (m_database->catalogIsCurrent())
+        return;
+    // Another process made or dropped tables since the statement was translated.
+    m_database->freshCatalog();
+    adopt(m_database->prepareQuery(m_reading.statement));
+    takeFirst(m_statement.step());
+}
+
+void RecordsetData::takeFirst(int code)
+{
     take(code);
     m_empty = !m_hasRow;
 }

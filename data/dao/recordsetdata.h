@@ -47,6 +47,7 @@ private:
     void adopt(Query query);
     void begin();
     void take(int code);
+    void takeFirst(int code);
     void nextStored();
     void refresh(qint64 row);
     void requireRow();

@@ -126,6 +126,14 @@ TEST_F(StatementsTest, SeeTheTablesThatAnotherConnectionMakesAndDrops)
     shared.Close();
 
     other->Execute("DROP TABLE tmpShared");
+    other->Execute("CREATE TABLE tmpShared (C text(5), D long, B text(10))");
+    other->Execute("INSERT INTO tmpShared (C, D) VALUES ('three', 4)");
+    shared = database->OpenRecordset(read);
+    EXPECT_EQ(shared.Fields(0).value(), Value("three"));
+    EXPECT_EQ(shared.fieldCount(), 3);
+    shared.Close();
+
+    other->Execute("DROP TABLE tmpShared");
     other->Execute("CREATE TABLE tmpShared (C text(2))");
     EXPECT_EQ(errorNumberOf([&] { database->Execute("INSERT INTO tmpShared (B, C) VALUES ('y', 2)"); }), 3127);
     database->Execute("INSERT INTO tmpShared (C) VALUES ('z')");
