@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace jetsql {
 namespace {
@@ -109,15 +110,15 @@ private:
     void finish(TokenKind kind, qsizetype end)
     {
         m_at = end;
+        Token token = std::exchange(m_token, Token());
         const bool constant = kind == TokenKind::Text || kind == TokenKind::Number || kind == TokenKind::Date;
         if (m_wanted == Wanted::Constants && !constant)
             return;
-        m_token.kind = kind;
-        m_token.start = m_start;
-        m_token.end = end;
-        m_token.constant = constant ? m_constants++ : -1;
-        m_tokens.push_back(std::move(m_token));
-        m_token = Token();
+        token.kind = kind;
+        token.start = m_start;
+        token.end = end;
+        token.constant = constant ? m_constants++ : -1;
+        m_tokens.push_back(std::move(token));
     }
 
     void next()
