@@ -1,18 +1,14 @@
 #include "tests/jetsql/mutation.h"
 
-#include <QFile>
+#include "tests/jetsql/corpus.h"
 #include <QRegularExpression>
 
 QStringList corpusStatements()
 {
-    QFile file(TAMRICK_TEST_DATA "/jetsql/statements.txt");
     QStringList statements;
-    if (!file.open(QIODevice::ReadOnly))
-        return statements;
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        const bool result = line.size() > 1 && line.at(1) == u' ' && QStringView(u"#>~|+=!").contains(line.front());
-        if (!result && !line.trimmed().isEmpty())
-            statements.append(line);
+    for (const corpus::Case &one : corpus::cases()) {
+        for (const corpus::Step &step : one.steps)
+            statements.append(step.statement);
     }
     return statements;
 }

@@ -5,7 +5,7 @@
 #include "data/engines/sqlite/tables.h"
 #include "data/schema/schema.h"
 #include "data/values/conversions.h"
-#include <QFile>
+#include "tests/jetsql/corpus.h"
 #include <stdexcept>
 
 namespace {
@@ -20,14 +20,6 @@ sqlite3 *openInMemory()
     return connection;
 }
 
-QStringList cells(const QString &line)
-{
-    QStringList parts = line.split(u'|');
-    for (QString &part : parts)
-        part = part.trimmed();
-    return parts;
-}
-
 /// A stored value as the corpus shows it.
 QString shown(sqlite3_stmt *statement, int column, ColumnType type)
 {
@@ -37,7 +29,7 @@ QString shown(sqlite3_stmt *statement, int column, ColumnType type)
     switch (type) {
     case ColumnType::Text:
     case ColumnType::Memo:
-        return text.isEmpty() || text != text.trimmed() ? u'\'' + text + u'\'' : text;
+        return corpus::shownText(text);
     case ColumnType::Date: {
         const std::optional<Date> date = Date::fromIso(text);
         return date ? date->toText() : "no date: " + text;
@@ -85,28 +77,10 @@ void SqlCompany::add(const TableDef &table, bool keyed)
     m_catalog.add(table);
 }
 
-void SqlCompany::fill(const QString &file)
+void SqlCompany::fill(const QByteArrayList &inserts)
 {
-    QFile rows(file);
-    if (!rows.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no such file: " + file.toStdString());
-    QByteArray head;
-    for (const QString &line : QString::fromUtf8(rows.readAll()).split(u'\n')) {
-        if (line.trimmed().isEmpty()) {
-            head.clear();
-        } else if (head.isEmpty()) {
-            const qsizetype colon = line.indexOf(u':');
-            head = "INSERT INTO " + Tables::quoted(line.first(colon)) + " ([" +
-                   cells(line.sliced(colon + 1)).join("], [").toUtf8() + "]) VALUES (";
-        } else {
-            QStringList values;
-            for (const QString &value : cells(line))
-                values.append(value == u"Null" ? value
-                              : value == u"''" ? value
-                                               : u'\'' + QString(value).replace(u'\'', "''") + u'\'');
-            run(head + values.join(", ").toUtf8() + ')');
-        }
-    }
+    for (const QByteArray &insert : inserts)
+        run(insert);
 }
 
 void SqlCompany::begin()
@@ -214,7 +188,7 @@ QStringList SqlCompany::selected(const jetsql::Translation &translation, const Q
     QStringList names;
     for (const jetsql::ResultColumn &column : translation.columns)
         names.append(column.name);
-    const QStringList wanted = limit.isEmpty() ? names : cells(limit.sliced(1));
+    const QStringList wanted = limit.isEmpty() ? names : corpus::cells(limit.sliced(1));
     QStringList lines{(limit.isEmpty() ? "> " : "~ ") + wanted.join(" | ")};
     const Statement statement = prepare(translation.sql);
     while (step(statement)) {

@@ -12,9 +12,7 @@ public:
     /// Holds all tables of a new database, empty.
     SqlCompany();
 
-    /// Fills the tables with the rows of a text file: a line "Table: Column | Column", then a line of values for each
-    /// row, up to an empty line.
-    void fill(const QString &file);
+    void fill(const QByteArrayList &inserts);
 
     /// What a statement brought, in lines of the statement corpus. `~ Column | Column` limits the columns shown.
     QStringList outcome(const QString &statement, const QString &limit = {});

@@ -1,44 +1,77 @@
+#include "tests/dao/databasefile.h"
+#include "tests/jetsql/corpus.h"
 #include "tests/jetsql/sqlcompany.h"
 
+#include "data/engines/sqlite/connection.h"
 #include <QFile>
-#include <gtest/gtest.h>
 
-// The corpus statements.txt: "# " and the case's name, then statements, each followed by what it brings:
-//   > the result's columns, or ~ some of them      | a row, in the result's order
-//   + the columns of the table made                = how many rows were written
-//   ! the run-time error
-// Each case runs on the company of company.txt as if it were the first.
 namespace {
 
-struct Step
+/// The company in a file, reached as the program reaches it.
+class FiledCompany
 {
-    QString statement;
-    QStringList expected;
-};
-
-struct Case
-{
-    QString name;
-    int line = 0;
-    std::vector<Step> steps;
-};
-
-std::vector<Case> readCases()
-{
-    QFile file(TAMRICK_TEST_DATA "/jetsql/statements.txt");
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    std::vector<Case> cases;
-    int number = 0;
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        ++number;
-        if (line.startsWith(u"# "))
-            cases.push_back({line.sliced(2), number, {}});
-        else if (line.size() > 1 && line.at(1) == u' ' && QStringView(u">~|+=!").contains(line.front()))
-            cases.back().steps.back().expected.append(line);
-        else if (!line.trimmed().isEmpty())
-            cases.back().steps.push_back({line, {}});
+public:
+    FiledCompany()
+    {
+        ConnectionOptions options;
+        options.file = m_file.path();
+        options.journal = Journal::Rollback;
+        Connection connection(options);
+        connection.run("BEGIN; " + corpus::companyInserts().join(';') + "; COMMIT", {});
     }
-    return cases;
+
+    /// The company as it was in the beginning.
+    std::unique_ptr<Database> openCopy() const
+    {
+        const QString copy = m_file.folder() + "/copy.db";
+        QFile::remove(copy);
+        EXPECT_TRUE(QFile::copy(m_file.path(), copy));
+        return DBEngine::OpenDatabase(copy, false, false,
+                                      QStringLiteral(";journal=rollback;pwd=") + DatabaseFile::Password);
+    }
+
+private:
+    DatabaseFile m_file;
+};
+
+bool isQuery(const QString &statement)
+{
+    return statement.startsWith(u"SELECT", Qt::CaseInsensitive) && !statement.contains(u" INTO ");
+}
+
+QString shown(const Value &value)
+{
+    if (value.isNull())
+        return "Null";
+    return value.type() == Value::Type::Text ? corpus::shownText(value.toText()) : value.toText();
+}
+
+/// What a statement brings to a caller of the database; a result in the columns that `head` names.
+QStringList outcome(Database &database, const QString &statement, const QString &head)
+{
+    try {
+        if (head.isEmpty()) {
+            if (isQuery(statement))
+                database.OpenRecordset(statement).Eof();
+            else
+                database.Execute(statement);
+            return {};
+        }
+        QStringList lines{head};
+        const QStringList names = corpus::cells(head.sliced(2));
+        const bool whole = head.startsWith(u'>');
+        Recordset rows = database.OpenRecordset(statement);
+        EXPECT_TRUE(!whole || rows.fieldCount() == names.size());
+        for (; !rows.Eof(); rows.MoveNext()) {
+            QStringList values;
+            for (int i = 0; i < names.size(); ++i)
+                values += shown((whole ? rows.Fields(i) : rows.Fields(names[i])).value());
+            lines += "| " + values.join(" | ");
+        }
+        return lines;
+    } catch (const RuntimeError &error) {
+        return {"! " + QString::number(error.number()) + u' ' + error.description()};
+    }
 }
 
 } // namespace
@@ -46,12 +79,12 @@ std::vector<Case> readCases()
 TEST(Statements, BringWhatTheCorpusSays)
 {
     SqlCompany company;
-    company.fill(TAMRICK_TEST_DATA "/jetsql/company.txt");
-    const std::vector<Case> cases = readCases();
+    company.fill(corpus::companyInserts());
+    const std::vector<corpus::Case> cases = corpus::cases();
     ASSERT_GT(cases.size(), 150u);
-    for (const Case &one : cases) {
+    for (const corpus::Case &one : cases) {
         company.begin();
-        for (const Step &step : one.steps) {
+        for (const corpus::Step &step : one.steps) {
             const QString limit =
                 !step.expected.isEmpty() && step.expected.first().startsWith(u'~') ? step.expected.first() : QString();
             const QStringList actual = company.outcome(step.statement, limit);
@@ -60,5 +93,29 @@ TEST(Statements, BringWhatTheCorpusSays)
                 << step.statement.toStdString();
         }
         company.rollback();
+    }
+}
+
+TEST(Statements, BringTheSameThroughADatabaseThatHasRunOthersBefore)
+{
+    const FiledCompany company;
+    std::unique_ptr<Database> database;
+    for (const corpus::Case &one : corpus::cases()) {
+        if (!database)
+            database = company.openCopy();
+        bool changed = false;
+        for (const corpus::Step &step : one.steps) {
+            QStringList expected = step.expected;
+            expected.removeIf([](const QString &line) { return line.startsWith(u'=') || line.startsWith(u'+'); });
+            const QString first = expected.value(0);
+            const QString head = first.startsWith(u'>') || first.startsWith(u'~') ? first : QString();
+            EXPECT_EQ(expected.join(u'\n').toStdString(),
+                      outcome(*database, step.statement, head).join(u'\n').toStdString())
+                << "statements.txt:" << one.line << ": " << one.name.toStdString() << "\n"
+                << step.statement.toStdString();
+            changed = changed || !isQuery(step.statement);
+        }
+        if (changed)
+            database.reset();
     }
 }

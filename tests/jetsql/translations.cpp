@@ -1,3 +1,4 @@
+#include "tests/jetsql/corpus.h"
 #include "tests/jetsql/mutation.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ TEST(Translations, NameTheTableThatASelectCanEdit)
 TEST(Translations, GiveTheRowidOfAnEditableRowBehindItsColumns)
 {
     SqlCompany company;
-    company.fill(TAMRICK_TEST_DATA "/jetsql/company.txt");
+    company.fill(corpus::companyInserts());
     const jetsql::Translation lines = company.translate("SELECT Qty FROM OrderItem WHERE OrderID = 2");
     EXPECT_EQ((QList<QStringList>{{"7.0", "3"}, {"3.0", "4"}}), company.rows(lines.sql));
     const jetsql::Translation top = company.translate("SELECT TOP 1 Qty FROM OrderItem ORDER BY Qty");

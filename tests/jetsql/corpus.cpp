@@ -1,0 +1,69 @@
+#include "tests/jetsql/corpus.h"
+
+#include "data/engines/sqlite/tables.h"
+#include <QFile>
+#include <stdexcept>
+
+namespace {
+
+QStringList linesOf(const QString &name)
+{
+    QFile file(TAMRICK_TEST_DATA "/jetsql/" + name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("no such file: " + file.fileName().toStdString());
+    return QString::fromUtf8(file.readAll()).split(u'\n');
+}
+
+} // namespace
+
+std::vector<corpus::Case> corpus::cases()
+{
+    std::vector<Case> cases;
+    int number = 0;
+    for (const QString &line : linesOf("statements.txt")) {
+        ++number;
+        if (line.startsWith(u"# "))
+            cases.push_back({line.sliced(2), number, {}});
+        else if (line.size() > 1 && line.at(1) == u' ' && QStringView(u">~|+=!").contains(line.front()))
+            cases.back().steps.back().expected.append(line);
+        else if (!line.trimmed().isEmpty())
+            cases.back().steps.push_back({line, {}});
+    }
+    return cases;
+}
+
+QByteArrayList corpus::companyInserts()
+{
+    QByteArrayList inserts;
+    QByteArray head;
+    for (const QString &line : linesOf("company.txt")) {
+        if (line.trimmed().isEmpty()) {
+            head.clear();
+        } else if (head.isEmpty()) {
+            // A line "Table: Column | Column", then a line of values for each row.
+            const qsizetype colon = line.indexOf(u':');
+            head = "INSERT INTO " + Tables::quoted(line.first(colon)) + " ([" +
+                   cells(line.sliced(colon + 1)).join("], [").toUtf8() + "]) VALUES (";
+        } else {
+            QStringList values;
+            for (const QString &value : cells(line))
+                values.append(value == u"Null" || value == u"''" ? value
+                                                                 : u'\'' + QString(value).replace(u'\'', "''") + u'\'');
+            inserts.append(head + values.join(", ").toUtf8() + ')');
+        }
+    }
+    return inserts;
+}
+
+QStringList corpus::cells(const QString &line)
+{
+    QStringList parts = line.split(u'|');
+    for (QString &part : parts)
+        part = part.trimmed();
+    return parts;
+}
+
+QString corpus::shownText(const QString &text)
+{
+    return text.isEmpty() || text != text.trimmed() ? u'\'' + text + u'\'' : text;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArrayList>
+#include <QStringList>
+#include <vector>
+
+// The corpus statements.txt: "# " and the case's name, then statements, each followed by what it brings:
+//   > the result's columns, or ~ some of them      | a row, in the result's order
+//   + the columns of the table made                = how many rows were written
+//   ! the run-time error
+// Each case runs on the company of company.txt as if it were the first.
+namespace corpus {
+
+struct Step
+{
+    QString statement;
+    QStringList expected;
+};
+
+struct Case
+{
+    QString name;
+    int line = 0;
+    std::vector<Step> steps;
+};
+
+std::vector<Case> cases();
+/// What fills the company's tables, in SQLite's own words.
+QByteArrayList companyInserts();
+
+/// The parts of a line between its bars.
+QStringList cells(const QString &line);
+/// A text as a row shows it, in quotes where it would not be seen as it is.
+QString shownText(const QString &text);
+
+} // namespace corpus
