@@ -26,18 +26,18 @@ Section orderHeader(double width)
     return {.kind = Kind::GroupHeader,
             .group = 0,
             .height = 19,
-            .objects = {value({0, 5, width, 0}, order, {.size = 10, .bold = true, .color = House::Ink})}};
+            .objects = {wrapping(value({0, 5, width, 0}, order, {.size = 10, .bold = true, .color = House::Ink}))}};
 }
 
 Section orderPlace(double width)
 {
-    const QString place = "\"Shipped to \" & {ShipTo} & (if {ShipToAddress1} <> \"\" then \", \" & {ShipToAddress1}) & "
-                          "(if {ShipToCity} <> \"\" then \", \" & {ShipToCity}) & \" \" & {ShipToState} & \" \" & "
-                          "{ShipToZip}";
+    const QString then = " & (if {%1} <> \"\" then \", \" & {%1})";
+    const QString place = "\"Shipped to \" & {ShipTo}" + then.arg("ShipToAddress1") + then.arg("ShipToAddress2") +
+                          then.arg("ShipToCity") + then.arg("ShipToState") + " & \" \" & {ShipToZip}";
     return {.kind = Kind::GroupHeader,
             .group = 0,
             .height = 13,
-            .objects = {value({0, 0, width, 0}, place, {.size = 9, .color = House::Faint})},
+            .objects = {wrapping(value({0, 0, width, 0}, place, {.size = 9, .color = House::Faint}))},
             .suppressIf = OnePlace + " or InRepeatedGroupHeader"};
 }
 
@@ -48,7 +48,7 @@ Section shipmentHeader(double width)
     return {.kind = Kind::GroupHeader,
             .group = 1,
             .height = 16,
-            .objects = {value({0, 2, width, 0}, shipment, {.size = 9, .color = House::Faint}),
+            .objects = {wrapping(value({0, 2, width, 0}, shipment, {.size = 9, .color = House::Faint})),
                         line({0, 15}, {width, 15}, 0.25)}};
 }
 
@@ -58,9 +58,9 @@ Section invoiceLine()
             .name = "secDetail",
             .height = 15,
             .objects = {value({0, 1.5, 24, 0}, "{ItemNumber}", Normal, Align::Right),
-                        wrapping(value({30, 1.5, 112, 0}, "{PartNo}", Normal)),
-                        wrapping(value({148, 1.5, 70, 0}, "{Category}", Normal)),
-                        wrapping(value({224, 1.5, 84, 0}, "{CustomerNumber}", Normal)),
+                        wrapping(value({30, 1.5, 112, 0}, "{PartNo}", Normal), 4),
+                        wrapping(value({148, 1.5, 70, 0}, "{Category}", Normal), 5),
+                        wrapping(value({224, 1.5, 84, 0}, "{CustomerNumber}", Normal), 8),
                         value({312, 1.5, 42, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({360, 1.5, 44, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({410, 1.5, 58, 0}, "{PriceEach}", Normal, Align::Right, Picture::Price),

@@ -16,8 +16,8 @@ Section slipLine(double width)
             .height = 17,
             .objects = {value({0, 2, 30, 0}, "{ItemNumber}", Normal, Align::Right),
                         wrapping(value({40, 2, 150, 0}, "{PartNo}", Strong)),
-                        wrapping(value({196, 2, 96, 0}, "{Category}", Normal)),
-                        wrapping(value({298, 2, 110, 0}, "{CustomerNumber}", Normal)),
+                        wrapping(value({196, 2, 96, 0}, "{Category}", Normal), 4),
+                        wrapping(value({298, 2, 110, 0}, "{CustomerNumber}", Normal), 6),
                         value({412, 2, 60, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({478, 2, 62, 0}, "{ShipmentItems.Qty}", Strong, Align::Right, Picture::Quantity),
                         line({0, 16.5}, {width, 16.5}, 0.25)}};
@@ -35,9 +35,8 @@ Section totals(double width)
 Section receipt()
 {
     Section section{.kind = Kind::ReportFooter, .height = 66, .atPageBottom = true};
-    section.objects.push_back(
-        text({0, 4, 540, 0}, "Please check the goods against this slip and tell us of any difference within ten days.",
-             {.size = 9, .color = House::Faint}));
+    section.objects.push_back(text({0, 4, 540, 0}, "Please check the goods against this slip when they arrive.",
+                                   {.size = 9, .color = House::Faint}));
     addSignature(section, {0, 48}, 230, "Received in good order by");
     addSignature(section, {254, 48}, 110, "Date");
     return section;

@@ -9,11 +9,13 @@ const TextStyle Strong{.size = 10, .bold = true, .color = House::Ink};
 constexpr double WindowLeft = 30; ///< with the page's margins the address stands 66 pt from the left edge and 148 pt
 constexpr double WindowTop = 112; ///< from the top, in the window of a letter folded in three
 constexpr double AddressHeight = 6 * 12.5;
+constexpr double RightHalf = 300; ///< where the particulars and the other address begin
+constexpr double CaptionWidth = 62;
 
 void addAddress(Section &section, double x, double width, const QString &caption, const QString &address)
 {
     section.objects.push_back(text({x, WindowTop - 12, width, 0}, caption, Small));
-    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 6));
+    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 8));
 }
 
 void addLetterhead(Section &section)
@@ -22,7 +24,7 @@ void addLetterhead(Section &section)
     section.objects.push_back(text({0, 0, 320, 0}, sender.name, {.size = 18, .bold = true, .color = House::Ink}));
     double y = 24;
     for (const QString &line : sender.lines.mid(0, 5)) {
-        section.objects.push_back(text({0, y, 320, 0}, line, {.size = 9, .color = House::Faint}));
+        section.objects.push_back(text({0, y, RightHalf - 10, 0}, line, {.size = 9, .color = House::Faint}));
         y += 11.5;
     }
 }
@@ -52,14 +54,15 @@ std::vector<Section> documentHead(const DocumentHead &head, double width)
 {
     Section first{.kind = Section::Kind::PageHeader, .name = "secFirstHead", .suppressIf = "PageNumber > 1"};
     addLetterhead(first);
-    const double right = 330;
-    first.objects.push_back(text({right, 0, width - right, 0}, head.title.toUpper(),
+    const double right = RightHalf;
+    first.objects.push_back(text({330, 0, width - 330, 0}, head.title.toUpper(),
                                  {.size = 18, .bold = true, .color = House::Ink}, Align::Right));
     double y = 30;
     for (const Particular &particular : head.particulars) {
-        first.objects.push_back(text({right, y + 1, 90, 0}, particular.caption, Small));
+        first.objects.push_back(text({right, y + 1, CaptionWidth, 0}, particular.caption, Small));
         LayoutObject object = particular.value;
-        object.place = {right + 90, y, width - right - 90, 12.5};
+        object.place = {right + CaptionWidth, y, width - right - CaptionWidth, 12.5};
+        object.overflow = Overflow::Shrink;
         object.style = Strong;
         object.align = Align::Right;
         first.objects.push_back(object);

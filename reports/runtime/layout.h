@@ -18,8 +18,8 @@ enum class Align { Left, Center, Right };
 enum class Picture { General, Whole, Quantity, Money, Price, Dollars, Percent, Date, DateTime };
 
 /// What happens to a text wider than its place: cut with an ellipsis, or broken into lines that push the section's
-/// lower part down. Numbers and dates are never cut, they are set smaller.
-enum class Overflow { Shorten, Wrap };
+/// lower part down, or set smaller before it is cut. Numbers and dates are never cut, they are always set smaller.
+enum class Overflow { Shorten, Wrap, Shrink };
 
 struct TextStyle
 {

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr double SmallestShrunk = 0.6; ///< of the size it should have
+
 /// An object's text as it goes on paper.
 struct Setting
 {
@@ -36,6 +38,9 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
     } else if (object.overflow == Overflow::Wrap) {
         setting.lines = TextMetrics::wrapped(text, setting.style, width, object.maxLines);
     } else {
+        const double needed = TextMetrics::width(text, setting.style);
+        if (object.overflow == Overflow::Shrink && needed > width)
+            setting.style.size *= std::max(width / needed * 0.99, SmallestShrunk);
         setting.lines = QStringList{TextMetrics::shortened(text, setting.style, width)};
     }
     return setting;
