@@ -15,7 +15,7 @@ constexpr double CaptionWidth = 62;
 void addAddress(Section &section, double x, double width, const QString &caption, const QString &address)
 {
     section.objects.push_back(text({x, WindowTop - 12, width, 0}, caption, Small));
-    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 8));
+    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 10));
 }
 
 void addLetterhead(Section &section)

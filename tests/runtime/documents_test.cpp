@@ -124,6 +124,37 @@ TEST(PickTicket, ListsLinesByCategoryWithTheirBins)
     EXPECT_TRUE(text.contains("Picked by"));
 }
 
+/// A text as long as the field takes.
+QString longest(const DatasetField &field)
+{
+    return (field.name + " as long as such a thing may be at all, ")
+        .leftJustified(field.type == FieldType::Text100 ? 100 : 50, '7', true);
+}
+
+TEST(Documents, ShowTheLongestTextsOfAllFieldsInFull)
+{
+    for (const QString designer : {"crptPickTicket", "crptPackingSlip", "crptInvoice"}) {
+        SCOPED_TRACE(designer.toStdString());
+        std::vector<Value> row;
+        for (const DatasetField &field : reportDesign(designer).dataset)
+            row.push_back(isText(field.type)   ? Value(longest(field))
+                          : isDate(field.type) ? Value(Date(2011, 3, 30))
+                                               : Value(1));
+        MadeRows rows(fieldsOf(designer), {row});
+        Report report(designer);
+        report.SetDataSource(rows);
+        report.ReadRecords();
+        const QString shown = allText(report).remove('|').remove(' ');
+        for (const DatasetField &field : reportDesign(designer).dataset) {
+            if (isText(field.type)) {
+                EXPECT_TRUE(shown.contains(longest(field).remove(' ')))
+                    << field.name.toStdString() << " in " << shown.toStdString();
+            }
+        }
+        EXPECT_EQ(pageFaults(*report.pages().page(0), report.layout().margins), QStringList());
+    }
+}
+
 TEST(PickTicket, OfAnOrderWithoutLinesIsAHeadWithoutLines)
 {
     const QStringList fields = fieldsOf("crptPickTicket");
