@@ -1,6 +1,7 @@
 #include "app/shell/mdi.h"
 
 #include "app/shell/menu.h"
+#include "app/toolkit/focusevents.h"
 #include "app/toolkit/form.h"
 #include "app/toolkit/msgbox.h"
 #include <QApplication>
@@ -90,9 +91,8 @@ void MDI::host(Form *form)
     const int offset = step * (int(m_area->subWindowList().size() - 1) % stepsThatFit);
     if (sized)
         window->resize(placed ? wanted.size() : wanted.size().boundedTo(room - QSize(offset, offset)));
-    window->show();
     window->move(placed ? wanted.topLeft() : QPoint(offset, offset));
-    m_area->setActiveSubWindow(window);
+    FocusEvents::passToWindow([window] { window->show(); });
 }
 
 void MDI::closeEvent(QCloseEvent *event)

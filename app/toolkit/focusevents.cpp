@@ -3,6 +3,7 @@
 #include "app/toolkit/form.h"
 #include <QApplication>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 namespace {
 /// The control whose GotFocus was the last, until its LostFocus.
@@ -13,6 +14,7 @@ QPointer<QWidget> &holder()
 }
 
 int leavingRoutines = 0;
+bool windowShows = false;
 
 /// Qt moves its focus, but not the program's.
 bool isInterruption(Qt::FocusReason reason)
@@ -51,9 +53,23 @@ FocusEvents::Leaving::~Leaving()
     --leavingRoutines;
 }
 
+void FocusEvents::passToWindow(const std::function<void()> &show)
+{
+    {
+        const QScopedValueRollback raisingNothing(windowShows, true);
+        show();
+    }
+    releaseFormerHolder(nullptr);
+    QWidget *control = QApplication::focusWidget();
+    if (control && !holder()) {
+        control->window()->setFocus();
+        control->setFocus();
+    }
+}
+
 bool FocusEvents::gained(QWidget *control, const QFocusEvent &event)
 {
-    if (holder() == control)
+    if (holder() == control || windowShows)
         return false;
     if (leavingRoutines > 0 && isInterruption(event.reason()))
         return false; // a box inside a LostFocus was closed; whether the focus stays here is not settled yet
@@ -67,7 +83,7 @@ bool FocusEvents::gained(QWidget *control, const QFocusEvent &event)
 bool FocusEvents::lost(QWidget *control, const QFocusEvent &event)
 {
     // A list that drops down for the first time takes the focus for no reason that Qt would name.
-    if (holder() != control || isInterruption(event.reason()) || QApplication::activePopupWidget())
+    if (holder() != control || windowShows || isInterruption(event.reason()) || QApplication::activePopupWidget())
         return false;
     holder() = nullptr;
     return control->isEnabled() && !isUnloading(control);

@@ -205,6 +205,27 @@ TEST_F(FocusTest, AnotherFormThatBecomesActiveTakesTheFocus)
                                 "one.txtB GotFocus"}));
 }
 
+TEST_F(FocusTest, AFieldThatDoesNotLetTheFocusGoIsAskedOnceWhenAFormOpens)
+{
+    FormDriver one("one");
+    FocusForm *f = form(one);
+    one.type("txtB", "kept");
+    QObject::connect(f->txtB, &TextBox::lostFocus, f, [f] {
+        MsgBox("Stay.", "Note");
+        FocusForm::setFocusTo(f->txtB);
+    });
+    for (const char *other : {"two", "frmAbout"}) {
+        events();
+        boxes.expect("Note", "Stay.");
+        FormDriver opened(other);
+        settle();
+        EXPECT_EQ(events(), (Events{"one.txtB LostFocus", "one.txtB GotFocus"})) << other;
+        EXPECT_EQ(one.focus(), "txtB") << other;
+        EXPECT_EQ(f->txtB->selectedText(), "kept") << other;
+        EXPECT_TRUE(opened.form()->isVisible());
+    }
+}
+
 TEST_F(FocusTest, AFormThatUnloadsRaisesNoLostFocus)
 {
     FormDriver one("one");
