@@ -13,7 +13,7 @@
 
 // bench_operations FILE [ROUNDS [NAME]]: runs each operation (or those whose name holds NAME) in the program and on the
 // bare engine, in turns, on copies of a database made by `tamrick-db demo`, and prints the best of the rounds as a
-// table, with the largest size that the log and the process's memory have had so far.
+// table, with the largest size that the write-ahead logs of both and the process's memory have had so far.
 
 namespace {
 
@@ -36,7 +36,17 @@ double peakMemory()
     return at < 0 ? 0 : text.mid(at + 6, 16).trimmed().split(' ').first().toDouble() / 1024;
 }
 
-void measure(const std::vector<Operation> &operations, BareEngine &engine, const QString &file, int rounds,
+double logSize(const QString &file)
+{
+    return double(QFileInfo(file + "-wal").size()) / 1e6;
+}
+
+struct Files
+{
+    QString program, bare;
+};
+
+void measure(const std::vector<Operation> &operations, BareEngine &engine, const Files &files, int rounds,
              const QString &name)
 {
     for (const Operation &operation : operations) {
@@ -55,12 +65,11 @@ void measure(const std::vector<Operation> &operations, BareEngine &engine, const
             if (operation.bare && !operation.again.isEmpty())
                 engine.run(operation.again.toUtf8());
         }
-        const double log = double(QFileInfo(file + "-wal").size()) / 1e6;
         if (operation.bare)
-            std::printf("| %s | %.3f s | %.3f s | %.2f | %.0f MB | %.0f MB |\n", qPrintable(operation.name), bare,
-                        program, program / bare, log, memory);
+            std::printf("| %s | %.3f s | %.3f s | %.2f | %.0f MB | %.0f MB | %.0f MB |\n", qPrintable(operation.name),
+                        bare, program, program / bare, logSize(files.bare), logSize(files.program), memory);
         else
-            std::printf("| %s | | %.3f s | | | %.0f MB |\n", qPrintable(operation.name), program, memory);
+            std::printf("| %s | | %.3f s | | | | %.0f MB |\n", qPrintable(operation.name), program, memory);
         std::fflush(stdout);
     }
 }
@@ -77,24 +86,25 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     Application application(argc, argv);
     QTemporaryDir folder;
-    const QString ours = folder.filePath("program.db"), theirs = folder.filePath("bare.db");
-    if (!QFile::copy(argv[1], ours) || !QFile::copy(argv[1], theirs)) {
+    const Files files{folder.filePath("program.db"), folder.filePath("bare.db")};
+    if (!QFile::copy(argv[1], files.program) || !QFile::copy(argv[1], files.bare)) {
         std::fprintf(stderr, "can't copy %s\n", argv[1]);
         return 1;
     }
     const int rounds = argc > 2 ? std::max(1, atoi(argv[2])) : 3;
     try {
-        gDatabasePath = ours;
-        gDatabase = DBEngine::OpenDatabase(ours, false, false, DatabaseConnect);
+        gDatabasePath = files.program;
+        gDatabase = DBEngine::OpenDatabase(files.program, false, false, DatabaseConnect);
         registerForms();
         gDefaultWarehouse =
             gDatabase->OpenRecordset("SELECT Warehouse FROM Warehouse WHERE Status = 'Active'").Fields(0).text();
-        BareEngine engine(theirs);
+        BareEngine engine(files.bare);
         const QString name = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
-        std::puts("| operation | bare engine | program | ratio | log | memory |\n|---|---:|---:|---:|---:|---:|");
-        measure(dataOperations(), engine, ours, rounds, name);
-        measure(savingOperations(), engine, ours, rounds, name);
-        measure(windowOperations(), engine, ours, rounds, name);
+        std::puts("| operation | bare engine | program | ratio | its log | our log | memory |\n"
+                  "|---|---:|---:|---:|---:|---:|---:|");
+        measure(dataOperations(), engine, files, rounds, name);
+        measure(savingOperations(), engine, files, rounds, name);
+        measure(windowOperations(), engine, files, rounds, name);
     } catch (const RuntimeError &error) {
         std::fprintf(stderr, "%s\n%s\n", error.what(), qPrintable(error.detail()));
         return 1;

@@ -55,6 +55,9 @@ bool DatabaseData::tryExecute(const QString &sql)
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
     const Doing doing{defines ? Doing::Defining : Doing::Writing, translation->targetTable, sql};
     prepareToWrite(translation->targetTable, nullptr);
+    // What copies rows may write a table's worth of them in one go; the log need not hold more than that.
+    if (translation->copies)
+        m_connection.emptyLog();
     Transaction transaction(m_connection, doing);
     // With the write lock held the tables stay as they are.
     if (!catalogIsCurrent())

@@ -39,6 +39,7 @@ Translation description(const Select &select, const Catalog &catalog)
     if (!select.into.isEmpty()) {
         requireNew(select.into, catalog);
         result.kind = StatementKind::SelectInto;
+        result.copies = true;
         result.newTable = tableMadeBy(select);
         result.targetTable = select.into;
         return result;
@@ -61,7 +62,9 @@ Translation action(StatementKind kind, const QString &table)
 
 Translation description(const Insert &insert, const Catalog &)
 {
-    return action(StatementKind::Insert, insert.def->Name);
+    Translation result = action(StatementKind::Insert, insert.def->Name);
+    result.copies = bool(insert.select);
+    return result;
 }
 
 Translation description(const Update &update, const Catalog &)

@@ -36,6 +36,7 @@ struct Translation
     QString updatableTable;
     QString targetTable; ///< of an action statement, as stored (or as written, for a table to be made)
     TableDef newTable;   ///< of SelectInto and CreateTable
+    bool copies = false; ///< an Insert or SelectInto of the rows that a SELECT gives
 };
 
 /// Whether joins and sub-selects stay as written or are rewritten to be quick. The rows are the same.

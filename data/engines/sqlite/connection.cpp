@@ -157,6 +157,13 @@ void Connection::syncLog()
         raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
 }
 
+void Connection::emptyLog()
+{
+    // Passive: nobody is waited for, and what cannot be brought over stays in the log.
+    if (m_usesLog)
+        sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
+
 void Connection::prepareToWrite()
 {
     if (m_usesLog)

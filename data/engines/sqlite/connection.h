@@ -57,6 +57,9 @@ public:
 
     /// Syncs the write-ahead log to the disk. With a rollback journal every commit is synced already.
     void syncLog();
+    /// Brings what the write-ahead log holds into the file, as far as no reader needs it, so that the next write
+    /// begins the log anew.
+    void emptyLog();
     /// True while commits of this connection are not synced each for themselves.
     bool usesLog() const { return m_usesLog; }
 
