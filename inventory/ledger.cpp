@@ -55,7 +55,7 @@ double availOf(const QString &sql)
 {
     Recordset rs = gDatabase->OpenRecordset(sql);
     const bool empty = rs.Bof() && rs.Eof();
-    const double avail = empty ? 0 : Val(rs.Fields("Avail").text());
+    const double avail = empty ? 0 : rs.Fields("Avail").value().leadingNumber();
     rs.Close();
     return avail;
 }
@@ -67,7 +67,7 @@ void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
         gDatabase->OpenRecordset("SELECT * FROM AvailInv WHERE Part = '" + Part + "' AND Whse = '" + Whse + "'");
     if (!(rs.Bof() && rs.Eof())) {
         rs.Edit();
-        const double avail = Val(rs.Fields("Avail").text());
+        const double avail = rs.Fields("Avail").value().leadingNumber();
         rs.Fields("Avail") = avail + Qty;
         rs.Update();
     } else {

@@ -53,7 +53,7 @@ void UpdateOrderStatus(const QString &OrderID)
     while (!rs.Eof()) {
         // A line of quantity 0 that never shipped has no sum and keeps the order open for ever.
         const Field ordered = rs.Fields("Ordered"), shipped = rs.Fields("Shipped");
-        if (shipped.isNull() || (!ordered.isNull() && ordered.value().toDouble() > Val(shipped.text())))
+        if (shipped.isNull() || (!ordered.isNull() && ordered.value().toDouble() > shipped.value().leadingNumber()))
             complete = false;
         rs.MoveNext();
     }

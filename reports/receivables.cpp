@@ -28,16 +28,21 @@ QString customersWithoutOverdue(const Date &limit)
 {
     auto invoices = gDatabase->OpenRecordset(
         "SELECT Customer,Invoice, InvoiceDate,Total,Adjustment, Received  FROM tmpOpenInvoices ORDER BY Customer");
+    const Field Customer = invoices.Fields("Customer");
+    const Field InvoiceDate = invoices.Fields("InvoiceDate");
+    const Field Total = invoices.Fields("Total");
+    const Field Adjustment = invoices.Fields("Adjustment");
+    const Field Received = invoices.Fields("Received");
     QString names;
-    QString customer = invoices.Fields("Customer").text();
+    QString customer = Customer.text();
     bool overdue = false;
     while (!invoices.Eof()) {
-        const double balance = Val(invoices.Fields("Total").text()) -
-                               (Val(invoices.Fields("Received").text()) + Val(invoices.Fields("Adjustment").text()));
-        if (invoices.Fields("InvoiceDate").value().toDate() < limit && balance > 0.001)
+        const double balance =
+            Total.value().leadingNumber() - (Received.value().leadingNumber() + Adjustment.value().leadingNumber());
+        if (InvoiceDate.value().toDate() < limit && balance > 0.001)
             overdue = true;
         invoices.MoveNext();
-        const QString next = invoices.Eof() ? QString() : invoices.Fields("Customer").text();
+        const QString next = invoices.Eof() ? QString() : Customer.text();
         if (next != customer) {
             if (!overdue)
                 names += customer + NameSeparator;
@@ -68,7 +73,7 @@ void keepOverdueCustomers(const QString &AsOfDate, const QString &OverDays)
 
 double sumOrZero(const Field &sum)
 {
-    return sum.joined().isEmpty() ? 0 : Val(sum.text());
+    return sum.joined().isEmpty() ? 0 : sum.value().leadingNumber();
 }
 
 /// Whether the file holds a table, as a fresh look at it tells.

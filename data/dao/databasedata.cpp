@@ -77,6 +77,11 @@ void DatabaseData::run(const Translated &translated, const Doing &doing)
         return make(translated, doing);
     case StatementKind::DropTable:
         return drop(*translated.translation, doing);
+    case StatementKind::Delete:
+        // Many reports make a table and walk it once; its indexes pay where rows are looked for one by one.
+        if (m_withoutIndexes.remove(translated->targetTable.toCaseFolded()))
+            addIndexes(*m_catalog.find(translated->targetTable), doing);
+        [[fallthrough]];
     default:
         m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
     }
@@ -91,6 +96,11 @@ void DatabaseData::make(const Translated &translated, const Doing &doing)
     m_connection.run(Tables::createStatement(table, filled ? Tables::Key::None : Tables::Key::AutoNumberIsKey), doing);
     if (filled)
         m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
+    m_withoutIndexes.insert(table.Name.toCaseFolded());
+}
+
+void DatabaseData::addIndexes(const TableDef &table, const Doing &doing)
+{
     for (const Schema::Index &index : Schema::indexes()) {
         const bool fits = std::all_of(index.columns.begin(), index.columns.end(),
                                       [&](const QString &column) { return table.indexOf(column) >= 0; });

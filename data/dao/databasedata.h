@@ -57,6 +57,7 @@ private:
     void run(const Translated &translated, const Doing &doing);
     void make(const Translated &translated, const Doing &doing);
     void drop(const jetsql::Translation &translation, const Doing &doing);
+    void addIndexes(const TableDef &table, const Doing &doing);
 
     Connection m_connection;
     Catalog m_catalog;
@@ -64,6 +65,7 @@ private:
     Translations m_translations;
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
+    QSet<QString> m_withoutIndexes; ///< tables made here that have not got their indexes yet
     const RecordsetData *m_editor = nullptr; ///< the recordset that holds m_rowLock
     std::unique_ptr<Transaction> m_rowLock;
     bool m_unsettled = false;

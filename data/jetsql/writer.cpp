@@ -3,6 +3,7 @@
 #include "data/jetsql/expressionwriter.h"
 #include "data/jetsql/resolver.h"
 #include "data/jetsql/typing.h"
+#include "data/schema/schema.h"
 
 namespace jetsql {
 namespace {
@@ -125,13 +126,33 @@ private:
         return order.position >= 0 ? *m_select.items[order.position].expr : *order.expr;
     }
 
+    /// Whether rows equal in `key` are equal in `expr` too: the same, or a column of the row that `key` numbers.
+    static bool determines(const Expr &key, const Expr &expr)
+    {
+        if (sameExpression(key, expr))
+            return true;
+        return key.kind == Expr::Kind::Column && expr.kind == Expr::Kind::Column && key.from == expr.from &&
+               isRowNumber(key);
+    }
+
+    /// The AutoNumber of a table that the program keeps is its primary key; in a copy it need not be.
+    static bool isRowNumber(const Expr &column)
+    {
+        if (!column.type.autoNumber)
+            return false;
+        const auto &tables = Schema::permanentTables();
+        return std::any_of(tables.begin(), tables.end(), [&column](const TableDef &table) {
+            return table.Name.compare(column.from->def->Name, Qt::CaseInsensitive) == 0;
+        });
+    }
+
     /// The keys in the order of ORDER BY first, so that one sort serves both; the groups are the same in any order.
     std::vector<const Expr *> groupExpressions() const
     {
         std::vector<const Expr *> keys;
         const auto add = [&keys](const Expr &expr) {
             const bool known =
-                std::any_of(keys.begin(), keys.end(), [&expr](const Expr *key) { return sameExpression(*key, expr); });
+                std::any_of(keys.begin(), keys.end(), [&expr](const Expr *key) { return determines(*key, expr); });
             if (!known && !expr.isConstant())
                 keys.push_back(&expr);
         };
@@ -146,12 +167,15 @@ private:
         return keys;
     }
 
+    /// Every row of each table with every row of the others.
+    bool isProduct() const { return !m_select.where && m_select.from.size() == m_select.sources.size(); }
+
     /// A key of GROUP BY or ORDER BY. Over a join the sign keeps SQLite from walking an index for the order's sake,
     /// whatever that costs in the other tables.
     QString sortText(const Expr &expr) const
     {
-        const bool column = expr.kind == Expr::Kind::Column && m_select.sources.size() > 1;
-        return (column ? "+" : "") + expressions().collated(expr);
+        const bool joined = m_select.sources.size() > 1 && !isProduct();
+        return (joined && expr.kind == Expr::Kind::Column ? "+" : "") + expressions().collated(expr);
     }
 
     QStringList groupKeys() const

@@ -99,7 +99,7 @@ int compareTexts(std::string_view a, std::string_view b)
     const size_t common = std::min(a.size(), b.size());
     for (size_t i = 0; i < common; ++i) {
         const unsigned char x = static_cast<unsigned char>(a[i]), y = static_cast<unsigned char>(b[i]);
-        if (lowerBytes[x] == lowerBytes[y])
+        if (x == y || lowerBytes[x] == lowerBytes[y])
             continue;
         // Equal so far, so a difference between two ASCII characters decides whatever follows.
         if (x < 0x80 && y < 0x80)

@@ -2,6 +2,7 @@
 
 #include "data/values/conversions.h"
 #include "data/values/runtimeerror.h"
+#include <cmath>
 
 namespace {
 
@@ -88,6 +89,20 @@ QString Value::toText() const
 double Value::toDouble() const
 {
     return convert<double>(m_value, ToDouble());
+}
+
+double Value::leadingNumber() const
+{
+    if (type() == Type::Long)
+        return toLong();
+    if (type() == Type::Double) {
+        // A number of up to four decimals comes out of its text as it went in.
+        const double number = toDouble();
+        const double units = std::nearbyint(number * 10000);
+        if (std::abs(units) < 1e15 && units / 10000 == number)
+            return number + 0.0;
+    }
+    return Val(toText());
 }
 
 qint32 Value::toLong() const

@@ -37,6 +37,8 @@ public:
     /// The text as `&` joins it: Null counts as empty.
     QString joined() const { return isNull() ? QString() : toText(); }
     double toDouble() const;
+    /// What Val makes of the text: a Double is rounded to its 15 digits on the way.
+    double leadingNumber() const;
     qint32 toLong() const;
     qint16 toInteger() const;
     bool toBoolean() const;

@@ -43,6 +43,11 @@ void RowStore::append(Column &column, FieldType type, const Value &value)
         return;
     }
     const QString text = value.toText();
+    // Rows come sorted: most texts are the one above.
+    if (!column.textIds.empty() && column.textIds.back() != 0 && column.texts[column.textIds.back()] == text) {
+        column.textIds.push_back(column.textIds.back());
+        return;
+    }
     const auto found = column.ids.constFind(text);
     if (found != column.ids.constEnd()) {
         column.textIds.push_back(*found);

@@ -98,14 +98,17 @@ TEST_F(StatementsTest, SelectIntoKeepsTypesAndLeavesNothingBehindOnFailure)
     EXPECT_EQ(database->TableDefs().size(), tables);
 }
 
-TEST_F(StatementsTest, ATableMadeAnewGetsTheIndexesThatTheSchemaNames)
+TEST_F(StatementsTest, ATableMadeAnewGetsItsIndexesWhenRowsAreDeletedFromIt)
 {
-    for (const char *customers :
-         {"SELECT Customer, ID INTO TMPOpenInvoices FROM Invoice", "SELECT ID INTO tmpOpenInvoices FROM Invoice"}) {
-        database->Execute(customers);
+    for (const char *columns : {"Customer, ID", "ID"}) {
+        database->Execute(QString("SELECT %1 INTO TMPOpenInvoices FROM Invoice").arg(columns));
         PlainConnection plain(file.path());
-        EXPECT_EQ(plain.text("SELECT count(*) FROM sqlite_schema WHERE name = 'ixOpenInvoices'"),
-                  QString(customers).contains("Customer") ? "1" : "0");
+        const char *indexes = "SELECT count(*) FROM sqlite_schema WHERE name = 'ixOpenInvoices'";
+        EXPECT_EQ(plain.text(indexes), "0");
+        for (int twice = 0; twice < 2; ++twice) {
+            database->Execute("DELETE FROM tmpOpenInvoices WHERE ID = 1");
+            EXPECT_EQ(plain.text(indexes), QString(columns).contains("Customer") ? "1" : "0");
+        }
         database->Execute("DROP TABLE tmpOpenInvoices");
     }
 }

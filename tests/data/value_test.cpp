@@ -1,7 +1,18 @@
+#include "data/values/conversions.h"
 #include "data/values/runtimeerror.h"
 #include "tests/support/printers.h"
 
 namespace {
+
+TEST(Value, GivesTheLeadingNumberOfItsText)
+{
+    const Value values[] = {0.1 + 0.2, 1e14 / 3,   123456789.12345,  -7.25, -0.0,          1e15, 4.0e-5,
+                            1e300,     2147483647, "12 Main Street", "",    Currency{-15}, true, Date(2011, 3, 30),
+                            1 / 3.0};
+    for (const Value &value : values)
+        EXPECT_EQ(value.leadingNumber(), Val(value.toText())) << value.toText().toStdString();
+    EXPECT_EQ(errorNumberOf([] { Value().leadingNumber(); }), 94);
+}
 
 TEST(Value, ConvertsToTextAsAnAssignmentDoes)
 {
