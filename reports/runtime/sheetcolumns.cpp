@@ -17,9 +17,17 @@ double common(double left, double right, double otherLeft, double otherRight)
 SheetColumns::SheetColumns(const Layout &layout)
 {
     std::vector<Span> spans;
-    for (const bool detailsOnly : {true, false}) {
+    const int innermost = int(layout.groups.size()) - 1;
+    const std::array<std::function<bool(const Section &)>, 3> choices{
+        [](const Section &section) { return section.kind == Section::Kind::Detail && !section.suppress; },
+        // Without details the totals of the innermost group are the rows.
+        [&](const Section &section) {
+            return section.kind == Section::Kind::GroupFooter && section.group == innermost && !section.suppress;
+        },
+        [](const Section &) { return true; }};
+    for (const auto &isChosen : choices) {
         for (const Section &section : layout.sections) {
-            if (detailsOnly && section.kind != Section::Kind::Detail)
+            if (!isChosen(section))
                 continue;
             for (const LayoutObject &object : section.objects) {
                 if (isText(object) && object.place.width() > 0)
@@ -31,7 +39,7 @@ SheetColumns::SheetColumns(const Layout &layout)
     }
     std::sort(spans.begin(), spans.end(), [](const Span &a, const Span &b) { return a.left < b.left; });
     for (const Span &span : spans) {
-        // Lines of one detail, one under the other, share columns.
+        // Lines of one row, one under the other, share columns.
         if (!m_columns.empty() && common(m_columns.back().left, m_columns.back().right, span.left, span.right) >
                                       0.3 * (span.right - span.left))
             m_columns.back().right = std::max(m_columns.back().right, span.right);

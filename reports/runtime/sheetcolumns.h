@@ -2,7 +2,8 @@
 
 #include "reports/runtime/layout.h"
 
-/// The columns a layout falls into on a spreadsheet: those of its detail rows, to which everything else is fitted.
+/// The columns a layout falls into on a spreadsheet: those of its detail rows (without them of its
+/// group totals), to which everything else is fitted.
 class SheetColumns
 {
 public:

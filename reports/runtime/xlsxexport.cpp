@@ -61,7 +61,7 @@ public:
     {
         if (!m_book || page.items.empty())
             return;
-        if (m_layout.exportAsTable && !section.section->columnHeads && section.section->kind != Section::Kind::Detail)
+        if (m_layout.exportAsTable && !isOfTable(*section.section))
             return;
         for (const std::vector<const PageItem *> &line : lines(page))
             writeLine(line);
@@ -72,6 +72,13 @@ public:
     }
 
 private:
+    /// A flat layout's records are its details, or totals that take their place.
+    static bool isOfTable(const Section &section)
+    {
+        return section.columnHeads || section.kind == Section::Kind::Detail ||
+               section.kind == Section::Kind::GroupFooter;
+    }
+
     void addSheet()
     {
         m_sheet = workbook_add_worksheet(m_book, nullptr);
