@@ -96,71 +96,75 @@ void showProgress(qint16 row)
     }
 }
 
-Recordset openInventory()
+/// What a row of a stock workbook says; the quantity as it stands there.
+struct StockRow
 {
-    return gDatabase->OpenRecordset("SELECT * FROM Inventory");
-}
+    QString Part, Warehouse, Qty;
+};
 
 void addMovement(Recordset &table, const QString &Part, const QString &Warehouse, const char *Tran, const Value &Qty)
 {
     addRow(table, {{"Part", Part}, {"Warehouse", Warehouse}, {"Tran", Tran}, {"Qty", Qty}});
 }
 
+/// Goes through a stock workbook to the row whose part is `endMark`; what is read of a row and what comes of it is for
+/// the two functions to tell. A row without a warehouse is passed over.
+void readStock(const QString &path, const QString &endMark, StockRow (*readRow)(const SheetRows &),
+               void (*add)(Recordset &, const StockRow &))
+{
+    const Workbook workbook = Workbook::open(path);
+    auto table = gDatabase->OpenRecordset("SELECT * FROM Inventory");
+    SheetRows rows(workbook, 1, 2);
+    QString Part = "temp";
+    while (Part != endMark) {
+        const StockRow row = readRow(rows);
+        Part = row.Part;
+        rows.next();
+        showProgress(rows.row());
+        if (Part != endMark && !row.Warehouse.isEmpty())
+            add(table, row);
+    }
+    table.Close();
+}
+
 /// A row blank in both part cells reads as "-" and ends the production.
 void readProduction(const QString &path)
 {
-    const Workbook workbook = Workbook::open(path);
-    auto table = openInventory();
-    SheetRows rows(workbook, 1, 2);
-    QString Part = "temp";
-    while (Part != "-") {
-        const QString suffix = rows.cell(3);
-        Part = rows.cell(2) + "-" + suffix.right(3);
-        const QString Qty = rows.cell(4);
-        rows.next();
-        showProgress(rows.row());
-        if (Part != "-")
-            addMovement(table, Part, PlantWarehouse, "Production", Qty);
-    }
-    table.Close();
+    readStock(
+        path, "-",
+        [](const SheetRows &rows) {
+            const QString suffix = rows.cell(3);
+            const QString Part = rows.cell(2) + "-" + suffix.right(3);
+            return StockRow{Part, PlantWarehouse, rows.cell(4)};
+        },
+        [](Recordset &table, const StockRow &row) {
+            addMovement(table, row.Part, row.Warehouse, "Production", row.Qty);
+        });
 }
 
 void readTransfers(const QString &path)
 {
-    const Workbook workbook = Workbook::open(path);
-    auto table = openInventory();
-    SheetRows rows(workbook, 1, 2);
-    QString Part = "temp";
-    while (!Part.isEmpty()) {
-        Part = rows.cell(2);
-        const QString Warehouse = rows.cell(4);
-        const QString Qty = rows.cell(3);
-        rows.next();
-        showProgress(rows.row());
-        if (!Part.isEmpty() && !Warehouse.isEmpty()) {
-            addMovement(table, Part, Warehouse, "Transfer", Qty);
-            addMovement(table, Part, PlantWarehouse, "Transfer", Val(Qty) * -1);
-        }
-    }
-    table.Close();
+    readStock(
+        path, "",
+        [](const SheetRows &rows) {
+            return StockRow{rows.cell(2), rows.cell(4), rows.cell(3)};
+        },
+        [](Recordset &table, const StockRow &row) {
+            addMovement(table, row.Part, row.Warehouse, "Transfer", row.Qty);
+            addMovement(table, row.Part, PlantWarehouse, "Transfer", Val(row.Qty) * -1);
+        });
 }
 
 void readSold(const QString &path)
 {
-    const Workbook workbook = Workbook::open(path);
-    auto table = openInventory();
-    SheetRows rows(workbook, 1, 2);
-    QString Part = "temp";
-    while (!Part.isEmpty()) {
-        Part = rows.cell(5);
-        const QString Warehouse = rows.cell(9);
-        const QString Qty = rows.cell(6);
-        rows.next();
-        showProgress(rows.row());
-        if (!Part.isEmpty() && !Warehouse.isEmpty())
-            addMovement(table, Part, Warehouse, "Sold", Val(Qty) * -1);
-    }
-    table.Close();
+    readStock(
+        path, "",
+        [](const SheetRows &rows) {
+            return StockRow{rows.cell(5), rows.cell(9), rows.cell(6)};
+        },
+        [](Recordset &table, const StockRow &row) {
+            addMovement(table, row.Part, row.Warehouse, "Sold", Val(row.Qty) * -1);
+        });
 }
 
 void reportInventory(const char *designer)
