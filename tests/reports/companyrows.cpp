@@ -84,24 +84,6 @@ std::vector<ShippedLine> shippedLines(const Company &company)
     return result;
 }
 
-/// The invoice date of every shipment that an invoice names.
-QHash<int, Date> invoiceDates(const Company &company)
-{
-    std::vector<const TableRow *> invoices;
-    for (const TableRow &invoice : company.invoices) {
-        if (!invoice["Shipment"].isNull() && name(invoice, "Shipment") != "0")
-            invoices.push_back(&invoice);
-    }
-    std::stable_sort(invoices.begin(), invoices.end(),
-                     [](const TableRow *a, const TableRow *b) { return name(*a, "Shipment") < name(*b, "Shipment"); });
-    QHash<int, Date> dates;
-    for (const TableRow *invoice : invoices) {
-        for (const QString &shipment : name(*invoice, "Shipment").split(", "))
-            dates[shipment.toInt()] = (*invoice)["InvoiceDate"].toDate();
-    }
-    return dates;
-}
-
 bool within(const Value &date, const Date &begin, const Date &end)
 {
     return !date.isNull() && date.toDate() >= begin && date.toDate() <= end;
@@ -161,6 +143,23 @@ std::pair<double, double> receivedAndAdjusted(const Company &company, int invoic
 }
 
 } // namespace
+
+QHash<int, Date> invoiceDates(const Company &company)
+{
+    std::vector<const TableRow *> invoices;
+    for (const TableRow &invoice : company.invoices) {
+        if (!invoice["Shipment"].isNull() && name(invoice, "Shipment") != "0")
+            invoices.push_back(&invoice);
+    }
+    std::stable_sort(invoices.begin(), invoices.end(),
+                     [](const TableRow *a, const TableRow *b) { return name(*a, "Shipment") < name(*b, "Shipment"); });
+    QHash<int, Date> dates;
+    for (const TableRow *invoice : invoices) {
+        for (const QString &shipment : name(*invoice, "Shipment").split(", "))
+            dates[shipment.toInt()] = (*invoice)["InvoiceDate"].toDate();
+    }
+    return dates;
+}
 
 Company::Company()
     : orders(all("Orders")), items(all("OrderItem")), shipments(all("Shipment")), shipmentItems(all("ShipmentItems")),
@@ -316,19 +315,68 @@ QStringList expectedProduction(const Company &company, int months, int req, cons
     return result;
 }
 
-QStringList expectedOpenInvoices(const Company &company, const Date &asOf)
+QStringList expectedOpenInvoices(const Company &company, const Date &asOf, int overDays)
 {
     const auto customers = byName(company.customers, "Customer");
     QStringList result;
+    QSet<QString> overdue;
     for (const TableRow &invoice : company.invoices) {
         if (invoice["InvoiceDate"].toDate() > asOf)
             continue;
         const auto [received, adjusted] = receivedAndAdjusted(company, id(invoice), asOf);
+        if (invoice["InvoiceDate"].toDate() < asOf.addDays(-overDays) &&
+            number(invoice, "Total") - received - adjusted > 0.001)
+            overdue += name(invoice, "Customer");
         const TableRow *customer = customers.value(name(invoice, "Customer"));
         result +=
             rowText({invoice["Customer"], customer ? (*customer)["Phone"] : Value(),
                      customer ? (*customer)["Fax"] : Value(), invoice["Invoice"], invoice["InvoiceDate"],
                      invoice["DueDate"], invoice["Terms"], invoice["Shipment"], invoice["Total"], adjusted, received});
+    }
+    if (overDays >= 0)
+        result.removeIf([&](const QString &row) { return !overdue.contains(row.section('|', 0, 0)); });
+    return result;
+}
+
+QStringList expectedStatements(const Company &company, const Date &asOf)
+{
+    const auto customers = byName(company.customers, "Customer");
+    QStringList result;
+    for (const TableRow &invoice : company.invoices) {
+        const TableRow *customer = customers.value(name(invoice, "Customer"));
+        if (!customer || !(*customer)["PrintStatements"].toBoolean() || invoice["InvoiceDate"].toDate() > asOf)
+            continue;
+        const auto [received, adjusted] = receivedAndAdjusted(company, id(invoice), asOf);
+        std::vector<Value> row;
+        for (const char *column : {"Customer", "Address1", "Address2", "City", "State", "Zip"})
+            row.push_back((*customer)[column]);
+        for (const char *column : {"Invoice", "InvoiceDate", "DueDate", "Terms", "Shipment", "Total"})
+            row.push_back(invoice[column]);
+        row.insert(row.end(), {adjusted, received});
+        result += rowText(row);
+    }
+    return result;
+}
+
+QStringList expectedCustomerRegister(const Company &company, const QString &customer, const Date &begin,
+                                     const Date &end)
+{
+    QStringList result;
+    const ById invoices = byId(company.invoices);
+    for (const TableRow &invoice : company.invoices) {
+        if (name(invoice, "Customer") == customer && within(invoice["InvoiceDate"], begin, end))
+            result += rowText({invoice["InvoiceDate"], "Invoice", invoice["Invoice"], invoice["ID"], invoice["Total"]});
+    }
+    for (const TableRow &payment : company.payments) {
+        const TableRow *invoice = invoices.value(id(payment, "Invoice"));
+        if (!invoice || name(*invoice, "Customer") != customer || !within(payment["Date"], begin, end))
+            continue;
+        const auto add = [&](const char *type, const Value &amount) {
+            result += rowText({payment["Date"], type, (*invoice)["ID"], payment["ID"], amount});
+        };
+        add("Payment", payment["Amount"]);
+        if (number(payment, "Adjustment") != 0)
+            add("Adjustment", payment["Adjustment"]);
     }
     return result;
 }

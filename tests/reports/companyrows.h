@@ -32,6 +32,12 @@ QStringList expectedComparison(const Company &company, SalesKey key, const std::
 QStringList expectedRegister(const Company &company, const Date &begin, const Date &end, const QString &category);
 QStringList expectedInventorySales(const Company &company, const Date &begin, const Date &end);
 QStringList expectedProduction(const Company &company, int months, int req, const Date &start, const Date &end);
-QStringList expectedOpenInvoices(const Company &company, const Date &asOf);
+/// With days given, of the customers alone that owe something of an invoice older than that.
+QStringList expectedOpenInvoices(const Company &company, const Date &asOf, int overDays = -1);
+QStringList expectedStatements(const Company &company, const Date &asOf);
 QStringList expectedCashReceipts(const Company &company, const Date &begin, const Date &end);
 QStringList expectedInvoiceRegister(const Company &company, const Date &begin, const Date &end);
+QStringList expectedCustomerRegister(const Company &company, const QString &customer, const Date &begin,
+                                     const Date &end);
+/// `Shipment.InvoiceDate` of every shipment that an invoice names.
+QHash<int, Date> invoiceDates(const Company &company);
