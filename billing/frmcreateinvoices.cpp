@@ -128,13 +128,13 @@ void frmCreateInvoices::layOut()
     auto *form = new QVBoxLayout(this);
     auto *fields = new FieldLayout;
     form->addLayout(fields);
+    for (QWidget *date : {dtCutoff, dtDate})
+        setFieldWidth(date, 12);
     fields->add("Customer", cmbCustomer);
     fields->add("Cut-off Ship Date", dtCutoff);
     fields->add("Invoice Date", dtDate);
-    for (QWidget *date : {dtCutoff, dtDate})
-        setFieldWidth(date, 12);
     form->addStretch(1);
     form->addLayout(buttonRow({btnPrint, btnCancel}));
     setTabOrder({cmbCustomer, dtCutoff, dtDate, btnPrint, btnCancel});
-    resize(420, 160);
+    resize(520, 160);
 }

@@ -94,15 +94,15 @@ void frmReceivePayment::layOut()
     auto *form = new QVBoxLayout(this);
     auto *fields = new FieldLayout;
     form->addLayout(fields);
+    for (QWidget *field :
+         std::initializer_list<QWidget *>{txtInvoice, dtDate, txtAmount, txtBalance, txtPayment, txtAdjustment})
+        setFieldWidth(field, 18);
     fields->add("Invoice Number", txtInvoice);
     fields->add("Date", dtDate);
     fields->add("Invoice Amount", txtAmount);
     fields->add("Invoice Balance", txtBalance);
     fields->add("Payment Amount", txtPayment);
     fields->add("Adjustments", txtAdjustment);
-    for (QWidget *field :
-         std::initializer_list<QWidget *>{txtInvoice, dtDate, txtAmount, txtBalance, txtPayment, txtAdjustment})
-        setFieldWidth(field, 16);
     form->addStretch(1);
     form->addLayout(buttonRow({btnSave, btnExit}));
     setTabOrder({txtInvoice, dtDate, txtAmount, txtBalance, txtPayment, txtAdjustment, btnSave, btnExit});

@@ -104,7 +104,7 @@ void StockForm::prepareGrid()
     vsfgAdjustment->setRows(0);
     vsfgAdjustment->setCols(4);
     vsfgAdjustment->addItem("Part No.\tCategory\tAdj. Qty\tCost");
-    vsfgAdjustment->setColHidden(CostColumn);
+    dressGrid();
 }
 
 void StockForm::dressGrid()

@@ -273,6 +273,12 @@ void frmShipmentEntry::fillShipped(const QString &ShipmentID)
 
 void frmShipmentEntry::layOut()
 {
+    setFieldWidth(txtID, 12);
+    setFieldWidth(dtDate, 12);
+    setFieldWidth(txtState, 4);
+    setFieldWidth(txtZip, 10);
+    for (QWidget *amount : {txtFreight, txtAdjustment})
+        setFieldWidth(amount, 14);
     auto *header = new FieldLayout(Frame1);
     header->add("Customer", cmbCustomer);
     header->add("Order Number", cmbOrder);
@@ -285,12 +291,6 @@ void frmShipmentEntry::layOut()
     header->add("Address 1", txtAddress1, 2);
     header->add("Address 2", txtAddress2, 2);
     header->add("City/St/Zip", {txtCity, txtState, txtZip}, 2);
-    setFieldWidth(txtID, 12);
-    setFieldWidth(dtDate, 12);
-    setFieldWidth(txtState, 4);
-    setFieldWidth(txtZip, 10);
-    for (QWidget *amount : {txtFreight, txtAdjustment})
-        setFieldWidth(amount, 14);
 
     auto *selection = new QVBoxLayout(Frame2);
     selection->addWidget(vsfgItems, 1);
@@ -303,5 +303,5 @@ void frmShipmentEntry::layOut()
 
     setTabOrder({cmbCustomer, cmbOrder, txtID, dtDate, txtShipVia, txtFreight, txtAdjustment, txtShipTo, txtAddress1,
                  txtAddress2, txtCity, txtState, txtZip, vsfgItems, btnShipAll, btnSave, btnExit});
-    resize(1060, 560);
+    resize(1120, 560);
 }

@@ -60,6 +60,9 @@ TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
         EXPECT_EQ(user.control<ComboBox>("cmbType")->list(1), "Brackets");
         EXPECT_EQ(user.control<ComboBox>("cmbCost")->list(1), "1.25");
         EXPECT_EQ(user.text("dtDate"), "3/30/2011");
+        const auto *grid = user.control<FlexGrid>("vsfgAdjustment");
+        EXPECT_TRUE(grid->isColumnHidden(3));
+        EXPECT_EQ(grid->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
     }
 }
 
