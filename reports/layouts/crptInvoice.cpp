@@ -58,9 +58,9 @@ Section invoiceLine()
             .name = "secDetail",
             .height = 15,
             .objects = {value({0, 1.5, 24, 0}, "{ItemNumber}", Normal, Align::Right),
-                        wrapping(value({30, 1.5, 112, 0}, "{PartNo}", Normal), 4),
-                        wrapping(value({148, 1.5, 70, 0}, "{Category}", Normal), 5),
-                        wrapping(value({224, 1.5, 84, 0}, "{CustomerNumber}", Normal), 8),
+                        wrapping(value({30, 1.5, 104, 0}, "{PartNo}", Normal), 4),
+                        wrapping(value({140, 1.5, 88, 0}, "{Category}", Normal), 5),
+                        wrapping(value({232, 1.5, 76, 0}, "{CustomerNumber}", Normal), 8),
                         value({312, 1.5, 42, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({360, 1.5, 44, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({410, 1.5, 58, 0}, "{PriceEach}", Normal, Align::Right, Picture::Price),
@@ -119,8 +119,8 @@ Layout crptInvoice()
          .continuation = "\"Invoice \" & {?txtInvoiceNumber}"},
         width);
     layout.sections.push_back(documentColumns(
-        {text({0, 0, 24, 0}, "Line", {}, Align::Right), text({30, 0, 112, 0}, "Part"),
-         text({148, 0, 70, 0}, "Category"), text({224, 0, 84, 0}, "Your number"),
+        {text({0, 0, 24, 0}, "Line", {}, Align::Right), text({30, 0, 104, 0}, "Part"),
+         text({140, 0, 88, 0}, "Category"), text({232, 0, 76, 0}, "Your number"),
          text({312, 0, 42, 0}, "Ordered", {}, Align::Right), text({360, 0, 44, 0}, "Shipped", {}, Align::Right),
          text({410, 0, 58, 0}, "Price", {}, Align::Right), text({474, 0, 66, 0}, "Amount", {}, Align::Right)},
         width));
