@@ -121,9 +121,12 @@ FormulaPtr CompiledLayout::parameter(const QString &name)
     const auto found = findNamed(m_layout.parameters, name);
     if (found == m_layout.parameters.end())
         return nullptr;
-    return computed(FormulaType::Text, [&parameter = *found](const FormulaContext &) {
-        return parameter.suppress ? Value(QString()) : Value(parameter.text);
-    });
+    return computed(
+        FormulaType::Text,
+        [&parameter = *found](const FormulaContext &) {
+            return parameter.suppress ? Value(QString()) : Value(parameter.text);
+        },
+        false);
 }
 
 int CompiledLayout::groupLevel(const QString &reference)

@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 class RowStore;
@@ -41,6 +42,16 @@ public:
     virtual std::optional<double> number(const FormulaContext &context) const;
     /// True where the value is True; Null counts as False.
     virtual bool holds(const FormulaContext &context) const;
+    /// False when the value is the same for all rows.
+    virtual bool variesByRow() const { return true; }
+
+    // The same for several rows at once, up to Batch of them, since totals and groups want every row's value. They set
+    // the context's row as they like. Of totals and group names they know nothing.
+    static constexpr size_t Batch = 256;
+    /// `number` of each row; not-a-number stands for Null.
+    virtual void numbers(FormulaContext &context, std::span<const int> rows, double *out) const;
+    /// `holds` of each row.
+    virtual void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const;
 
 private:
     FormulaType m_type;

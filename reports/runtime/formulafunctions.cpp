@@ -97,16 +97,21 @@ bool accepts(const Function &function, const std::vector<FormulaPtr> &arguments)
 
 FormulaPtr call(const Function &function, const std::vector<FormulaPtr> &arguments)
 {
-    return computed(function.result, [compute = function.compute, arguments](const FormulaContext &context) {
-        Values values;
-        values.reserve(arguments.size());
-        for (const FormulaPtr &argument : arguments) {
-            values.push_back(operand(*argument, context));
-            if (values.back().isNull())
-                return Value();
-        }
-        return compute(values);
-    });
+    const bool varies = std::any_of(arguments.begin(), arguments.end(),
+                                    [](const FormulaPtr &argument) { return argument->variesByRow(); });
+    return computed(
+        function.result,
+        [compute = function.compute, arguments](const FormulaContext &context) {
+            Values values;
+            values.reserve(arguments.size());
+            for (const FormulaPtr &argument : arguments) {
+                values.push_back(operand(*argument, context));
+                if (values.back().isNull())
+                    return Value();
+            }
+            return compute(values);
+        },
+        varies);
 }
 
 QString pageText(const FormulaContext &context)

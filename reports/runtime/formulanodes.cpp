@@ -3,6 +3,10 @@
 #include "data/values/runtimeerror.h"
 #include "data/values/textorder.h"
 #include "reports/runtime/rowstore.h"
+#include <array>
+#include <limits>
+
+constexpr double Null = std::numeric_limits<double>::quiet_NaN();
 
 bool Formula::holds(const FormulaContext &context) const
 {
@@ -16,6 +20,36 @@ std::optional<double> Formula::number(const FormulaContext &context) const
     if (value.isNull())
         return {};
     return value.type() == Value::Type::Date ? value.toDate().serial() : value.toDouble();
+}
+
+void Formula::numbers(FormulaContext &context, std::span<const int> rows, double *out) const
+{
+    if (rows.empty())
+        return;
+    context.row = rows.front();
+    if (!variesByRow()) {
+        std::fill_n(out, rows.size(), number(context).value_or(Null));
+        return;
+    }
+    for (const int row : rows) {
+        context.row = row;
+        *out++ = number(context).value_or(Null);
+    }
+}
+
+void Formula::conditions(FormulaContext &context, std::span<const int> rows, bool *out) const
+{
+    for (const int row : rows) {
+        context.row = row;
+        *out++ = holds(context);
+    }
+}
+
+void FieldFormula::numbers(FormulaContext &context, std::span<const int> rows, double *out) const
+{
+    const std::vector<double> &numbers = context.rows->numbers(m_field);
+    for (const int row : rows)
+        *out++ = numbers[row];
 }
 
 std::optional<double> FieldFormula::number(const FormulaContext &context) const
@@ -53,6 +87,20 @@ Value operand(const Formula &formula, const FormulaContext &context)
 
 int textOrder(const QString &left, const QString &right)
 {
+    // Mostly a difference between two ASCII characters other than blanks decides, which needs no other encoding.
+    const qsizetype common = std::min(left.size(), right.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        const char16_t a = left[i].unicode();
+        const char16_t b = right[i].unicode();
+        if (a >= 0x80 || b >= 0x80)
+            break;
+        const auto lower = [](char16_t c) { return c >= u'A' && c <= u'Z' ? c + 32 : c; };
+        if (lower(a) == lower(b))
+            continue;
+        if (a == u' ' || b == u' ')
+            break;
+        return lower(a) - lower(b);
+    }
     return left == right ? 0 : compareTexts(left.toStdString(), right.toStdString());
 }
 
@@ -69,9 +117,9 @@ int compareValues(const Value &left, const Value &right)
     return a < b ? -1 : a > b ? 1 : 0;
 }
 
-FormulaPtr computed(FormulaType type, ComputedFormula::Function function)
+FormulaPtr computed(FormulaType type, ComputedFormula::Function function, bool variesByRow)
 {
-    return std::make_shared<ComputedFormula>(type, std::move(function));
+    return std::make_shared<ComputedFormula>(type, std::move(function), variesByRow);
 }
 
 namespace {
@@ -111,6 +159,37 @@ std::optional<double> numberOperand(const Formula &formula, const FormulaContext
     return !number && context.nullsAsDefaults ? std::optional(0.0) : number;
 }
 
+/// numberOperand for several rows.
+void numberOperands(const Formula &formula, FormulaContext &context, std::span<const int> rows, double *out)
+{
+    formula.numbers(context, rows, out);
+    if (context.nullsAsDefaults)
+        std::replace_if(
+            out, out + rows.size(), [](double number) { return std::isnan(number); }, 0.0);
+}
+
+using Numbers = std::array<double, Formula::Batch>;
+using Flags = std::array<bool, Formula::Batch>;
+
+/// Some of a batch's rows, for what must not be evaluated for the others.
+struct Choice
+{
+    Choice(std::span<const int> rows, const Flags &flags, bool wanted)
+    {
+        for (size_t i = 0; i < rows.size(); ++i) {
+            if (flags[i] != wanted)
+                continue;
+            places[count] = int(i);
+            chosen[count++] = rows[i];
+        }
+    }
+    std::span<const int> rows() const { return {chosen.data(), count}; }
+
+    size_t count = 0;
+    std::array<int, Formula::Batch> chosen;
+    std::array<int, Formula::Batch> places; ///< of the chosen ones in the batch
+};
+
 /// Numbers and dates are reckoned with as numbers, since totals do it for every row.
 class ArithmeticFormula : public Formula
 {
@@ -131,6 +210,17 @@ public:
         if (!result)
             return {};
         return type() == FormulaType::Date ? Value(Date(*result)) : Value(*result);
+    }
+    bool variesByRow() const override { return m_left->variesByRow() || m_right->variesByRow(); }
+    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override
+    {
+        Numbers right;
+        numberOperands(*m_left, context, rows, out);
+        numberOperands(*m_right, context, rows, right.data());
+        for (size_t i = 0; i < rows.size(); ++i) {
+            const bool isNull = std::isnan(out[i]) || std::isnan(right[i]);
+            out[i] = isNull ? Null : calculated(m_symbol, out[i], right[i]);
+        }
     }
 
 private:
@@ -156,6 +246,20 @@ public:
     {
         const Formula *branch = branchFor(context);
         return branch ? branch->evaluate(context) : defaultOf(type());
+    }
+    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override
+    {
+        Flags flags;
+        m_condition->conditions(context, rows, flags.data());
+        for (const bool wanted : {true, false}) {
+            const Choice choice(rows, flags, wanted);
+            const Formula *branch = wanted ? m_then.get() : m_otherwise.get();
+            Numbers results{};
+            if (branch)
+                branch->numbers(context, choice.rows(), results.data());
+            for (size_t i = 0; i < choice.count; ++i)
+                out[choice.places[i]] = results[i];
+        }
     }
 
 private:
@@ -183,11 +287,29 @@ public:
         return result ? Value(*result) : Value();
     }
     bool holds(const FormulaContext &context) const override { return compared(context).value_or(false); }
+    void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const override
+    {
+        if (!comparesNumbers())
+            return Formula::conditions(context, rows, out);
+        Numbers left;
+        Numbers right;
+        numberOperands(*m_left, context, rows, left.data());
+        numberOperands(*m_right, context, rows, right.data());
+        for (size_t i = 0; i < rows.size(); ++i) {
+            const bool isNull = std::isnan(left[i]) || std::isnan(right[i]);
+            out[i] = !isNull && (left[i] < right[i] ? m_below : left[i] > right[i] ? m_above : m_equal);
+        }
+    }
 
 private:
+    bool comparesNumbers() const
+    {
+        return m_left->type() == FormulaType::Number || m_left->type() == FormulaType::Date;
+    }
+
     std::optional<bool> compared(const FormulaContext &context) const
     {
-        if (m_left->type() == FormulaType::Number || m_left->type() == FormulaType::Date) {
+        if (comparesNumbers()) {
             const std::optional<double> left = numberOperand(*m_left, context);
             const std::optional<double> right = numberOperand(*m_right, context);
             if (!left || !right)
@@ -219,6 +341,16 @@ public:
         return m_left->holds(context) == m_isAnd ? m_right->holds(context) : !m_isAnd;
     }
     Value evaluate(const FormulaContext &context) const override { return holds(context); }
+    void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const override
+    {
+        Flags flags;
+        m_left->conditions(context, rows, flags.data());
+        const Choice undecided(rows, flags, m_isAnd);
+        std::fill_n(out, rows.size(), !m_isAnd);
+        m_right->conditions(context, undecided.rows(), flags.data());
+        for (size_t i = 0; i < undecided.count; ++i)
+            out[undecided.places[i]] = flags[i];
+    }
 
 private:
     bool m_isAnd;

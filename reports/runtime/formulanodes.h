@@ -10,6 +10,7 @@ class ConstantFormula : public Formula
 public:
     ConstantFormula(FormulaType type, Value value) : Formula(type), m_value(std::move(value)) {}
     Value evaluate(const FormulaContext &) const override { return m_value; }
+    bool variesByRow() const override { return false; }
 
 private:
     Value m_value;
@@ -20,11 +21,16 @@ class ComputedFormula : public Formula
 {
 public:
     using Function = std::function<Value(const FormulaContext &)>;
-    ComputedFormula(FormulaType type, Function function) : Formula(type), m_function(std::move(function)) {}
+    ComputedFormula(FormulaType type, Function function, bool varies)
+        : Formula(type), m_function(std::move(function)), m_varies(varies)
+    {
+    }
     Value evaluate(const FormulaContext &context) const override { return m_function(context); }
+    bool variesByRow() const override { return m_varies; }
 
 private:
     Function m_function;
+    bool m_varies;
 };
 
 /// A field of the row.
@@ -34,6 +40,7 @@ public:
     FieldFormula(FormulaType type, int field) : Formula(type), m_field(field) {}
     Value evaluate(const FormulaContext &context) const override;
     std::optional<double> number(const FormulaContext &context) const override;
+    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override;
     int field() const { return m_field; }
 
 private:
@@ -49,7 +56,7 @@ int compareValues(const Value &left, const Value &right);
 /// The same for texts, in the order that the database sorts them: without regard to case.
 int textOrder(const QString &left, const QString &right);
 
-FormulaPtr computed(FormulaType type, ComputedFormula::Function function);
+FormulaPtr computed(FormulaType type, ComputedFormula::Function function, bool variesByRow = true);
 FormulaPtr negated(FormulaPtr operand);
 FormulaPtr inverted(FormulaPtr condition);
 FormulaPtr arithmetic(QChar symbol, FormulaPtr left, FormulaPtr right);

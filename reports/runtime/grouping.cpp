@@ -1,81 +1,112 @@
 #include "reports/runtime/grouping.h"
 
-#include "data/values/textorder.h"
 #include "reports/runtime/formulanodes.h"
 #include "reports/runtime/rowstore.h"
-#include <QHash>
 #include <numeric>
 
 namespace {
 
-/// Numbers the different values of a group field by their order, so that sorting compares integers. Texts that differ
-/// in case alone get one number.
-std::vector<int> ranks(const Formula &by, FormulaContext context)
+/// Where each of some things stands among them, from 0, when `order` compares two by their numbers; equal ones share
+/// a rank.
+template <class Order> std::vector<int> ranksOf(int count, const Order &order)
 {
-    std::vector<Value> distinct;
-    std::vector<int> ids(context.rows->rowCount());
-    QHash<QString, int> texts;
-    QHash<double, int> numbers;
-    int null = -1;
-    const auto numbered = [&](auto &known, const auto &key, const Value &value) {
-        const auto found = known.constFind(key);
-        if (found != known.constEnd())
-            return *found;
-        distinct.push_back(value);
-        return *known.insert(key, int(distinct.size()) - 1);
-    };
-    for (context.row = 0; context.row < int(ids.size()); ++context.row) {
-        const Value value = by.evaluate(context);
-        if (value.isNull() && null < 0) {
-            null = int(distinct.size());
-            distinct.push_back(value);
-        }
-        ids[context.row] = value.isNull()                      ? null
-                           : value.type() == Value::Type::Text ? numbered(texts, value.toText(), value)
-                           : value.type() == Value::Type::Date ? numbered(numbers, value.toDate().serial(), value)
-                                                               : numbered(numbers, value.toDouble(), value);
-    }
-
-    // Texts are brought into the encoding they are compared in once, not at each comparison.
-    std::vector<std::string> encoded(by.type() == FormulaType::Text ? distinct.size() : 0);
-    for (size_t i = 0; i < encoded.size(); ++i)
-        encoded[i] = distinct[i].joined().toStdString();
-    const auto compared = [&](int a, int b) {
-        if (encoded.empty() || distinct[a].isNull() || distinct[b].isNull())
-            return compareValues(distinct[a], distinct[b]);
-        return compareTexts(encoded[a], encoded[b]);
-    };
-    std::vector<int> sorted(distinct.size());
+    std::vector<int> sorted(count);
     std::iota(sorted.begin(), sorted.end(), 0);
-    std::sort(sorted.begin(), sorted.end(), [&](int a, int b) { return compared(a, b) < 0; });
-    std::vector<int> rank(distinct.size());
-    for (size_t i = 1; i < sorted.size(); ++i) {
-        const bool same = compared(sorted[i - 1], sorted[i]) == 0;
-        rank[sorted[i]] = rank[sorted[i - 1]] + (same ? 0 : 1);
+    const auto before = [&](int a, int b) { return order(a, b) < 0; };
+    // Mostly the rows come in order, and so do their different values.
+    if (!std::is_sorted(sorted.begin(), sorted.end(), before))
+        std::sort(sorted.begin(), sorted.end(), before);
+    std::vector<int> rank(count);
+    for (int i = 1; i < count; ++i)
+        rank[sorted[i]] = rank[sorted[i - 1]] + (order(sorted[i - 1], sorted[i]) != 0);
+    return rank;
+}
+
+/// The beginning of a text as a number that sorts alike; none where a letter beyond ASCII stands in it.
+std::optional<std::pair<quint64, quint64>> sortPrefix(QStringView text)
+{
+    while (text.endsWith(u' '))
+        text.chop(1);
+    std::array<quint64, 2> parts{};
+    for (qsizetype i = 0; i < std::min<qsizetype>(text.size(), 16); ++i) {
+        const char16_t c = text[i].unicode();
+        if (c >= 0x80)
+            return {};
+        parts[i / 8] |= quint64(c >= u'A' && c <= u'Z' ? c + 32 : c) << (56 - i % 8 * 8);
     }
-    for (int &id : ids)
-        id = rank[id];
-    return ids;
+    return std::pair(parts[0], parts[1]);
+}
+
+std::vector<int> rankedTexts(const FieldFormula &field, const RowStore &rows)
+{
+    const std::vector<QString> &texts = rows.texts(field.field());
+    std::vector<std::optional<std::pair<quint64, quint64>>> prefixes;
+    for (const QString &text : texts)
+        prefixes.push_back(sortPrefix(text));
+    const std::vector<int> rank = ranksOf(int(texts.size()), [&](int a, int b) {
+        if (a == 0 || b == 0)
+            return a - b; // 0 is Null
+        if (prefixes[a] && prefixes[b] && prefixes[a] != prefixes[b])
+            return prefixes[a] < prefixes[b] ? -1 : 1;
+        return textOrder(texts[a], texts[b]);
+    });
+    std::vector<int> ranks(rows.rowCount());
+    for (int row = 0; row < rows.rowCount(); ++row)
+        ranks[row] = rank[rows.textId(row, field.field())];
+    return ranks;
+}
+
+std::vector<int> rankedNumbers(const Formula &by, FormulaContext context, std::span<const int> rows)
+{
+    std::vector<double> numbers(rows.size());
+    for (size_t first = 0; first < rows.size(); first += Formula::Batch)
+        by.numbers(context, rows.subspan(first, std::min(Formula::Batch, rows.size() - first)), &numbers[first]);
+    // Null comes first.
+    std::replace_if(
+        numbers.begin(), numbers.end(), [](double number) { return std::isnan(number); }, -HUGE_VAL);
+    std::vector<double> distinct = numbers;
+    if (!std::is_sorted(distinct.begin(), distinct.end()))
+        std::sort(distinct.begin(), distinct.end());
+    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+    std::vector<int> ranks(numbers.size());
+    auto at = distinct.begin();
+    for (size_t row = 0; row < numbers.size(); ++row) {
+        if (*at != numbers[row])
+            at = std::lower_bound(distinct.begin(), distinct.end(), numbers[row]);
+        ranks[row] = int(at - distinct.begin());
+    }
+    return ranks;
+}
+
+std::vector<int> rankedValues(const Formula &by, FormulaContext context)
+{
+    std::vector<Value> values;
+    for (context.row = 0; context.row < context.rows->rowCount(); ++context.row)
+        values.push_back(by.evaluate(context));
+    return ranksOf(int(values.size()), [&](int a, int b) { return compareValues(values[a], values[b]); });
+}
+
+/// Numbers the rows by the order of their group values, so that sorting compares integers. Texts that differ in case
+/// alone get one number.
+std::vector<int> ranks(const Formula &by, const FormulaContext &context, std::span<const int> rows)
+{
+    if (by.type() == FormulaType::Number || by.type() == FormulaType::Date)
+        return rankedNumbers(by, context, rows);
+    const auto *field = dynamic_cast<const FieldFormula *>(&by);
+    return field ? rankedTexts(*field, *context.rows) : rankedValues(by, context);
 }
 
 } // namespace
 
 void Grouping::arrange(const std::vector<FormulaPtr> &by, const FormulaContext &context)
 {
-    std::vector<std::vector<int>> keys;
-    for (const FormulaPtr &group : by)
-        keys.push_back(ranks(*group, context));
     m_order.resize(context.rows->rowCount());
     std::iota(m_order.begin(), m_order.end(), 0);
-    const auto before = [&](int a, int b) {
-        for (const std::vector<int> &key : keys) {
-            if (key[a] != key[b])
-                return key[a] < key[b];
-        }
-        return false;
-    };
-    if (!std::is_sorted(m_order.begin(), m_order.end(), before))
-        std::stable_sort(m_order.begin(), m_order.end(), before);
+    std::vector<std::vector<int>> keys;
+    for (const FormulaPtr &group : by)
+        keys.push_back(ranks(*group, context, m_order));
+    for (size_t level = keys.size(); level-- > 0;)
+        sortBy(keys[level]);
 
     m_nodes.assign(by.size(), {});
     for (int position = 0; position < rowCount(); ++position) {
@@ -87,6 +118,22 @@ void Grouping::arrange(const std::vector<FormulaPtr> &by, const FormulaContext &
             m_nodes[level].back().end = position + 1;
         }
     }
+}
+
+/// By counting, which keeps the order of equal ones.
+void Grouping::sortBy(const std::vector<int> &key)
+{
+    const auto before = [&](int a, int b) { return key[a] < key[b]; };
+    if (std::is_sorted(m_order.begin(), m_order.end(), before))
+        return;
+    std::vector<int> places(size_t(*std::max_element(key.begin(), key.end())) + 2);
+    for (const int rank : key)
+        ++places[rank + 1];
+    std::partial_sum(places.begin(), places.end(), places.begin());
+    std::vector<int> sorted(m_order.size());
+    for (const int row : m_order)
+        sorted[places[key[row]]++] = row;
+    m_order = std::move(sorted);
 }
 
 int Grouping::nodeAt(int level, int position) const

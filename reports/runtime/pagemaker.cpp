@@ -37,14 +37,8 @@ private:
         if (position < 0)
             return;
         m_context.row = m_grouping.rowAt(position);
-        for (int level = 0; level < m_grouping.levels(); ++level) {
-            const auto &nodes = m_grouping.nodes(level);
-            const int node = m_nodes[level];
-            if (position >= nodes[node].first && position < nodes[node].end)
-                continue;
-            const bool isNext = node + 1 < int(nodes.size()) && position == nodes[node].end;
-            m_nodes[level] = isNext ? node + 1 : m_grouping.nodeAt(level, position);
-        }
+        for (int level = 0; level < m_grouping.levels(); ++level)
+            m_nodes[level] = m_grouping.nodeAt(level, position, m_nodes[level]);
     }
 
     bool begins(int level) const { return m_grouping.nodes(level)[m_nodes[level]].first == m_position; }
@@ -83,12 +77,14 @@ private:
         return m_sections;
     }
 
+    /// Measures the row's sections from that one on, and notes them with their heights.
     double heightOfRow(int fromStep)
     {
         double height = 0;
         const auto &sections = sectionsOfRow();
+        m_heights.assign(sections.size(), 0);
         for (size_t i = fromStep; i < sections.size(); ++i)
-            height += sectionHeight(*sections[i], m_context);
+            height += m_heights[i] = sectionHeight(*sections[i], m_context);
         return height;
     }
 
@@ -100,9 +96,9 @@ private:
         return height;
     }
 
-    double place(const CompiledSection &section)
+    double place(const CompiledSection &section) { return place(section, sectionHeight(section, m_context)); }
+    double place(const CompiledSection &section, double height)
     {
-        const double height = sectionHeight(section, m_context);
         if (section.section->atPageBottom)
             m_y = std::max(m_y, m_bottom - height);
         if (m_page)
@@ -134,7 +130,8 @@ private:
     std::vector<double> m_runningBefore; ///< of the row that did not fit
     std::vector<int> m_nodes;
     FormulaContext m_context;
-    std::vector<const CompiledSection *> m_sections;
+    std::vector<const CompiledSection *> m_sections; ///< of the row
+    std::vector<double> m_heights;                   ///< theirs
     Page *m_page = nullptr;
     double m_top = 0; ///< below the page header
     double m_y = 0;
@@ -198,6 +195,7 @@ bool PageRun::groupDoesNotFit()
         result = height > m_bottom - m_y && height <= m_bottom - m_top;
         m_position = first;
         lookAt(first);
+        heightOfRow(m_step);
     }
     return result;
 }
@@ -241,13 +239,12 @@ bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
         if (height == 0)
             continue;
         // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
-        const auto sections = sectionsOfRow();
-        for (; m_step < int(sections.size()); ++m_step) {
-            if (!m_fresh && m_y + sectionHeight(*sections[m_step], m_context) > m_bottom) {
+        for (; m_step < int(m_sections.size()); ++m_step) {
+            if (!m_fresh && m_y + m_heights[m_step] > m_bottom) {
                 m_runningBefore = m_running;
                 return true;
             }
-            m_fresh = place(*sections[m_step]) == 0 && m_fresh;
+            m_fresh = place(*m_sections[m_step], m_heights[m_step]) == 0 && m_fresh;
         }
         m_fresh = m_newPageDue = m_restartDue = false;
     }

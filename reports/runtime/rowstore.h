@@ -33,6 +33,8 @@ public:
         const double number = m_columns[field].numbers[row];
         return std::isnan(number) ? std::nullopt : std::optional(number);
     }
+    /// All of a number or date field; not-a-number stands for Null.
+    const std::vector<double> &numbers(int field) const { return m_columns[field].numbers; }
     /// The number of a row's text in texts(field), where 0 stands for Null. Of text fields only.
     quint32 textId(int row, int field) const { return m_columns[field].textIds[row]; }
     /// The different texts of a field, from 1 on.

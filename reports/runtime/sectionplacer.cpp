@@ -46,6 +46,25 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
     return setting;
 }
 
+/// What settingOf(...).height() gives for a wrapped object, without setting the lines where one will do.
+double heightOf(const CompiledObject &compiled, const FormulaContext &context)
+{
+    const LayoutObject &object = *compiled.object;
+    const Value value = compiled.value ? compiled.value->evaluate(context) : Value(object.content);
+    if (value.isNull())
+        return 0;
+    if (value.type() != Value::Type::Text)
+        return settingOf(compiled, context).height();
+    const QString text = value.toText();
+    if (text.isEmpty())
+        return 0;
+    const double width = object.place.width();
+    if (!text.contains('\n') && TextMetrics::width(text, object.style) <= width)
+        return lineHeight(object.style.size);
+    return lineHeight(object.style.size) *
+           double(TextMetrics::wrapped(text, object.style, width, object.maxLines).size());
+}
+
 bool isHidden(const CompiledObject &compiled, const FormulaContext &context)
 {
     return compiled.object->suppress || (compiled.suppress && compiled.suppress->holds(context));
@@ -72,7 +91,7 @@ std::vector<Growth> growths(const CompiledSection &section, const FormulaContext
         if (compiled.object->overflow != Overflow::Wrap || isHidden(compiled, context))
             continue;
         const QRectF &place = compiled.object->place;
-        const double extra = settingOf(compiled, context).height() - place.height();
+        const double extra = heightOf(compiled, context) - place.height();
         if (extra > 0)
             result.push_back({place, extra});
     }

@@ -17,19 +17,22 @@ public:
 private:
     struct Cell
     {
-        double sum = 0;
-        int count = 0; ///< of values that are not Null
-        int best = -1; ///< the position in m_extremes of the minimum or maximum
+        double sum = 0; ///< or, of numbers and dates, the minimum or maximum
+        int count = 0;  ///< of values that are not Null
+        int best = -1;  ///< of other values the position in `extremes` of the minimum or maximum
     };
     struct Column
     {
         Aggregate::Kind kind;
         int level;
+        FormulaType type;
         std::vector<Cell> cells; ///< by group node; one for all rows
         std::vector<Value> extremes;
+        int node = 0; ///< that the rows have got to
     };
-    static void addNumber(Cell &cell, double number);
-    static void addValue(Column &column, Cell &cell, const Value &value);
+    static void addNumbers(Aggregate::Kind kind, Cell &cell, std::span<const double> numbers);
+    static void addValues(Column &column, Cell &cell, const Formula &of, FormulaContext &context,
+                          std::span<const int> rows);
 
     std::vector<Column> m_columns;
 };
