@@ -1,6 +1,8 @@
 #include "reports/runtime/valuetext.h"
 #include "tests/runtime/reportfixture.h"
 
+#include <numeric>
+
 namespace {
 
 /// Sums up the figures that stand one under another on the pages of a table, and holds each total line against them.
@@ -61,6 +63,54 @@ private:
     std::set<int> m_running;                   ///< columns of balances that run from line to line, with no sum
     std::vector<std::map<int, double>> m_sums; ///< by column; of the report, then of each group level
 };
+
+/// Rows with Nulls, over several batches: Qty 0 to 9, Price mostly a number, Sold a date or Null.
+MadeRows mixedRows(int count)
+{
+    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"});
+    for (int i = 0; i < count; ++i)
+        rows.add({QString::number(i % 7), i % 5 ? Value("Acme") : Value(), double(i % 10),
+                  i % 3 ? Value(i * 0.25) : Value(), i % 4 ? Value(Date(2011, 1, 1).addDays(i % 90)) : Value(),
+                  Value()});
+    return rows;
+}
+
+TEST(Totals, TakeEveryRowsValueAsThatRowPrintsIt)
+{
+    const QStringList formulas{"{Price}",
+                               "{Qty} * {Price} - 1",
+                               "if {Qty} <> 0 then {Price} / {Qty}",
+                               "if {Qty} <> 0 and 6 / {Qty} > 1 or IsNull({Price}) then -{Qty} else {Price}",
+                               "if not ({Customer} = \"acme\") then {Qty} else 0",
+                               "CDate({?Day}) - {Sold}",
+                               "if {Sold} >= CDate({?Day}) then Month({Sold}) else 2"};
+    for (const bool nullsAsDefaults : {true, false}) {
+        for (const QString &formula : formulas) {
+            Layout layout{.title = "T",
+                          .parameters = {{"Day", "2/15/2011"}},
+                          .formulas = {{"F", formula}},
+                          .groups = {{.by = "{Region}"}},
+                          .sections = {section(Section::Kind::Detail, {value({0, 0, 99, 0}, "{@F}")}),
+                                       section(Section::Kind::ReportFooter, {value({0, 0, 99, 0}, "Sum({@F})"),
+                                                                             value({100, 0, 99, 0}, "Count({@F})"),
+                                                                             value({200, 0, 99, 0}, "Minimum({@F})"),
+                                                                             value({300, 0, 99, 0}, "Maximum({@F})")})},
+                          .nullsAsDefaults = nullsAsDefaults};
+            const auto report = reportOver(layout, mixedRows(1000));
+            std::vector<double> values;
+            std::vector<double> totals;
+            report->pages().forEachSection([&](const CompiledSection &section, const Page &items) {
+                for (const PageItem &item : items.items)
+                    (section.section->kind == Section::Kind::Detail ? values : totals).push_back(item.value.toDouble());
+            });
+            ASSERT_EQ(totals.size(), 4u) << formula.toStdString();
+            EXPECT_NEAR(totals[0], std::accumulate(values.begin(), values.end(), 0.0), 1e-6) << formula.toStdString();
+            EXPECT_EQ(totals[1], double(values.size())) << formula.toStdString();
+            EXPECT_EQ(totals[2], *std::min_element(values.begin(), values.end())) << formula.toStdString();
+            EXPECT_EQ(totals[3], *std::max_element(values.begin(), values.end())) << formula.toStdString();
+        }
+    }
+}
 
 struct Form
 {

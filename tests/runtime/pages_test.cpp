@@ -1,5 +1,6 @@
 #include "tests/runtime/reportfixture.h"
 
+#include "data/values/textorder.h"
 #include <QFile>
 
 namespace {
@@ -53,6 +54,32 @@ TEST(Grouping, PutsNullsFirst)
                                                                            {"", "", 3.0, 0.0, Value(), Value()}});
     Layout layout{.title = "T", .groups = {{.by = "{Region}"}}, .sections = {section(Kind::Detail, {shown("{Qty}")})}};
     EXPECT_EQ(pageTexts(*reportOver(layout, rows)).first(), "2|3|1");
+}
+
+TEST(Grouping, OrdersTextsAsTheDatabaseDoes)
+{
+    // Long ones that differ late, blanks at the end, letters beyond ASCII, signs around the letters.
+    const QStringList ordered{
+        "",      "_a",  "a",   "a b", "a-b", "ABCDEFGHIJKLMNOPQ", "abcdefghijklmnopqA", "abcdefghijklmnopqb",
+        "Ärzte", "Asb", "Aßa", "z"};
+    QStringList expected = ordered;
+    std::stable_sort(expected.begin(), expected.end(), [](const QString &a, const QString &b) {
+        return compareTexts(a.toStdString(), b.toStdString()) < 0;
+    });
+    QStringList given = ordered;
+    std::reverse(given.begin(), given.end());
+    given << "A   "
+          << "abcdefghijklmnopQ";
+    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"});
+    for (const QString &text : given)
+        rows.add({text, "", 1.0, 1.0, Value(), Value()});
+    Layout layout{.title = "T",
+                  .groups = {{.by = "{Region}"}},
+                  .sections = {section(Kind::GroupHeader, {shown("\"+\" & {Region}")})}};
+    QStringList marked;
+    for (const QString &text : expected)
+        marked.append("+" + text);
+    EXPECT_EQ(pageTexts(*reportOver(layout, rows)).first(), marked.join('|'));
 }
 
 TEST(Grouping, CanGoByAFormula)
