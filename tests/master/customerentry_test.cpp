@@ -98,7 +98,8 @@ TEST_F(CustomerEntry, AnApostropheInTheNameFailsAtItsKey)
 {
     FormDriver form("frmCustomerEntry");
     form.type("cmbCustomer", "O");
-    EXPECT_EQ(errorTextOf([&] { form.keys("'"); }), "Syntax error in string in query expression 'Customer = 'O'''.");
+    expectRuntimeError(
+        3075, [&] { form.keys("'"); }, "Syntax error in string in query expression 'Customer = 'O'''.");
 }
 
 TEST_F(CustomerEntry, DaysMustBeANumberWhenTheBoxIsLeft)

@@ -9,7 +9,7 @@
 #include <sanitizer/lsan_interface.h>
 #endif
 
-void expectRuntimeError(int number, const std::function<void()> &action)
+void expectRuntimeError(int number, const std::function<void()> &action, const QString &description)
 {
 #ifdef __SANITIZE_ADDRESS__
     // Qt's frames do not release what they hold when an error passes through; the program would end here.
@@ -20,6 +20,7 @@ void expectRuntimeError(int number, const std::function<void()> &action)
         ADD_FAILURE() << "no run-time error was raised, expected " << number;
     } catch (const RuntimeError &error) {
         EXPECT_EQ(error.number(), number) << error.what();
+        EXPECT_TRUE(description.isEmpty() || error.description() == description) << error.what();
     }
     setDefaultPointer(); // the ended program would leave the hourglass to nobody
 }

@@ -9,9 +9,10 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-/// Fails unless `action` raises the run-time error of that number. A form's routines raise it through the same event
-/// dispatch as in the program; where that would show the box and end the process, here `action` ends.
-void expectRuntimeError(int number, const std::function<void()> &action);
+/// Fails unless `action` raises the run-time error of that number, and with that description if one is given. A form's
+/// routines raise it through the same event dispatch as in the program; where that would show the box and end the
+/// process, here `action` ends.
+void expectRuntimeError(int number, const std::function<void()> &action, const QString &description = {});
 
 /// The hands and eyes of a user on one loaded form, whose controls are told by name:
 ///
