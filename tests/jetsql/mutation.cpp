@@ -64,8 +64,27 @@ QString mutated(const QStringList &corpus, std::mt19937 &random)
     return statement;
 }
 
+namespace {
+
+/// Whether the constants taken out of a statement are those that its parser sees.
+bool outlineAgrees(const QString &statement)
+{
+    std::vector<jetsql::Token> tokens = jetsql::tokensOf(statement);
+    std::erase_if(tokens, [](const jetsql::Token &token) { return token.constant < 0; });
+    const std::vector<jetsql::Token> constants = jetsql::outlineOf(statement).constants;
+    return std::equal(tokens.begin(), tokens.end(), constants.begin(), constants.end(),
+                      [](const jetsql::Token &a, const jetsql::Token &b) {
+                          return a.kind == b.kind && a.text == b.text && a.number == b.number && a.whole == b.whole &&
+                                 a.start == b.start && a.end == b.end && a.constant == b.constant;
+                      });
+}
+
+} // namespace
+
 QString faultOf(const SqlCompany &company, const QString &statement)
 {
+    if (!outlineAgrees(statement))
+        return QStringLiteral("the outline has other constants than the statement");
     for (const jetsql::Plan plan : {jetsql::Plan::Improved, jetsql::Plan::AsWritten}) {
         try {
             const jetsql::Translation translation = jetsql::translate(statement, company.catalog(), plan);
