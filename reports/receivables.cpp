@@ -73,7 +73,8 @@ void keepOverdueCustomers(const QString &AsOfDate, const QString &OverDays)
 
 double sumOrZero(const Field &sum)
 {
-    return sum.joined().isEmpty() ? 0 : sum.value().leadingNumber();
+    const Value value = sum.value();
+    return value.isNull() ? 0 : value.leadingNumber();
 }
 
 /// Whether the file holds a table, as a fresh look at it tells.
@@ -162,20 +163,25 @@ void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDa
         "SELECT Invoice.Customer, Invoice.Invoice, Invoice.InvoiceDate, Invoice.DueDate, Invoice.Terms, "
         "Invoice.Shipment, Invoice.Total, Invoice.Cost FROM Invoice WHERE Invoice.InvoiceDate >= #" +
         BeginDate + "# AND Invoice.InvoiceDate <= #" + EndDate + "# ORDER BY Invoice.InvoiceDate,Invoice.Invoice");
+    std::vector<std::pair<Field, Field>> copied;
+    for (const char *column : {"Customer", "Invoice", "InvoiceDate", "DueDate", "Terms", "Shipment", "Total", "Cost"})
+        copied.emplace_back(transactions.Fields(column), invoices.Fields(column));
+    const Field Freight = transactions.Fields("Freight");
+    const Field Adjustment = transactions.Fields("Adjustment");
+    const Field Shipment = invoices.Fields("Shipment");
     while (!invoices.Eof()) {
         auto charges = gDatabase->OpenRecordset(
             "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
-            invoices.Fields("Shipment").joined() + ")");
+            Shipment.joined() + ")");
         const double TotalFreight = sumOrZero(charges.Fields("TotalFreight"));
         const double TotalAdjustment = sumOrZero(charges.Fields("TotalAdjustment"));
         charges.Close();
 
         transactions.AddNew();
-        for (const char *column :
-             {"Customer", "Invoice", "InvoiceDate", "DueDate", "Terms", "Shipment", "Total", "Cost"})
-            transactions.Fields(column) = invoices.Fields(column).value();
-        transactions.Fields("Freight") = TotalFreight;
-        transactions.Fields("Adjustment") = TotalAdjustment;
+        for (const auto &[to, from] : copied)
+            to = from.value();
+        Freight = TotalFreight;
+        Adjustment = TotalAdjustment;
         transactions.Update();
         invoices.MoveNext();
     }
