@@ -65,7 +65,7 @@ private:
     Translations m_translations;
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
-    QSet<QString> m_withoutIndexes; ///< tables made here that have not got their indexes yet
+    QSet<QString> m_withoutIndexes;          ///< tables made here that have not got their indexes yet
     const RecordsetData *m_editor = nullptr; ///< the recordset that holds m_rowLock
     std::unique_ptr<Transaction> m_rowLock;
     bool m_unsettled = false;
