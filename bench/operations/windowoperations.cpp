@@ -11,13 +11,21 @@
 
 namespace {
 
+/// The main window, shown and painted.
+struct Desk : MDI
+{
+    Desk()
+    {
+        resize(1180, 760);
+        MDI::show();
+        QApplication::processEvents();
+    }
+};
+
 /// Opens a form in the main window until it is painted, then closes it.
 double open(const QString &name)
 {
-    MDI window;
-    window.resize(1180, 760);
-    window.show();
-    QApplication::processEvents();
+    const Desk desk;
     QElapsedTimer timer;
     timer.start();
     Form *form = Load(name);
@@ -32,9 +40,7 @@ double open(const QString &name)
 /// The list of a dialog's combo box, from the click to its entries on the screen.
 double dropDown(const QString &name, const QString &combo)
 {
-    MDI window;
-    window.resize(1180, 760);
-    window.show();
+    const Desk desk;
     auto *list = Load(name)->findChild<QComboBox *>(combo);
     QApplication::processEvents();
     QElapsedTimer timer;
@@ -49,10 +55,7 @@ double dropDown(const QString &name, const QString &combo)
 /// A document from the call to its page on the screen.
 double show(const std::function<void()> &document)
 {
-    MDI window;
-    window.resize(1180, 760);
-    window.show();
-    QApplication::processEvents();
+    const Desk desk;
     QElapsedTimer timer;
     timer.start();
     document();

@@ -90,8 +90,6 @@ private:
     }
     /// The name at hand, or the error.
     QString name(int error);
-    /// Where the token before ended.
-    qsizetype lastEnd() const { return m_at > 0 ? m_tokens[m_at - 1].end : 0; }
 
     const QString &m_sql;
     std::vector<Token> m_tokens;
