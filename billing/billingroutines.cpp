@@ -1,6 +1,6 @@
 #include "billing/billingroutines.h"
 
-#include "app/toolkit/mainmod.h"
+#include "toolkit/forms/mainmod.h"
 
 double GetShipmentCost(const QString &ShipmentIDs)
 {

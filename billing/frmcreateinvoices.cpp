@@ -1,13 +1,13 @@
 #include "billing/frmcreateinvoices.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "billing/billingroutines.h"
 #include "data/values/conversions.h"
 #include "orders/orderroutines.h"
 #include "reports/operational.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 const char *const AllCustomers = "*** All Customers ***";

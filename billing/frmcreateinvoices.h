@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 /// The invoice run: one invoice for each customer over the shipments not billed yet, up to a cut-off date. Each
 /// invoice prints before its row is stored.

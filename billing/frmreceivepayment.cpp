@@ -1,9 +1,9 @@
 #include "billing/frmreceivepayment.h"
 
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 
 frmReceivePayment::frmReceivePayment()
     : Form("frmReceivePayment", "Receive Payments"), txtInvoice(addText("txtInvoice")),

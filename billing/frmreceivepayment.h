@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 /// Receipt of money against one invoice at a time; stays open for the next. Writes only a row of payments: what an
 /// invoice still owes is always computed.

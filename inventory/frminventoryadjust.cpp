@@ -1,10 +1,10 @@
 #include "inventory/frminventoryadjust.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "inventory/ledger.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/mainmod.h"
 
 frmInventoryAdjust::frmInventoryAdjust()
     : StockForm("frmInventoryAdjust", "Inventory Adjustment", "Adjustment Information", "Inventory Adjustment"),

@@ -1,9 +1,9 @@
 #include "inventory/frmtransfer.h"
 
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "inventory/ledger.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
 
 frmTransfer::frmTransfer()
     : StockForm("frmTransfer", "Transfer Inventory", "Transfer Information", "Inventory to Transfer"),

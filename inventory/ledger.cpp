@@ -1,9 +1,9 @@
 #include "inventory/ledger.h"
 
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 /// One source of movements. `sign` is what a rebuild applies to the sums of the statement, whatever the running

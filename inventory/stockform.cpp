@@ -1,10 +1,10 @@
 #include "inventory/stockform.h"
 
-#include "app/toolkit/formatgrid.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
 #include "data/values/conversions.h"
+#include "toolkit/controls/formatgrid.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 constexpr int QtyColumn = 2;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/toolkit/form.h"
 #include "data/dao/recordset.h"
+#include "toolkit/forms/form.h"
 
 /// What the two stock documents share: the number and the date, the entry of part and quantity lines into a grid,
 /// and the total under it. The forms differ in their warehouses, in how a number is looked up and in the save.

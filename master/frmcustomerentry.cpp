@@ -1,8 +1,8 @@
 #include "master/frmcustomerentry.h"
 
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/formlayout.h"
 #include <QVBoxLayout>
 
 frmCustomerEntry::frmCustomerEntry()

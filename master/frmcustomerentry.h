@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/toolkit/form.h"
 #include "master/masterrecord.h"
+#include "toolkit/forms/form.h"
 
 /// Keeps the customers, keyed by the name typed: one that exists is changed, another one is added. Any change of
 /// the name shows that customer, or blanks the form.

@@ -1,10 +1,10 @@
 #include "master/frmpartentry.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 #include <QVBoxLayout>
 
 frmPartEntry::frmPartEntry()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/toolkit/form.h"
 #include "master/masterrecord.h"
+#include "toolkit/forms/form.h"
 
 /// Keeps the parts, keyed by the number typed: one that exists is changed, another one is added. Most columns are
 /// written only when their control is not empty, so they can be changed but never cleared.

@@ -1,7 +1,7 @@
 #include "master/frmwarehouseentry.h"
 
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/msgbox.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/formlayout.h"
 #include <QVBoxLayout>
 
 frmWarehouseEntry::frmWarehouseEntry()

@@ -1,9 +1,9 @@
 #include "master/masterrecord.h"
 
-#include "app/toolkit/combobox.h"
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/textbox.h"
+#include "toolkit/controls/combobox.h"
+#include "toolkit/controls/textbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCheckBox>
 
 namespace {

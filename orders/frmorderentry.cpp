@@ -1,13 +1,13 @@
 #include "orders/frmorderentry.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formatgrid.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "orders/frmordernavigator.h"
 #include "orders/orderroutines.h"
+#include "toolkit/controls/formatgrid.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/mainmod.h"
 
 frmOrderEntry::frmOrderEntry() : Form("frmOrderEntry", "Order Entry")
 {

@@ -1,6 +1,6 @@
 #include "orders/frmorderentry.h"
 
-#include "app/toolkit/formlayout.h"
+#include "toolkit/forms/formlayout.h"
 #include <QVBoxLayout>
 
 void frmOrderEntry::makeControls()

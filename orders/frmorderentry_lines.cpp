@@ -3,12 +3,12 @@
 
 #include "orders/frmorderentry.h"
 
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "inventory/ledger.h"
 #include "orders/orderroutines.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
 
 void frmOrderEntry::cmbPart_LostFocus()
 {

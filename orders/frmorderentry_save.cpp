@@ -3,11 +3,11 @@
 
 #include "orders/frmorderentry.h"
 
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "reports/operational.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
 
 void frmOrderEntry::btnSave_Click()
 {

@@ -1,13 +1,13 @@
 #include "orders/frmordernavigator.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formatgrid.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/navigatorlayout.h"
 #include "data/values/conversions.h"
 #include "orders/frmorderentry.h"
+#include "toolkit/controls/formatgrid.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
+#include "toolkit/forms/navigatorlayout.h"
 #include <QVBoxLayout>
 
 namespace {

@@ -1,7 +1,7 @@
 #include "orders/orderroutines.h"
 
-#include "app/toolkit/mainmod.h"
 #include "data/values/conversions.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 double zeroIfNull(const Field &field)

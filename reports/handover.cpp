@@ -1,7 +1,7 @@
 #include "reports/handover.h"
-#include "app/toolkit/mousepointer.h"
-#include "reports/runtime/report.h"
-#include "reports/runtime/viewer.h"
+#include "reportengine/viewer/viewer.h"
+#include "reports/layouts/catalogue.h"
+#include "toolkit/controls/mousepointer.h"
 
 HandOver::HandOver(Pointer pointer, Output output) : m_pointer(pointer), m_output(output)
 {
@@ -16,7 +16,7 @@ HandOver::~HandOver() = default;
 Report &HandOver::bind(const char *designer, Recordset data)
 {
     m_data = std::make_unique<Recordset>(std::move(data));
-    m_report = std::make_shared<Report>(QString::fromLatin1(designer));
+    m_report = std::shared_ptr<Report>(new Report(newReport(QString::fromLatin1(designer))));
     m_report->SetDataSource(*m_data);
     return *m_report;
 }

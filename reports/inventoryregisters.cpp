@@ -1,8 +1,8 @@
 #include "reports/inventoryregisters.h"
-#include "app/toolkit/mainmod.h"
+#include "reportengine/report.h"
 #include "reports/handover.h"
 #include "reports/movements.h"
-#include "reports/runtime/report.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

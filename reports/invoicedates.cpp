@@ -1,5 +1,5 @@
 #include "reports/invoicedates.h"
-#include "app/toolkit/mainmod.h"
+#include "toolkit/forms/mainmod.h"
 
 void Reports::RefillShipmentInvoiceDates()
 {

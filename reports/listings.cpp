@@ -1,7 +1,7 @@
 #include "reports/listings.h"
-#include "app/toolkit/mainmod.h"
+#include "reportengine/report.h"
 #include "reports/handover.h"
-#include "reports/runtime/report.h"
+#include "toolkit/forms/mainmod.h"
 
 void Reports::ReportOpenOrders()
 {

@@ -1,5 +1,5 @@
 #include "reports/movements.h"
-#include "app/toolkit/mainmod.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "reports/old.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
 #include "data/values/conversions.h"
+#include "data/workbook/paths.h"
+#include "data/workbook/workbook.h"
 #include "reports/handover.h"
-#include "reports/workbook/paths.h"
-#include "reports/workbook/workbook.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QWidget>
 

@@ -1,9 +1,9 @@
 #include "reports/production.h"
-#include "app/toolkit/mainmod.h"
+#include "reportengine/report.h"
 #include "reports/handover.h"
 #include "reports/invoicedates.h"
-#include "reports/runtime/report.h"
 #include "reports/saleswindow.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "reports/receivables.h"
-#include "app/toolkit/mainmod.h"
 #include "data/values/conversions.h"
+#include "reportengine/report.h"
 #include "reports/handover.h"
-#include "reports/runtime/report.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

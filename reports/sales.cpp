@@ -1,10 +1,10 @@
 #include "reports/sales.h"
-#include "app/toolkit/mainmod.h"
+#include "reportengine/report.h"
 #include "reports/fielddeffile.h"
 #include "reports/handover.h"
 #include "reports/invoicedates.h"
-#include "reports/runtime/report.h"
 #include "reports/salesperiods.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCoreApplication>
 
 namespace {

@@ -1,14 +1,14 @@
 #include "shipping/frmshipmententry.h"
 
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formatgrid.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "inventory/ledger.h"
 #include "orders/orderroutines.h"
 #include "reports/operational.h"
+#include "toolkit/controls/formatgrid.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 enum Column { ItemNumber, QtyOrdered, PrevShipped, ThisShipment, PartNo, PriceEach, PriceExt, ColumnCount };

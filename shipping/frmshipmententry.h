@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 /// Records what leaves the warehouse against one order: the shipment, its lines, the ledger, the packing slip and
 /// the order's status. Opens empty, or through OpenShipment as the view of a shipment that exists.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 /// The search over shipments: filters, a grid of shipments and the lines of the one selected. Writes nothing; a
 /// double-click opens the shipment.

@@ -1,8 +1,6 @@
 #include "bench/operations/bareoperations.h"
 #include "bench/operations/operation.h"
 
-#include "app/toolkit/form.h"
-#include "app/toolkit/mainmod.h"
 #include "inventory/ledger.h"
 #include "reports/inventoryregisters.h"
 #include "reports/listings.h"
@@ -10,6 +8,8 @@
 #include "reports/production.h"
 #include "reports/receivables.h"
 #include "reports/sales.h"
+#include "toolkit/forms/form.h"
+#include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMessageBox>

@@ -1,10 +1,10 @@
-#include "app/shell/application.h"
-#include "app/shell/forms.h"
-#include "app/toolkit/mainmod.h"
+#include "app/application.h"
+#include "app/forms.h"
 #include "bench/operations/bareengine.h"
 #include "bench/operations/operation.h"
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
+#include "toolkit/forms/mainmod.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>

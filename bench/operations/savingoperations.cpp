@@ -2,10 +2,10 @@
 #include "bench/operations/bareoperations.h"
 #include "bench/operations/operation.h"
 
-#include "app/shell/mdi.h"
-#include "app/toolkit/form.h"
-#include "app/toolkit/mainmod.h"
-#include "reports/runtime/printing.h"
+#include "app/mdi.h"
+#include "reportengine/output/printing.h"
+#include "toolkit/forms/form.h"
+#include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMessageBox>

@@ -1,10 +1,10 @@
 #include "bench/operations/bareoperations.h"
 #include "bench/operations/operation.h"
 
-#include "app/shell/mdi.h"
-#include "app/toolkit/form.h"
-#include "app/toolkit/mainmod.h"
+#include "app/mdi.h"
 #include "reports/operational.h"
+#include "toolkit/forms/form.h"
+#include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>

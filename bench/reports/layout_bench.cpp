@@ -1,6 +1,7 @@
-#include "reports/runtime/exports.h"
-#include "reports/runtime/report.h"
-#include "reports/runtime/reportpages.h"
+#include "reportengine/output/exports.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/report.h"
+#include "reports/layouts/catalogue.h"
 #include "tests/support/samplerows.h"
 
 #include <QApplication>
@@ -14,7 +15,7 @@ constexpr int Rows = 100000;
 /// A report with its rows read and its texts filled.
 std::unique_ptr<Report> ready(const QString &designer)
 {
-    auto report = std::make_unique<Report>(designer);
+    auto report = std::unique_ptr<Report>(new Report(newReport(designer)));
     MadeRows rows = sampleRows(designer, Rows);
     report->SetDataSource(rows);
     report->ReadRecords();

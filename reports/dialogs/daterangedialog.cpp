@@ -1,6 +1,6 @@
 #include "reports/dialogs/daterangedialog.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mousepointer.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/formlayout.h"
 
 DateRangeDialog::DateRangeDialog(const QString &name, const QString &caption, const char *okName, Pointer pointer,
                                  Routine routine)

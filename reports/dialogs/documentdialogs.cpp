@@ -1,8 +1,8 @@
 #include "reports/dialogs/documentdialogs.h"
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/msgbox.h"
 #include "reports/operational.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/mainmod.h"
 
 frmPickTicket::frmPickTicket() : KeyedSelectionDialog("frmPickTicket", "Pick Ticket") {}
 

@@ -1,8 +1,8 @@
 #include "reports/dialogs/productiondialog.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/formlayout.h"
 
 ProductionDialog::ProductionDialog(const QString &name, const QString &caption, Routine routine)
     : ReportDialog(name, caption, "btnOK", "OK"), m_routine(routine)

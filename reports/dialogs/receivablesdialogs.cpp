@@ -1,10 +1,10 @@
 #include "reports/dialogs/receivablesdialogs.h"
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/conversions.h"
 #include "reports/receivables.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/formlayout.h"
 #include <QHBoxLayout>
 
 AsOfDialog::AsOfDialog(const QString &name, const QString &caption, const QString &label, Routine routine)

@@ -1,7 +1,7 @@
 #include "reports/dialogs/registerdialogs.h"
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/mainmod.h"
 #include "reports/inventoryregisters.h"
+#include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/mainmod.h"
 
 RegisterDialog::RegisterDialog(const QString &name, const QString &caption)
     : DateRangeDialog(name, caption, "btnOk", Pointer::NotOwned, {})

@@ -1,5 +1,5 @@
 #include "reports/dialogs/reportdialog.h"
-#include "app/toolkit/formlayout.h"
+#include "toolkit/forms/formlayout.h"
 #include <QVBoxLayout>
 
 ReportDialog::ReportDialog(const QString &name, const QString &caption, const char *startName,

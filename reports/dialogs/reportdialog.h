@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/toolkit/form.h"
+#include "toolkit/forms/form.h"
 
 class FieldLayout;
 

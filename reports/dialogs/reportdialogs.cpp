@@ -1,4 +1,5 @@
 #include "reports/dialogs/reportdialogs.h"
+#include "reportengine/viewer/viewer.h"
 #include "reports/dialogs/documentdialogs.h"
 #include "reports/dialogs/productiondialog.h"
 #include "reports/dialogs/receivablesdialogs.h"
@@ -8,7 +9,6 @@
 #include "reports/old.h"
 #include "reports/production.h"
 #include "reports/receivables.h"
-#include "reports/runtime/viewer.h"
 #include "reports/sales.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "reports/dialogs/salesdialogs.h"
-#include "app/toolkit/formlayout.h"
 #include "reports/inventoryregisters.h"
 #include "reports/sales.h"
+#include "toolkit/forms/formlayout.h"
 
 frmSalesByWhsePart::frmSalesByWhsePart()
     : DateRangeDialog("frmSalesByWhsePart", "Sales By Whse/Part Report", "btnOK", Pointer::Owned, {})

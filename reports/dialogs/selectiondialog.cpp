@@ -1,5 +1,5 @@
 #include "reports/dialogs/selectiondialog.h"
-#include "app/toolkit/formlayout.h"
+#include "toolkit/forms/formlayout.h"
 
 SelectionDialog::SelectionDialog(const QString &name, const QString &label)
     : ReportDialog(name, "Report Selection", "btnPrint", "Print")

@@ -1,8 +1,8 @@
 #include "reports/dialogs/stockdialogs.h"
-#include "app/toolkit/fillcombo.h"
-#include "app/toolkit/mainmod.h"
 #include "reports/inventoryregisters.h"
 #include "reports/listings.h"
+#include "toolkit/forms/fillcombo.h"
+#include "toolkit/forms/mainmod.h"
 
 frmAvailInvReport::frmAvailInvReport() : KeyedSelectionDialog("frmAvailInvReport", "Warehouse") {}
 

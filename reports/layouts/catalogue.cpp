@@ -110,3 +110,9 @@ const ReportDesign &reportDesign(const QString &designer)
     Q_ASSERT(found != catalogue.end());
     return *found;
 }
+
+Report newReport(const QString &designer)
+{
+    const ReportDesign &design = reportDesign(designer);
+    return Report(design.layout(), design.definitionFile + "_ttx", design.dataset);
+}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/runtime/layoutbuilder.h"
+#include "reports/layouts/layoutbuilder.h"
 
 /// Adds lines to sign on, at the foot of the last page.
 void addSignatures(Layout &layout, const QStringList &captions);

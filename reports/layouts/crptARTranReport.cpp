@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The invoice register: every invoice of the period with what it is made of, a total for each month.
 Layout crptARTranReport()

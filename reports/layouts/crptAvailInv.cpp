@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The old stock figures by part, its warehouses below one another. Most parts lie in one or two of them, so that the
 /// part stands in its rows and takes no heading line.

@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The old stock figures by warehouse, its parts below it.
 Layout crptAvailInv2()

@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The cash receipts register: what came in, day by day, with a total to compare with the day's deposit.
 Layout crptCashReceiptsReport()

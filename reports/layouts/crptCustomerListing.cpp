@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The place of a ship-to address under the customer's own line.
 static Section shipToSection(double width)

@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The amounts of one type of document, blank beside the others.
 static Column amountOf(const QString &type, const QString &heading)

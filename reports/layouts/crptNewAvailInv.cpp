@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// The ledger's figures, every part under every warehouse. A pair that never moved has no figure and shows none.
 Layout crptNewAvailInv()

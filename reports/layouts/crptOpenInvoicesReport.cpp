@@ -1,6 +1,6 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
 #include "reports/layouts/openinvoices.h"
-#include "reports/runtime/layoutbuilder.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
+#include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
-#include "reports/runtime/layoutbuilder.h"
 
 /// All open orders with ordered, shipped and remaining quantity of each line, grouped by order.
 Layout crptOpenOrders()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/runtime/layoutbuilder.h"
-#include "reports/runtime/letterhead.h"
+#include "reports/layouts/layoutbuilder.h"
+#include "reports/layouts/letterhead.h"
 
 // What the documents that leave the house share: letterhead, address blocks where a window envelope shows them, the
 // box of particulars, and the short head of further pages.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/runtime/layoutbuilder.h"
+#include "reports/layouts/layoutbuilder.h"
 
 /// A movement register over two group levels, in two forms of which a routine suppresses one: with details (secHeads,
 /// secPart, secDetail, secPartTotal: every movement with the running balance) or totals only (secTotalsHeads,

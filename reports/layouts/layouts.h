@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/runtime/layout.h"
+#include "reportengine/pages/layout.h"
 
 // The layouts, one file each.
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/runtime/layoutbuilder.h"
+#include "reports/layouts/layoutbuilder.h"
 
 /// What the receivables listing and the statements reckon for each invoice, out of {Total}, {Adjustment}, {Received},
 /// {InvoiceDate} and the text {?txtAsOfDate}: @IsOpen (1 or 0; less than half a cent is closed), @Balance and, of open

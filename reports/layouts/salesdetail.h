@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/runtime/layoutbuilder.h"
+#include "reports/layouts/layoutbuilder.h"
 
 /// The columns that the detail sales reports share: customer, shipment, quantity, sales, cost, margin and its ratio.
 std::vector<Column> salesDetailColumns();

@@ -1,5 +1,5 @@
 #include "billing/billingroutines.h"
-#include "reports/runtime/printing.h"
+#include "reportengine/output/printing.h"
 #include "tests/support/company.h"
 
 namespace {

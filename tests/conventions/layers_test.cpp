@@ -15,18 +15,20 @@ struct Layer
 
 const QList<Layer> &layers()
 {
-    static const QStringList toolkit{"data", "app/toolkit"};
-    static const QStringList reports = toolkit + QStringList{"reports"};
+    static const QStringList engine{"data", "toolkit"};
+    static const QStringList reports = engine + QStringList{"reportengine"};
+    static const QStringList forms = reports + QStringList{"reports"};
     static const QList<Layer> all{
         {"data", {}},
-        {"app/toolkit", {"data"}},
-        {"reports", toolkit},
-        {"master", reports},
-        {"inventory", reports},
-        {"orders", reports + QStringList{"inventory"}},
-        {"shipping", reports + QStringList{"inventory", "orders"}},
-        {"billing", reports + QStringList{"inventory", "orders", "shipping"}},
-        {"app/shell", reports + QStringList{"master", "inventory", "orders", "shipping", "billing"}},
+        {"toolkit", {"data"}},
+        {"reportengine", engine},
+        {"reports", reports},
+        {"master", engine},
+        {"inventory", engine},
+        {"orders", forms + QStringList{"inventory"}},
+        {"shipping", forms + QStringList{"inventory", "orders"}},
+        {"billing", forms + QStringList{"inventory", "orders"}},
+        {"app", forms + QStringList{"master", "inventory", "orders", "shipping", "billing"}},
         {"tools", {"data"}},
     };
     return all;

@@ -1,10 +1,10 @@
 #include "inventory/ledger.h"
 
-#include "app/toolkit/mousepointer.h"
 #include "tests/support/boxes.h"
 #include "tests/support/printers.h"
 #include "tests/support/rows.h"
 #include "tests/support/testdatabase.h"
+#include "toolkit/controls/mousepointer.h"
 
 namespace {
 

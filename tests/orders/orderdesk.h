@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
 #include "orders/frmorderentry.h"
 #include "tests/support/desk.h"
 #include "tests/support/rows.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/mainmod.h"
 
 /// The program over a company of its own few masters, to take orders in.
 class OrderDesk : public DeskTest

@@ -3,7 +3,7 @@
 #include "tests/pictures/studio.h"
 #include "tests/support/desk.h"
 
-#include "app/toolkit/mainmod.h"
+#include "toolkit/forms/mainmod.h"
 #include <QComboBox>
 #include <QDateEdit>
 

@@ -1,5 +1,5 @@
-#include "app/shell/appearance.h"
-#include "app/shell/application.h"
+#include "app/appearance.h"
+#include "app/application.h"
 #include "data/values/runtimeerror.h"
 #include "tests/pictures/studio.h"
 #include <cstdio>

@@ -1,9 +1,9 @@
 #include "tests/pictures/studio.h"
 
-#include "app/shell/forms.h"
-#include "app/toolkit/mainmod.h"
+#include "app/forms.h"
 #include "data/schema/schema.h"
-#include "reports/runtime/viewer.h"
+#include "reportengine/viewer/viewer.h"
+#include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
 #include <QAction>
 #include <QMdiArea>

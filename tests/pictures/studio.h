@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/mdi.h"
+#include "app/mdi.h"
 #include "tests/support/boxes.h"
 #include "tests/support/testclock.h"
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "tests/reports/companyrows.h"
-#include "app/toolkit/mainmod.h"
 #include "tests/reports/reporttest.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
-#include "app/toolkit/mainmod.h"
-#include "reports/runtime/crviewer.h"
-#include "reports/runtime/report.h"
-#include "reports/runtime/rowstore.h"
-#include "reports/runtime/viewer.h"
+#include "reportengine/report.h"
+#include "reportengine/rows/rowstore.h"
+#include "reportengine/viewer/crviewer.h"
+#include "reportengine/viewer/viewer.h"
+#include "reports/layouts/catalogue.h"
 #include "tests/reports/reporttest.h"
 #include "tests/support/desk.h"
+#include "toolkit/forms/mainmod.h"
 #include <QGuiApplication>
 
 namespace {
@@ -127,7 +128,7 @@ TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
         form.click(dialog.button);
         EXPECT_EQ(parameter("txtBeginDate"), "4/30/2010") << dialog.form;
         EXPECT_EQ(parameter("txtEndDate"), "3/1/2010") << dialog.form;
-        EXPECT_EQ(report().layout().title, Report(dialog.title).layout().title);
+        EXPECT_EQ(report().layout().title, newReport(dialog.title).layout().title);
         EXPECT_FALSE(form.isLoaded());
         EXPECT_FALSE(QGuiApplication::overrideCursor());
     }

@@ -1,7 +1,6 @@
 // Every family of reports against figures worked out by loops over the bare rows, on an empty file and on a whole
 // made-up company.
 
-#include "app/toolkit/mainmod.h"
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
 #include "reports/inventoryregisters.h"
@@ -14,6 +13,7 @@
 #include "tests/reports/companyrows.h"
 #include "tests/reports/reporttest.h"
 #include "tests/support/testclock.h"
+#include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
 #include <QFile>
 

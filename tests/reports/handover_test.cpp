@@ -1,8 +1,11 @@
 // What all routines share: the pointer, the windows, and the whole catalogue.
 
-#include "app/toolkit/mainmod.h"
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
+#include "reportengine/pages/page.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/viewer/crviewer.h"
+#include "reportengine/viewer/viewer.h"
 #include "reports/inventoryregisters.h"
 #include "reports/layouts/catalogue.h"
 #include "reports/listings.h"
@@ -10,13 +13,10 @@
 #include "reports/operational.h"
 #include "reports/production.h"
 #include "reports/receivables.h"
-#include "reports/runtime/crviewer.h"
-#include "reports/runtime/page.h"
-#include "reports/runtime/reportpages.h"
-#include "reports/runtime/viewer.h"
 #include "reports/sales.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
+#include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
 #include <QFile>
 #include <QGuiApplication>

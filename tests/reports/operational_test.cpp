@@ -1,6 +1,6 @@
+#include "reportengine/output/printing.h"
+#include "reportengine/rows/rowstore.h"
 #include "reports/operational.h"
-#include "reports/runtime/printing.h"
-#include "reports/runtime/rowstore.h"
 #include "tests/reports/reporttest.h"
 #include <QGuiApplication>
 

@@ -1,6 +1,6 @@
-#include "app/toolkit/mainmod.h"
 #include "reports/receivables.h"
 #include "tests/reports/reporttest.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "tests/reports/reporttest.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
+#include "reportengine/rows/rowstore.h"
+#include "reportengine/viewer/crviewer.h"
+#include "reportengine/viewer/viewer.h"
 #include "reports/dialogs/reportdialogs.h"
-#include "reports/runtime/crviewer.h"
-#include "reports/runtime/rowstore.h"
-#include "reports/runtime/viewer.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCoreApplication>
 
 int insert(const char *table, Fields fields)

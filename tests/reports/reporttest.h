@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/toolkit/form.h"
 #include "data/values/conversions.h"
-#include "reports/runtime/report.h"
+#include "reportengine/report.h"
 #include "tests/support/printers.h"
 #include "tests/support/testdatabase.h"
+#include "toolkit/forms/form.h"
 #include <QLockFile>
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // The forms made for spreadsheets, as a spreadsheet reads them.
 
+#include "data/workbook/workbook.h"
+#include "reportengine/viewer/crviewer.h"
+#include "reportengine/viewer/viewer.h"
 #include "reports/inventoryregisters.h"
-#include "reports/runtime/crviewer.h"
-#include "reports/runtime/viewer.h"
 #include "reports/sales.h"
-#include "reports/workbook/workbook.h"
 #include "tests/reports/reporttest.h"
 
 namespace {

@@ -1,5 +1,5 @@
-#include "reports/workbook/numberformat.h"
-#include "reports/workbook/workbook.h"
+#include "data/workbook/numberformat.h"
+#include "data/workbook/workbook.h"
 #include "tests/reports/reporttest.h"
 #include <xlsxwriter.h>
 

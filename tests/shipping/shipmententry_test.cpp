@@ -1,4 +1,4 @@
-#include "reports/runtime/printing.h"
+#include "reportengine/output/printing.h"
 #include "shipping/frmshipmententry.h"
 #include "tests/support/company.h"
 

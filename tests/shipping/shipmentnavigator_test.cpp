@@ -1,5 +1,5 @@
-#include "app/toolkit/mainmod.h"
 #include "tests/support/company.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 

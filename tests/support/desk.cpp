@@ -1,9 +1,9 @@
 #include "tests/support/desk.h"
 
-#include "app/shell/forms.h"
-#include "app/toolkit/mainmod.h"
-#include "app/toolkit/mousepointer.h"
+#include "app/forms.h"
 #include "data/values/runtimeerror.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/shell/mdi.h"
-#include "app/toolkit/form.h"
+#include "app/mdi.h"
 #include "tests/support/boxes.h"
 #include "tests/support/printers.h"
 #include "tests/support/testclock.h"
 #include "tests/support/testdatabase.h"
+#include "toolkit/forms/form.h"
 #include <QTest>
 #include <gtest/gtest.h>
 

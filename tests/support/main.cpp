@@ -1,4 +1,4 @@
-#include "app/shell/application.h"
+#include "app/application.h"
 #include "tests/support/unwinding.h"
 
 #include <gtest/gtest.h>

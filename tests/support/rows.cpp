@@ -1,6 +1,6 @@
 #include "tests/support/rows.h"
 
-#include "app/toolkit/mainmod.h"
+#include "toolkit/forms/mainmod.h"
 
 QString addRow(const char *table, const Cells &cells)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/runtime/dataset.h"
-#include "reports/runtime/rowsource.h"
+#include "reportengine/rows/dataset.h"
+#include "reportengine/rows/rowsource.h"
 #include <QStringList>
 #include <vector>
 

@@ -1,8 +1,8 @@
 #include "tests/support/testdatabase.h"
 
-#include "app/toolkit/mainmod.h"
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
+#include "toolkit/forms/mainmod.h"
 
 namespace {
 const char *const MasterRows[] = {

@@ -1,5 +1,5 @@
-#include "app/toolkit/formatgrid.h"
 #include "tests/toolkit/controlform.h"
+#include "toolkit/controls/formatgrid.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
-#include "app/toolkit/formlayout.h"
-#include "app/toolkit/msgbox.h"
 #include "tests/support/desk.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/formlayout.h"
 
 #include <QApplication>
 #include <QMenuBar>

@@ -1,5 +1,5 @@
-#include "app/toolkit/formlayout.h"
 #include "tests/support/desk.h"
+#include "toolkit/forms/formlayout.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

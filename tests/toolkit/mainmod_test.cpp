@@ -1,6 +1,6 @@
-#include "app/toolkit/mainmod.h"
 #include "tests/support/printers.h"
 #include "tests/support/testdatabase.h"
+#include "toolkit/forms/mainmod.h"
 
 #include <QFile>
 #include <QTemporaryDir>

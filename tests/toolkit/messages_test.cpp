@@ -1,7 +1,7 @@
-#include "app/toolkit/mousepointer.h"
-#include "app/toolkit/msgbox.h"
 #include "data/values/runtimeerror.h"
 #include "tests/support/desk.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

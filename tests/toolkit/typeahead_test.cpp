@@ -1,6 +1,6 @@
-#include "app/toolkit/combotypeahead.h"
-#include "app/toolkit/mainmod.h"
 #include "tests/toolkit/controlform.h"
+#include "toolkit/controls/combotypeahead.h"
+#include "toolkit/forms/mainmod.h"
 
 #include <QAbstractItemView>
 

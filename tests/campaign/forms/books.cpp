@@ -1,7 +1,7 @@
 #include "tests/campaign/forms/books.h"
 
-#include "app/toolkit/mainmod.h"
 #include "tests/campaign/forms/clerk.h"
+#include "toolkit/forms/mainmod.h"
 #include <QMap>
 #include <QSet>
 

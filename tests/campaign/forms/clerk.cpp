@@ -1,14 +1,14 @@
 #include "tests/campaign/forms/clerk.h"
 
-#include "app/shell/application.h"
-#include "app/shell/forms.h"
-#include "app/toolkit/mainmod.h"
+#include "app/application.h"
+#include "app/forms.h"
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
-#include "reports/runtime/printing.h"
+#include "reportengine/output/printing.h"
 #include "tests/support/desk.h"
 #include "tests/support/rows.h"
+#include "toolkit/forms/mainmod.h"
 #include <QMessageBox>
 #include <iostream>
 

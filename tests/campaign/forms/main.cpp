@@ -1,6 +1,6 @@
-#include "app/toolkit/mainmod.h"
 #include "tests/campaign/forms/books.h"
 #include "tests/campaign/forms/clerk.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>

@@ -2,9 +2,10 @@
 // Writes a report over made-up rows to a PDF, XLSX or CSV file; each name=text fills one of its text objects, each
 // -name hides an object or section. For those who work on a layout.
 
-#include "reports/runtime/exports.h"
-#include "reports/runtime/report.h"
-#include "reports/runtime/reportpages.h"
+#include "reportengine/output/exports.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/report.h"
+#include "reports/layouts/catalogue.h"
 #include "tests/support/samplerows.h"
 #include <QApplication>
 #include <cstdio>
@@ -20,7 +21,7 @@ int main(int argc, char **argv)
         return 2;
     }
     MadeRows rows = sampleRows(arguments[1], arguments[2].toInt());
-    Report report(arguments[1]);
+    Report report = newReport(arguments[1]);
     report.SetDataSource(rows);
     report.ReadRecords();
     for (const QString &setting : arguments.mid(4)) {

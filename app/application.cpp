@@ -1,0 +1,75 @@
+#include "app/application.h"
+
+#include "app/appearance.h"
+#include "data/values/runtimeerror.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
+#include <QScopedValueRollback>
+#include <QThread>
+#include <cstdlib>
+
+namespace {
+std::function<void(const RuntimeError &)> errorHandler;
+std::function<void(int)> endHandler;
+} // namespace
+
+Application::Application(int &argc, char **argv) : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("tamrick"));
+    setAppearance(*this);
+    installEventFilter(&m_pressGuard);
+}
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    if (QThread::currentThread() != thread())
+        return QApplication::notify(receiver, event);
+    const QScopedValueRollback depth(m_depth, m_depth + 1);
+    try {
+        const PressGuard::Delivery delivery(m_pressGuard);
+        const bool result = QApplication::notify(receiver, event);
+        if (m_depth == 1 && gDatabase)
+            gDatabase->settle(); // the event routine that wrote has ended
+        return result;
+    } catch (const RuntimeError &error) {
+        handle(error);
+    }
+    return true;
+}
+
+void Application::handle(const RuntimeError &error)
+{
+    if (errorHandler) {
+        errorHandler(error);
+        return;
+    }
+    qWarning("run-time error %d: %s %s", error.number(), qUtf8Printable(error.description()),
+             qUtf8Printable(error.detail()));
+    showRuntimeError(error);
+    end(EXIT_FAILURE);
+}
+
+void Application::end(int status)
+{
+    if (endHandler) {
+        endHandler(status);
+        return;
+    }
+    try {
+        if (gDatabase)
+            gDatabase->settle();
+    } catch (const RuntimeError &) {
+        // Everything is committed already; syncing it is all that failed, and there is nobody left to tell.
+    }
+    std::_Exit(status);
+}
+
+void Application::setErrorHandler(std::function<void(const RuntimeError &)> handler)
+{
+    errorHandler = std::move(handler);
+}
+
+void Application::setEndHandler(std::function<void(int)> handler)
+{
+    endHandler = std::move(handler);
+}

@@ -1,0 +1,42 @@
+#include "app/forms.h"
+
+#include "app/about.h"
+#include "billing/frmcreateinvoices.h"
+#include "billing/frmreceivepayment.h"
+#include "inventory/frminventoryadjust.h"
+#include "inventory/frmtransfer.h"
+#include "master/frmcustomerentry.h"
+#include "master/frmpartentry.h"
+#include "master/frmwarehouseentry.h"
+#include "orders/frmorderentry.h"
+#include "orders/frmordernavigator.h"
+#include "reports/dialogs/reportdialogs.h"
+#include "shipping/frmshipmententry.h"
+#include "shipping/frmshipmentnavigator.h"
+#include "toolkit/forms/form.h"
+
+namespace {
+template <class FormClass> Form *make()
+{
+    return new FormClass;
+}
+} // namespace
+
+// The only place that knows all forms; everyone else loads them by name.
+void registerForms()
+{
+    Forms::add(QStringLiteral("frmAbout"), make<frmAbout>);
+    Forms::add(QStringLiteral("frmCustomerEntry"), make<frmCustomerEntry>);
+    Forms::add(QStringLiteral("frmPartEntry"), make<frmPartEntry>);
+    Forms::add(QStringLiteral("frmWarehouseEntry"), make<frmWarehouseEntry>);
+    Forms::add(QStringLiteral("frmInventoryAdjust"), make<frmInventoryAdjust>);
+    Forms::add(QStringLiteral("frmTransfer"), make<frmTransfer>);
+    Forms::add(QStringLiteral("frmOrderEntry"), make<frmOrderEntry>);
+    Forms::add(QStringLiteral("frmOrderNavigator"), make<frmOrderNavigator>);
+    Forms::add(QStringLiteral("frmShipmentEntry"), make<frmShipmentEntry>);
+    Forms::add(QStringLiteral("frmShipmentNavigator"), make<frmShipmentNavigator>);
+    Forms::add(QStringLiteral("frmCreateInvoices"), make<frmCreateInvoices>);
+    Forms::add(QStringLiteral("frmReceivePayment"), make<frmReceivePayment>);
+    for (const auto &[name, factory] : reportForms())
+        Forms::add(name, factory);
+}

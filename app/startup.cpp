@@ -1,0 +1,21 @@
+#include "app/startup.h"
+
+#include "app/forms.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
+
+Program Main(const QString &programFolder)
+{
+    ReadConfig(programFolder + QStringLiteral("/config.txt"));
+    gDatabase = DBEngine::OpenDatabase(gDatabasePath, false, false, DatabaseConnect);
+    // Only now: a second instance with a bad file fails on that first.
+    Program program{std::make_unique<PreviousInstance>(programFolder), nullptr};
+    if (program.mark->isRunning()) {
+        MsgBox(QStringLiteral("This application is already running."), QStringLiteral("Application Already Running"));
+        return program;
+    }
+    registerForms();
+    program.window = std::make_unique<MDI>();
+    program.window->show();
+    return program;
+}

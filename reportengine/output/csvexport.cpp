@@ -1,0 +1,46 @@
+#include "reportengine/output/exports.h"
+
+#include "reportengine/output/newfile.h"
+#include "reportengine/report.h"
+#include "reportengine/rows/rowstore.h"
+
+namespace {
+
+QString quoted(QString text)
+{
+    static const QString special = ",\"\r\n";
+    const bool isSpecial = std::any_of(text.begin(), text.end(), [](QChar c) { return special.contains(c); });
+    return isSpecial ? '"' + text.replace("\"", "\"\"") + '"' : text;
+}
+
+/// Plain: no separators, no pictures; Null is empty.
+QString plainText(const Value &value, FieldType type)
+{
+    if (value.isNull())
+        return {};
+    if (type == FieldType::Date)
+        return value.toDate().date().toString(Qt::ISODate);
+    if (type == FieldType::DateTime)
+        return value.toDate().toIso();
+    return value.toText();
+}
+
+} // namespace
+
+bool writeCsv(Report &report, const QString &path)
+{
+    NewFile file(path);
+    if (!file.open())
+        return false;
+    const RowStore &rows = report.rows();
+    QStringList cells;
+    for (const DatasetField &field : report.dataset())
+        cells.append(quoted(field.name));
+    file.device()->write(cells.join(',').toUtf8() + "\r\n");
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        for (int i = 0; i < cells.size(); ++i)
+            cells[i] = quoted(plainText(rows.value(row, i), rows.dataset()[i].type));
+        file.device()->write(cells.join(',').toUtf8() + "\r\n");
+    }
+    return file.commit();
+}

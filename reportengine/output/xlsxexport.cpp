@@ -1,0 +1,179 @@
+#include "reportengine/output/exports.h"
+
+#include "reportengine/output/newfile.h"
+#include "reportengine/output/sheetcolumns.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/pages/valuetext.h"
+#include "reportengine/report.h"
+#include "reportengine/rows/rowstore.h"
+#include <xlsxwriter.h>
+
+namespace {
+
+constexpr double PointsPerCharacter = 5.3; ///< of a spreadsheet's standard font
+constexpr int MostRows = 1048576;
+constexpr int LongReport = 50000; ///< rows
+
+const char *numberFormat(Picture picture)
+{
+    switch (picture) {
+    case Picture::Whole:
+        return "#,##0;(#,##0)";
+    case Picture::Quantity:
+        return "#,##0.####;(#,##0.####)";
+    case Picture::Money:
+        return "#,##0.00;(#,##0.00)";
+    case Picture::Price:
+        return "#,##0.00##;(#,##0.00##)";
+    case Picture::Dollars:
+        return "$#,##0.00;($#,##0.00)";
+    case Picture::Percent:
+        return "0.0%;(0.0%)";
+    case Picture::Date:
+        return "m/d/yyyy";
+    case Picture::DateTime:
+        return "m/d/yyyy h:mm AM/PM";
+    case Picture::General:
+        break;
+    }
+    return "General";
+}
+
+/// One spreadsheet file being written, row by row. A long one goes straight to disk, with its texts in the cells
+/// themselves instead of a common table.
+class Sheet
+{
+public:
+    Sheet(const QString &path, const Layout &layout, bool isLong) : m_layout(layout), m_columns(layout)
+    {
+        lxw_workbook_options options{};
+        options.constant_memory = isLong;
+        m_book = workbook_new_opt(path.toUtf8().constData(), &options);
+        if (m_book)
+            addSheet();
+    }
+
+    /// False when the file could not be written.
+    bool close() { return m_book && workbook_close(m_book) == LXW_NO_ERROR; }
+
+    /// A printed section: its lines become rows.
+    void add(const CompiledSection &section, const Page &page)
+    {
+        if (!m_book || page.items.empty())
+            return;
+        if (m_layout.exportAsTable && !isOfTable(*section.section))
+            return;
+        for (const std::vector<const PageItem *> &line : lines(page))
+            writeLine(line);
+        if (section.section->columnHeads && !m_headsStand) {
+            worksheet_freeze_panes(m_sheet, m_row, 0);
+            m_headsStand = true;
+        }
+    }
+
+private:
+    /// A flat layout's records are its details, or totals that take their place.
+    static bool isOfTable(const Section &section)
+    {
+        return section.columnHeads || section.kind == Section::Kind::Detail ||
+               section.kind == Section::Kind::GroupFooter;
+    }
+
+    void addSheet()
+    {
+        m_sheet = workbook_add_worksheet(m_book, nullptr);
+        m_row = 0;
+        for (int i = 0; i < m_columns.count(); ++i)
+            worksheet_set_column(m_sheet, lxw_col_t(i), lxw_col_t(i), m_columns.width(i) / PointsPerCharacter + 2,
+                                 nullptr);
+    }
+
+    /// The section's texts by the lines they stand on, top to bottom.
+    std::vector<std::vector<const PageItem *>> lines(const Page &page) const
+    {
+        std::vector<const PageItem *> items;
+        const LayoutObject *last = nullptr;
+        for (const PageItem &item : page.items) {
+            // In a table a wrapped text is one cell, which its first line stands for.
+            const bool isContinued = m_layout.exportAsTable && item.object == last;
+            if (item.kind == PageItem::Kind::Text && !isContinued)
+                items.push_back(&item);
+            last = item.object;
+        }
+        std::stable_sort(items.begin(), items.end(),
+                         [](const PageItem *a, const PageItem *b) { return a->rect.bottom() < b->rect.bottom(); });
+        std::vector<std::vector<const PageItem *>> result;
+        for (const PageItem *item : items) {
+            if (result.empty() || item->rect.bottom() - result.back().front()->rect.bottom() > 4)
+                result.emplace_back();
+            result.back().push_back(item);
+        }
+        return result;
+    }
+
+    void writeLine(std::vector<const PageItem *> line)
+    {
+        if (m_row == MostRows)
+            addSheet();
+        std::stable_sort(line.begin(), line.end(),
+                         [](const PageItem *a, const PageItem *b) { return a->rect.left() < b->rect.left(); });
+        // Cells of a row must be written left to right, each once: two items of one column stand side by side.
+        int next = 0;
+        for (const PageItem *item : line) {
+            const int column = m_columns.columnAt(item->rect.left(), item->rect.right(), item->align);
+            next = std::max(next, column);
+            write(next++, *item);
+        }
+        ++m_row;
+    }
+
+    void write(int column, const PageItem &item)
+    {
+        const auto col = lxw_col_t(column);
+        if (isFigure(item.value)) {
+            const bool isDate = item.value.type() == Value::Type::Date;
+            const Picture picture = isDate && item.picture == Picture::General ? Picture::Date : item.picture;
+            const double number = isDate ? item.value.toDate().serial() : item.value.toDouble();
+            worksheet_write_number(m_sheet, m_row, col, number, format(picture, item));
+            return;
+        }
+        // A text that was cut to fit the paper is whole here; lines of a wrapped one stay lines.
+        const bool isCut = m_layout.exportAsTable || (item.object && item.object->overflow == Overflow::Shorten);
+        const QString text = isCut && !item.value.isNull() ? item.value.toText() : item.text;
+        worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(),
+                               format(Picture::General, item));
+    }
+
+    lxw_format *format(Picture picture, const PageItem &item)
+    {
+        lxw_format *&format = m_formats[{picture, item.align, item.style.bold}];
+        if (!format) {
+            format = workbook_add_format(m_book);
+            format_set_num_format(format, numberFormat(picture));
+            if (item.style.bold)
+                format_set_bold(format);
+            if (item.align != Align::Left)
+                format_set_align(format, item.align == Align::Right ? LXW_ALIGN_RIGHT : LXW_ALIGN_CENTER);
+        }
+        return format;
+    }
+
+    const Layout &m_layout;
+    SheetColumns m_columns;
+    lxw_workbook *m_book = nullptr;
+    lxw_worksheet *m_sheet = nullptr;
+    std::map<std::tuple<Picture, Align, bool>, lxw_format *> m_formats;
+    lxw_row_t m_row = 0;
+    bool m_headsStand = false;
+};
+
+} // namespace
+
+bool writeXlsx(Report &report, const QString &path)
+{
+    NewFile file(path);
+    Sheet sheet(file.temporaryPath(), report.layout(), report.rows().rowCount() > LongReport);
+    report.pages().forEachSection(
+        [&](const CompiledSection &section, const Page &items) { sheet.add(section, items); });
+    return sheet.close() && file.commit();
+}

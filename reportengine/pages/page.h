@@ -1,0 +1,36 @@
+#pragma once
+
+#include "data/values/value.h"
+#include "reportengine/pages/layout.h"
+
+/// Something that stands on a page, in points from the page's top left corner.
+struct PageItem
+{
+    enum class Kind { Text, Line, Box };
+
+    Kind kind = Kind::Text;
+    QRectF rect;       ///< of a text the place of its one line
+    QString text = {}; ///< as printed: shortened where it had to be
+    TextStyle style = {};
+    Align align = Align::Left;
+    double thickness = 0;
+    QColor fill = {};
+    /// What the text was printed from, for spreadsheets and tests.
+    Value value = {};
+    Picture picture = Picture::General;
+    const LayoutObject *object = nullptr;
+};
+
+/// A page as it will be seen: what painter, PDF, find-text and tests read.
+struct Page
+{
+    QSizeF size;
+    std::vector<PageItem> items;
+
+    /// The texts in the order of their placing, for finding and comparing.
+    QStringList texts() const;
+};
+
+/// What is wrong with how a page is set: texts that leave the page's margins or their place, texts over one another,
+/// lines through texts. Empty when all is well.
+QStringList pageFaults(const Page &page, const QMarginsF &margins);

@@ -1,0 +1,376 @@
+#include "reportengine/pages/pagemaker.h"
+
+#include "reportengine/pages/sectionplacer.h"
+#include "reportengine/rows/rowstore.h"
+
+using Kind = Section::Kind;
+
+/// The making of one page, and of the endless one: where the rows have got to, and what formulas see there.
+class PageRun
+{
+public:
+    PageRun(const PageMaker &maker, const PageStart &start)
+        : m_maker(maker), m_grouping(maker.m_grouping), m_position(start.position), m_step(start.step),
+          m_running(start.running), m_nodes(std::max(maker.m_grouping.levels(), 1)), m_context(maker.m_context)
+    {
+        m_running.resize(maker.m_layout.runningTotals().size());
+        m_context.groupNodes = m_nodes.data();
+        m_context.running = m_running.data();
+        lookAt(m_position);
+    }
+
+    std::optional<PageStart> fill(const PageStart &start, int index, int pageCount, Page *page,
+                                  std::vector<std::vector<int>> *groupPages);
+    void forEachSection(const PageMaker::Visitor &visit);
+    /// Goes on over rows that print nothing, to where something stands.
+    PageStart firstPrinted();
+    /// The position of the last row that prints anything; -1 when none does.
+    int lastPrinted();
+
+private:
+    bool atEnd() const { return m_position == m_grouping.rowCount(); }
+
+    /// Lets formulas see that row; behind the last one they go on seeing the last.
+    void lookAt(int position)
+    {
+        position = std::min(position, m_grouping.rowCount() - 1);
+        if (position < 0)
+            return;
+        m_context.row = m_grouping.rowAt(position);
+        for (int level = 0; level < m_grouping.levels(); ++level)
+            m_nodes[level] = m_grouping.nodeAt(level, position, m_nodes[level]);
+    }
+
+    bool begins(int level) const { return m_grouping.nodes(level)[m_nodes[level]].first == m_position; }
+    bool ends(int level) const { return m_grouping.nodes(level)[m_nodes[level]].end == m_position + 1; }
+
+    /// Takes the row into the running totals.
+    void countRow()
+    {
+        const auto &totals = m_maker.m_layout.runningTotals();
+        for (size_t i = 0; i < totals.size(); ++i) {
+            if (totals[i].resetAt >= 0 && begins(totals[i].resetAt))
+                m_running[i] = 0;
+            const Value value = totals[i].of->evaluate(m_context);
+            if (!value.isNull())
+                m_running[i] += value.toDouble();
+        }
+    }
+
+    /// The sections the row prints: headers of the groups that begin with it, details, footers of those that end.
+    const std::vector<const CompiledSection *> &sectionsOfRow()
+    {
+        m_sections.clear();
+        const auto take = [this](const std::vector<CompiledSection> &sections) {
+            for (const CompiledSection &section : sections)
+                m_sections.push_back(&section);
+        };
+        for (int level = 0; level < m_grouping.levels(); ++level) {
+            if (begins(level))
+                take(*m_maker.m_headers[level]);
+        }
+        take(m_maker.m_details);
+        for (int level = m_grouping.levels() - 1; level >= 0; --level) {
+            if (ends(level))
+                take(*m_maker.m_footers[level]);
+        }
+        return m_sections;
+    }
+
+    /// Measures the row's sections from that one on, and notes them with their heights.
+    double heightOfRow(int fromStep)
+    {
+        double height = 0;
+        const auto &sections = sectionsOfRow();
+        m_heights.assign(sections.size(), 0);
+        for (size_t i = fromStep; i < sections.size(); ++i)
+            height += m_heights[i] = sectionHeight(*sections[i], m_context);
+        return height;
+    }
+
+    double heightOf(const std::vector<CompiledSection> &sections) const
+    {
+        double height = 0;
+        for (const CompiledSection &section : sections)
+            height += sectionHeight(section, m_context);
+        return height;
+    }
+
+    double place(const CompiledSection &section) { return place(section, sectionHeight(section, m_context)); }
+    double place(const CompiledSection &section, double height)
+    {
+        if (section.section->atPageBottom)
+            m_y = std::max(m_y, m_bottom - height);
+        if (m_page)
+            placeSection(section, m_context, {m_maker.m_layout.layout().margins.left(), m_y}, *m_page);
+        m_y += height;
+        return height;
+    }
+    void placeAll(const std::vector<CompiledSection> &sections)
+    {
+        for (const CompiledSection &section : sections)
+            place(section);
+    }
+
+    void beginPage(int index);
+    void repeatHeaders();
+    void noteGroups(std::vector<std::vector<int>> &groupPages, int index) const;
+    bool breaksBefore(double height);
+    bool groupDoesNotFit();
+    bool strandsReportFooter(double height);
+    bool fillRows(int index, std::vector<std::vector<int>> *groupPages);
+    bool fillReportFooter();
+    void visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
+
+    const PageMaker &m_maker;
+    const Grouping &m_grouping;
+    int m_position;
+    int m_step;
+    std::vector<double> m_running;
+    std::vector<double> m_runningBefore; ///< of the row that did not fit
+    std::vector<int> m_nodes;
+    FormulaContext m_context;
+    std::vector<const CompiledSection *> m_sections; ///< of the row
+    std::vector<double> m_heights;                   ///< theirs
+    Page *m_page = nullptr;
+    double m_top = 0; ///< below the page header
+    double m_y = 0;
+    double m_bottom = 0;
+    bool m_fresh = true; ///< no row stands on the page yet
+    bool m_newPageDue = false;
+    bool m_restartDue = false;
+};
+
+void PageRun::beginPage(int index)
+{
+    const Layout &layout = m_maker.m_layout.layout();
+    m_y = layout.margins.top();
+    m_bottom =
+        layout.pageSize().height() - layout.margins.bottom() - heightOf(m_maker.m_layout.sections(Kind::PageFooter));
+    if (index == 0)
+        placeAll(m_maker.m_layout.sections(Kind::ReportHeader));
+    placeAll(m_maker.m_layout.sections(Kind::PageHeader));
+    m_top = m_y;
+    if (!atEnd())
+        repeatHeaders();
+}
+
+/// The headers of groups that go on from the page before.
+void PageRun::repeatHeaders()
+{
+    m_context.repeatedHeader = true;
+    int stepsBefore = 0;
+    for (int level = 0; level < m_grouping.levels(); ++level) {
+        if (begins(level))
+            stepsBefore += int(m_maker.m_headers[level]->size());
+        const bool isOpen = !begins(level) || (m_step > 0 && m_step >= stepsBefore);
+        if (isOpen && m_maker.m_layout.layout().groups[level].repeatHeader)
+            placeAll(*m_maker.m_headers[level]);
+    }
+    m_context.repeatedHeader = false;
+}
+
+void PageRun::noteGroups(std::vector<std::vector<int>> &groupPages, int index) const
+{
+    for (int level = 0; level < m_grouping.levels(); ++level) {
+        if (begins(level))
+            groupPages[level][m_nodes[level]] = index;
+    }
+}
+
+/// Whether a group that begins here wants to stay in one piece and has to go to a new page for it.
+bool PageRun::groupDoesNotFit()
+{
+    const int first = m_position;
+    bool result = false;
+    for (int level = 0; level < m_grouping.levels() && !result; ++level) {
+        if (!m_maker.m_layout.layout().groups[level].keepTogether || !begins(level))
+            continue;
+        const int end = m_grouping.nodes(level)[m_nodes[level]].end;
+        double height = 0;
+        for (; m_position < end && height <= m_bottom - m_top; ++m_position) {
+            lookAt(m_position);
+            height += heightOfRow(0);
+        }
+        result = height > m_bottom - m_y && height <= m_bottom - m_top;
+        m_position = first;
+        lookAt(first);
+        heightOfRow(m_step);
+    }
+    return result;
+}
+
+bool PageRun::breaksBefore(double height)
+{
+    if (m_fresh || height == 0)
+        return false;
+    return m_newPageDue || m_y + height > m_bottom || groupDoesNotFit();
+}
+
+/// Whether the last row would stay on this page and the report's end stand on the next without any row. A row that
+/// goes over with the footer must find room for both there, or nothing is won.
+bool PageRun::strandsReportFooter(double height)
+{
+    if (m_fresh || m_position != m_maker.m_lastPrinted)
+        return false;
+    const double both = height + heightOf(m_maker.m_layout.sections(Kind::ReportFooter));
+    return m_y + both > m_bottom && both <= m_bottom - m_top;
+}
+
+/// True when the page is full before the rows are at their end.
+bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
+{
+    for (; !atEnd(); ++m_position, m_step = 0) {
+        lookAt(m_position);
+        m_runningBefore = m_running;
+        if (m_step == 0) {
+            countRow();
+            for (int level = 0; level < m_grouping.levels(); ++level) {
+                const Group &group = m_maker.m_layout.layout().groups[level];
+                m_newPageDue = m_newPageDue || (group.newPageBefore && begins(level));
+                m_restartDue = m_restartDue || (group.restartPageCount && begins(level));
+            }
+        }
+        const double height = heightOfRow(m_step);
+        if (breaksBefore(height) || (height > 0 && strandsReportFooter(height)))
+            return true;
+        if (groupPages && m_step == 0)
+            noteGroups(*groupPages, index);
+        if (height == 0)
+            continue;
+        // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
+        for (; m_step < int(m_sections.size()); ++m_step) {
+            if (!m_fresh && m_y + m_heights[m_step] > m_bottom) {
+                m_runningBefore = m_running;
+                return true;
+            }
+            m_fresh = place(*m_sections[m_step], m_heights[m_step]) == 0 && m_fresh;
+        }
+        m_fresh = m_newPageDue = m_restartDue = false;
+    }
+    return false;
+}
+
+bool PageRun::fillReportFooter()
+{
+    const auto &sections = m_maker.m_layout.sections(Kind::ReportFooter);
+    for (; m_step < int(sections.size()); ++m_step) {
+        if (!m_fresh && m_y + sectionHeight(sections[m_step], m_context) > m_bottom)
+            return true;
+        place(sections[m_step]);
+        m_fresh = false;
+    }
+    return false;
+}
+
+std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pageCount, Page *page,
+                                       std::vector<std::vector<int>> *groupPages)
+{
+    m_page = page;
+    m_context.pageNumber = index - start.countBase + 1;
+    m_context.pageCount = pageCount;
+    beginPage(index);
+    const bool isFull = fillRows(index, groupPages) || fillReportFooter();
+    const PageStart next{m_position, m_step, m_restartDue ? index + 1 : start.countBase,
+                         isFull ? m_runningBefore : m_running};
+    // The page footer belongs to the last row on the page, not to the first of the next.
+    lookAt(isFull && !atEnd() && m_step == 0 ? std::max(m_position - 1, start.position) : m_position);
+    m_y = m_bottom;
+    placeAll(m_maker.m_layout.sections(Kind::PageFooter));
+    return isFull ? std::optional(next) : std::nullopt;
+}
+
+void PageRun::visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor)
+{
+    for (const CompiledSection &section : sections) {
+        Page items;
+        if (placeSection(section, m_context, {}, items) > 0)
+            visitor(section, items);
+    }
+}
+
+void PageRun::forEachSection(const PageMaker::Visitor &visitor)
+{
+    m_context.pageNumber = m_context.pageCount = 1;
+    visit(m_maker.m_layout.sections(Kind::ReportHeader), visitor);
+    visit(m_maker.m_layout.sections(Kind::PageHeader), visitor);
+    for (; !atEnd(); ++m_position) {
+        lookAt(m_position);
+        countRow();
+        for (const CompiledSection *section : sectionsOfRow()) {
+            Page items;
+            if (placeSection(*section, m_context, {}, items) > 0)
+                visitor(*section, items);
+        }
+    }
+    visit(m_maker.m_layout.sections(Kind::ReportFooter), visitor);
+}
+
+PageStart PageRun::firstPrinted()
+{
+    for (; !atEnd(); ++m_position) {
+        lookAt(m_position);
+        m_runningBefore = m_running;
+        countRow();
+        if (heightOfRow(0) > 0)
+            return {m_position, 0, 0, m_runningBefore};
+    }
+    return {m_position, 0, 0, m_running};
+}
+
+int PageRun::lastPrinted()
+{
+    for (m_position = m_grouping.rowCount() - 1; m_position >= 0; --m_position) {
+        lookAt(m_position);
+        if (heightOfRow(0) > 0)
+            break;
+    }
+    return m_position;
+}
+
+PageMaker::PageMaker(const CompiledLayout &layout, const RowStore &rows, const Grouping &grouping, const Totals &totals,
+                     const FormulaContext &context)
+    : m_layout(layout), m_rows(rows), m_grouping(grouping), m_totals(totals), m_context(context),
+      m_details(layout.sections(Kind::Detail))
+{
+    m_context.rows = &m_rows;
+    m_context.totals = &m_totals;
+    for (int level = 0; level < grouping.levels(); ++level) {
+        m_headers.push_back(&layout.sections(Kind::GroupHeader, level));
+        m_footers.push_back(&layout.sections(Kind::GroupFooter, level));
+    }
+    m_lastPrinted = PageRun(*this, {}).lastPrinted();
+}
+
+PageStart PageMaker::firstStart() const
+{
+    return PageRun(*this, {}).firstPrinted();
+}
+
+std::optional<PageStart> PageMaker::make(const PageStart &start, int index, int pageCount, Page *page,
+                                         std::vector<std::vector<int>> *groupPages) const
+{
+    if (page) {
+        page->size = m_layout.layout().pageSize();
+        page->items.clear();
+    }
+    return PageRun(*this, start).fill(start, index, pageCount, page, groupPages);
+}
+
+void PageMaker::forEachSection(const Visitor &visit) const
+{
+    PageRun(*this, {}).forEachSection(visit);
+}
+
+QString PageMaker::groupLabel(int level, int node) const
+{
+    FormulaContext context = m_context;
+    std::vector<int> nodes(m_grouping.levels());
+    const int position = m_grouping.nodes(level)[node].first;
+    for (int above = 0; above < m_grouping.levels(); ++above)
+        nodes[above] = m_grouping.nodeAt(above, position);
+    context.groupNodes = nodes.data();
+    context.row = m_grouping.rowAt(position);
+    const Value label = m_layout.groupLabels()[level]->evaluate(context);
+    return label.isNull() ? QString() : label.toText();
+}

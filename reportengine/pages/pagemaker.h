@@ -1,0 +1,54 @@
+#pragma once
+
+#include "reportengine/pages/compiledlayout.h"
+#include "reportengine/pages/grouping.h"
+#include "reportengine/pages/page.h"
+#include "reportengine/pages/totals.h"
+#include <optional>
+
+/// Where a page begins: all that is needed to make it, without the pages before it.
+struct PageStart
+{
+    int position = 0;  ///< of the first row in printing order; the number of rows when only the report's end is left
+    int step = 0;      ///< how many of that row's sections stand on earlier pages already
+    int countBase = 0; ///< index of the page that counts as page 1
+    std::vector<double> running = {}; ///< running totals before the row
+};
+
+/// Puts sections on pages. One page at a time, from its start to the next one's.
+class PageMaker
+{
+public:
+    PageMaker(const CompiledLayout &layout, const RowStore &rows, const Grouping &grouping, const Totals &totals,
+              const FormulaContext &context);
+
+    PageStart firstStart() const;
+
+    /// Finds where the next page starts; nothing behind the last one. Fills `page` unless it is null, and notes in
+    /// `groupPages` (by level and node, unless it is null) the groups that begin on this page. `pageCount` is what
+    /// "of m" prints, 0 while it is not known.
+    std::optional<PageStart> make(const PageStart &start, int index, int pageCount, Page *page,
+                                  std::vector<std::vector<int>> *groupPages = nullptr) const;
+
+    /// Gives all sections as if on one endless page: report header, page header, rows, report footer. Items lie
+    /// relative to the section's top.
+    using Visitor = std::function<void(const CompiledSection &section, const Page &items)>;
+    void forEachSection(const Visitor &visit) const;
+
+    /// The printed label of a group.
+    QString groupLabel(int level, int node) const;
+
+private:
+    friend class PageRun;
+    using Sections = std::vector<CompiledSection>;
+
+    const CompiledLayout &m_layout;
+    const RowStore &m_rows;
+    const Grouping &m_grouping;
+    const Totals &m_totals;
+    FormulaContext m_context;
+    const Sections &m_details;
+    int m_lastPrinted = -1; ///< position of the last row that prints anything
+    std::vector<const Sections *> m_headers;
+    std::vector<const Sections *> m_footers;
+};

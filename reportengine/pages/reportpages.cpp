@@ -1,0 +1,65 @@
+#include "reportengine/pages/reportpages.h"
+
+#include "data/values/clock.h"
+#include "reportengine/rows/rowstore.h"
+#include <QElapsedTimer>
+
+constexpr int PagesKept = 24; ///< more than fit in a window side by side at the smallest zoom
+
+ReportPages::ReportPages(const CompiledLayout &layout, const RowStore &rows) : m_made(PagesKept)
+{
+    FormulaContext context;
+    context.rows = &rows;
+    context.parameters = &layout.layout().parameters;
+    context.nullsAsDefaults = layout.layout().nullsAsDefaults;
+    context.printed = Clock::now();
+    m_grouping.arrange(layout.groups(), context);
+    m_totals.compute(layout.aggregates(), m_grouping, context);
+    m_maker = std::make_unique<PageMaker>(layout, rows, m_grouping, m_totals, context);
+    for (int level = 0; level < m_grouping.levels(); ++level)
+        m_groupPages.emplace_back(m_grouping.nodes(level).size(), 0);
+    m_starts.push_back(m_maker->firstStart());
+}
+
+bool ReportPages::advance(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!m_complete && timer.elapsed() < milliseconds) {
+        const int index = int(m_starts.size()) - 1;
+        const auto next = m_maker->make(m_starts.back(), index, 0, nullptr, &m_groupPages);
+        if (next) {
+            m_starts.push_back(*next);
+        } else {
+            m_complete = true;
+            m_made.clear(); // those made so far lack the number of pages
+        }
+    }
+    return m_complete;
+}
+
+int ReportPages::pageCount()
+{
+    while (!m_complete)
+        advance(1000);
+    return knownPages();
+}
+
+/// The number of pages counted together with that one.
+int ReportPages::countFor(int index) const
+{
+    const int base = m_starts[index].countBase;
+    const auto end = std::upper_bound(m_starts.begin(), m_starts.end(), base,
+                                      [](int wanted, const PageStart &start) { return wanted < start.countBase; });
+    return int(end - m_starts.begin()) - base;
+}
+
+std::shared_ptr<const Page> ReportPages::page(int index)
+{
+    if (const auto *made = m_made.object(index))
+        return *made;
+    auto page = std::make_shared<Page>();
+    m_maker->make(m_starts[index], index, m_complete ? countFor(index) : 0, page.get());
+    m_made.insert(index, new std::shared_ptr<const Page>(page));
+    return page;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "reportengine/pages/pagemaker.h"
+#include <QCache>
+
+/// The pages of a report. Paging remembers where each page starts and nothing else; a page itself is made when it is
+/// asked for, and the last few are kept.
+class ReportPages
+{
+public:
+    /// The arguments must outlive the pages and stay as they are.
+    ReportPages(const CompiledLayout &layout, const RowStore &rows);
+
+    /// Goes on with the paging for about that long; true once the last page is known.
+    bool advance(int milliseconds);
+    bool isComplete() const { return m_complete; }
+    /// How many pages are known so far; at least 1.
+    int knownPages() const { return int(m_starts.size()); }
+    /// All pages; pages the report to its end.
+    int pageCount();
+
+    /// A page by index from 0, which must be known. "of m" is printed once the paging is complete.
+    std::shared_ptr<const Page> page(int index);
+
+    const Grouping &groups() const { return m_grouping; }
+    QString groupLabel(int level, int node) const { return m_maker->groupLabel(level, node); }
+    /// Index of the page on which a group begins; 0 while it is not known.
+    int pageOfGroup(int level, int node) const { return m_groupPages[level][node]; }
+
+    /// All sections on one endless page, for spreadsheets.
+    void forEachSection(const PageMaker::Visitor &visit) const { m_maker->forEachSection(visit); }
+
+private:
+    int countFor(int index) const;
+
+    Grouping m_grouping;
+    Totals m_totals;
+    std::unique_ptr<PageMaker> m_maker;
+    std::vector<PageStart> m_starts;
+    std::vector<std::vector<int>> m_groupPages;
+    QCache<int, std::shared_ptr<const Page>> m_made;
+    bool m_complete = false;
+};

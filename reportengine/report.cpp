@@ -1,0 +1,134 @@
+#include "reportengine/report.h"
+
+#include "data/dao/recordset.h"
+#include "reportengine/output/printing.h"
+#include "reportengine/pages/compiledlayout.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/rows/recordsetrows.h"
+#include "reportengine/rows/rowstore.h"
+
+struct Report::Private
+{
+    Private(Layout layout, const QString &table, Dataset dataset)
+        : layout(std::move(layout)), table(table), rows(std::move(dataset))
+    {
+    }
+
+    Layout layout;
+    QString table;
+    RowStore rows;
+    std::unique_ptr<RowSource> ownSource;
+    RowSource *source = nullptr;
+    std::map<QString, Object> objects;
+    std::unique_ptr<CompiledLayout> compiled;
+    std::unique_ptr<ReportPages> pages;
+};
+
+Report::Report(Layout layout, const QString &table, Dataset dataset)
+    : d(std::make_unique<Private>(std::move(layout), table, std::move(dataset)))
+{
+}
+
+Report::~Report() = default;
+
+void Report::SetDataSource(Recordset &data)
+{
+    d->ownSource = std::make_unique<RecordsetRows>(data);
+    d->source = d->ownSource.get();
+}
+
+void Report::SetDataSource(RowSource &rows)
+{
+    d->ownSource.reset();
+    d->source = &rows;
+}
+
+void Report::DiscardSavedData()
+{
+    d->pages.reset();
+    d->rows.clear();
+}
+
+void Report::ReadRecords()
+{
+    d->pages.reset();
+    d->compiled = std::make_unique<CompiledLayout>(d->layout, d->table, d->rows.dataset());
+    if (d->source)
+        d->rows.read(*d->source);
+    d->ownSource.reset();
+    d->source = nullptr;
+}
+
+void Report::Object::SetText(const QString &text)
+{
+    Q_ASSERT(m_text);
+    *m_text = text;
+    m_report->d->pages.reset();
+}
+
+void Report::Object::setSuppress(bool suppress)
+{
+    *m_suppress = suppress;
+    m_report->d->pages.reset();
+}
+
+Report::Object &Report::object(const QString &name)
+{
+    Object &object = d->objects[name];
+    object.m_report = this;
+    for (TextParameter &parameter : d->layout.parameters) {
+        if (parameter.name == name) {
+            object.m_text = &parameter.text;
+            object.m_suppress = &parameter.suppress;
+        }
+    }
+    for (Section &section : d->layout.sections) {
+        if (section.name == name)
+            object.m_suppress = &section.suppress;
+        for (LayoutObject &placed : section.objects) {
+            if (placed.name != name)
+                continue;
+            object.m_text = placed.kind == LayoutObject::Kind::Text ? &placed.content : nullptr;
+            object.m_suppress = &placed.suppress;
+        }
+    }
+    if (!object.m_suppress)
+        qFatal("The layout \"%s\" has no object \"%s\"", qPrintable(d->layout.title), qPrintable(name));
+    return object;
+}
+
+void Report::setFormulaText(int index, const QString &text)
+{
+    d->layout.formulas.at(index - 1).text = text;
+    d->pages.reset();
+    d->compiled.reset();
+}
+
+void Report::PrintOut()
+{
+    printOut(*this);
+}
+
+const Layout &Report::layout() const
+{
+    return d->layout;
+}
+
+const Dataset &Report::dataset() const
+{
+    return d->rows.dataset();
+}
+
+const RowStore &Report::rows() const
+{
+    return d->rows;
+}
+
+ReportPages &Report::pages()
+{
+    if (!d->compiled)
+        d->compiled = std::make_unique<CompiledLayout>(d->layout, d->table, d->rows.dataset());
+    if (!d->pages)
+        d->pages = std::make_unique<ReportPages>(*d->compiled, d->rows);
+    return *d->pages;
+}

@@ -1,0 +1,26 @@
+#include "reportengine/viewer/viewer.h"
+
+#include "reportengine/viewer/crviewer.h"
+
+Viewer::Viewer() : Form("Viewer", "Report Viewer"), m_viewer(new CRViewer(this))
+{
+    resize(860, 640);
+}
+
+void Viewer::setReportSource(std::shared_ptr<Report> report)
+{
+    m_viewer->setReportSource(std::move(report));
+}
+
+void Viewer::viewReport()
+{
+    m_viewer->viewReport();
+}
+
+void Viewer::formResize()
+{
+    m_viewer->move(m_viewer->x(), 0);
+    m_viewer->move(0, m_viewer->y());
+    m_viewer->resize(m_viewer->width(), height());
+    m_viewer->resize(width(), m_viewer->height());
+}

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "data/values/value.h"
-#include "reports/runtime/layout.h"
-
-/// A value as it is printed; Null prints nothing.
-QString printedValue(const Value &value, Picture picture);
-/// Whether that is a number or date, which is never cut short.
-bool isFigure(const Value &value);

@@ -1,0 +1,114 @@
+#include "app/forms.h"
+#include "tests/support/desk.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QSet>
+
+// What holds for every form of the program, whoever made it.
+
+namespace {
+class EveryForm : public DeskTest, public testing::WithParamInterface<std::string>
+{
+protected:
+    EveryForm()
+    {
+        mdi->resize(UsualSize);
+        form = Load(QString::fromStdString(GetParam()));
+        settle();
+    }
+
+    /// The form's own controls, not the parts that Qt's are made of.
+    QList<QWidget *> controls() const
+    {
+        QList<QWidget *> own;
+        for (QWidget *widget : form->findChildren<QWidget *>()) {
+            const auto isPartOf = [](QWidget *parent) {
+                return qobject_cast<QComboBox *>(parent) || qobject_cast<QAbstractSpinBox *>(parent) ||
+                       qobject_cast<QAbstractScrollArea *>(parent) || qobject_cast<QLineEdit *>(parent) ||
+                       parent->objectName() == QLatin1String("CRViewer");
+            };
+            // A plain widget only holds others together.
+            bool part = widget->isWindow() || widget->metaObject() == &QWidget::staticMetaObject;
+            for (QWidget *parent = widget->parentWidget(); parent != form && !part; parent = parent->parentWidget())
+                part = isPartOf(parent);
+            if (!part)
+                own += widget;
+        }
+        return own;
+    }
+
+    /// What the control needs to show its caption whole. Buttons ask for more than that.
+    static int widthOfCaption(const QWidget *control)
+    {
+        const auto *button = qobject_cast<const QPushButton *>(control);
+        return button ? button->fontMetrics().horizontalAdvance(button->text().remove('&')) + 4
+                      : control->minimumSizeHint().width();
+    }
+
+    static constexpr QSize UsualSize{1280, 860};
+    Form *form;
+};
+
+TEST_P(EveryForm, BearsItsNameAndGivesEachControlOneOfItsOwn)
+{
+    EXPECT_EQ(form->objectName().toStdString(), GetParam());
+    EXPECT_FALSE(form->windowTitle().isEmpty());
+    QSet<QString> names;
+    for (const QWidget *control : controls()) {
+        const QString name = control->objectName();
+        EXPECT_FALSE(name.isEmpty()) << "a " << control->metaObject()->className() << " without a name";
+        EXPECT_FALSE(names.contains(name)) << "twice: " << qPrintable(name);
+        names += name;
+    }
+}
+
+TEST_P(EveryForm, DeclaresATabOrderOfAllItsFieldsAndFollowsIt)
+{
+    const QList<QWidget *> declared = form->tabOrder();
+    for (const QWidget *control : controls())
+        if ((control->focusPolicy() & Qt::TabFocus) && !control->isHidden()) {
+            EXPECT_TRUE(declared.contains(control)) << "not in the tab order: " << qPrintable(control->objectName());
+        }
+
+    QStringList expected, walked;
+    for (const QWidget *control : declared)
+        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
+            expected += control->objectName();
+    if (expected.isEmpty())
+        return;
+    QWidget *first = form->findChild<QWidget *>(expected.first());
+    QWidget *widget = first;
+    do {
+        if (declared.contains(widget) && expected.contains(widget->objectName()))
+            walked += widget->objectName();
+        widget = widget->nextInFocusChain();
+    } while (widget != first);
+    EXPECT_EQ(walked, expected);
+}
+
+TEST_P(EveryForm, FitsTheMainWindowAndShowsEveryLabelAndButtonWhole)
+{
+    EXPECT_LE(form->sizeHint().width(), UsualSize.width());
+    EXPECT_LE(form->minimumSizeHint().height(), UsualSize.height() - 40);
+    for (const QWidget *control : controls()) {
+        const bool caption = qobject_cast<const QLabel *>(control) || qobject_cast<const QAbstractButton *>(control);
+        if (caption && control->isVisible()) {
+            EXPECT_GE(control->width(), widthOfCaption(control)) << "cut off: " << qPrintable(control->objectName());
+        }
+    }
+}
+
+std::vector<std::string> everyForm()
+{
+    registerForms();
+    std::vector<std::string> names;
+    for (const QString &name : Forms::names())
+        names.push_back(name.toStdString());
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, EveryForm, testing::ValuesIn(everyForm()),
+                         [](const auto &form) { return form.param; });
+} // namespace

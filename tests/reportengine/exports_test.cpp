@@ -1,0 +1,169 @@
+#include "data/workbook/workbook.h"
+#include "reportengine/output/exports.h"
+#include "reportengine/output/printing.h"
+#include "tests/reportengine/reportfixture.h"
+#include <QDir>
+#include <QProcess>
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What a program of the PDF tools says about a file.
+QString told(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
+    EXPECT_EQ(process.readAllStandardError(), "");
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+Layout salesLayout()
+{
+    return tableLayout({.title = "Sales",
+                        .subtitle = "\"A period\"",
+                        .groups = {{.by = "{Region}"}},
+                        .columns = {{.heading = "Customer", .source = "{Customer}", .width = 200},
+                                    {.heading = "Sold", .source = "{Sold}", .picture = Picture::Date},
+                                    {.heading = "Qty", .source = "{Qty}", .picture = Picture::Quantity, .total = true},
+                                    {.heading = "Price", .source = "{Price}", .picture = Picture::Money}}});
+}
+
+TEST(PdfExport, HasRealTextAndAnOutlineOfTheGroups)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.pdf");
+    ASSERT_TRUE(exportReport(*sampleReport("crptSalesByPart", 400), path));
+    const QString text = told("pdftotext", {"-layout", path, "-"});
+    EXPECT_TRUE(text.contains("Bäcker & Söhne Großhandel GmbH")) << text.left(2000).toStdString();
+    EXPECT_TRUE(text.contains("Page 1 of "));
+    const QString info = told("pdfinfo", {path});
+    EXPECT_TRUE(info.contains("Page size:       612 x 792 pts (letter)") || info.contains("792 x 612 pts (letter)"))
+        << info.toStdString();
+    EXPECT_TRUE(told("pdfinfo", {"-dests", path}).size() > 0);
+    const QByteArray bytes = contentOf(path);
+    EXPECT_EQ(bytes.count("/Type /Outlines"), 1);
+    // "BR-1040-0" as the outline writes it.
+    EXPECT_TRUE(bytes.contains("/Title <feff00420052002d0031003000340030002d0030"));
+    EXPECT_TRUE(bytes.contains("/OpenAction ["));
+}
+
+TEST(PdfExport, ThatCannotBeWrittenLeavesNothingAndKeepsWhatWasThere)
+{
+    QTemporaryDir folder;
+    const auto report = reportOver(salesLayout(), salesRows());
+    EXPECT_FALSE(exportReport(*report, folder.filePath("missing/r.pdf")));
+    EXPECT_FALSE(exportReport(*report, folder.filePath("missing/r.xlsx")));
+    EXPECT_FALSE(exportReport(*report, folder.filePath("missing/r.csv")));
+    EXPECT_FALSE(exportReport(*report, folder.filePath("r.doc")));
+    EXPECT_FALSE(exportReport(*report, folder.filePath("r")));
+    QDir(folder.path()).mkdir("taken.pdf");
+    EXPECT_FALSE(exportReport(*report, folder.filePath("taken.pdf")));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot), QStringList{"taken.pdf"});
+}
+
+TEST(XlsxExport, HasARowForEachPrintedLine)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.xlsx");
+    ASSERT_TRUE(exportReport(*reportOver(salesLayout(), salesRows()), path));
+    const Workbook book = Workbook::open(path);
+    QStringList lines;
+    for (int row = 1; row <= 13; ++row) {
+        QStringList cells;
+        for (int column = 1; column <= 4; ++column)
+            cells.append(book.text(1, row, column));
+        lines.append(cells.join('|'));
+    }
+    EXPECT_TRUE(lines[0].startsWith("Sales|"));
+    EXPECT_EQ(lines.mid(1), (QStringList{"A period|||", "Customer|Sold|Qty|Price", "east|||", "alpha|4/1/2011|4|10",
+                                         "Alpha|2/29/2012|5|", "Total East||9|", "West|||", "Beta|3/30/2011|2|1.5",
+                                         "Acme||1|3", "beta|12/31/2011|3|2", "Total West||6|", "Grand total||15|"}));
+}
+
+TEST(XlsxExport, OfAnExportFriendlyReportIsOneFlatTable)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.xlsx");
+    ASSERT_TRUE(exportReport(*sampleReport("crptSalesByWhsePartExport", 50), path));
+    const Workbook book = Workbook::open(path);
+    EXPECT_EQ(book.text(1, 1, 1), "Warehouse");
+    EXPECT_EQ(book.text(1, 2, 1), "Chicago");
+    EXPECT_NE(book.text(1, 51, 1), "");
+    EXPECT_EQ(book.text(1, 52, 1), "");
+}
+
+TEST(XlsxExport, OfALongReportSaysTheSame)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.xlsx");
+    constexpr int Rows = 50001; // written in another way from here on
+    MadeRows rows({"Part", "Qty"}, std::vector<std::vector<Value>>(Rows, {"1E5", 12.5}));
+    const Layout layout = tableLayout(
+        {.title = "Long", .columns = {{.heading = "Part", .source = "{Part}"}, {.heading = "Qty", .source = "{Qty}"}}});
+    ASSERT_TRUE(exportReport(*reportOver(layout, rows, datasetOf("Part T, Qty N")), path));
+    const Workbook book = Workbook::open(path);
+    EXPECT_EQ(book.text(1, 2, 1) + book.text(1, 2, 2), "PartQty");
+    EXPECT_EQ(book.text(1, 3, 1) + book.text(1, Rows + 2, 1), "1E51E5");
+    EXPECT_EQ(book.text(1, Rows + 2, 2), "12.5");
+}
+
+TEST(CsvExport, IsTheDatasetPlain)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.csv");
+    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"},
+                  {{"a,b", "say \"x\"", 1234.5, Value(), Date(2011, 3, 30), "two\nlines"},
+                   {Value(), "", -0.25, 2.0, Value(), "é"}});
+    ASSERT_TRUE(exportReport(
+        *reportOver(salesLayout(), rows, datasetOf("Region T, Customer T, Qty N, Price C, Sold D, Note M")), path));
+    EXPECT_EQ(QString::fromUtf8(contentOf(path)), "Region,Customer,Qty,Price,Sold,Note\r\n"
+                                                  "\"a,b\",\"say \"\"x\"\"\",1234.5,,2011-03-30,\"two\nlines\"\r\n"
+                                                  ",,-0.25,2,,é\r\n");
+    Layout layout{.title = "T"};
+    MadeRows moment({"At"}, {{Date(QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)))}});
+    ASSERT_TRUE(exportReport(*reportOver(layout, moment, datasetOf("At DT")), path));
+    EXPECT_EQ(contentOf(path), "At\r\n2011-03-30 14:05:09\r\n");
+}
+
+TEST(Printing, SendsTwoCopiesWhereDocumentsGo)
+{
+    QString title;
+    int copies = 0;
+    setPrintDestination([&](Report &report, int wanted) {
+        title = report.layout().title;
+        copies = wanted;
+        return true;
+    });
+    sampleReport("crptPackingSlip", 3)->PrintOut();
+    EXPECT_EQ(title, "Packing Slip");
+    EXPECT_EQ(copies, 2);
+    setPrintDestination([](Report &, int) { return false; });
+    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
+    setPrintDestination({});
+}
+
+TEST(Printing, WithoutAPrinterWritesEveryCopyIntoOneFile)
+{
+    QTemporaryDir folder;
+    const auto report = sampleReport("crptPackingSlip", 60);
+    const int pages = report->pages().pageCount();
+    ASSERT_GT(pages, 1);
+    const QString first = printToFolder(*report, 2, folder.filePath("printed"));
+    const QString second = printToFolder(*report, 2, folder.filePath("printed"));
+    EXPECT_NE(first, second);
+    EXPECT_TRUE(QRegularExpression("/printed/PackingSlip-\\d{8}-\\d{6}-\\d+\\.pdf$").match(first).hasMatch());
+    const QString info = told("pdfinfo", {first});
+    EXPECT_TRUE(info.contains(QRegularExpression(QString("Pages:\\s+%1\\n").arg(pages * 2)))) << info.toStdString();
+    const QString text = told("pdftotext", {first, "-"});
+    EXPECT_EQ(text.count(QString("Page %1 of %1").arg(pages)), 2) << "each copy whole";
+    EXPECT_TRUE(QDir(folder.filePath("printed")).entryList({"*.part"}).isEmpty());
+}
+
+} // namespace

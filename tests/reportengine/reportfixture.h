@@ -1,0 +1,68 @@
+#pragma once
+
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/report.h"
+#include "reports/layouts/catalogue.h"
+#include "reports/layouts/layoutbuilder.h"
+#include "tests/support/printers.h"
+#include "tests/support/samplerows.h"
+#include <QTemporaryDir>
+
+/// Sales of a small house: what most tests lay out.
+inline Dataset salesDataset()
+{
+    return datasetOf("Region T, Customer T, Qty N, Price N, Sold D, Note M");
+}
+
+inline MadeRows salesRows()
+{
+    return MadeRows({"region", "CUSTOMER", "Qty", "Price", "Sold", "Note", "Surplus"},
+                    {{"West", "Beta", 2.0, 1.5, Date(2011, 3, 30), "n1", 1},
+                     {"east", "alpha", 4.0, 10.0, Date(2011, 4, 1), Value(), 1},
+                     {"WEST", "Acme", 1.0, 3.0, Value(), "n3", 1},
+                     {"East", "Alpha", 5.0, Value(), Date(2012, 2, 29), "n4", 1},
+                     {"West", "beta", 3.0, 2.0, Date(2011, 12, 31), "n5", 1}});
+}
+
+/// A section with its objects; for layouts made up in a test.
+inline Section section(Section::Kind kind, std::vector<LayoutObject> objects, int group = 0, double height = 20)
+{
+    return {.kind = kind, .group = group, .height = height, .objects = std::move(objects)};
+}
+
+/// A report over made-up rows, read and ready.
+inline std::unique_ptr<Report> reportOver(Layout layout, MadeRows rows, Dataset dataset = salesDataset())
+{
+    auto report = std::make_unique<Report>(std::move(layout), "Sales_ttx", std::move(dataset));
+    report->SetDataSource(rows);
+    report->DiscardSavedData();
+    report->ReadRecords();
+    return report;
+}
+
+/// A designer of the catalogue over sample rows.
+inline std::unique_ptr<Report> sampleReport(const QString &designer, int rows)
+{
+    auto report = std::unique_ptr<Report>(new Report(newReport(designer)));
+    MadeRows made = sampleRows(designer, rows);
+    report->SetDataSource(made);
+    report->ReadRecords();
+    return report;
+}
+
+inline QStringList fieldsOf(const QString &designer)
+{
+    QStringList names;
+    for (const DatasetField &field : reportDesign(designer).dataset)
+        names.append(field.name);
+    return names;
+}
+
+/// All texts of all pages, a line per page joined by "|".
+inline QStringList pageTexts(Report &report)
+{
+    QStringList result;
+    for (int page = 0; page < report.pages().pageCount(); ++page)
+        result.append(report.pages().page(page)->texts().join('|'));
+    return result;
+}

@@ -1,0 +1,216 @@
+#include "toolkit/controls/flexgrid.h"
+
+#include "toolkit/controls/columnwidths.h"
+#include "toolkit/controls/flexgridmodel.h"
+#include "toolkit/controls/griddelegate.h"
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent), m_model(new FlexGridModel(this))
+{
+    setModel(m_model);
+    auto *delegate = new GridDelegate(this);
+    setItemDelegate(delegate);
+    connect(delegate, &GridDelegate::committed, this, &FlexGrid::afterEdit);
+
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+
+    // One height for all rows: nothing is measured or kept per row.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { emit dblClick(0); });
+    showHeaderRow();
+}
+
+FlexGrid::~FlexGrid() = default;
+
+int FlexGrid::rows() const
+{
+    return m_model->gridRows();
+}
+
+void FlexGrid::setRows(int rows)
+{
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    m_model->setGridRows(rows);
+    showHeaderRow();
+}
+
+int FlexGrid::cols() const
+{
+    return m_model->columnCount();
+}
+
+void FlexGrid::setCols(int cols)
+{
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    m_model->setCols(cols);
+}
+
+void FlexGrid::addItem(const QString &cellsJoinedByTabs)
+{
+    m_model->append(cellsJoinedByTabs);
+    if (rows() == 1)
+        showHeaderRow();
+    scheduleUpdate();
+}
+
+void FlexGrid::addItem(const QStringList &cells)
+{
+    addItem(cells.join(u'\t'));
+}
+
+/// The header is a row like the others: a grid emptied of all rows is a blank area, though it keeps its columns.
+void FlexGrid::showHeaderRow()
+{
+    const bool any = rows() > 0;
+    horizontalHeader()->setVisible(any);
+    setHorizontalScrollBarPolicy(any ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+/// The view learns of appended rows at once, not one by one: at the next column sizing, or else when
+/// the running routine has ended.
+void FlexGrid::scheduleUpdate()
+{
+    if (std::exchange(m_updateScheduled, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        m_updateScheduled = false;
+        m_model->publish();
+    });
+}
+
+void FlexGrid::removeItem(int row)
+{
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    m_model->removeGridRow(row);
+    showHeaderRow();
+}
+
+QString FlexGrid::textMatrix(int row, int col) const
+{
+    return m_model->cell(row, col);
+}
+
+void FlexGrid::setTextMatrix(int row, int col, const QString &text)
+{
+    m_model->setCell(row, col, text);
+}
+
+int FlexGrid::row() const
+{
+    return currentIndex().isValid() ? currentIndex().row() + 1 : -1;
+}
+
+int FlexGrid::col() const
+{
+    return currentIndex().column();
+}
+
+void FlexGrid::setColAlignmentCentered()
+{
+    m_model->setCentered();
+    horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    viewport()->update();
+}
+
+void FlexGrid::setColFormat(int col, const QString &picture)
+{
+    m_model->setFormat(col, picture);
+}
+
+void FlexGrid::setColHidden(int col, bool hidden)
+{
+    setColumnHidden(col, hidden);
+}
+
+void FlexGrid::autoSize()
+{
+    m_model->publish();
+    const std::vector<int> widths = columnWidths(*m_model, font(), horizontalHeader()->font());
+    for (int col = 0; col < cols(); ++col)
+        if (!isColumnHidden(col))
+            setColumnWidth(col, widths[col]);
+}
+
+void FlexGrid::setEditableColumn(int col)
+{
+    m_model->setEditableColumn(col);
+    setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
+}
+
+bool FlexGrid::isEditable(const QModelIndex &index) const
+{
+    return m_model->flags(index) & Qt::ItemIsEditable;
+}
+
+void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (m_byProgram || !current.isValid())
+        return;
+    if (editTriggers() != NoEditTriggers) {
+        bool cancel = false; // entering a cell only asks
+        emit beforeEdit(current.row() + 1, current.column(), cancel);
+    }
+    const int oldRow = previous.isValid() ? previous.row() + 1 : -1;
+    emit afterRowColChange(oldRow, previous.column(), current.row() + 1, current.column());
+}
+
+void FlexGrid::focusInEvent(QFocusEvent *event)
+{
+    // Qt makes the first cell current when the grid gets the focus; here only the user's own moves do.
+    const bool hadCurrent = currentIndex().isValid();
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    QTableView::focusInEvent(event);
+    if (!hadCurrent && currentIndex().isValid())
+        selectionModel()->clear();
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent *event)
+{
+    const bool edits = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (edits && state() != EditingState && isEditable(currentIndex()))
+        edit(currentIndex(), EditKeyPressed, event);
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const int clicked = indexAt(event->position().toPoint()).row() + 1;
+    QTableView::mouseDoubleClickEvent(event);
+    emit dblClick(clicked);
+}
+
+bool FlexGrid::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    if ((trigger & editTriggers()) && isEditable(index) && state() != EditingState) {
+        bool cancel = false;
+        emit beforeEdit(index.row() + 1, index.column(), cancel);
+        if (cancel)
+            return false;
+    }
+    return QTableView::edit(index, trigger, event);
+}
+
+void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool byTab = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    QTableView::closeEditor(editor, byTab ? QAbstractItemDelegate::NoHint : hint);
+    if (byTab)
+        focusNextPrevChild(hint == QAbstractItemDelegate::EditNextItem);
+}

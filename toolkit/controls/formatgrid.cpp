@@ -1,0 +1,12 @@
+#include "toolkit/controls/formatgrid.h"
+
+#include "data/values/conversions.h"
+#include "toolkit/controls/flexgrid.h"
+
+void formatGrid(FlexGrid *grid, std::initializer_list<int> moneyColumns)
+{
+    grid->setColAlignmentCentered();
+    for (const int column : moneyColumns)
+        grid->setColFormat(column, MoneyGridFormat.toString());
+    grid->autoSize();
+}

@@ -1,0 +1,88 @@
+#include "toolkit/controls/msgbox.h"
+
+#include "data/values/runtimeerror.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace {
+int shown = 0;
+
+/// The window a box belongs to. A list that just dropped down may still be the active one, and goes with its form.
+QWidget *windowBehind()
+{
+    QWidget *window = QApplication::activeWindow();
+    while (window && window->windowType() == Qt::Popup)
+        window = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+    return window;
+}
+
+class Box : public QMessageBox
+{
+public:
+    Box(const QString &prompt, const QString &title, StandardButtons buttons)
+        : QMessageBox(NoIcon, title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title, prompt, buttons,
+                      windowBehind())
+    {
+        setTextFormat(Qt::PlainText);
+        setWindowModality(Qt::ApplicationModal);
+        for (QAbstractButton *button : this->buttons())
+            button->setIcon({}); // desktops without an icon theme put pictures on them
+        ++shown;
+    }
+
+    int answer()
+    {
+        const QPointer<QWidget> former = parentWidget();
+        const int button = exec();
+        // Some systems activate the window behind later or never; the routine that goes on may set the focus in it.
+        const QWidget *active = QApplication::activeWindow();
+        if (former && (!active || active == this))
+            QApplication::setActiveWindow(former);
+        return button;
+    }
+};
+
+/// A box that only its buttons answer.
+class Question : public Box
+{
+public:
+    Question(const QString &prompt, const QString &title) : Box(prompt, title, Yes | No)
+    {
+        setWindowFlag(Qt::WindowCloseButtonHint, false);
+        setDefaultButton(Yes);
+    }
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Cancel))
+            event->ignore();
+        else
+            Box::keyPressEvent(event);
+    }
+};
+} // namespace
+
+void MsgBox(const QString &prompt, const QString &title)
+{
+    Box(prompt, title, QMessageBox::Ok).answer();
+}
+
+bool MsgBoxYesNo(const QString &prompt, const QString &title)
+{
+    return Question(prompt, title).answer() == QMessageBox::Yes;
+}
+
+void showRuntimeError(const RuntimeError &error)
+{
+    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description()));
+}
+
+int messageBoxesShown()
+{
+    return shown;
+}

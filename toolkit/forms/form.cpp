@@ -1,0 +1,142 @@
+#include "toolkit/forms/form.h"
+
+#include "data/values/runtimeerror.h"
+#include "toolkit/controls/frame.h"
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+
+Form::Form(const QString &name, const QString &caption)
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+}
+
+void Form::unload()
+{
+    if (m_unloading)
+        return;
+    m_unloading = true;
+    formUnload();
+    if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget())) {
+        window->close(); // takes the form with it when control is back in the event loop
+    } else {
+        close();
+        deleteLater();
+    }
+}
+
+void Form::closeEvent(QCloseEvent *event)
+{
+    unload();
+    event->accept();
+}
+
+void Form::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    formResize();
+}
+
+void Form::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (parentWidget() && !focusWidget()) {
+        for (QWidget *control : std::as_const(m_tabOrder)) {
+            if (control->isEnabled() && !control->isHidden()) {
+                control->setFocus();
+                break;
+            }
+        }
+    }
+}
+
+void Form::setFocusTo(QWidget *widget)
+{
+    if (!widget->isVisible() || !widget->isEnabled())
+        throw runtimeError(5);
+    widget->setFocus();
+}
+
+void Form::setTabOrder(const QList<QWidget *> &order)
+{
+    m_tabOrder = order;
+    for (int i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+TextBox *Form::addText(const char *name)
+{
+    auto *box = add<TextBox>(name);
+    box->setSelectAllOnFocus();
+    return box;
+}
+
+MaskEdBox *Form::addMoney(const char *name)
+{
+    auto *box = add<MaskEdBox>(name);
+    box->setSelectAllOnFocus();
+    return box;
+}
+
+MaskEdBox *Form::addMoneyDisplay(const char *name)
+{
+    auto *box = add<MaskEdBox>(name);
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::NoFocus);
+    QPalette palette = box->palette();
+    palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+    box->setPalette(palette);
+    return box;
+}
+
+ComboBox *Form::addList(const char *name)
+{
+    return add<ComboBox>(name, ComboBox::Style::DropDownList);
+}
+
+ComboBox *Form::addEditable(const char *name)
+{
+    return add<ComboBox>(name, ComboBox::Style::Editable);
+}
+
+DTPicker *Form::addDate(const char *name)
+{
+    return add<DTPicker>(name);
+}
+
+QPushButton *Form::addButton(const char *name, const QString &caption)
+{
+    auto *button = add<QPushButton>(name, caption);
+    button->setAutoDefault(true); // Enter presses the button that has the focus
+    return button;
+}
+
+QCheckBox *Form::addCheck(const char *name, const QString &caption)
+{
+    return add<QCheckBox>(name, caption);
+}
+
+QGroupBox *Form::addFrame(const char *name, const QString &caption)
+{
+    return add<Frame>(name, caption);
+}
+
+QLabel *Form::addLabel(const char *name, const QString &caption)
+{
+    auto *label = add<QLabel>(name, caption);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+FlexGrid *Form::addGrid(const char *name)
+{
+    return add<FlexGrid>(name);
+}
+
+ComboBox *Form::addHiddenList(const char *name)
+{
+    ComboBox *list = addEditable(name);
+    list->setFocusPolicy(Qt::NoFocus);
+    list->hide();
+    return list;
+}

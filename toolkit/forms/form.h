@@ -1,0 +1,99 @@
+#pragma once
+
+#include "toolkit/controls/controls.h"
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+
+/// A window of the program, shown inside the main window. Forms are single shared instances known by name:
+/// `Load` makes one, runs its `formLoad` and shows it; `unload` runs `formUnload` and destroys it. A form's state
+/// lies in its controls, which carry the names by which staff, tests and tools know them.
+class Form : public QWidget
+{
+    Q_OBJECT
+public:
+    /// `name` becomes the object name, `caption` the window title.
+    Form(const QString &name, const QString &caption);
+
+    /// Closes the form. The object lives on until control returns to the event loop.
+    void unload();
+    /// True from the moment the form begins to go.
+    bool isUnloading() const { return m_unloading; }
+
+    /// The order in which the focus goes through the form, as setTabOrder was told.
+    const QList<QWidget *> &tabOrder() const { return m_tabOrder; }
+
+protected:
+    /// What the form does when it is loaded, before it is shown. Its window takes over the size and the place that
+    /// the form gives itself here, border included; else Qt chooses them.
+    virtual void formLoad() {}
+    /// What it does when it goes, by unload, by its close box or with the main window.
+    virtual void formUnload() {}
+    /// What it does when it was resized (also once when it is shown).
+    virtual void formResize() {}
+
+    /// Makes a control with its name. The order in which the focusable ones are placed is set by setTabOrder.
+    template <class Control, class... Args> Control *add(const char *name, Args &&...args)
+    {
+        auto *control = new Control(std::forward<Args>(args)..., this);
+        control->setObjectName(QLatin1String(name));
+        return control;
+    }
+    TextBox *addText(const char *name);           ///< selects all on focus
+    MaskEdBox *addMoney(const char *name);        ///< selects all on focus, money format
+    MaskEdBox *addMoneyDisplay(const char *name); ///< shows an amount; read-only and passed over by Tab
+    ComboBox *addList(const char *name);          ///< a drop-down list
+    ComboBox *addEditable(const char *name);      ///< an editable drop-down
+    DTPicker *addDate(const char *name);
+    QPushButton *addButton(const char *name, const QString &caption);
+    QCheckBox *addCheck(const char *name, const QString &caption);
+    /// Disabled, a frame makes dead what stands in it, and Tab passes over it; only the frame's caption is greyed.
+    QGroupBox *addFrame(const char *name, const QString &caption);
+    QLabel *addLabel(const char *name, const QString &caption = {});
+    FlexGrid *addGrid(const char *name);
+    /// A combo box the user never sees, holding a list parallel to a visible one.
+    ComboBox *addHiddenList(const char *name);
+
+    /// Puts the focus through the widgets in this order. To be called when all stand in their layouts.
+    void setTabOrder(const QList<QWidget *> &order);
+    /// Sets the focus as a program does: error 5 when the widget can't take it.
+    static void setFocusTo(QWidget *widget);
+
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QList<QWidget *> m_tabOrder;
+    bool m_unloading = false;
+
+    friend class Forms;
+};
+
+/// The program's forms by name. The shell fills the list; everyone else asks for a form by its name.
+class Forms
+{
+public:
+    using Factory = std::function<Form *()>;
+    /// What shows a new form: the main window.
+    using Host = std::function<void(Form *)>;
+
+    static void add(const QString &name, Factory factory);
+    static bool knows(const QString &name);
+    /// The names of all forms that can be loaded, sorted.
+    static QStringList names();
+    static void setHost(Host host);
+    /// The instance that is loaded, or null.
+    static Form *loaded(const QString &name);
+    /// Loads a form that is not one of the single instances (a viewer window): same steps, no name kept.
+    static void loadInstance(Form *form);
+    static void unloadAll();
+
+private:
+    static void open(Form *form);
+    friend Form *Load(const QString &name);
+};
+
+/// Opens a form: makes it, runs its load, shows it. Of a form that is loaded already: nothing. Returns the
+/// instance.
+Form *Load(const QString &name);

@@ -1,0 +1,39 @@
+#include "toolkit/forms/mainmod.h"
+
+#include "data/values/conversions.h"
+#include "data/values/inputfile.h"
+#include "data/values/runtimeerror.h"
+
+std::unique_ptr<Database> gDatabase;
+QString gDatabasePath;
+QString gDefaultWarehouse;
+QString gConfigReserved;
+QString gAutoPriceFlag;
+double gTypeAheadSeconds = 0;
+bool gOrderNavigatorOpen = false;
+bool gShipmentNavigatorOpen = false;
+
+void ReadConfig(const QString &path)
+{
+    InputFile file(path);
+    file.readField(); // a heading
+    // Then pairs of a label, never looked at, and a value: position alone counts.
+    const auto readValue = [&file] {
+        file.readField();
+        return file.readField();
+    };
+    gDatabasePath = readValue();
+    gDefaultWarehouse = readValue();
+    gConfigReserved = readValue();
+    gAutoPriceFlag = readValue();
+    gTypeAheadSeconds = Val(readValue());
+}
+
+void DropTableIfExists(const QString &TableName)
+{
+    try {
+        gDatabase->Execute(QStringLiteral("DROP TABLE ") + TableName);
+    } catch (const RuntimeError &) {
+        // Meant: the caller only wants the name free, and makes the table anew or fails on it by itself.
+    }
+}
