@@ -1,5 +1,6 @@
 #include "bench/data/barefile.h"
 #include "data/dao/database.h"
+#include "data/engines/sqlite/dialect.h"
 #include "data/jetsql/translator.h"
 #include <benchmark/benchmark.h>
 
@@ -101,7 +102,7 @@ void translate(benchmark::State &state, const char *sql)
         catalog.add(table);
     const QString statement = sql;
     for (auto _ : state)
-        benchmark::DoNotOptimize(jetsql::translate(statement, catalog).sql);
+        benchmark::DoNotOptimize(jetsql::translate(statement, catalog, sqliteDialect()).sql);
 }
 BENCHMARK_CAPTURE(translate, lookup, "SELECT * FROM Customer WHERE Customer = 'Acme'")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(translate, update, "UPDATE Shipment SET InvoiceDate = #3/30/2011# WHERE ID IN (17, 18)")

@@ -3,6 +3,7 @@
 #include "data/dao/database.h"
 #include "data/dao/translations.h"
 #include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/dialect.h"
 
 class RecordsetData;
 
@@ -62,7 +63,7 @@ private:
     Connection m_connection;
     Catalog m_catalog;
     qint64 m_catalogVersion = -1; ///< the schema version that the catalogue was read at
-    Translations m_translations;
+    Translations m_translations{sqliteDialect()};
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
     QSet<QString> m_withoutIndexes;          ///< tables made here that have not got their indexes yet

@@ -14,8 +14,8 @@ bool sameConstant(const jetsql::Token &a, const jetsql::Token &b)
 
 struct Translations::Known
 {
-    Known(const QString &sql, const Catalog &catalog, std::vector<jetsql::Token> made)
-        : translation(jetsql::translate(sql, catalog)), constants(std::move(made)), placed(constants.size())
+    Known(const QString &sql, const Catalog &catalog, const jetsql::Dialect &dialect, std::vector<jetsql::Token> made)
+        : translation(jetsql::translate(sql, catalog, dialect)), constants(std::move(made)), placed(constants.size())
     {
         for (const jetsql::Place &place : translation.places)
             placed[size_t(place.constant)] = true;
@@ -58,7 +58,7 @@ Translated Translations::of(const QString &sql, const Catalog &catalog)
         if (fitting != list->rend())
             return Known::with(*fitting, outline.constants);
     }
-    auto made = std::make_shared<const Known>(sql, catalog, outline.constants);
+    auto made = std::make_shared<const Known>(sql, catalog, m_dialect, outline.constants);
     if (!outline.shape.isEmpty()) {
         if (!list)
             list = &m_byShape.insert(outline.shape, {});

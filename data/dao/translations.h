@@ -18,6 +18,8 @@ struct Translated
 class Translations
 {
 public:
+    explicit Translations(const jetsql::Dialect &dialect) : m_dialect(dialect) {}
+
     /// Translates a statement, or takes it from what is known. Errors as jetsql::translate.
     Translated of(const QString &sql, const Catalog &catalog);
     /// To be called when the tables have changed.
@@ -27,6 +29,7 @@ private:
     struct Known;
     using KnownList = std::vector<std::shared_ptr<const Known>>;
 
+    const jetsql::Dialect &m_dialect;
     /// Translations of one shape, the newest last: they differ in a constant that has no place.
     LruCache<QString, KnownList> m_byShape{256};
 };

@@ -1,6 +1,7 @@
 #include "data/jetsql/expressionwriter.h"
 
 #include "data/jetsql/placemarks.h"
+#include "data/jetsql/typing.h"
 #include "data/values/conversions.h"
 
 namespace jetsql {
@@ -12,24 +13,6 @@ using Level = Piece::Level;
 Piece call(const char *function, const QString &arguments)
 {
     return {QLatin1String(function) + u'(' + arguments + u')'};
-}
-
-QString isoText(double serial)
-{
-    return quotedText(Date(serial).toIso());
-}
-
-Piece literal(const Expr &expr)
-{
-    const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
-    if (expr.place)
-        return {placemark(expr), level};
-    if (expr.whole)
-        return {QString::number(qint64(expr.number)), level};
-    QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
-    if (!text.contains(u'.') && !text.contains(u'e'))
-        text += QLatin1String(".0");
-    return {text, level};
 }
 
 /// True where `&` need not turn a Null into the empty text.
@@ -104,33 +87,46 @@ QString operatorText(Op op)
 
 } // namespace
 
-QString quotedName(QStringView name)
-{
-    QString text = name.toString();
-    text.replace(u'"', QLatin1String("\"\""));
-    return u'"' + text + u'"';
-}
-
-QString quotedText(QStringView text)
-{
-    QString doubled = text.toString();
-    doubled.replace(u'\'', QLatin1String("''"));
-    return u'\'' + doubled + u'\'';
-}
-
 Piece ExpressionWriter::plain(const Expr &expr) const
+{
+    if (isTextKey(expr))
+        return {m_dialect.shownInGroup(stored(expr).text)};
+    return stored(expr);
+}
+
+bool ExpressionWriter::isTextKey(const Expr &expr) const
+{
+    return m_groupKeys && expr.type.isText() && !expr.isConstant() &&
+           std::any_of(m_groupKeys->begin(), m_groupKeys->end(),
+                       [&expr](const ExprPtr &key) { return sameExpression(*key, expr); });
+}
+
+Piece ExpressionWriter::literal(const Expr &expr) const
+{
+    const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
+    if (expr.place)
+        return {placemark(expr), level};
+    if (expr.whole)
+        return {QString::number(qint64(expr.number)), level};
+    QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
+    if (!text.contains(u'.') && !text.contains(u'e'))
+        text += QLatin1String(".0");
+    return {m_dialect.fraction(text), level};
+}
+
+Piece ExpressionWriter::stored(const Expr &expr) const
 {
     switch (expr.kind) {
     case Kind::Null:
-        return {"NULL"};
+        return {m_dialect.null(expr.type)};
     case Kind::Text:
         return {expr.place ? placemark(expr) : quotedText(expr.name)};
     case Kind::Number:
         return literal(expr);
     case Kind::Date:
-        return {expr.place ? placemark(expr) : isoText(expr.number)};
+        return {expr.place ? placemark(expr) : m_dialect.date(Date(expr.number).toIso())};
     case Kind::Boolean:
-        return {expr.number != 0 ? "1" : "0"};
+        return {m_dialect.boolean(expr.number != 0)};
     case Kind::Column:
         return column(expr);
     case Kind::Unary:
@@ -151,9 +147,9 @@ Piece ExpressionWriter::plain(const Expr &expr) const
     case Kind::Aggregate:
         return aggregate(expr);
     case Kind::Subselect:
-        return {u'(' + m_subselect(*expr.select, false) + u')'};
+        return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Value) + u')'};
     case Kind::Exists:
-        return {"EXISTS (" + m_subselect(*expr.select, false) + u')'};
+        return {"EXISTS (" + m_subselect(m_dialect, *expr.select, Inner::List) + u')'};
     }
     return {};
 }
@@ -170,14 +166,16 @@ Piece ExpressionWriter::number(const Expr &expr) const
     if (expr.kind == Kind::Date)
         return {QString::number(expr.number, 'g', 17)};
     if (expr.kind == Kind::Subselect)
-        return {u'(' + m_subselect(*expr.select, true) + u')'};
+        return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Number) + u')'};
     const Piece stored = plain(expr);
     if (expr.type.isText())
         return call("jet_number", stored.text);
     if (expr.type.isDate())
         return call("jet_serial", stored.text);
     if (expr.type.isYesNo())
-        return {u'-' + stored.at(Level::Primary), Level::Unary};
+        return {m_dialect.yesNoAsNumber(stored.at(Level::Primary)), Level::Unary};
+    if (!expr.type.null && expr.type.type == ColumnType::Currency)
+        return {m_dialect.moneyAsNumber(stored.text), stored.level};
     return stored;
 }
 
@@ -204,9 +202,9 @@ Piece ExpressionWriter::condition(const Expr &expr) const
 QString ExpressionWriter::collated(const Expr &expr) const
 {
     const Piece piece = plain(expr);
-    if (!expr.type.isText() || expr.kind == Kind::Column)
+    if (!expr.type.isText())
         return piece.text;
-    return piece.at(Level::Primary) + " COLLATE NOCASE";
+    return m_dialect.key(piece.at(Level::Primary), expr.kind == Kind::Column);
 }
 
 Piece ExpressionWriter::unary(const Expr &expr) const
@@ -258,6 +256,8 @@ Piece ExpressionWriter::comparison(const Expr &expr) const
     const auto counted = [this](const Expr &side) { return number(side).at(Level::Sum); };
 
     if (left.type.isText() || right.type.isText()) {
+        if (m_dialect.comparesByKeys())
+            return joined(collated(left), collated(right));
         const bool column = left.kind == Kind::Column || right.kind == Kind::Column;
         return joined(column ? stored(left) : collated(left), stored(right));
     }
@@ -265,7 +265,7 @@ Piece ExpressionWriter::comparison(const Expr &expr) const
         return joined(stored(left), stored(right));
     // A Yes/No is stored as 1 or 0; only its order has to be that of -1 and 0.
     if (equality && left.type.isYesNo() && (right.type.isYesNo() || isYesNoNumber(right)))
-        return joined(stored(left), right.type.isYesNo() ? stored(right) : QString(right.number ? u'1' : u'0'));
+        return joined(stored(left), right.type.isYesNo() ? stored(right) : m_dialect.boolean(right.number != 0));
     return joined(counted(left), counted(right));
 }
 
@@ -278,24 +278,27 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
     QStringList texts;
     for (const Expr *part : parts) {
         const bool digits = !part->type.null && part->type.type == ColumnType::Long;
-        const Piece piece = digits ? number(*part) : text(*part);
+        const Piece piece = digits && m_dialect.concatenatesNumbers() ? number(*part) : text(*part);
         if (!filled)
             texts.append(piece.text);
         else
             texts.append(neverNull(*part) ? piece.at(Level::Unary) : "coalesce(" + piece.text + ", '')");
     }
     if (!filled)
-        return call("jet_concat", texts.join(QLatin1String(", ")));
+        return {m_dialect.concatenated(texts)};
     return {texts.join(QLatin1String(" || ")), Level::Concat};
 }
 
-/// The bare sum or product. Whole numbers in a chain are checked once, at its end: SQLite counts with 64 bits and goes
-/// over to floating point beyond them.
+/// The bare sum or product. Whole numbers in a chain are checked once, at its end.
 Piece ExpressionWriter::counted(const Expr &expr) const
 {
     const Level level = expr.op == Op::Multiply ? Level::Product : Level::Sum;
     const auto side = [this](const Expr &operand) {
-        return isWholeArithmetic(operand) ? counted(operand) : number(operand);
+        if (isWholeArithmetic(operand))
+            return counted(operand);
+        const Piece piece = number(operand);
+        const bool whole = operand.type.isNumber() && operand.type.type == ColumnType::Long;
+        return whole ? Piece{m_dialect.wide(piece.text), piece.level} : piece;
     };
     return {side(*expr.operands[0]).at(level) + operatorText(expr.op) + side(*expr.operands[1]).at(Level(level + 1)),
             level};
@@ -335,6 +338,8 @@ Piece ExpressionWriter::arithmetic(const Expr &expr) const
 /// One side of an IN: stored form among equals, numbers where the types are mixed.
 QString ExpressionWriter::comparand(const Expr &expr, bool asNumber) const
 {
+    if (expr.type.isText() && m_dialect.comparesByKeys())
+        return collated(expr);
     return (asNumber ? number(expr) : plain(expr)).at(Level::Sum);
 }
 
@@ -357,7 +362,9 @@ Piece ExpressionWriter::inSelect(const Expr &expr) const
     const ExprType &inner = expr.select->items.front().expr->type;
     const bool mixed = !left.type.isText() && !inner.null && !left.type.null && inner.type != left.type.type;
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
-    return {head + (expr.negated ? " NOT IN (" : " IN (") + m_subselect(*expr.select, mixed) + u')', Level::Equality};
+    return {head + (expr.negated ? " NOT IN (" : " IN (") +
+                m_subselect(m_dialect, *expr.select, mixed ? Inner::Numbers : Inner::List) + u')',
+            Level::Equality};
 }
 
 Piece ExpressionWriter::between(const Expr &expr) const
@@ -375,31 +382,36 @@ Piece ExpressionWriter::between(const Expr &expr) const
 
 Piece ExpressionWriter::like(const Expr &expr) const
 {
-    const Piece match = call("jet_like", text(*expr.operands[1]).text + ", " + text(*expr.operands[0]).text);
+    const Expr &pattern = *expr.operands[1];
+    const Piece match{m_dialect.like(pattern, text(pattern).text, text(*expr.operands[0]).text)};
     return expr.negated ? Piece{"NOT " + match.text, Level::Not} : match;
 }
 
 Piece ExpressionWriter::aggregate(const Expr &expr) const
 {
+    // Inside of it the rows of the group are met one by one.
+    if (m_groupKeys)
+        return ExpressionWriter(m_dialect, m_subselect).aggregate(expr);
     if (expr.name == QLatin1String("COUNT"))
         return {"count(" + (expr.operands.empty() ? QString("*") : plain(*expr.operands[0]).text) + u')'};
     const Expr &operand = *expr.operands[0];
     if (expr.name == QLatin1String("SUM")) {
         const bool money = expr.type.type == ColumnType::Currency;
-        return call(money ? "jet_sum_money" : "jet_sum", number(operand).text);
+        return {m_dialect.sum(number(operand).text, money)};
     }
     if (expr.name == QLatin1String("AVG"))
-        return call("avg", number(operand).text);
+        return {m_dialect.average(number(operand).text)};
     // Yes is the lesser: -1.
     const bool least = (expr.name == QLatin1String("MIN")) != operand.type.isYesNo();
-    return call(least ? "min" : "max", collated(operand));
+    const Piece value = plain(operand);
+    return {m_dialect.extreme(least, operand.type.isText() ? value.at(Level::Primary) : value.text, operand)};
 }
 
 Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) const
 {
     const ExprType &from = expr.type;
     if (from.null)
-        return {"NULL"};
+        return {m_dialect.null({false, column.type, column.size, false})};
     switch (column.type) {
     case ColumnType::Memo:
         return text(expr);
@@ -410,7 +422,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
             return plain(expr);
         const std::optional<Date> date = expr.kind == Kind::Text ? dateFromText(expr.name) : std::nullopt;
         if (date)
-            return {expr.place ? placemark(expr) : quotedText(date->toIso())};
+            return {expr.place ? placemark(expr) : m_dialect.date(date->toIso())};
         return from.isText() ? call("jet_date_of", plain(expr).text) : call("jet_date", number(expr).text);
     }
     case ColumnType::YesNo:
@@ -423,6 +435,8 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
     }
     case ColumnType::Currency: {
         const bool exact = from.isYesNo() || (from.isNumber() && from.type != ColumnType::Double);
+        if (from.isNumber() && from.type == ColumnType::Currency)
+            return plain(expr);
         return exact ? number(expr) : call("jet_money", number(expr).text);
     }
     case ColumnType::Double:

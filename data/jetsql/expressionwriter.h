@@ -1,13 +1,13 @@
 #pragma once
 
-#include "data/jetsql/ast.h"
+#include "data/jetsql/dialect.h"
 
 namespace jetsql {
 
-/// SQLite's text of an expression, and how tightly it binds.
+/// The engine's text of an expression, and how tightly it binds.
 struct Piece
 {
-    /// SQLite's levels, loosest first, as far as the writer tells them apart.
+    /// Levels that hold for the engines alike, loosest first, as far as the writer tells them apart.
     enum Level { Or, And, Not, Equality, Order, Sum, Product, Concat, Unary, Primary };
 
     QString text;
@@ -17,15 +17,26 @@ struct Piece
     QString at(Level least) const { return level >= least ? text : u'(' + text + u')'; }
 };
 
-/// Writes a SELECT inside an expression; what `asNumber` asks for holds for its one column.
-using SubselectWriter = QString (*)(const Select &select, bool asNumber);
+/// What a SELECT inside an expression is there for, which holds for its one column.
+enum class Inner {
+    Value,  ///< the value of its first row, in stored form
+    Number, ///< the same as a number
+    List,   ///< its rows, in stored form
+    Numbers ///< its rows, as numbers
+};
 
-/// Writes typed expressions. Values stand in the form they are stored in: dates as text, Yes/No as 1 or 0, so that
-/// indexes serve and results need no conversion; where the engine would count with them they are converted.
+/// Writes a SELECT inside an expression.
+using SubselectWriter = QString (*)(const Dialect &dialect, const Select &select, Inner use);
+
+/// Writes typed expressions. Values stand in the form they are stored in, so that indexes serve and results need no
+/// conversion; where the engine would count with them they are converted.
 class ExpressionWriter
 {
 public:
-    explicit ExpressionWriter(SubselectWriter subselect) : m_subselect(subselect) {}
+    ExpressionWriter(const Dialect &dialect, SubselectWriter subselect) : m_dialect(dialect), m_subselect(subselect) {}
+
+    /// For what a grouped SELECT shows: a text among its keys is written as the spelling that the group shows.
+    void showGroupsOf(const std::vector<ExprPtr> &keys) { m_groupKeys = &keys; }
 
     /// In stored form.
     Piece plain(const Expr &expr) const;
@@ -41,6 +52,8 @@ public:
     QString collated(const Expr &expr) const;
 
 private:
+    Piece stored(const Expr &expr) const;
+    bool isTextKey(const Expr &expr) const;
     Piece column(const Expr &expr) const;
     Piece junction(const Expr &expr) const;
     Piece unary(const Expr &expr) const;
@@ -55,13 +68,12 @@ private:
     Piece like(const Expr &expr) const;
     Piece aggregate(const Expr &expr) const;
     Piece fitted(const Expr &expr, const ColumnDef &column) const;
+    Piece literal(const Expr &expr) const;
     QString comparand(const Expr &expr, bool asNumber) const;
 
+    const Dialect &m_dialect;
     SubselectWriter m_subselect;
+    const std::vector<ExprPtr> *m_groupKeys = nullptr;
 };
-
-/// A name or a text as SQLite reads it.
-QString quotedName(QStringView name);
-QString quotedText(QStringView text);
 
 } // namespace jetsql

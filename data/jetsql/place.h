@@ -1,11 +1,12 @@
 #pragma once
 
 #include "data/jetsql/lexer.h"
+#include "data/schema/tabledef.h"
 #include "data/values/value.h"
 
 namespace jetsql {
 
-/// Where a constant of a statement stands in SQLite's text such that any other constant of its kind that fits could
+/// Where a constant of a statement stands in the engine's text such that any other constant of its kind that fits could
 /// stand there instead, everything else about the translation being the same.
 struct Place
 {
@@ -19,6 +20,7 @@ struct Place
     bool minus = false; ///< a number behind a minus sign
     Form form = Form::Stored;
     int size = 0;
+    ColumnType type = ColumnType::Text; ///< of what is bound
 
     bool fits(const Token &constant) const;
     /// What is bound for a constant that fits.

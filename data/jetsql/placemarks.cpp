@@ -131,7 +131,8 @@ private:
         if (constant.constant < 0 || constant.constant >= maxConstants)
             return;
         constant.place = true;
-        places.push_back({constant.constant, constant.minus, form, size});
+        const ColumnType type = form == Place::Form::DateText ? ColumnType::Date : constant.type.type;
+        places.push_back({constant.constant, constant.minus, form, size, type});
     }
 };
 
@@ -154,7 +155,7 @@ QString placemark(const Expr &constant)
     return QString(mark) + QChar(char16_t(constant.constant));
 }
 
-void setPlaces(Translation &translation, const QString &marked, const std::vector<Place> &known)
+void setPlaces(Translation &translation, const QString &marked, const std::vector<Place> &known, const Dialect &dialect)
 {
     QString sql;
     sql.reserve(marked.size());
@@ -166,7 +167,7 @@ void setPlaces(Translation &translation, const QString &marked, const std::vecto
         const int constant = marked[++i].unicode();
         translation.places.push_back(*std::find_if(
             known.begin(), known.end(), [constant](const Place &place) { return place.constant == constant; }));
-        sql += u'?';
+        sql += dialect.parameter(int(translation.places.size()), translation.places.back().type);
     }
     translation.sqlWithPlaces = sql.toUtf8();
 }

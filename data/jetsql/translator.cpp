@@ -1,7 +1,7 @@
 #include "data/jetsql/translator.h"
 
+#include "data/jetsql/dialect.h"
 #include "data/jetsql/errors.h"
-#include "data/jetsql/expressionwriter.h"
 #include "data/jetsql/parser.h"
 #include "data/jetsql/placemarks.h"
 #include "data/jetsql/plan.h"
@@ -93,31 +93,31 @@ Translation description(const DropTable &drop, const Catalog &catalog)
     return action(StatementKind::DropTable, table->Name);
 }
 
-QString text(const Select &select, const Translation &description)
+QString text(const Dialect &dialect, const Select &select, const Translation &description)
 {
     if (description.kind == StatementKind::SelectInto)
-        return writtenSelectInto(select, description.newTable);
-    return writtenSelect(select, !description.updatableTable.isEmpty());
+        return writtenSelectInto(dialect, select, description.newTable);
+    return writtenSelect(dialect, select, !description.updatableTable.isEmpty());
 }
 
-QString text(const CreateTable &, const Translation &)
+QString text(const Dialect &, const CreateTable &, const Translation &)
 {
     return {};
 }
 
-QString text(const DropTable &, const Translation &description)
+QString text(const Dialect &, const DropTable &, const Translation &description)
 {
     return "DROP TABLE " + quotedName(description.targetTable);
 }
 
-template <typename Changing> QString text(const Changing &statement, const Translation &)
+template <typename Changing> QString text(const Dialect &dialect, const Changing &statement, const Translation &)
 {
-    return written(statement);
+    return written(dialect, statement);
 }
 
 } // namespace
 
-Translation translate(const QString &sql, const Catalog &catalog, Plan plan)
+Translation translate(const QString &sql, const Catalog &catalog, const Dialect &dialect, Plan plan)
 {
     Parser parser(sql);
     Statement statement = parser.parse();
@@ -126,15 +126,15 @@ Translation translate(const QString &sql, const Catalog &catalog, Plan plan)
     Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
     if (plan == Plan::Improved)
         improvePlan(statement);
-    const auto written = [&statement, &result] {
-        return std::visit([&result](const auto &kind) { return text(kind, result); }, statement);
+    const auto written = [&] {
+        return std::visit([&](const auto &kind) { return text(dialect, kind, result); }, statement);
     };
     result.sql = result.sqlWithPlaces = written().toUtf8();
     if (!canHavePlaces(sql))
         return result;
     const std::vector<Place> places = markPlaces(statement);
     if (!places.empty())
-        setPlaces(result, written(), places);
+        setPlaces(result, written(), places, dialect);
     return result;
 }
 

@@ -6,8 +6,8 @@
 #include <QString>
 #include <vector>
 
-/// The front end for the engine's SQL dialect: lexer, parser, resolution against the table definitions, and the
-/// writer of the statement that SQLite runs.
+/// The front end for the SQL dialect of forms and routines: lexer, parser, resolution against the table definitions,
+/// and the writer of the statement that the engine underneath runs.
 namespace jetsql {
 
 enum class StatementKind { Select, Insert, Update, Delete, SelectInto, CreateTable, DropTable };
@@ -23,16 +23,16 @@ struct ResultColumn
     bool autoNumber = false;
 };
 
-/// A statement made ready for SQLite.
+/// A statement made ready for an engine.
 struct Translation
 {
     StatementKind kind = StatementKind::Select;
-    QByteArray sql;            ///< one SQLite statement, UTF-8. For SelectInto the INSERT that fills `newTable`.
-    QByteArray sqlWithPlaces;  ///< the same with "?" for the constants that `places` are for
-    std::vector<Place> places; ///< in the order of the question marks
+    QByteArray sql;            ///< one statement of the engine, UTF-8. For SelectInto the INSERT that fills `newTable`.
+    QByteArray sqlWithPlaces;  ///< the same with parameters for the constants that `places` are for
+    std::vector<Place> places; ///< in the order of the parameters
     std::vector<ResultColumn> columns; ///< of a Select
     /// The stored table a single-table Select can Edit and AddNew in; empty when the result is read-only.
-    /// Such a Select has the row's rowid as one extra last column, beyond `columns`.
+    /// Such a Select has the row's number as one extra last column, beyond `columns`.
     QString updatableTable;
     QString targetTable; ///< of an action statement, as stored (or as written, for a table to be made)
     TableDef newTable;   ///< of SelectInto and CreateTable
@@ -42,7 +42,9 @@ struct Translation
 /// Whether joins and sub-selects stay as written or are rewritten to be quick. The rows are the same.
 enum class Plan { AsWritten, Improved };
 
+class Dialect;
+
 /// Translates one statement. Raises the engine's errors (3075, 3061, 3078, 3079 ...) by number and wording.
-Translation translate(const QString &sql, const Catalog &catalog, Plan plan = Plan::Improved);
+Translation translate(const QString &sql, const Catalog &catalog, const Dialect &dialect, Plan plan = Plan::Improved);
 
 } // namespace jetsql

@@ -8,13 +8,7 @@
 namespace jetsql {
 namespace {
 
-QString subselectText(const Select &select, bool asNumber);
-
-const ExpressionWriter &expressions()
-{
-    static const ExpressionWriter writer(&subselectText);
-    return writer;
-}
+QString subselectText(const Dialect &dialect, const Select &select, Inner use);
 
 /// A sort key as written, and whether it descends.
 struct SortKey
@@ -23,23 +17,21 @@ struct SortKey
     bool descending = false;
 };
 
-QString rowidOf(const Source &source)
-{
-    for (const char *name : {"rowid", "_rowid_", "oid"}) {
-        if (source.def->indexOf(QLatin1String(name)) < 0)
-            return source.handle + u'.' + QLatin1String(name);
-    }
-    return {};
-}
-
 /// Writes one SELECT, at whatever place.
 class SelectWriter
 {
 public:
-    explicit SelectWriter(const Select &select) : m_select(select) {}
+    SelectWriter(const Dialect &dialect, const Select &select)
+        : m_dialect(dialect), m_select(select), m_rows(dialect, &subselectText), m_result(dialect, &subselectText)
+    {
+        if (select.grouped() && dialect.comparesByKeys())
+            m_result.showGroupsOf(select.groupBy);
+    }
 
-    bool withRowid = false;
+    bool withRow = false;
     bool asNumber = false;          ///< its columns converted to numbers
+    bool asKey = false;             ///< its texts in the form in which they are compared
+    bool firstRow = false;          ///< of its rows only the first
     bool ordered = true;            ///< false where nobody sees the order
     bool insertionOrder = true;     ///< rows equal in the order asked for come as they were inserted
     QStringList names;              ///< of the columns; empty: unnamed
@@ -50,19 +42,40 @@ public:
         const std::vector<SortKey> keys = ordered || m_select.top >= 0 ? sortKeys() : std::vector<SortKey>();
         if (m_select.top >= 0 && !m_select.orderBy.empty())
             return topWithTies(keys);
-        return "SELECT " + (m_select.distinct ? QString("DISTINCT ") : QString()) + items() + tail() +
-               orderClause(keys) + limit();
+        return "SELECT " + distinct() + items() + tail() + orderClause(keys) + limit();
     }
 
 private:
+    /// Rows are distinct by the keys of their texts; where those are not the texts themselves, the first row of each
+    /// shows its own.
+    QString distinct() const
+    {
+        if (!m_select.distinct)
+            return {};
+        const QStringList keys = m_dialect.comparesByKeys() ? distinctKeys() : QStringList();
+        return keys.isEmpty() ? QStringLiteral("DISTINCT ") : "DISTINCT ON (" + keys.join(QLatin1String(", ")) + ") ";
+    }
+
+    QStringList distinctKeys() const
+    {
+        QStringList keys;
+        for (size_t i = 0; i < m_select.items.size(); ++i) {
+            const Expr &expr = *m_select.items[i].expr;
+            if (!expr.isConstant())
+                keys.append(m_dialect.comparesByKeys() ? m_result.collated(expr) : item(i));
+        }
+        return keys;
+    }
+
     QString item(size_t index) const
     {
         const Expr &expr = *m_select.items[index].expr;
         if (!targets.empty())
-            return expressions().assigned(expr, targets[index]).text;
+            return m_result.assigned(expr, targets[index]).text;
         if (asNumber)
-            return expressions().number(expr).text;
-        return m_select.distinct ? expressions().collated(expr) : expressions().plain(expr).text;
+            return m_result.number(expr).text;
+        const bool compared = m_dialect.comparesByKeys() ? asKey : m_select.distinct;
+        return compared ? m_result.collated(expr) : m_result.plain(expr).text;
     }
 
     QString items() const
@@ -73,8 +86,8 @@ private:
             if (!names.isEmpty())
                 parts.last() += " AS " + quotedName(names[int(i)]);
         }
-        if (withRowid)
-            parts.append(rowidOf(*m_select.sources.front()));
+        if (withRow)
+            parts.append(m_dialect.row(*m_select.sources.front()));
         return parts.join(QLatin1String(", "));
     }
 
@@ -87,27 +100,27 @@ private:
         if (!tables.isEmpty())
             result += " FROM " + tables.join(QLatin1String(", "));
         if (m_select.where)
-            result += " WHERE " + expressions().condition(*m_select.where).text;
+            result += " WHERE " + m_rows.condition(*m_select.where).text;
         const QStringList keys = groupKeys();
         if (!m_select.groupBy.empty())
-            result += " GROUP BY " + (keys.isEmpty() ? QString("NULL") : keys.join(QLatin1String(", ")));
+            result += " GROUP BY " + (keys.isEmpty() ? m_dialect.noGroupKey() : keys.join(QLatin1String(", ")));
         if (m_select.having)
-            result += " HAVING " + expressions().condition(*m_select.having).text;
+            result += " HAVING " + m_result.condition(*m_select.having).text;
         return result;
     }
 
-    static QString table(const Source &source)
+    QString table(const Source &source) const
     {
         if (!source.derived)
             return quotedName(source.def->Name) + " AS " + source.handle;
-        SelectWriter writer(*source.derived);
+        SelectWriter writer(m_dialect, *source.derived);
         writer.names = resultNames(*source.derived);
         writer.ordered = false;
         return u'(' + writer.text() + ") AS " + source.handle;
     }
 
     /// A right join is written as the left join it mirrors.
-    static QString joined(const FromNode &node)
+    QString joined(const FromNode &node) const
     {
         if (node.join == FromNode::Join::None)
             return table(*node.source);
@@ -118,7 +131,7 @@ private:
         if (right.join != FromNode::Join::None)
             inner = u'(' + inner + u')';
         return joined(left) + (node.join == FromNode::Join::Inner ? " JOIN " : " LEFT JOIN ") + inner + " ON " +
-               expressions().condition(*node.on).text;
+               m_rows.condition(*node.on).text;
     }
 
     const Expr &ordering(const OrderItem &order) const
@@ -170,12 +183,20 @@ private:
     /// Every row of each table with every row of the others.
     bool isProduct() const { return !m_select.where && m_select.from.size() == m_select.sources.size(); }
 
-    /// A key of GROUP BY or ORDER BY. Over a join the sign keeps SQLite from walking an index for the order's sake,
-    /// whatever that costs in the other tables.
+    /// A key of GROUP BY, or of ORDER BY where it is one of these too or there are none.
     QString sortText(const Expr &expr) const
     {
         const bool joined = m_select.sources.size() > 1 && !isProduct();
-        return (joined && expr.kind == Expr::Kind::Column ? "+" : "") + expressions().collated(expr);
+        const QString key = m_rows.collated(expr);
+        return joined && expr.kind == Expr::Kind::Column ? m_dialect.unindexed(key) : key;
+    }
+
+    QString orderText(const Expr &expr) const
+    {
+        const auto same = [&expr](const ExprPtr &key) { return sameExpression(*key, expr); };
+        const bool shown = m_select.distinct || (m_dialect.comparesByKeys() && m_select.grouped() &&
+                                                 std::none_of(m_select.groupBy.begin(), m_select.groupBy.end(), same));
+        return shown ? m_result.collated(expr) : sortText(expr);
     }
 
     QStringList groupKeys() const
@@ -186,19 +207,18 @@ private:
         return keys;
     }
 
-    /// SQLite does not know the rowids of tables joined inside brackets.
-    static void addRowids(const FromNode &node, std::vector<SortKey> &keys)
+    void addRows(const FromNode &node, std::vector<SortKey> &keys) const
     {
         if (node.join == FromNode::Join::None) {
             if (!node.source->derived)
-                keys.push_back({rowidOf(*node.source)});
+                keys.push_back({m_dialect.row(*node.source)});
             return;
         }
         const bool mirrored = node.join == FromNode::Join::Right;
-        addRowids(mirrored ? *node.right : *node.left, keys);
+        addRows(mirrored ? *node.right : *node.left, keys);
         const FromNode &right = mirrored ? *node.left : *node.right;
-        if (right.join == FromNode::Join::None)
-            addRowids(right, keys);
+        if (right.join == FromNode::Join::None || m_dialect.numbersJoinedRows())
+            addRows(right, keys);
     }
 
     std::vector<SortKey> sortKeys() const
@@ -213,42 +233,47 @@ private:
         bool unique = false;
         for (const OrderItem &order : m_select.orderBy) {
             const Expr &expr = ordering(order);
-            // SQLite would take a constant for the position of a column.
+            // Engines take a constant for the position of a column.
             if (!expr.isConstant())
-                add(m_select.distinct ? expressions().collated(expr) : sortText(expr), order.descending);
+                add(orderText(expr), order.descending);
             unique = unique || expr.type.autoNumber;
         }
         if (m_select.grouped()) {
             for (const QString &key : groupKeys())
                 add(key, false);
         } else if (m_select.distinct) {
-            for (size_t i = 0; i < m_select.items.size(); ++i) {
-                if (!m_select.items[i].expr->isConstant())
-                    add(item(i), false);
-            }
+            for (const QString &key : distinctKeys())
+                add(key, false);
+            if (m_dialect.comparesByKeys())
+                addAllRows(keys);
         } else if (insertionOrder && (!unique || m_select.sources.size() > 1)) {
-            for (const auto &node : m_select.from)
-                addRowids(*node, keys);
+            addAllRows(keys);
         }
         return keys;
     }
 
-    static QString orderClause(const std::vector<SortKey> &keys)
+    void addAllRows(std::vector<SortKey> &keys) const
+    {
+        for (const auto &node : m_select.from)
+            addRows(*node, keys);
+    }
+
+    QString orderClause(const std::vector<SortKey> &keys) const
     {
         QStringList parts;
         for (const SortKey &key : keys)
-            parts.append(key.text + (key.descending ? " DESC" : ""));
+            parts.append(m_dialect.ordered(key.text, key.descending));
         return parts.isEmpty() ? QString() : " ORDER BY " + parts.join(QLatin1String(", "));
     }
 
     QString limit() const
     {
         if (m_select.top < 0)
-            return {};
+            return firstRow ? QStringLiteral(" LIMIT 1") : QString();
         if (!m_select.topPercent)
             return " LIMIT " + QString::number(m_select.top);
         return " LIMIT (SELECT (count(*) * " + QString::number(m_select.top) + " + 99) / 100 FROM (SELECT 1" + tail() +
-               "))";
+               ") AS counted)";
     }
 
     /// Rows equal to the last one in the order asked for are returned too.
@@ -257,9 +282,9 @@ private:
         std::vector<SortKey> asked;
         for (const OrderItem &order : m_select.orderBy) {
             if (!ordering(order).isConstant())
-                asked.push_back({expressions().collated(ordering(order)), order.descending});
+                asked.push_back({m_result.collated(ordering(order)), order.descending});
         }
-        const size_t columns = m_select.items.size() + (withRowid ? 1 : 0);
+        const size_t columns = m_select.items.size() + (withRow ? 1 : 0);
         QStringList outer;
         for (size_t i = 0; i < columns; ++i) {
             outer.append(u'c' + QString::number(i));
@@ -269,24 +294,31 @@ private:
         QStringList inner;
         for (size_t i = 0; i < m_select.items.size(); ++i)
             inner.append(item(i) + " AS c" + QString::number(i));
-        if (withRowid)
-            inner.append(rowidOf(*m_select.sources.front()) + " AS c" + QString::number(columns - 1));
+        if (withRow)
+            inner.append(m_dialect.row(*m_select.sources.front()) + " AS c" + QString::number(columns - 1));
         const QString rank = "rank() OVER (" + orderClause(asked).mid(1) + ") AS place";
         const QString row = "row_number() OVER (" + orderClause(keys).mid(1) + ") AS line";
         const QString count = m_select.topPercent ? limit().mid(7) : QString::number(m_select.top);
-        return "SELECT " + outer.join(QLatin1String(", ")) + " FROM (SELECT " +
-               (m_select.distinct ? QString("DISTINCT ") : QString()) + inner.join(QLatin1String(", ")) + ", " + rank +
-               ", " + row + tail() + ") WHERE place <= " + count + " ORDER BY line";
+        return "SELECT " + outer.join(QLatin1String(", ")) + " FROM (SELECT " + distinct() +
+               inner.join(QLatin1String(", ")) + ", " + rank + ", " + row + tail() +
+               ") AS ranked WHERE place <= " + count + " ORDER BY line";
     }
 
+    const Dialect &m_dialect;
     const Select &m_select;
+    ExpressionWriter m_rows;   ///< of what holds for the rows that the SELECT reads
+    ExpressionWriter m_result; ///< of what holds for those that it gives
 };
 
-QString subselectText(const Select &select, bool asNumber)
+QString subselectText(const Dialect &dialect, const Select &select, Inner use)
 {
-    SelectWriter writer(select);
-    writer.asNumber = asNumber;
-    writer.ordered = false;
+    const bool oneRow = use == Inner::Value || use == Inner::Number;
+    const bool several = !select.aggregates || !select.groupBy.empty();
+    SelectWriter writer(dialect, select);
+    writer.asNumber = use == Inner::Number || use == Inner::Numbers;
+    writer.asKey = use == Inner::List;
+    writer.firstRow = oneRow && several && !dialect.takesFirstRow();
+    writer.ordered = writer.firstRow;
     return writer.text();
 }
 
@@ -298,63 +330,65 @@ QString insertHead(const TableDef &table, const std::vector<int> &targets)
     return "INSERT INTO " + quotedName(table.Name) + " (" + names.join(QLatin1String(", ")) + ") ";
 }
 
-QString whereClause(const ExprPtr &where)
+QString whereClause(const ExpressionWriter &expressions, const ExprPtr &where)
 {
-    return where ? " WHERE " + expressions().condition(*where).text : QString();
+    return where ? " WHERE " + expressions.condition(*where).text : QString();
 }
 
 } // namespace
 
-QString writtenSelect(const Select &select, bool withRowid)
+QString writtenSelect(const Dialect &dialect, const Select &select, bool withRow)
 {
-    SelectWriter writer(select);
-    writer.withRowid = withRowid;
+    SelectWriter writer(dialect, select);
+    writer.withRow = withRow;
     return writer.text();
 }
 
-QString writtenSelectInto(const Select &select, const TableDef &newTable)
+QString writtenSelectInto(const Dialect &dialect, const Select &select, const TableDef &newTable)
 {
     std::vector<int> all;
     for (int i = 0; i < int(newTable.columns.size()); ++i)
         all.push_back(i);
-    SelectWriter writer(select);
+    SelectWriter writer(dialect, select);
     writer.insertionOrder = select.sources.size() == 1;
     return insertHead(newTable, all) + writer.text();
 }
 
-QString written(const Insert &insert)
+QString written(const Dialect &dialect, const Insert &insert)
 {
     const QString head = insertHead(*insert.def, insert.targets);
     if (insert.select) {
-        SelectWriter writer(*insert.select);
+        SelectWriter writer(dialect, *insert.select);
         writer.insertionOrder = insert.select->sources.size() == 1;
         for (const int target : insert.targets)
             writer.targets.push_back(insert.def->columns[target]);
         return head + writer.text();
     }
+    const ExpressionWriter expressions(dialect, &subselectText);
     QStringList values;
     for (size_t i = 0; i < insert.values.size(); ++i)
-        values.append(expressions().assigned(*insert.values[i], insert.def->columns[insert.targets[i]]).text);
+        values.append(expressions.assigned(*insert.values[i], insert.def->columns[insert.targets[i]]).text);
     return head + "VALUES (" + values.join(QLatin1String(", ")) + u')';
 }
 
-QString written(const Update &update)
+QString written(const Dialect &dialect, const Update &update)
 {
+    const ExpressionWriter expressions(dialect, &subselectText);
     QStringList assignments;
     for (const Update::Assignment &assignment : update.assignments) {
         const ColumnDef &column = update.source->def->columns[assignment.target];
-        assignments.append(quotedName(column.name) + " = " + expressions().assigned(*assignment.value, column).text);
+        assignments.append(quotedName(column.name) + " = " + expressions.assigned(*assignment.value, column).text);
     }
     return "UPDATE " + quotedName(update.source->def->Name) + " AS " + update.source->handle + " SET " +
-           assignments.join(QLatin1String(", ")) + whereClause(update.where);
+           assignments.join(QLatin1String(", ")) + whereClause(expressions, update.where);
 }
 
-QString written(const Delete &statement)
+QString written(const Dialect &dialect, const Delete &statement)
 {
     if (!statement.where)
         return "DELETE FROM " + quotedName(statement.source->def->Name);
     return "DELETE FROM " + quotedName(statement.source->def->Name) + " AS " + statement.source->handle +
-           whereClause(statement.where);
+           whereClause(ExpressionWriter(dialect, &subselectText), statement.where);
 }
 
 } // namespace jetsql

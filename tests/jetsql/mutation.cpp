@@ -87,7 +87,8 @@ QString faultOf(const SqlCompany &company, const QString &statement)
         return QStringLiteral("the outline has other constants than the statement");
     for (const jetsql::Plan plan : {jetsql::Plan::Improved, jetsql::Plan::AsWritten}) {
         try {
-            const jetsql::Translation translation = jetsql::translate(statement, company.catalog(), plan);
+            const jetsql::Translation translation =
+                jetsql::translate(statement, company.catalog(), sqliteDialect(), plan);
             const bool fillsNewTable = translation.kind == jetsql::StatementKind::SelectInto;
             for (const QByteArray &sql : {translation.sql, translation.sqlWithPlaces}) {
                 if (sql.isEmpty() || fillsNewTable)

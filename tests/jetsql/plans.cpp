@@ -112,7 +112,7 @@ TEST(Plans, GiveTheRowsOfTheStatementAsWritten)
         for (int i = 0; i < 20; ++i) {
             const QString statement = randomStatement(random);
             const auto sql = [&](jetsql::Plan plan) {
-                return jetsql::translate(statement, company.catalog(), plan).sql;
+                return jetsql::translate(statement, company.catalog(), sqliteDialect(), plan).sql;
             };
             const QByteArray asWritten = sql(jetsql::Plan::AsWritten), improved = sql(jetsql::Plan::Improved);
             auto expected = company.rows(asWritten), actual = company.rows(improved);

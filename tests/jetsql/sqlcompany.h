@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/engines/sqlite/dialect.h"
 #include "data/jetsql/translator.h"
 #include "data/values/runtimeerror.h"
 #include <memory>
@@ -20,7 +21,10 @@ public:
     void begin();
     void rollback();
 
-    jetsql::Translation translate(const QString &statement) const { return jetsql::translate(statement, m_catalog); }
+    jetsql::Translation translate(const QString &statement) const
+    {
+        return jetsql::translate(statement, m_catalog, sqliteDialect());
+    }
     /// Rows of SQLite's own text, a value or "Null" each; raises the run-time error a function stands for.
     QList<QStringList> rows(const QByteArray &sql, int columns = -1) const;
     /// SQLite's complaint about a text, empty when it takes it. One nested too deep for it raises error 3360.
