@@ -4,13 +4,16 @@
 #include "data/schema/schema.h"
 #include "data/values/clock.h"
 #include "data/values/runtimeerror.h"
+#include "tools/arguments.h"
+#include "tools/backup.h"
 #include "tools/check.h"
 #include "tools/demo.h"
 #include "tools/export.h"
 #include "tools/load.h"
 #include "tools/oneline.h"
+#include "tools/partfile.h"
 #include "tools/toolerror.h"
-#include <QFileInfo>
+#include <limits>
 
 namespace {
 
@@ -21,27 +24,15 @@ constexpr const char *Help = "usage: tamrick-db create FILE              an empt
                              "           --until YYYY-MM-DD  the last day of its three years; today if left out\n"
                              "       tamrick-db load FILE TABLE CSV      adds rows; the first line names the columns\n"
                              "       tamrick-db check FILE               says what is wrong in it, table by table\n"
-                             "       tamrick-db export FILE TABLE        writes a table as CSV\n";
+                             "       tamrick-db export FILE TABLE        writes a table as CSV\n"
+                             "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
+                             "           --keep N            removes older copies of it there, down to N with the new\n"
+                             "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n";
 
-/// Whatever lies there, database or not, is somebody's.
-void refuseExisting(const QString &path)
+void create(const Arguments &arguments, QTextStream &)
 {
-    if (QFileInfo::exists(path))
-        throw ToolError{QStringLiteral("'%1' is there already and stays as it is").arg(path)};
-}
-
-/// A number of an option within its range.
-qulonglong numberOf(const QString &option, const QString &text, qulonglong least, qulonglong most)
-{
-    bool ok = false;
-    const qulonglong number = text.toULongLong(&ok);
-    if (!ok || number < least || number > most)
-        throw ToolError{QStringLiteral("%1 takes a whole number from %2 to %3, not '%4'")
-                            .arg(option)
-                            .arg(least)
-                            .arg(most)
-                            .arg(text)};
-    return number;
+    refuseExisting(arguments.plain()[0]);
+    createDatabase(arguments.plain()[0], Schema::Password.toString());
 }
 
 QDate dateOf(const QString &option, const QString &text)
@@ -52,42 +43,101 @@ QDate dateOf(const QString &option, const QString &text)
     return date;
 }
 
-/// The options of `demo`, written "--scale 10" or "--scale=10".
-DemoOptions demoOptions(const QStringList &arguments)
+void demo(const Arguments &arguments, QTextStream &)
 {
     DemoOptions options;
-    options.until = Clock::now().date();
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        QString option = arguments[i].section(u'=', 0, 0);
-        if (option != u"--scale" && option != u"--seed" && option != u"--until")
-            throw ToolError{QStringLiteral("demo has no option '%1'").arg(arguments[i])};
-        QString text = arguments[i].section(u'=', 1);
-        if (!arguments[i].contains(u'='))
-            text = arguments.value(++i);
-        if (option == u"--scale")
-            options.scale = int(numberOf(option, text, 1, MaximumDemoScale));
-        else if (option == u"--seed")
-            options.seed = numberOf(option, text, 0, std::numeric_limits<qulonglong>::max());
-        else
-            options.until = dateOf(option, text);
-    }
-    return options;
+    options.scale = int(arguments.number("--scale", 1, MaximumDemoScale).value_or(qulonglong(options.scale)));
+    options.seed = arguments.number("--seed", 0, std::numeric_limits<qulonglong>::max()).value_or(options.seed);
+    const std::optional<QString> until = arguments.value("--until");
+    options.until = until ? dateOf(QStringLiteral("--until"), *until) : Clock::now().date();
+    refuseExisting(arguments.plain()[0]);
+    createDemo(arguments.plain()[0], options);
 }
 
-void demo(const QStringList &arguments)
+void load(const Arguments &arguments, QTextStream &out)
 {
-    if (arguments.isEmpty() || arguments[0].startsWith(u'-'))
-        throw ToolError{QStringLiteral("demo takes a FILE and options behind it")};
-    const DemoOptions options = demoOptions(arguments.mid(1));
-    refuseExisting(arguments[0]);
-    createDemo(arguments[0], options);
+    const QString table = arguments.plain()[1];
+    const int count = loadTable(arguments.plain()[0], table, arguments.plain()[2]);
+    out << count << (count == 1 ? " row" : " rows") << " loaded into " << table << '\n';
 }
 
-int check(const QString &file, QTextStream &out)
+int check(const Arguments &arguments, QTextStream &out)
 {
-    const QStringList findings = checkDatabase(file);
+    const QStringList findings = checkDatabase(arguments.plain()[0]);
     out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
     return findings.isEmpty() ? 0 : 1;
+}
+
+void exportRows(const Arguments &arguments, QTextStream &out)
+{
+    exportTable(arguments.plain()[0], arguments.plain()[1], out);
+}
+
+void backup(const Arguments &arguments, QTextStream &out)
+{
+    std::optional<int> keep;
+    if (const auto number = arguments.number("--keep", 1, 100'000))
+        keep = int(*number);
+    out << backupDatabase(arguments.plain()[0], arguments.plain()[1], keep) << '\n';
+}
+
+void restore(const Arguments &arguments, QTextStream &)
+{
+    restoreDatabase(arguments.plain()[0], arguments.plain()[1]);
+}
+
+struct Command
+{
+    const char *name;
+    qsizetype count;   ///< of plain arguments
+    const char *takes; ///< the same in words
+    QStringList options;
+    std::function<int(const Arguments &, QTextStream &)> run;
+};
+
+/// For a command that has done what it was told if it did not throw.
+std::function<int(const Arguments &, QTextStream &)> done(void (*run)(const Arguments &, QTextStream &))
+{
+    return [run](const Arguments &arguments, QTextStream &out) {
+        run(arguments, out);
+        return 0;
+    };
+}
+
+const std::vector<Command> &commands()
+{
+    static const std::vector<Command> all = {
+        {"create", 1, "one FILE", {}, done(create)},
+        {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo)},
+        {"load", 3, "FILE, TABLE and CSV", {}, done(load)},
+        {"check", 1, "one FILE", {}, check},
+        {"export", 2, "FILE and TABLE", {}, done(exportRows)},
+        {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
+        {"restore", 2, "BACKUP and TO", {}, done(restore)},
+    };
+    return all;
+}
+
+/// Does what the first argument says; what goes wrong is thrown.
+int run(const QString &name, const QStringList &rest, QTextStream &out)
+{
+    if (name == u"help" || name == u"--help" || rest.contains(QStringLiteral("--help"))) {
+        out << Help;
+        return 0;
+    }
+    QStringList names;
+    for (const Command &command : commands()) {
+        if (name != QLatin1String(command.name)) {
+            names += QLatin1String(command.name);
+            continue;
+        }
+        const Arguments arguments(name, rest, command.options);
+        if (arguments.plain().size() != command.count)
+            throw ToolError{QStringLiteral("%1 takes %2").arg(name, QLatin1String(command.takes))};
+        return command.run(arguments, out);
+    }
+    const QString last = names.takeLast();
+    throw ToolError{QStringLiteral("say %1 or %2 (--help tells more)").arg(names.join(QStringLiteral(", ")), last)};
 }
 
 /// One line, whatever names and texts of a file the message repeats.
@@ -95,41 +145,6 @@ void tell(QTextStream &err, const QString &message)
 {
     constexpr int Longest = 1000;
     err << "tamrick-db: " << oneLine(message, Longest) << '\n';
-}
-
-/// Does what the first argument says; what goes wrong is thrown.
-int run(const QString &command, const QStringList &arguments, QTextStream &out)
-{
-    const auto takes = [&](qsizetype count, const char *what) {
-        for (const QString &argument : arguments) {
-            if (argument.startsWith(u'-')) // a file of that name can still be given as ./-name
-                throw ToolError{QStringLiteral("%1 has no option '%2'").arg(command, argument)};
-        }
-        if (arguments.size() != count)
-            throw ToolError{QStringLiteral("%1 takes %2").arg(command, QLatin1String(what))};
-    };
-    if (command == u"help" || command == u"--help" || arguments.contains(QStringLiteral("--help"))) {
-        out << Help;
-    } else if (command == u"create") {
-        takes(1, "one FILE");
-        refuseExisting(arguments[0]);
-        createDatabase(arguments[0], Schema::Password.toString());
-    } else if (command == u"demo") {
-        demo(arguments);
-    } else if (command == u"load") {
-        takes(3, "FILE, TABLE and CSV");
-        const int count = loadTable(arguments[0], arguments[1], arguments[2]);
-        out << count << (count == 1 ? " row" : " rows") << " loaded into " << arguments[1] << '\n';
-    } else if (command == u"check") {
-        takes(1, "one FILE");
-        return check(arguments[0], out);
-    } else if (command == u"export") {
-        takes(2, "FILE and TABLE");
-        exportTable(arguments[0], arguments[1], out);
-    } else {
-        throw ToolError{QStringLiteral("say create, demo, load, check or export (--help tells more)")};
-    }
-    return 0;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "data/dao/createdatabase.h"
 
 #include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/filesystem.h"
 #include "data/engines/sqlite/passwordgate.h"
 #include "data/engines/sqlite/tables.h"
 #include <QFile>
@@ -33,6 +34,7 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
             connection.run(Tables::createStatement(index), defining);
     }
     transaction.commit();
+    shareWithGroup(path);
 }
 
 } // namespace

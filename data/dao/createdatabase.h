@@ -4,5 +4,6 @@
 
 /// Makes a database with all permanent tables, the scratch tables that reports only empty, and their indexes, all
 /// of them without rows. Error 3204 when the file exists, 3044 for a folder that does not; a failure leaves no
-/// file behind. A `salt` for the password makes the file the same each time; without one it is drawn at random.
+/// file behind. In a folder whose files belong to its group, the group may write to it. A `salt` for the password makes
+/// the file the same each time; without one it is drawn at random.
 void createDatabase(const QString &path, const QString &password, const QByteArray &salt = {});

@@ -1,3 +1,4 @@
+#include "data/dao/copydatabase.h"
 #include "data/values/runtimeerror.h"
 #include "tests/dao/databasefile.h"
 #include "tests/dao/faultydisk.h"
@@ -114,5 +115,25 @@ INSTANTIATE_TEST_SUITE_P(Faults, DiskTest,
                                          Fault{";journal=log", SQLITE_IOERR_WRITE, 3043},
                                          Fault{";journal=rollback", SQLITE_FULL, 3026},
                                          Fault{";journal=rollback", SQLITE_IOERR_WRITE, 3043}));
+
+TEST(DiskUnderACopy, LeavesItWholeOrAnErrorAndTheOriginalAsItWas)
+{
+    FaultyDisk disk;
+    const DatabaseFile file;
+    const QString copy = file.path() + ".copy";
+    file.open()->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
+    bool failed = true;
+    for (int passing : {0, 1, 2, 5, 10, 20, 40, 60, 70, 500}) {
+        disk.failAfter(passing, SQLITE_FULL);
+        const int error = errorNumberOf([&] { copyDatabase(file.path(), copy, DatabaseFile::Password); });
+        failed = disk.heal();
+        EXPECT_EQ(error, failed ? 3026 : 0) << passing;
+        EXPECT_EQ(PlainConnection(file.path()).text("SELECT count(*) FROM Part"), "1");
+        EXPECT_TRUE(failed || PlainConnection(copy).text("SELECT count(*) FROM Part") == "1");
+        QFile::remove(copy);
+        QFile::remove(copy + "-journal");
+    }
+    EXPECT_FALSE(failed) << "no copy ever came to its end";
+}
 
 } // namespace

@@ -164,6 +164,20 @@ void Connection::emptyLog()
         sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
+void Connection::copyInto(Connection &target)
+{
+    const Doing copying{Doing::Reading, {}, QStringLiteral("copy of the database")};
+    sqlite3_backup *backup = sqlite3_backup_init(target.m_handle.get(), "main", m_handle.get(), "main");
+    if (!backup)
+        target.raise(sqlite3_errcode(target.m_handle.get()), copying);
+    sqlite3_backup_step(backup, -1);
+    // Finishing repeats a failure of the step, and leaves it with the target whichever of the two it came from.
+    if (const int code = sqlite3_backup_finish(backup); code != SQLITE_OK)
+        throw errorFor(code, QString::fromUtf8(sqlite3_errstr(code)), m_file, copying);
+    // The copy brings the original's journal with it. Only without a log is the copy a single file.
+    target.run("PRAGMA journal_mode=DELETE", copying);
+}
+
 void Connection::prepareToWrite()
 {
     if (m_usesLog)

@@ -63,6 +63,10 @@ public:
     /// True while commits of this connection are not synced each for themselves.
     bool usesLog() const { return m_usesLog; }
 
+    /// Makes the file of another connection, which must use the rollback journal, a copy of this one as it is at one
+    /// moment. In one step: taken in several, a copy begins anew whenever another process has written in between.
+    void copyInto(Connection &target);
+
     /// To be called before a write that is to be a transaction of its own.
     void prepareToWrite();
     /// Whether each commit of the rollback journal is synced to the disk, as it is from the start.

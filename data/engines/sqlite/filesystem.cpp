@@ -1,7 +1,12 @@
 #include "data/engines/sqlite/filesystem.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <array>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 #ifdef Q_OS_LINUX
 #include <sys/vfs.h>
@@ -43,3 +48,15 @@ bool liesOnNetwork(const QString &file)
            std::any_of(shared.begin(), shared.end(), [&](const char *name) { return type.startsWith(name); });
 }
 #endif
+
+void shareWithGroup(const QString &file)
+{
+#ifdef Q_OS_UNIX
+    struct stat folder = {};
+    const QByteArray path = QFile::encodeName(QFileInfo(file).absolutePath());
+    if (stat(path.constData(), &folder) == 0 && (folder.st_mode & S_ISGID))
+        QFile::setPermissions(file, QFile::permissions(file) | QFile::ReadGroup | QFile::WriteGroup);
+#else
+    Q_UNUSED(file);
+#endif
+}

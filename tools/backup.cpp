@@ -1,0 +1,96 @@
+#include "tools/backup.h"
+
+#include "data/dao/copydatabase.h"
+#include "data/engines/sqlite/filesystem.h"
+#include "data/schema/schema.h"
+#include "data/values/clock.h"
+#include "tools/partfile.h"
+#include "tools/toolerror.h"
+#include <QDir>
+#include <QLockFile>
+#include <QRegularExpression>
+
+namespace {
+
+/// The backups of one database in one folder.
+class Backups
+{
+public:
+    Backups(const QString &database, const QString &folder)
+        : m_folder(folder), m_stem(QFileInfo(database).completeBaseName()), m_suffix(QFileInfo(database).suffix())
+    {
+        if (!m_suffix.isEmpty())
+            m_suffix.prepend(u'.');
+    }
+
+    QString pathAt(const QDateTime &moment) const
+    {
+        return m_folder.filePath(m_stem + moment.toString(QStringLiteral("-yyyy-MM-dd-HHmmss")) + m_suffix);
+    }
+
+    QString lockPath() const { return m_folder.filePath(m_stem + QStringLiteral("-backup.lock")); }
+
+    /// Removes what runs that were killed have left. To be called under the lock: nobody is writing one.
+    void removeParts() const
+    {
+        for (const QString &name : named(QStringLiteral("\\.part(-journal)?")))
+            QFile::remove(m_folder.filePath(name));
+    }
+
+    /// Removes all but the newest of those that are older than one; a moment of a clock that was wrong keeps its file.
+    void removeOlderThan(const QString &path, int stay) const
+    {
+        QStringList older = named({});
+        older.removeIf([&](const QString &name) { return name >= QFileInfo(path).fileName(); });
+        for (qsizetype i = 0; i < older.size() - stay; ++i)
+            QFile::remove(m_folder.filePath(older[i]));
+    }
+
+private:
+    /// The files of the pattern with that behind it, oldest first.
+    QStringList named(const QString &behind) const
+    {
+        const QString pattern = QRegularExpression::escape(m_stem) + QStringLiteral("-\\d{4}-\\d\\d-\\d\\d-\\d{6}") +
+                                QRegularExpression::escape(m_suffix) + behind;
+        const QRegularExpression whole(QRegularExpression::anchoredPattern(pattern));
+        return m_folder.entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden, QDir::Name).filter(whole);
+    }
+
+    QDir m_folder;
+    QString m_stem, m_suffix;
+};
+
+} // namespace
+
+QString backupDatabase(const QString &from, const QString &folder, std::optional<int> keep)
+{
+    // Not made here: it may be the mount point of a disk that is missing tonight.
+    if (!QFileInfo(folder).isDir())
+        throw ToolError{QStringLiteral("'%1' is no folder").arg(folder)};
+    const Backups backups(from, folder);
+    QLockFile lock(backups.lockPath());
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock())
+        throw ToolError{lock.error() == QLockFile::LockFailedError
+                            ? QStringLiteral("another backup into '%1' is running").arg(folder)
+                            : QStringLiteral("cannot write into '%1'").arg(folder)};
+    backups.removeParts();
+
+    const QString path = backups.pathAt(Clock::now());
+    PartFile part(path);
+    // What the original is kept from, the copy is kept from too.
+    QFile::setPermissions(part.path(), QFile::permissions(from) | QFile::ReadOwner | QFile::WriteOwner);
+    copyDatabase(from, part.path(), Schema::Password.toString());
+    part.publish();
+    if (keep)
+        backups.removeOlderThan(path, *keep - 1);
+    return path;
+}
+
+void restoreDatabase(const QString &backup, const QString &to)
+{
+    PartFile part(to);
+    copyDatabase(backup, part.path(), Schema::Password.toString());
+    shareWithGroup(part.path());
+    part.publish();
+}
