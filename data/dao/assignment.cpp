@@ -60,6 +60,9 @@ Value yesNo(const ColumnDef &column, const Value &value)
 Value text(const ColumnDef &column, const Value &value)
 {
     Value text = value.type() == Value::Type::Text ? value : Value(value.toText());
+    // The engines underneath end a text there.
+    if (text.toText().contains(QChar(0)))
+        refuse(column, value);
     if (column.type == ColumnType::Text && text.toText().size() > column.size)
         throw runtimeError(3163, {}, QStringLiteral("value '%1' into column %2").arg(text.toText(), column.name));
     return text;
