@@ -13,6 +13,8 @@ QString rareWording(int number)
         return "Query input must contain at least one table or query.";
     case 3085:
         return "Undefined function '%1' in expression.";
+    case 3091:
+        return "HAVING clause (%1) without grouping or aggregation.";
     case 3093:
         return "ORDER BY clause (%1) conflicts with DISTINCT.";
     case 3095:
@@ -29,6 +31,8 @@ QString rareWording(int number)
         return "Syntax error in JOIN operation.";
     case 3145:
         return "Syntax error in WHERE clause.";
+    case 3190:
+        return "Too many fields defined.";
     case 3290:
         return "Syntax error in CREATE TABLE statement.";
     case 3295:

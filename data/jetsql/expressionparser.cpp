@@ -8,6 +8,8 @@ namespace {
 constexpr int maxDepth = 20;
 /// Links of one chain of conditions, sums or texts.
 constexpr size_t maxChain = 99;
+/// Of chains of chains. Every pass walks down by recursion, and SQLite refuses a tree of 1,000 levels.
+constexpr int maxHeight = 250;
 
 constexpr QStringView aggregateNames[] = {u"SUM", u"COUNT", u"MIN", u"MAX", u"AVG"};
 
@@ -47,6 +49,7 @@ ExprPtr Parser::clauseExpression(Clause clause)
     ExprPtr result = expression();
     if (!endsClause(peek()))
         failHere();
+    m_height = std::max(m_height, result->height);
     m_clause = outerClause;
     m_clauseStart = outerStart;
     return result;
@@ -125,7 +128,20 @@ ExprPtr Parser::make(Expr::Kind kind)
 ExprPtr Parser::closed(ExprPtr expr, qsizetype start) const
 {
     expr->source = QStringView(m_sql).sliced(start, m_tokens[m_at - 1].end - start);
+    expr->height = heightOf(*expr);
+    if (expr->height > maxHeight)
+        fail(3360);
     return expr;
+}
+
+/// A chain of conditions is one expression here and a link a level in SQLite.
+int Parser::heightOf(const Expr &expr)
+{
+    int tallest = expr.select ? expr.select->height : 0;
+    for (const ExprPtr &operand : expr.operands)
+        tallest = std::max(tallest, operand->height);
+    const bool chain = expr.op == Op::And || expr.op == Op::Or;
+    return tallest + (chain ? int(expr.operands.size()) - 1 : 1);
 }
 
 ExprPtr Parser::expression()

@@ -1,5 +1,6 @@
 #include "data/jetsql/expressionwriter.h"
 
+#include "data/jetsql/errors.h"
 #include "data/jetsql/placemarks.h"
 #include "data/jetsql/typing.h"
 #include "data/values/conversions.h"
@@ -41,6 +42,9 @@ bool isWholeArithmetic(const Expr &expr)
     return expr.kind == Kind::Binary && (expr.op == Op::Add || expr.op == Op::Subtract || expr.op == Op::Multiply) &&
            expr.type.isNumber() && expr.type.type == ColumnType::Long;
 }
+
+/// SQLite lets no function have more arguments.
+constexpr size_t maxArguments = 100;
 
 /// The parts of a chain of `&`.
 void flatten(const Expr &expr, std::vector<const Expr *> &parts)
@@ -85,6 +89,23 @@ QString operatorText(Op op)
     }
 }
 
+/// What computes an operator that SQLite has not, or has with other results.
+const char *arithmeticFunction(Op op)
+{
+    switch (op) {
+    case Op::Divide:
+        return "jet_divide";
+    case Op::IntDivide:
+        return "jet_int_divide";
+    case Op::Mod:
+        return "jet_mod";
+    case Op::Power:
+        return "jet_power";
+    default:
+        return nullptr;
+    }
+}
+
 } // namespace
 
 Piece ExpressionWriter::plain(const Expr &expr) const
@@ -116,6 +137,7 @@ Piece ExpressionWriter::literal(const Expr &expr) const
 
 Piece ExpressionWriter::stored(const Expr &expr) const
 {
+    expr.visit();
     switch (expr.kind) {
     case Kind::Null:
         return {m_dialect.null(expr.type)};
@@ -165,8 +187,10 @@ Piece ExpressionWriter::number(const Expr &expr) const
         return {expr.number != 0 ? "-1" : "0", Level::Unary};
     if (expr.kind == Kind::Date)
         return {QString::number(expr.number, 'g', 17)};
-    if (expr.kind == Kind::Subselect)
+    if (expr.kind == Kind::Subselect) {
+        expr.visit();
         return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Number) + u')'};
+    }
     const Piece stored = plain(expr);
     if (expr.type.isText())
         return call("jet_number", stored.text);
@@ -284,6 +308,8 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
         else
             texts.append(neverNull(*part) ? piece.at(Level::Unary) : "coalesce(" + piece.text + ", '')");
     }
+    if (!filled && parts.size() > maxArguments)
+        fail(3360);
     if (!filled)
         return {m_dialect.concatenated(texts)};
     return {texts.join(QLatin1String(" || ")), Level::Concat};
@@ -308,19 +334,8 @@ Piece ExpressionWriter::arithmetic(const Expr &expr) const
 {
     const Expr &left = *expr.operands[0];
     const Expr &right = *expr.operands[1];
-    const QString arguments = number(left).text + ", " + number(right).text;
-    switch (expr.op) {
-    case Op::Divide:
-        return call("jet_divide", arguments);
-    case Op::IntDivide:
-        return call("jet_int_divide", arguments);
-    case Op::Mod:
-        return call("jet_mod", arguments);
-    case Op::Power:
-        return call("jet_power", arguments);
-    default:
-        break;
-    }
+    if (const char *function = arithmeticFunction(expr.op))
+        return call(function, number(left).text + ", " + number(right).text);
     if (expr.type.isText())
         return {text(left).at(Level::Concat) + " || " + text(right).at(Level::Unary), Level::Concat};
     const Piece result = counted(expr);

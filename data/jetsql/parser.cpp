@@ -3,6 +3,20 @@
 #include "data/jetsql/errors.h"
 
 namespace jetsql {
+namespace {
+
+/// Tables of one FROM clause, and keys of one GROUP BY or ORDER BY. Far more than anybody asks for, few enough for all
+/// to be compared with all.
+constexpr size_t maxTables = 32, maxKeys = 64;
+constexpr size_t maxColumns = 255;
+
+void requireKeys(size_t count)
+{
+    if (count > maxKeys)
+        fail(3360);
+}
+
+} // namespace
 
 Statement Parser::parse()
 {
@@ -46,6 +60,7 @@ QString Parser::name(int error)
 std::unique_ptr<Select> Parser::select()
 {
     auto select = std::make_unique<Select>();
+    const int outerHeight = std::exchange(m_height, 0);
     take(); // SELECT
     if (accept(Keyword::Distinct) || accept(Keyword::DistinctRow))
         select->distinct = true;
@@ -72,6 +87,8 @@ std::unique_ptr<Select> Parser::select()
     // What cannot follow is blamed on the clause before it.
     if (peek().kind != TokenKind::End && !at(u';') && !(at(u')') && m_depth > 0))
         fail(!select->orderBy.empty() ? 3138 : select->from.empty() ? 3141 : select->groupBy.empty() ? 3131 : 3132);
+    select->height = m_height + 1;
+    m_height = std::max(outerHeight, select->height);
     return select;
 }
 
@@ -186,6 +203,8 @@ std::unique_ptr<FromNode> Parser::addSource(Select &select, std::unique_ptr<Sour
     auto node = std::make_unique<FromNode>();
     node->source = source.get();
     select.sources.push_back(std::move(source));
+    if (select.sources.size() > maxTables)
+        fail(3360);
     return node;
 }
 
@@ -204,6 +223,7 @@ void Parser::groupBy(Select &select)
     do
         select.groupBy.push_back(clauseExpression(Clause::Item));
     while (accept(u','));
+    requireKeys(select.groupBy.size());
 }
 
 void Parser::orderBy(Select &select)
@@ -218,6 +238,7 @@ void Parser::orderBy(Select &select)
             accept(Keyword::Asc);
         select.orderBy.push_back(std::move(item));
     } while (accept(u','));
+    requireKeys(select.orderBy.size());
 }
 
 ExprPtr Parser::whereClause()
@@ -322,6 +343,8 @@ CreateTable Parser::createTable()
         if (create.table.indexOf(column.name) >= 0)
             fail(3290);
         create.table.columns.push_back(std::move(column));
+        if (create.table.columns.size() > maxColumns)
+            fail(3190);
     } while (accept(u','));
     if (!accept(u')'))
         fail(3290);

@@ -12,7 +12,8 @@ class Parser
 public:
     explicit Parser(const QString &sql) : m_sql(sql), m_tokens(tokensOf(sql)) {}
 
-    /// The one statement. Errors 3075, 3129, 3131, 3132, 3134, 3135, 3138, 3141, 3142, 3144, 3145, 3290, 3295, 3360.
+    /// The one statement. Errors 3075, 3129, 3131, 3132, 3134, 3135, 3138, 3141, 3142, 3144, 3145, 3190, 3290, 3295,
+    /// 3360.
     Statement parse();
 
 private:
@@ -72,6 +73,7 @@ private:
     void closeBracket();
     ExprPtr make(Expr::Kind kind);
     ExprPtr closed(ExprPtr expr, qsizetype start) const;
+    static int heightOf(const Expr &expr);
     QStringView clauseText() const;
     bool endsClause(const Token &token) const;
     [[noreturn]] void failHere();
@@ -95,6 +97,7 @@ private:
     std::vector<Token> m_tokens;
     size_t m_at = 0;
     int m_depth = 0;
+    int m_height = 0; ///< of the present SELECT's highest expression or inner SELECT
     Clause m_clause = Clause::Where;
     size_t m_clauseStart = 0; ///< token the present clause's expression begins with
 };

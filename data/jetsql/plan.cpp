@@ -16,13 +16,17 @@ bool contains(const Sources &sources, const Source *source)
 
 Sources united(Sources a, const Sources &b)
 {
-    a.insert(a.end(), b.begin(), b.end());
+    for (const Source *source : b) {
+        if (!contains(a, source))
+            a.push_back(source);
+    }
     return a;
 }
 
 /// The tables whose columns make an expression Null by being Null.
 Sources nullWith(const Expr &expr)
 {
+    expr.visit();
     switch (expr.kind) {
     case Kind::Column:
         return {expr.from};
@@ -44,6 +48,7 @@ Sources nullWith(const Expr &expr)
 /// The tables whose unmatched rows a condition never lets through.
 Sources rejectedBy(const Expr &condition)
 {
+    condition.visit();
     if (condition.kind == Kind::Binary && condition.op == Op::And) {
         Sources all;
         for (const ExprPtr &operand : condition.operands)
@@ -52,8 +57,8 @@ Sources rejectedBy(const Expr &condition)
     }
     if (condition.kind == Kind::Binary && condition.op == Op::Or) {
         Sources common = rejectedBy(*condition.operands.front());
-        for (const ExprPtr &operand : condition.operands) {
-            const Sources other = rejectedBy(*operand);
+        for (size_t i = 1; i < condition.operands.size(); ++i) {
+            const Sources other = rejectedBy(*condition.operands[i]);
             std::erase_if(common, [&other](const Source *source) { return !contains(other, source); });
         }
         return common;

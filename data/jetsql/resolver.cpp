@@ -11,6 +11,13 @@ bool same(QStringView a, QStringView b)
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
+void requireFields(size_t count)
+{
+    constexpr size_t maxFields = 255;
+    if (count > maxFields)
+        fail(3190);
+}
+
 /// The tables a name is looked up in, and those of the statement around.
 struct Scope
 {
@@ -158,7 +165,9 @@ private:
             }
             if (!found)
                 fail(3078, {item.starTable});
+            requireFields(items.size());
         }
+        requireFields(items.size());
         select.items = std::move(items);
     }
 

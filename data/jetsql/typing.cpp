@@ -121,6 +121,7 @@ private:
 
     void type(Expr &expr)
     {
+        expr.visit();
         for (ExprPtr &operand : expr.operands)
             type(*operand);
         if (expr.select)
@@ -248,6 +249,8 @@ private:
 
     static void checkGrouping(const Select &select)
     {
+        if (select.having && !select.aggregates && select.groupBy.empty())
+            fail(3091, {select.having->source.toString()});
         const auto check = [&select](const Expr &expr) {
             if (!covered(expr, select))
                 fail(3122, {expr.source.toString()});

@@ -69,6 +69,13 @@ private:
 
     QString item(size_t index) const
     {
+        // SQLite takes a HAVING without GROUP BY only where the list itself has an aggregate.
+        const bool needsAggregate = index == 0 && m_select.having && m_select.groupBy.empty();
+        return needsAggregate ? "CASE WHEN count(*) >= 0 THEN " + value(index) + " END" : value(index);
+    }
+
+    QString value(size_t index) const
+    {
         const Expr &expr = *m_select.items[index].expr;
         if (!targets.empty())
             return m_result.assigned(expr, targets[index]).text;
@@ -272,8 +279,9 @@ private:
             return firstRow ? QStringLiteral(" LIMIT 1") : QString();
         if (!m_select.topPercent)
             return " LIMIT " + QString::number(m_select.top);
-        return " LIMIT (SELECT (count(*) * " + QString::number(m_select.top) + " + 99) / 100 FROM (SELECT 1" + tail() +
-               ") AS counted)";
+        const QString rows = m_select.distinct ? distinct() + items() : QString(u'1');
+        return " LIMIT (SELECT (count(*) * " + QString::number(m_select.top) + " + 99) / 100 FROM (SELECT " + rows +
+               tail() + ") AS counted)";
     }
 
     /// Rows equal to the last one in the order asked for are returned too.
@@ -291,17 +299,57 @@ private:
             if (!names.isEmpty() && i < m_select.items.size())
                 outer.last() += " AS " + quotedName(names[int(i)]);
         }
-        QStringList inner;
-        for (size_t i = 0; i < m_select.items.size(); ++i)
-            inner.append(item(i) + " AS c" + QString::number(i));
-        if (withRow)
-            inner.append(m_dialect.row(*m_select.sources.front()) + " AS c" + QString::number(columns - 1));
-        const QString rank = "rank() OVER (" + orderClause(asked).mid(1) + ") AS place";
-        const QString row = "row_number() OVER (" + orderClause(keys).mid(1) + ") AS line";
         const QString count = m_select.topPercent ? limit().mid(7) : QString::number(m_select.top);
-        return "SELECT " + outer.join(QLatin1String(", ")) + " FROM (SELECT " + distinct() +
-               inner.join(QLatin1String(", ")) + ", " + rank + ", " + row + tail() +
+        return "SELECT " + outer.join(QLatin1String(", ")) + " FROM (SELECT " +
+               (m_select.distinct ? placedDistinct() : numberedItems() + placed(asked, keys) + tail()) +
                ") AS ranked WHERE place <= " + count + " ORDER BY line";
+    }
+
+    /// The items by names that the SELECT around knows them by.
+    QString numberedItems() const
+    {
+        QStringList parts;
+        for (size_t i = 0; i < m_select.items.size(); ++i)
+            parts.append(item(i) + " AS c" + QString::number(i));
+        if (withRow)
+            parts.append(m_dialect.row(*m_select.sources.front()) + " AS c" + QString::number(m_select.items.size()));
+        return parts.join(QLatin1String(", "));
+    }
+
+    QString placed(const std::vector<SortKey> &asked, const std::vector<SortKey> &keys) const
+    {
+        return ", rank() OVER (" + orderClause(asked).mid(1) + ") AS place, row_number() OVER (" +
+               orderClause(keys).mid(1) + ") AS line";
+    }
+
+    /// Rows are numbered once they are distinct; a number among their columns would make every row another.
+    QString placedDistinct() const
+    {
+        std::vector<SortKey> keys;
+        const auto add = [&](size_t item, bool descending) {
+            const QString name = u'c' + QString::number(item);
+            const bool isText = m_select.items[item].expr->type.isText();
+            keys.push_back({isText ? m_dialect.key(name, false) : name, descending});
+        };
+        for (const OrderItem &order : m_select.orderBy) {
+            if (!ordering(order).isConstant())
+                add(shownPosition(order), order.descending);
+        }
+        const std::vector<SortKey> asked = keys;
+        for (size_t i = 0; i < m_select.items.size(); ++i)
+            add(i, false);
+        return u'*' + placed(asked, keys) + " FROM (SELECT " + distinct() + numberedItems() + tail() + ") AS made";
+    }
+
+    /// Of the result column that an ORDER BY beside DISTINCT names; typing has seen to it that one is.
+    size_t shownPosition(const OrderItem &order) const
+    {
+        if (order.position >= 0)
+            return size_t(order.position);
+        const auto shown = std::find_if(m_select.items.begin(), m_select.items.end(), [&order](const SelectItem &item) {
+            return sameExpression(*item.expr, *order.expr);
+        });
+        return size_t(shown - m_select.items.begin());
     }
 
     const Dialect &m_dialect;
