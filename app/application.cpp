@@ -6,6 +6,7 @@
 #include "toolkit/forms/mainmod.h"
 #include <QScopedValueRollback>
 #include <QThread>
+#include <clocale>
 #include <cstdlib>
 
 namespace {
@@ -15,6 +16,8 @@ std::function<void(int)> endHandler;
 
 Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 {
+    // The base class takes over the user's locale, under which libraries that print numbers into files would write 1,5.
+    std::setlocale(LC_NUMERIC, "C");
     setApplicationName(QStringLiteral("tamrick"));
     setAppearance(*this);
     installEventFilter(&m_pressGuard);
