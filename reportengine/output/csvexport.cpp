@@ -27,11 +27,11 @@ QString plainText(const Value &value, FieldType type)
 
 } // namespace
 
-bool writeCsv(Report &report, const QString &path)
+Outcome writeCsv(Report &report, const QString &path, const Progress &progress)
 {
     NewFile file(path);
     if (!file.open())
-        return false;
+        return file.failure();
     const RowStore &rows = report.rows();
     QStringList cells;
     for (const DatasetField &field : report.dataset())
@@ -41,6 +41,8 @@ bool writeCsv(Report &report, const QString &path)
         for (int i = 0; i < cells.size(); ++i)
             cells[i] = quoted(plainText(rows.value(row, i), rows.dataset()[i].type));
         file.device()->write(cells.join(',').toUtf8() + "\r\n");
+        if (progress && row % 1000 == 0 && !progress(row, rows.rowCount()))
+            return Outcome::cancelled();
     }
     return file.commit();
 }

@@ -3,6 +3,7 @@
 #include "reportengine/output/newfile.h"
 #include "reportengine/output/pagepainter.h"
 #include "reportengine/output/pdfoutline.h"
+#include "reportengine/output/sheetplace.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/pages/textmetrics.h"
 #include "reportengine/report.h"
@@ -38,40 +39,58 @@ std::vector<PdfOutlineEntry> outlineOf(const ReportPages &pages)
     return outline;
 }
 
-bool paintAll(QPdfWriter &writer, ReportPages &pages, int copies)
+/// Counts the pages, which of a long report takes a while. False when it was stopped.
+bool countPages(ReportPages &pages, const Progress &progress)
 {
+    while (!pages.advance(100)) {
+        if (progress && !progress(0, 0))
+            return false;
+    }
+    return true;
+}
+
+Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, const Progress &progress)
+{
+    ReportPages &pages = report.pages();
     QPainter painter(&writer);
     if (!painter.isActive())
-        return false;
-    const int count = pages.pageCount();
-    for (int sheet = 0; sheet < count * copies; ++sheet) {
-        if (sheet > 0 && !writer.newPage())
-            return false;
-        paintPage(*pages.page(sheet % count), painter);
+        return Outcome::failed("The pages could not be drawn.");
+    SheetPlace(report.layout(), writer.pageLayout()).apply(painter);
+    const int last = sheets.to < 0 ? pages.pageCount() - 1 : std::min(sheets.to, pages.pageCount() - 1);
+    const int perCopy = last - sheets.from + 1;
+    for (int i = 0; i < perCopy * sheets.copies; ++i) {
+        if (i > 0 && !writer.newPage())
+            return Outcome::failed("The pages could not be drawn.");
+        paintPage(*pages.page(sheets.from + i % perCopy), painter);
+        if (progress && !progress(i + 1, perCopy * sheets.copies))
+            return Outcome::cancelled();
     }
-    return painter.end();
+    return {};
 }
 
 } // namespace
 
-bool writePdf(Report &report, const QString &path, int copies)
+Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, const Progress &progress)
 {
     NewFile file(path);
     if (!file.open())
-        return false;
+        return file.failure();
+    if (!countPages(report.pages(), progress))
+        return Outcome::cancelled();
     {
         QPdfWriter writer(file.device());
         writer.setTitle(report.layout().title);
         writer.setCreator("Tamrick");
         writer.setResolution(int(72 * TextMetrics::UnitsPerPoint));
-        writer.setPageSize(QPageSize(QPageSize::Letter));
-        writer.setPageOrientation(report.layout().landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+        writer.setPageLayout(sheets.paper.isValid() ? sheets.paper : ownPaper(report.layout()));
         writer.setPageMargins(QMarginsF());
-        if (!paintAll(writer, report.pages(), copies))
-            return false;
+        if (Outcome painted = paintAll(writer, report, sheets, progress); !painted)
+            return painted;
     }
-    const std::vector<PdfOutlineEntry> outline = outlineOf(report.pages());
+    // Entries point at pages by their number in the whole report.
+    const bool isWhole = sheets.from == 0 && sheets.to < 0;
+    const std::vector<PdfOutlineEntry> outline = isWhole ? outlineOf(report.pages()) : std::vector<PdfOutlineEntry>();
     if (!outline.empty() && !addPdfOutline(*file.device(), outline))
-        return false;
+        return file.failure();
     return file.commit();
 }

@@ -3,15 +3,12 @@
 #include "data/values/clock.h"
 #include "data/values/runtimeerror.h"
 #include "reportengine/output/exports.h"
-#include "reportengine/output/pagepainter.h"
-#include "reportengine/pages/reportpages.h"
-#include "reportengine/pages/textmetrics.h"
+#include "reportengine/output/systemprinter.h"
 #include "reportengine/report.h"
+#include "toolkit/controls/statusline.h"
 #include <QCoreApplication>
 #include <QDir>
-#include <QPainter>
 #include <QPrinter>
-#include <QPrinterInfo>
 
 namespace {
 
@@ -23,35 +20,30 @@ PrintDestination &destination()
     return current;
 }
 
-bool printToSystem(Report &report, int copies)
+/// "packing slip"
+QString nameInText(Report &report)
 {
-    const QPrinterInfo info = QPrinterInfo::defaultPrinter();
-    if (info.isNull()) {
-        const QString folder = QCoreApplication::applicationDirPath() + "/printed";
-        return !printToFolder(report, copies, folder).isEmpty();
-    }
-    QPrinter printer(info, QPrinter::HighResolution);
-    printer.setCopyCount(copies);
-    printer.setCollateCopies(true);
-    return printPages(report, printer, 0, report.pages().pageCount() - 1);
+    return report.layout().title.toLower();
 }
 
-/// Draws the sheets one after another, each copy whole before the next begins.
-bool paintSheets(QPrinter &printer, ReportPages &pages, int from, int to, int copies)
+/// A machine without any printer keeps the document, so that the goods can still leave.
+Outcome keep(Report &report, int copies)
 {
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return false;
-    const double scale = printer.resolution() / (72 * TextMetrics::UnitsPerPoint);
-    painter.scale(scale, scale);
-    for (int copy = 0; copy < copies; ++copy) {
-        for (int page = from; page <= to; ++page) {
-            if ((copy > 0 || page > from) && !printer.newPage())
-                return false;
-            paintPage(*pages.page(page), painter);
-        }
-    }
-    return painter.end() && printer.printerState() != QPrinter::Error;
+    const QString path = printToFolder(report, copies, QCoreApplication::applicationDirPath() + "/printed");
+    if (path.isEmpty())
+        return Outcome::failed("There is no printer, and the folder \"printed\" takes no file.");
+    showStatus("No printer: the " + nameInText(report) + " was kept in printed/" + QFileInfo(path).fileName());
+    return {};
+}
+
+Outcome printToSystem(Report &report, int copies)
+{
+    const SystemPrint print = printToDefault(report, copies);
+    if (print.noPrinterAtAll)
+        return keep(report, copies);
+    if (print.outcome)
+        showStatus(print.told);
+    return print.outcome;
 }
 
 } // namespace
@@ -63,22 +55,26 @@ void setPrintDestination(PrintDestination wanted)
 
 void printOut(Report &report)
 {
-    const bool done = destination() ? destination()(report, Copies) : printToSystem(report, Copies);
-    if (!done)
-        throw runtimeError(482);
+    const Outcome outcome = !destination()                  ? printToSystem(report, Copies)
+                            : destination()(report, Copies) ? Outcome()
+                                                            : Outcome::failed("refused");
+    if (!outcome)
+        throw runtimeError(482, {}, outcome.reason);
 }
 
-bool printPages(Report &report, QPrinter &printer, int from, int to)
+Outcome printPages(Report &report, QPrinter &printer, int from, int to, const Progress &progress)
 {
-    printer.setDocName(report.layout().title);
-    printer.setFullPage(true);
-    printer.setPageSize(QPageSize(QPageSize::Letter));
-    printer.setPageOrientation(report.layout().landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-    ReportPages &pages = report.pages();
-    const int last = std::min(to, pages.pageCount() - 1);
-    // A printer that can't repeat a job is given every copy.
-    const int copies = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
-    return paintSheets(printer, pages, from, last, copies);
+    if (!printer.outputFileName().isEmpty()) {
+        const PdfSheets sheets{.from = from, .to = to, .copies = printer.copyCount(), .paper = printer.pageLayout()};
+        const Outcome outcome = writePdf(report, printer.outputFileName(), sheets, progress);
+        if (outcome)
+            showStatus("Printed to " + printer.outputFileName());
+        return outcome;
+    }
+    const SystemPrint print = printTo(printer, report, from, to, progress);
+    if (print.outcome)
+        showStatus(print.told);
+    return print.outcome;
 }
 
 QString printToFolder(Report &report, int copies, const QString &folder)
@@ -92,5 +88,5 @@ QString printToFolder(Report &report, int copies, const QString &folder)
     while (QFile::exists(stem + QString::number(number) + ".pdf"))
         ++number;
     const QString path = stem + QString::number(number) + ".pdf";
-    return writePdf(report, path, copies) ? path : QString();
+    return writePdf(report, path, {.copies = copies}) ? path : QString();
 }

@@ -14,13 +14,20 @@ constexpr double PointsPerCharacter = 5.3; ///< of a spreadsheet's standard font
 constexpr int MostRows = 1048576;
 constexpr int LongReport = 50000; ///< rows
 
-const char *numberFormat(Picture picture)
+/// Decimals only where there are any: a format with optional ones alone would end a whole number in a bare point.
+const char *quantityFormat(double number)
+{
+    const double printed = std::round(number * 10000) / 10000;
+    return printed == std::floor(printed) ? "#,##0;(#,##0)" : "#,##0.####;(#,##0.####)";
+}
+
+const char *numberFormat(double number, Picture picture)
 {
     switch (picture) {
     case Picture::Whole:
         return "#,##0;(#,##0)";
     case Picture::Quantity:
-        return "#,##0.####;(#,##0.####)";
+        return quantityFormat(number);
     case Picture::Money:
         return "#,##0.00;(#,##0.00)";
     case Picture::Price:
@@ -29,14 +36,16 @@ const char *numberFormat(Picture picture)
         return "$#,##0.00;($#,##0.00)";
     case Picture::Percent:
         return "0.0%;(0.0%)";
-    case Picture::Date:
-        return "m/d/yyyy";
-    case Picture::DateTime:
-        return "m/d/yyyy h:mm AM/PM";
-    case Picture::General:
-        break;
+    default:
+        return "General";
     }
-    return "General";
+}
+
+/// A time of day is shown wherever there is one; on paper it may have had no room.
+const char *dateFormat(const Date &date, Picture picture)
+{
+    const bool hasTime = date.time() != QTime(0, 0);
+    return hasTime || picture == Picture::DateTime ? "m/d/yyyy h:mm AM/PM" : "m/d/yyyy";
 }
 
 /// One spreadsheet file being written, row by row. A long one goes straight to disk, with its texts in the cells
@@ -52,9 +61,26 @@ public:
         if (m_book)
             addSheet();
     }
+    ~Sheet()
+    {
+        if (m_book)
+            lxw_workbook_free(m_book);
+    }
+    Sheet(const Sheet &) = delete;
+    Sheet &operator=(const Sheet &) = delete;
 
-    /// False when the file could not be written.
-    bool close() { return m_book && workbook_close(m_book) == LXW_NO_ERROR; }
+    /// Writes the file to its end.
+    Outcome close()
+    {
+        if (!m_book)
+            return Outcome::failed("The spreadsheet could not be begun.");
+        errno = 0;
+        const lxw_error error = workbook_close(std::exchange(m_book, nullptr));
+        if (error == LXW_NO_ERROR)
+            return {};
+        // The library's own words only tell which of its steps failed.
+        return Outcome::failed(errno ? qt_error_string(errno) : QString::fromUtf8(lxw_strerror(error)));
+    }
 
     /// A printed section: its lines become rows.
     void add(const CompiledSection &section, const Page &page)
@@ -132,24 +158,24 @@ private:
         const auto col = lxw_col_t(column);
         if (isFigure(item.value)) {
             const bool isDate = item.value.type() == Value::Type::Date;
-            const Picture picture = isDate && item.picture == Picture::General ? Picture::Date : item.picture;
             const double number = isDate ? item.value.toDate().serial() : item.value.toDouble();
-            worksheet_write_number(m_sheet, m_row, col, number, format(picture, item));
+            const char *shown =
+                isDate ? dateFormat(item.value.toDate(), item.picture) : numberFormat(number, item.picture);
+            worksheet_write_number(m_sheet, m_row, col, number, format(shown, item));
             return;
         }
         // A text that was cut to fit the paper is whole here; lines of a wrapped one stay lines.
         const bool isCut = m_layout.exportAsTable || (item.object && item.object->overflow == Overflow::Shorten);
         const QString text = isCut && !item.value.isNull() ? item.value.toText() : item.text;
-        worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(),
-                               format(Picture::General, item));
+        worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(), format("General", item));
     }
 
-    lxw_format *format(Picture picture, const PageItem &item)
+    lxw_format *format(const char *number, const PageItem &item)
     {
-        lxw_format *&format = m_formats[{picture, item.align, item.style.bold}];
+        lxw_format *&format = m_formats[{number, item.align, item.style.bold}];
         if (!format) {
             format = workbook_add_format(m_book);
-            format_set_num_format(format, numberFormat(picture));
+            format_set_num_format(format, number);
             if (item.style.bold)
                 format_set_bold(format);
             if (item.align != Align::Left)
@@ -162,18 +188,27 @@ private:
     SheetColumns m_columns;
     lxw_workbook *m_book = nullptr;
     lxw_worksheet *m_sheet = nullptr;
-    std::map<std::tuple<Picture, Align, bool>, lxw_format *> m_formats;
+    std::map<std::tuple<std::string_view, Align, bool>, lxw_format *> m_formats;
     lxw_row_t m_row = 0;
     bool m_headsStand = false;
 };
 
 } // namespace
 
-bool writeXlsx(Report &report, const QString &path)
+Outcome writeXlsx(Report &report, const QString &path, const Progress &progress)
 {
     NewFile file(path);
-    Sheet sheet(file.temporaryPath(), report.layout(), report.rows().rowCount() > LongReport);
-    report.pages().forEachSection(
-        [&](const CompiledSection &section, const Page &items) { sheet.add(section, items); });
-    return sheet.close() && file.commit();
+    if (!file.open())
+        return file.failure();
+    file.device()->close();
+    const int rows = report.rows().rowCount();
+    Sheet sheet(file.temporaryPath(), report.layout(), rows > LongReport);
+    const bool isWhole = report.pages().forEachSection([&](const CompiledSection &section, const Page &items, int row) {
+        sheet.add(section, items);
+        return !progress || row % 500 != 0 || progress(row, rows);
+    });
+    if (!isWhole)
+        return Outcome::cancelled();
+    const Outcome written = sheet.close();
+    return written ? file.commit() : written;
 }

@@ -21,7 +21,7 @@ public:
 
     std::optional<PageStart> fill(const PageStart &start, int index, int pageCount, Page *page,
                                   std::vector<std::vector<int>> *groupPages);
-    void forEachSection(const PageMaker::Visitor &visit);
+    bool forEachSection(const PageMaker::Visitor &visit);
     /// Goes on over rows that print nothing, to where something stands.
     PageStart firstPrinted();
     /// The position of the last row that prints anything; -1 when none does.
@@ -120,7 +120,8 @@ private:
     bool strandsReportFooter(double height);
     bool fillRows(int index, std::vector<std::vector<int>> *groupPages);
     bool fillReportFooter();
-    void visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
+    bool visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
+    bool visit(const CompiledSection &section, const PageMaker::Visitor &visitor);
 
     const PageMaker &m_maker;
     const Grouping &m_grouping;
@@ -280,30 +281,32 @@ std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pa
     return isFull ? std::optional(next) : std::nullopt;
 }
 
-void PageRun::visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor)
+bool PageRun::visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor)
 {
-    for (const CompiledSection &section : sections) {
-        Page items;
-        if (placeSection(section, m_context, {}, items) > 0)
-            visitor(section, items);
-    }
+    return std::ranges::all_of(sections, [&](const CompiledSection &section) { return visit(section, visitor); });
 }
 
-void PageRun::forEachSection(const PageMaker::Visitor &visitor)
+bool PageRun::visit(const CompiledSection &section, const PageMaker::Visitor &visitor)
+{
+    Page items;
+    return placeSection(section, m_context, {}, items) == 0 || visitor(section, items, m_position);
+}
+
+bool PageRun::forEachSection(const PageMaker::Visitor &visitor)
 {
     m_context.pageNumber = m_context.pageCount = 1;
-    visit(m_maker.m_layout.sections(Kind::ReportHeader), visitor);
-    visit(m_maker.m_layout.sections(Kind::PageHeader), visitor);
+    if (!visit(m_maker.m_layout.sections(Kind::ReportHeader), visitor) ||
+        !visit(m_maker.m_layout.sections(Kind::PageHeader), visitor))
+        return false;
     for (; !atEnd(); ++m_position) {
         lookAt(m_position);
         countRow();
         for (const CompiledSection *section : sectionsOfRow()) {
-            Page items;
-            if (placeSection(*section, m_context, {}, items) > 0)
-                visitor(*section, items);
+            if (!visit(*section, visitor))
+                return false;
         }
     }
-    visit(m_maker.m_layout.sections(Kind::ReportFooter), visitor);
+    return visit(m_maker.m_layout.sections(Kind::ReportFooter), visitor);
 }
 
 PageStart PageRun::firstPrinted()
@@ -357,9 +360,9 @@ std::optional<PageStart> PageMaker::make(const PageStart &start, int index, int 
     return PageRun(*this, start).fill(start, index, pageCount, page, groupPages);
 }
 
-void PageMaker::forEachSection(const Visitor &visit) const
+bool PageMaker::forEachSection(const Visitor &visit) const
 {
-    PageRun(*this, {}).forEachSection(visit);
+    return PageRun(*this, {}).forEachSection(visit);
 }
 
 QString PageMaker::groupLabel(int level, int node) const

@@ -31,9 +31,9 @@ public:
                                   std::vector<std::vector<int>> *groupPages = nullptr) const;
 
     /// Gives all sections as if on one endless page: report header, page header, rows, report footer. Items lie
-    /// relative to the section's top.
-    using Visitor = std::function<void(const CompiledSection &section, const Page &items)>;
-    void forEachSection(const Visitor &visit) const;
+    /// relative to the section's top; `row` is the position in printing order. False as soon as the visitor does.
+    using Visitor = std::function<bool(const CompiledSection &section, const Page &items, int row)>;
+    bool forEachSection(const Visitor &visit) const;
 
     /// The printed label of a group.
     QString groupLabel(int level, int node) const;

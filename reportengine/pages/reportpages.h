@@ -27,8 +27,8 @@ public:
     /// Index of the page on which a group begins; 0 while it is not known.
     int pageOfGroup(int level, int node) const { return m_groupPages[level][node]; }
 
-    /// All sections on one endless page, for spreadsheets.
-    void forEachSection(const PageMaker::Visitor &visit) const { m_maker->forEachSection(visit); }
+    /// All sections on one endless page, for spreadsheets. False when the visitor stopped it.
+    bool forEachSection(const PageMaker::Visitor &visit) const { return m_maker->forEachSection(visit); }
 
 private:
     int countFor(int index) const;

@@ -236,9 +236,9 @@ bool CRViewer::exportTo(const QString &path)
     if (!m_report)
         return false;
     setHourglass();
-    const bool written = ::exportReport(*m_report, path);
+    const Outcome outcome = ::exportReport(*m_report, path);
     setDefaultPointer();
-    return written;
+    return bool(outcome);
 }
 
 void CRViewer::exportReport()
@@ -271,7 +271,7 @@ void CRViewer::printReport()
         return;
     const bool isRange = dialog.printRange() == QAbstractPrintDialog::PageRange;
     setHourglass();
-    const bool printed =
+    const Outcome printed =
         printPages(*m_report, printer, isRange ? dialog.fromPage() - 1 : 0, isRange ? dialog.toPage() - 1 : pages - 1);
     setDefaultPointer();
     if (!printed)

@@ -99,9 +99,10 @@ TEST(Totals, TakeEveryRowsValueAsThatRowPrintsIt)
             const auto report = reportOver(layout, mixedRows(1000));
             std::vector<double> values;
             std::vector<double> totals;
-            report->pages().forEachSection([&](const CompiledSection &section, const Page &items) {
+            report->pages().forEachSection([&](const CompiledSection &section, const Page &items, int) {
                 for (const PageItem &item : items.items)
                     (section.section->kind == Section::Kind::Detail ? values : totals).push_back(item.value.toDouble());
+                return true;
             });
             ASSERT_EQ(totals.size(), 4u) << formula.toStdString();
             EXPECT_NEAR(totals[0], std::accumulate(values.begin(), values.end(), 0.0), 1e-6) << formula.toStdString();

@@ -1,6 +1,6 @@
+#include "data/workbook/package.h"
 #include "data/workbook/workbook.h"
 #include "reportengine/output/exports.h"
-#include "reportengine/output/printing.h"
 #include "tests/reportengine/reportfixture.h"
 #include <QDir>
 #include <QProcess>
@@ -64,7 +64,13 @@ TEST(PdfExport, ThatCannotBeWrittenLeavesNothingAndKeepsWhatWasThere)
     EXPECT_FALSE(exportReport(*report, folder.filePath("r.doc")));
     EXPECT_FALSE(exportReport(*report, folder.filePath("r")));
     QDir(folder.path()).mkdir("taken.pdf");
-    EXPECT_FALSE(exportReport(*report, folder.filePath("taken.pdf")));
+    EXPECT_EQ(exportReport(*report, folder.filePath("taken.pdf")).reason, qt_error_string(EISDIR));
+    EXPECT_EQ(exportReport(*report, folder.filePath("missing/r.pdf")).reason, qt_error_string(ENOENT));
+    for (const char *suffix : {"pdf", "xlsx", "csv"}) {
+        const Outcome stopped =
+            exportReport(*report, folder.filePath(QString("r.") + suffix), [](int, int) { return false; });
+        EXPECT_EQ(stopped.state, Outcome::State::Cancelled) << suffix;
+    }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot), QStringList{"taken.pdf"});
 }
 
@@ -114,6 +120,42 @@ TEST(XlsxExport, OfALongReportSaysTheSame)
     EXPECT_EQ(book.text(1, Rows + 2, 2), "12.5");
 }
 
+/// How the cell's number is to be shown, by the file's own tables.
+QString numberFormatOf(const QString &path, const QString &cell)
+{
+    const auto part = [&](const char *name) {
+        const auto package = Package::open(path);
+        return package ? QString::fromUtf8(package->part(name).value_or("")) : QString();
+    };
+    const auto found = [](const QString &pattern, const QString &text) {
+        return QRegularExpression(pattern).match(text).captured(1);
+    };
+    const QString style = found("<c r=\"" + cell + "\" s=\"(\\d+)\"", part("xl/worksheets/sheet1.xml"));
+    const QString styles = part("xl/styles.xml");
+    const QString formats = found("<cellXfs[^>]*>(.*)</cellXfs>", styles);
+    const QString id = found("numFmtId=\"(\\d+)\"", formats.section("<xf ", style.toInt() + 1, style.toInt() + 1));
+    return found("<numFmt numFmtId=\"" + id + "\" formatCode=\"([^\"]*)\"", styles);
+}
+
+TEST(XlsxExport, ShowsWholeQuantitiesWithoutAPointAndTimesWhereThereAreAny)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("r.xlsx");
+    const Date moment(QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)));
+    MadeRows rows({"Qty", "At"}, {{1234.0, moment}, {2.5, Date(2011, 3, 30)}, {0.1 + 0.2 + 0.7, Value()}});
+    const Layout layout = tableLayout({.title = "Formats",
+                                       .columns = {{.heading = "Qty", .source = "{Qty}", .picture = Picture::Quantity},
+                                                   {.heading = "At", .source = "{At}", .picture = Picture::Date}},
+                                       .grandTotal = ""});
+    ASSERT_TRUE(exportReport(*reportOver(layout, rows, datasetOf("Qty N, At DT")), path));
+    EXPECT_EQ(numberFormatOf(path, "A3"), "#,##0;(#,##0)");
+    EXPECT_EQ(numberFormatOf(path, "A4"), "#,##0.####;(#,##0.####)");
+    EXPECT_EQ(numberFormatOf(path, "A5"), "#,##0;(#,##0)");
+    EXPECT_EQ(numberFormatOf(path, "B3"), "m/d/yyyy h:mm AM/PM");
+    EXPECT_EQ(numberFormatOf(path, "B4"), "m/d/yyyy");
+    EXPECT_EQ(Workbook::open(path).text(1, 3, 2), "3/30/2011 2:05:09 PM");
+}
+
 TEST(CsvExport, IsTheDatasetPlain)
 {
     QTemporaryDir folder;
@@ -130,40 +172,6 @@ TEST(CsvExport, IsTheDatasetPlain)
     MadeRows moment({"At"}, {{Date(QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)))}});
     ASSERT_TRUE(exportReport(*reportOver(layout, moment, datasetOf("At DT")), path));
     EXPECT_EQ(contentOf(path), "At\r\n2011-03-30 14:05:09\r\n");
-}
-
-TEST(Printing, SendsTwoCopiesWhereDocumentsGo)
-{
-    QString title;
-    int copies = 0;
-    setPrintDestination([&](Report &report, int wanted) {
-        title = report.layout().title;
-        copies = wanted;
-        return true;
-    });
-    sampleReport("crptPackingSlip", 3)->PrintOut();
-    EXPECT_EQ(title, "Packing Slip");
-    EXPECT_EQ(copies, 2);
-    setPrintDestination([](Report &, int) { return false; });
-    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
-    setPrintDestination({});
-}
-
-TEST(Printing, WithoutAPrinterWritesEveryCopyIntoOneFile)
-{
-    QTemporaryDir folder;
-    const auto report = sampleReport("crptPackingSlip", 60);
-    const int pages = report->pages().pageCount();
-    ASSERT_GT(pages, 1);
-    const QString first = printToFolder(*report, 2, folder.filePath("printed"));
-    const QString second = printToFolder(*report, 2, folder.filePath("printed"));
-    EXPECT_NE(first, second);
-    EXPECT_TRUE(QRegularExpression("/printed/PackingSlip-\\d{8}-\\d{6}-\\d+\\.pdf$").match(first).hasMatch());
-    const QString info = told("pdfinfo", {first});
-    EXPECT_TRUE(info.contains(QRegularExpression(QString("Pages:\\s+%1\\n").arg(pages * 2)))) << info.toStdString();
-    const QString text = told("pdftotext", {first, "-"});
-    EXPECT_EQ(text.count(QString("Page %1 of %1").arg(pages)), 2) << "each copy whole";
-    EXPECT_TRUE(QDir(folder.filePath("printed")).entryList({"*.part"}).isEmpty());
 }
 
 } // namespace

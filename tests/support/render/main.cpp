@@ -30,8 +30,8 @@ int main(int argc, char **argv)
         else
             report.object(setting.section('=', 0, 0)).SetText(setting.section('=', 1));
     }
-    if (!exportReport(report, arguments[3])) {
-        std::fprintf(stderr, "%s could not be written\n", qPrintable(arguments[3]));
+    if (const Outcome outcome = exportReport(report, arguments[3]); !outcome) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(arguments[3]), qPrintable(outcome.reason));
         return 1;
     }
     const int pages = report.pages().pageCount();

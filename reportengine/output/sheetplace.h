@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QPageLayout>
+
+class QPainter;
+struct Layout;
+
+/// The paper a report is laid out for, without margins.
+QPageLayout ownPaper(const Layout &layout);
+
+/// Where the pages of a report stand on paper of some size: in the middle, and set smaller where it is smaller.
+class SheetPlace
+{
+public:
+    SheetPlace(const Layout &layout, const QPageLayout &paper);
+
+    /// Moves the painter, whose unit is a twentieth of a point, from the sheet's corner to the page's.
+    void apply(QPainter &painter) const;
+
+private:
+    QPointF m_corner;
+    double m_scale;
+};

@@ -1,0 +1,160 @@
+#include "reportengine/output/exports.h"
+#include "reportengine/output/printing.h"
+#include "tests/reportengine/reportfixture.h"
+#include "tests/support/printserver.h"
+#include "toolkit/controls/statusline.h"
+#include <QDir>
+#include <QPrinter>
+#include <QProcess>
+
+namespace {
+
+/// What a program of the PDF tools says about a file.
+QString told(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QDir printedFolder()
+{
+    return QDir(QCoreApplication::applicationDirPath() + "/printed");
+}
+
+class Printing : public testing::Test
+{
+protected:
+    Printing()
+    {
+        printedFolder().removeRecursively();
+        setStatusPlace([this](const QString &text) { status = text; });
+    }
+    ~Printing() override
+    {
+        setPrintDestination({});
+        setStatusPlace({});
+    }
+
+    QString status;
+};
+
+TEST_F(Printing, SendsTwoCopiesWhereDocumentsGo)
+{
+    QString title;
+    int copies = 0;
+    setPrintDestination([&](Report &report, int wanted) {
+        title = report.layout().title;
+        copies = wanted;
+        return true;
+    });
+    sampleReport("crptPackingSlip", 3)->PrintOut();
+    EXPECT_EQ(title, "Packing Slip");
+    EXPECT_EQ(copies, 2);
+    setPrintDestination([](Report &, int) { return false; });
+    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
+}
+
+struct Machine
+{
+    const char *is;
+    QString queues;
+    int error;
+    QStringList jobs;
+    const char *status;
+    int kept; ///< documents in printed/
+};
+
+TEST_F(Printing, CountsAsDoneOnlyWithAJobOnTheServerOrWithoutAnyPrinter)
+{
+    const Machine machines[] = {
+        {"accepting",
+         PrivatePrintServer::queue("Office", true, true, true),
+         0,
+         {"1 Office: Packing Slip"},
+         "Packing Slip sent to Office (job 1)",
+         0},
+        {"stopped, which keeps the job",
+         PrivatePrintServer::queue("Office", true, false, true),
+         0,
+         {"1 Office: Packing Slip"},
+         "Office is stopped: job 1 (Packing Slip) waits there",
+         0},
+        {"rejecting",
+         PrivatePrintServer::queue("Office", false, true, true) + PrivatePrintServer::queue("Other"),
+         482,
+         {},
+         "",
+         0},
+        {"without a default", PrivatePrintServer::queue("Office") + PrivatePrintServer::queue("Other"), 482, {}, "", 0},
+        {"without any printer", "", 0, {}, "No printer: the packing slip was kept in printed/PackingSlip-", 1},
+    };
+    for (const Machine &machine : machines) {
+        SCOPED_TRACE(machine.is);
+        status.clear();
+        const PrivatePrintServer server(machine.queues);
+        EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), machine.error);
+        EXPECT_EQ(server.jobs(), machine.jobs);
+        EXPECT_EQ(*machine.status ? status.left(qstrlen(machine.status)) : status, machine.status);
+        EXPECT_EQ(printedFolder().entryList(QDir::Files).size(), machine.kept);
+        const bool isTaken = !machine.jobs.isEmpty();
+        EXPECT_TRUE(!isTaken || told("pdftotext", {server.jobFile(1), "-"}).contains("Packing Slip"));
+    }
+}
+
+TEST_F(Printing, FailsOnAServerThatCannotBeReached)
+{
+    PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
+    server.stop();
+    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
+    EXPECT_FALSE(printedFolder().exists());
+}
+
+TEST_F(Printing, HoldsWhatWasSetInTheDialog)
+{
+    const PrivatePrintServer server(PrivatePrintServer::queue("Office") + PrivatePrintServer::queue("Full", false));
+    const auto report = sampleReport("crptPackingSlip", 90);
+    ASSERT_GT(report->pages().pageCount(), 3);
+    QPrinter printer;
+    printer.setPrinterName("Office");
+    printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
+    printer.setCopyCount(3);
+    EXPECT_TRUE(printPages(*report, printer, 1, 2));
+    EXPECT_EQ(server.jobs(), QStringList{"1 Office: Packing Slip"});
+    const QString info = told("pdfinfo", {server.jobFile(1)});
+    EXPECT_TRUE(info.contains(QRegularExpression("Pages:\\s+2\\n"))) << info.toStdString();
+    EXPECT_TRUE(info.contains("841.89 x 595.276 pts (A4)") || info.contains("842 x 595 pts (A4)"))
+        << info.toStdString();
+    EXPECT_TRUE(told("pdftotext", {server.jobFile(1), "-"}).contains("Page 2 of "));
+
+    printer.setPrinterName("Full");
+    const Outcome refused = printPages(*report, printer, 0, 0);
+    EXPECT_EQ(refused.state, Outcome::State::Failed);
+    EXPECT_FALSE(refused.reason.isEmpty());
+
+    int told = 0;
+    const Progress stop = [&](int, int) { return ++told < 2; };
+    EXPECT_EQ(printPages(*report, printer, 0, 3, stop).state, Outcome::State::Cancelled);
+    EXPECT_EQ(server.jobs().size(), 1);
+}
+
+TEST_F(Printing, WithoutAPrinterWritesEveryCopyIntoOneFile)
+{
+    QTemporaryDir folder;
+    const auto report = sampleReport("crptPackingSlip", 60);
+    const int pages = report->pages().pageCount();
+    ASSERT_GT(pages, 1);
+    const QString first = printToFolder(*report, 2, folder.filePath("printed"));
+    const QString second = printToFolder(*report, 2, folder.filePath("printed"));
+    EXPECT_NE(first, second);
+    EXPECT_TRUE(QRegularExpression("/printed/PackingSlip-\\d{8}-\\d{6}-\\d+\\.pdf$").match(first).hasMatch());
+    const QString info = told("pdfinfo", {first});
+    EXPECT_TRUE(info.contains(QRegularExpression(QString("Pages:\\s+%1\\n").arg(pages * 2)))) << info.toStdString();
+    const QString text = told("pdftotext", {first, "-"});
+    EXPECT_EQ(text.count(QString("Page %1 of %1").arg(pages)), 2) << "each copy whole";
+    EXPECT_TRUE(QDir(folder.filePath("printed")).entryList({"*.part"}).isEmpty());
+}
+
+} // namespace
