@@ -4,6 +4,7 @@
 #include "data/dao/bulkload.h"
 #include "data/schema/schema.h"
 #include "data/values/conversions.h"
+#include "data/values/runtimeerror.h"
 #include "tools/csv.h"
 #include "tools/oneline.h"
 #include "tools/toolerror.h"

@@ -1,14 +1,12 @@
 #include "data/dao/databasedata.h"
 
 #include "data/dao/recordsetdata.h"
-#include "data/engines/sqlite/passwordgate.h"
-#include "data/engines/sqlite/tables.h"
 
 using jetsql::StatementKind;
 
-DatabaseData::DatabaseData(const ConnectionOptions &options, const QString &password) : m_connection(options)
+DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
+    : m_engine(std::move(engine)), m_translations(m_engine->dialect())
 {
-    PasswordGate::check(m_connection, password, options.file);
     readCatalog();
 }
 
@@ -22,10 +20,7 @@ const Catalog &DatabaseData::freshCatalog()
 void DatabaseData::readCatalog()
 {
     m_translations.clear();
-    m_connection.forgetStatements();
-    // The version first: a change in between is then found at the next look.
-    m_catalogVersion = m_connection.schemaVersion();
-    m_catalog = Tables::readCatalog(m_connection);
+    m_catalog = m_engine->readCatalog();
 }
 
 Translated DatabaseData::translate(const QString &sql)
@@ -55,15 +50,14 @@ bool DatabaseData::tryExecute(const QString &sql)
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
     const Doing doing{defines ? Doing::Defining : Doing::Writing, translation->targetTable, sql};
     prepareToWrite(translation->targetTable, nullptr);
-    // What copies rows may write a table's worth of them in one go; the log need not hold more than that.
     if (translation->copies)
-        m_connection.emptyLog();
-    Transaction transaction(m_connection, doing);
+        m_engine->prepareToCopyRows();
+    const auto transaction = m_engine->begin(doing);
     // With the write lock held the tables stay as they are.
     if (!catalogIsCurrent())
         return false;
     run(translation, doing);
-    transaction.commit();
+    transaction->commit();
     if (defines)
         readCatalog();
     return true;
@@ -83,7 +77,7 @@ void DatabaseData::run(const Translated &translated, const Doing &doing)
             addIndexes(*m_catalog.find(translated->targetTable), doing);
         [[fallthrough]];
     default:
-        m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
+        m_engine->execute(translated->sqlWithPlaces, translated.values, doing);
     }
 }
 
@@ -93,9 +87,9 @@ void DatabaseData::make(const Translated &translated, const Doing &doing)
     if (m_catalog.find(table.Name))
         throw runtimeError(3010, {table.Name}, doing.statement);
     const bool filled = translated->kind == StatementKind::SelectInto;
-    m_connection.run(Tables::createStatement(table, filled ? Tables::Key::None : Tables::Key::AutoNumberIsKey), doing);
+    m_engine->createTable(table, filled ? engine::Key::None : engine::Key::AutoNumberIsKey, doing);
     if (filled)
-        m_connection.runPrepared(translated->sqlWithPlaces, doing, translated.values);
+        m_engine->execute(translated->sqlWithPlaces, translated.values, doing);
     m_withoutIndexes.insert(table.Name.toCaseFolded());
 }
 
@@ -105,7 +99,7 @@ void DatabaseData::addIndexes(const TableDef &table, const Doing &doing)
         const bool fits = std::all_of(index.columns.begin(), index.columns.end(),
                                       [&](const QString &column) { return table.indexOf(column) >= 0; });
         if (fits && index.table.compare(table.Name, Qt::CaseInsensitive) == 0)
-            m_connection.run(Tables::createStatement(index), doing);
+            m_engine->createIndex(index, doing);
     }
 }
 
@@ -118,10 +112,7 @@ void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doi
         if (recordset->reads(table->Name))
             throw runtimeError(3211, {table->Name}, doing.statement);
     }
-    // The counter of a copied AutoNumber, which SQLite does not know to belong to the table.
-    m_connection.run("DELETE FROM sqlite_sequence WHERE name = '" + table->Name.toUtf8().replace('\'', "''") + '\'',
-                     doing);
-    m_connection.run("DROP TABLE " + Tables::quoted(table->Name), doing);
+    m_engine->dropTable(*table, doing);
 }
 
 std::unique_ptr<RecordsetData> DatabaseData::open(const QString &sql)
@@ -135,9 +126,8 @@ Query DatabaseData::prepareQuery(const QString &sql)
     if (translated->kind != StatementKind::Select)
         throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
     try {
-        Statement statement = m_connection.prepare(translated->sqlWithPlaces, reading(*translated.translation, sql));
-        statement.bind(translated.values);
-        return {std::move(translated.translation), std::move(statement)};
+        auto rows = m_engine->open(translated->sqlWithPlaces, translated.values, reading(*translated.translation, sql));
+        return {std::move(translated.translation), std::move(rows)};
     } catch (const RuntimeError &) {
         if (catalogIsCurrent())
             throw;
@@ -155,7 +145,7 @@ void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)
 {
     if (m_editor != writer)
         takeRow(m_editor); // each statement is committed for itself, so that the lock ends before it
-    m_connection.prepareToWrite();
+    m_engine->prepareToWrite();
     for (RecordsetData *recordset : m_recordsets)
         recordset->prepareForWrite(table, recordset == writer);
     ++m_writes[table.toCaseFolded()];
@@ -166,11 +156,11 @@ void DatabaseData::holdRow(RecordsetData *editor, const Doing &doing)
 {
     takeRow(m_editor);
     prepareToWrite(doing.table, editor);
-    m_rowLock = std::make_unique<Transaction>(m_connection, doing);
+    m_rowLock = m_engine->begin(doing);
     m_editor = editor;
 }
 
-std::unique_ptr<Transaction> DatabaseData::takeRow(const RecordsetData *editor)
+std::unique_ptr<engine::Transaction> DatabaseData::takeRow(const RecordsetData *editor)
 {
     if (!editor || editor != m_editor)
         return {};
@@ -190,7 +180,6 @@ void DatabaseData::settle()
     // A recordset left half walked would hold other processes up in the rollback journal's mode.
     for (RecordsetData *recordset : m_recordsets)
         recordset->readAhead();
-    if (m_connection.usesLog())
-        m_connection.syncLog();
+    m_engine->settle();
     m_unsettled = false;
 }

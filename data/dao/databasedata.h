@@ -2,8 +2,7 @@
 
 #include "data/dao/database.h"
 #include "data/dao/translations.h"
-#include "data/engines/sqlite/connection.h"
-#include "data/engines/sqlite/dialect.h"
+#include "data/engine/connection.h"
 
 class RecordsetData;
 
@@ -11,15 +10,15 @@ class RecordsetData;
 struct Query
 {
     std::shared_ptr<const jetsql::Translation> translation;
-    Statement statement;
+    std::unique_ptr<engine::Rows> rows;
 };
 
-/// What stands behind a Database: the connection, the catalogue of its tables, the statements translated before,
+/// What stands behind a Database: the engine, the catalogue of its tables, the statements translated before,
 /// and the recordsets open on it. Recordsets keep it alive.
 class DatabaseData : public std::enable_shared_from_this<DatabaseData>
 {
 public:
-    DatabaseData(const ConnectionOptions &options, const QString &password);
+    explicit DatabaseData(std::unique_ptr<engine::Connection> engine);
 
     void execute(const QString &sql);
     std::unique_ptr<RecordsetData> open(const QString &sql);
@@ -32,8 +31,8 @@ public:
     Query prepareQuery(const QString &sql);
     static Doing reading(const jetsql::Translation &translation, const QString &sql);
     /// False after another process made or dropped a table.
-    bool catalogIsCurrent() { return m_connection.schemaVersion() == m_catalogVersion; }
-    Connection &connection() { return m_connection; }
+    bool catalogIsCurrent() { return m_engine->catalogIsCurrent(); }
+    engine::Connection &engine() { return *m_engine; }
 
     /// Must be called before anything is written: open recordsets read what they still have to show, since a
     /// statement half walked would see the change, and would keep the log from being reset. `writer` is the
@@ -43,7 +42,7 @@ public:
     /// between Edit and Update: what is read in between is what the Update then replaces.
     void holdRow(RecordsetData *editor, const Doing &doing);
     /// The lock of that recordset's Edit, to be committed or, by being dropped, given up; or nullptr.
-    std::unique_ptr<Transaction> takeRow(const RecordsetData *editor);
+    std::unique_ptr<engine::Transaction> takeRow(const RecordsetData *editor);
     /// How often a table was written on this connection, to tell a stale row.
     quint64 writes(const QString &table) const { return m_writes.value(table.toCaseFolded()); }
 
@@ -60,14 +59,13 @@ private:
     void drop(const jetsql::Translation &translation, const Doing &doing);
     void addIndexes(const TableDef &table, const Doing &doing);
 
-    Connection m_connection;
+    std::unique_ptr<engine::Connection> m_engine;
     Catalog m_catalog;
-    qint64 m_catalogVersion = -1; ///< the schema version that the catalogue was read at
-    Translations m_translations{sqliteDialect()};
+    Translations m_translations;
     std::vector<RecordsetData *> m_recordsets;
     QHash<QString, quint64> m_writes;
     QSet<QString> m_withoutIndexes;          ///< tables made here that have not got their indexes yet
     const RecordsetData *m_editor = nullptr; ///< the recordset that holds m_rowLock
-    std::unique_ptr<Transaction> m_rowLock;
+    std::unique_ptr<engine::Transaction> m_rowLock;
     bool m_unsettled = false;
 };

@@ -1,5 +1,6 @@
 #include "data/dao/database.h"
 #include "data/dao/databasedata.h"
+#include "data/engines/engines.h"
 
 namespace {
 
@@ -21,15 +22,6 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString &name, bool exclu
                                                  const QString &connect)
 {
     const QHash<QString, QString> entries = entriesOf(connect);
-    ConnectionOptions options;
-    options.file = name;
-    options.exclusive = exclusive;
-    options.readOnly = readOnly;
-    if (const QString journal = entries.value(QStringLiteral("journal")); journal == u"log")
-        options.journal = Journal::Log;
-    else if (journal == u"rollback")
-        options.journal = Journal::Rollback;
-    if (const QString busy = entries.value(QStringLiteral("busy")); !busy.isEmpty())
-        options.busyMilliseconds = busy.toInt();
-    return std::make_unique<Database>(std::make_shared<DatabaseData>(options, entries.value(QStringLiteral("pwd"))));
+    auto engine = engines::open({name, entries.value(QStringLiteral("pwd")), exclusive, readOnly, entries});
+    return std::make_unique<Database>(std::make_shared<DatabaseData>(std::move(engine)));
 }

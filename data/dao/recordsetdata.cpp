@@ -2,8 +2,6 @@
 
 #include "data/dao/assignment.h"
 #include "data/dao/fieldname.h"
-#include "data/engines/sqlite/autonumber.h"
-#include "data/engines/sqlite/tables.h"
 
 RecordsetData::RecordsetData(std::shared_ptr<DatabaseData> database, const QString &sql, Query query)
     : m_database(std::move(database))
@@ -16,17 +14,15 @@ RecordsetData::RecordsetData(std::shared_ptr<DatabaseData> database, const QStri
 void RecordsetData::adopt(Query query)
 {
     m_translation = std::move(query.translation);
-    m_statement = std::move(query.statement);
-    m_tablesRead = m_statement.tablesRead();
+    m_rows = std::move(query.rows);
     m_reading = DatabaseData::reading(*m_translation, m_reading.statement);
-    m_store = ReadAheadRows(sqlite3_column_count(m_statement.handle()));
+    m_store = ReadAheadRows(m_rows->columns());
 }
 
 RecordsetData::~RecordsetData()
 {
     m_database->takeRow(this);
     m_database->detach(this);
-    m_database->connection().giveBack(std::move(m_statement));
 }
 
 int RecordsetData::columnNamed(QAnyStringView name) const
@@ -39,7 +35,7 @@ int RecordsetData::columnNamed(QAnyStringView name) const
 
 bool RecordsetData::reads(const QString &table) const
 {
-    return m_tablesRead.contains(table, Qt::CaseInsensitive);
+    return m_translation->tablesRead.contains(table, Qt::CaseInsensitive);
 }
 
 // Walking
@@ -49,13 +45,12 @@ void RecordsetData::begin()
     if (m_state != State::Unread)
         return;
     m_state = State::Walking;
-    const int code = m_statement.step();
-    if (!m_statement.sawOtherTables())
-        return takeFirst(code);
     try {
-        takeFirst(code); // before the tables are looked at: SQLite tells the reason of its latest failure only
+        takeFirst();
+        if (!m_rows->metOtherTables())
+            return;
     } catch (const RuntimeError &) {
-        if (m_database->catalogIsCurrent())
+        if (!m_rows->metOtherTables() || m_database->catalogIsCurrent())
             throw;
     }
     if (m_database->catalogIsCurrent())
@@ -63,23 +58,19 @@ void RecordsetData::begin()
     // Another process made or dropped tables since the statement was translated.
     m_database->freshCatalog();
     adopt(m_database->prepareQuery(m_reading.statement));
-    takeFirst(m_statement.step());
+    takeFirst();
 }
 
-void RecordsetData::takeFirst(int code)
+void RecordsetData::takeFirst()
 {
-    take(code);
+    take();
     m_empty = !m_hasRow;
 }
 
-void RecordsetData::take(int code)
+void RecordsetData::take()
 {
-    m_hasRow = code == SQLITE_ROW;
-    if (m_hasRow)
-        return;
-    if (code != SQLITE_DONE)
-        m_database->connection().raise(code, m_reading);
-    m_database->connection().giveBack(std::move(m_statement));
+    m_hasRow = false;
+    m_hasRow = m_rows->next();
 }
 
 bool RecordsetData::isEmpty()
@@ -103,7 +94,7 @@ void RecordsetData::moveNext()
     m_fresh.clear();
     m_deleted = false;
     if (m_state == State::Walking)
-        take(m_statement.step());
+        take();
     else
         nextStored();
 }
@@ -127,12 +118,9 @@ void RecordsetData::readAhead()
 {
     if (m_state != State::Walking || !m_hasRow)
         return;
-    int code = SQLITE_ROW;
-    for (; code == SQLITE_ROW; code = m_statement.step())
-        m_store.append(m_statement);
-    if (code != SQLITE_DONE)
-        m_database->connection().raise(code, m_reading);
-    m_database->connection().giveBack(std::move(m_statement));
+    do
+        m_store.append(*m_rows);
+    while (m_rows->next());
     m_store.next();
     m_state = State::Stored;
     if (!m_translation->updatableTable.isEmpty())
@@ -151,32 +139,23 @@ void RecordsetData::prepareForWrite(const QString &table, bool own)
     readAhead();
 }
 
-void RecordsetData::refresh(qint64 row)
+void RecordsetData::refresh(qint64 row, bool locked)
 {
     requireUpdatable();
-    QByteArrayList columns;
-    for (const jetsql::ResultColumn &column : m_translation->columns)
-        columns += column.sourceColumn.isEmpty() ? QByteArray("NULL") : Tables::quoted(column.sourceColumn);
-    Statement fetch = m_database->connection().prepare(
-        "SELECT " + columns.join(", ") + " FROM " + Tables::quoted(m_table->Name) + " WHERE rowid = ?", m_reading);
-    fetch.bind(1, row);
-    const int code = fetch.step();
-    if (code != SQLITE_ROW && code != SQLITE_DONE)
-        m_database->connection().raise(code, m_reading);
-    m_deleted = code == SQLITE_DONE;
+    const auto fresh = m_edit->read(row, locked, m_reading);
+    m_deleted = !fresh;
     m_fresh.assign(size_t(columnCount()), std::nullopt);
-    for (int i = 0; i < columnCount() && !m_deleted; ++i) {
+    for (int i = 0; i < columnCount() && fresh; ++i) {
         if (!column(i).sourceColumn.isEmpty() || m_addedWalked > 0)
-            m_fresh[size_t(i)] = fetch.value(i, column(i).type);
+            m_fresh[size_t(i)] = fresh->value(i, column(i).type);
     }
-    m_database->connection().giveBack(std::move(fetch));
 }
 
 qint64 RecordsetData::currentRow() const
 {
     if (m_addedWalked > 0)
         return m_added[m_addedWalked - 1];
-    return m_state == State::Walking ? m_statement.integer(columnCount()) : m_store.integer(columnCount());
+    return m_state == State::Walking ? m_rows->integer(columnCount()) : m_store.cell(columnCount()).integer();
 }
 
 void RecordsetData::requireRow()
@@ -203,7 +182,7 @@ Value RecordsetData::value(int position)
     if (!m_fresh.empty() && m_fresh[size_t(position)])
         return *m_fresh[size_t(position)];
     const ColumnType type = column(position).type;
-    return m_state == State::Walking ? m_statement.value(position, type) : m_store.value(position, type);
+    return m_state == State::Walking ? m_rows->value(position, type) : StoredValue::from(m_store.cell(position), type);
 }
 
 // Writing
@@ -217,8 +196,12 @@ void RecordsetData::requireUpdatable()
     if (!table)
         throw runtimeError(3027, {}, m_reading.statement);
     m_table = *table;
-    for (const jetsql::ResultColumn &column : m_translation->columns)
+    std::vector<QString> columns;
+    for (const jetsql::ResultColumn &column : m_translation->columns) {
         m_tableColumns.push_back(column.sourceColumn.isEmpty() ? -1 : m_table->indexOf(column.sourceColumn));
+        columns.push_back(column.sourceColumn);
+    }
+    m_edit = m_database->engine().edit(*m_table, columns);
 }
 
 void RecordsetData::addNew()
@@ -228,8 +211,8 @@ void RecordsetData::addNew()
     Pending row{true, {}};
     for (const ColumnDef &column : m_table->columns) {
         if (column.autoNumber) {
-            m_database->prepareToWrite(QStringLiteral("sqlite_sequence"), this);
-            row.values.emplace_back(takeAutoNumber(m_database->connection(), *m_table, column.name));
+            m_database->prepareToWrite({}, this); // the numbers' own place, which no recordset reads
+            row.values.emplace_back(m_database->engine().takeAutoNumber(*m_table, column.name));
         } else {
             row.values.emplace_back(column.defaultZero ? assignedTo(column, 0) : Value());
         }
@@ -244,7 +227,7 @@ void RecordsetData::edit()
     dropPending();
     m_database->holdRow(this, {Doing::Writing, m_table->Name, "Edit of " + m_reading.statement});
     ++m_seenWrites;
-    refresh(currentRow());
+    refresh(currentRow(), true);
     requireRow();
     m_pending = Pending{false, std::vector<std::optional<Value>>(m_table->columns.size())};
 }
@@ -266,7 +249,7 @@ void RecordsetData::update()
     const Doing writing{Doing::Writing, m_table->Name, "Update of " + m_reading.statement};
     m_database->prepareToWrite(m_table->Name, this);
     ++m_seenWrites;
-    const std::unique_ptr<Transaction> rowLock = m_database->takeRow(this);
+    const std::unique_ptr<engine::Transaction> rowLock = m_database->takeRow(this);
     if (m_pending->adding)
         insertPending(writing);
     else
@@ -284,46 +267,17 @@ void RecordsetData::dropPending()
 
 void RecordsetData::insertPending(const Doing &writing)
 {
-    Connection &connection = m_database->connection();
-    if (m_insertSql.isEmpty()) {
-        QByteArrayList names, places;
-        for (const ColumnDef &column : m_table->columns) {
-            names += Tables::quoted(column.name);
-            places += "?";
-        }
-        m_insertSql = "INSERT INTO " + Tables::quoted(m_table->Name) + " (" + names.join(", ") + ") VALUES (" +
-                      places.join(", ") + ')';
-    }
-    Statement insert = connection.prepare(m_insertSql, writing);
-    for (size_t i = 0; i < m_pending->values.size(); ++i)
-        insert.bind(int(i) + 1, *m_pending->values[i]);
-    connection.finish(insert, writing);
-    connection.giveBack(std::move(insert));
+    const qint64 row = m_edit->add(m_pending->values, m_state == State::Stored, writing);
     if (m_state == State::Stored)
-        m_added.push_back(connection.lastInsertedRow());
+        m_added.push_back(row);
 }
 
 void RecordsetData::updatePending(const Doing &writing)
 {
-    QByteArrayList settings;
-    std::vector<const Value *> values;
-    for (size_t i = 0; i < m_pending->values.size(); ++i) {
-        if (!m_pending->values[i])
-            continue;
-        settings += Tables::quoted(m_table->columns[i].name) + " = ?";
-        values.push_back(&*m_pending->values[i]);
-    }
-    if (values.empty())
+    const auto &values = m_pending->values;
+    if (std::none_of(values.begin(), values.end(), [](const auto &value) { return value.has_value(); }))
         return;
-    Connection &connection = m_database->connection();
-    Statement update = connection.prepare(
-        "UPDATE " + Tables::quoted(m_table->Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", writing);
-    for (size_t i = 0; i < values.size(); ++i)
-        update.bind(int(i) + 1, *values[i]);
-    update.bind(int(values.size()) + 1, currentRow());
-    connection.finish(update, writing);
-    connection.giveBack(std::move(update));
-    if (connection.changes() == 0)
+    if (!m_edit->change(currentRow(), values, writing))
         throw runtimeError(3167, {}, writing.statement);
 
     m_fresh.resize(size_t(columnCount()));

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "data/dao/databasedata.h"
-#include "data/dao/readaheadrows.h"
+#include "data/engine/readaheadrows.h"
 
-/// What stands behind a Recordset: the statement being walked, or the rows read ahead from it, and the row being
+/// What stands behind a Recordset: the rows being walked, or read ahead, and the row being
 /// added or changed.
 class RecordsetData
 {
@@ -35,7 +35,7 @@ public:
     void readAhead();
 
 private:
-    /// Unread: nothing was asked yet, and nothing read. Walking: rows come from the statement. Stored: from memory.
+    /// Unread: nothing was asked yet, and nothing read. Walking: rows come from the engine. Stored: from memory.
     enum class State { Unread, Walking, Stored };
     /// The row between AddNew or Edit and Update, by column of the table.
     struct Pending
@@ -46,10 +46,10 @@ private:
 
     void adopt(Query query);
     void begin();
-    void take(int code);
-    void takeFirst(int code);
+    void take();
+    void takeFirst();
     void nextStored();
-    void refresh(qint64 row);
+    void refresh(qint64 row, bool locked = false);
     void requireRow();
     void requireUpdatable();
     qint64 currentRow() const;
@@ -60,8 +60,7 @@ private:
 
     std::shared_ptr<DatabaseData> m_database;
     std::shared_ptr<const jetsql::Translation> m_translation;
-    Statement m_statement;
-    QStringList m_tablesRead;
+    std::unique_ptr<engine::Rows> m_rows;
     Doing m_reading;
 
     State m_state = State::Unread;
@@ -72,7 +71,7 @@ private:
 
     std::optional<TableDef> m_table; ///< the table that AddNew and Edit write, known from the first of them on
     std::vector<int> m_tableColumns; ///< its column for each result column, or -1
-    QByteArray m_insertSql;
+    std::unique_ptr<engine::RowEdit> m_edit;
     std::optional<Pending> m_pending;
     std::vector<std::optional<Value>> m_fresh; ///< of the current row, what is newer than the walk; may be empty
     quint64 m_seenWrites = 0;                  ///< writes to the table that the stored rows take account of

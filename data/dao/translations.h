@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/engines/sqlite/lrucache.h"
+#include "data/engine/lrucache.h"
 #include "data/jetsql/translator.h"
 #include <memory>
 

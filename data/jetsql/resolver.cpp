@@ -30,11 +30,12 @@ class Resolver
 public:
     explicit Resolver(const Catalog &catalog) : m_catalog(catalog) {}
 
-    void run(Statement &statement)
+    QStringList run(Statement &statement)
     {
         std::visit([this](auto &kind) { resolve(kind); }, statement);
         if (!m_unknown.isEmpty())
             fail(3061, {QString::number(m_unknown.size())});
+        return m_tables;
     }
 
 private:
@@ -125,6 +126,8 @@ private:
             source.def = m_catalog.find(source.table);
             if (!source.def)
                 fail(3078, {source.table});
+            if (!m_tables.contains(source.def->Name))
+                m_tables.append(source.def->Name);
             return;
         }
         resolve(*source.derived, nullptr);
@@ -271,15 +274,16 @@ private:
 
     const Catalog &m_catalog;
     QSet<QString> m_unknown;
+    QStringList m_tables;       ///< met as sources
     Select *m_select = nullptr; ///< the one whose expressions are being resolved
     int m_handles = 0;
 };
 
 } // namespace
 
-void resolveNames(Statement &statement, const Catalog &catalog)
+QStringList resolveNames(Statement &statement, const Catalog &catalog)
 {
-    Resolver(catalog).run(statement);
+    return Resolver(catalog).run(statement);
 }
 
 QStringList resultNames(const Select &select, QChar joiner)

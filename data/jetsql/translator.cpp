@@ -121,9 +121,10 @@ Translation translate(const QString &sql, const Catalog &catalog, const Dialect 
 {
     Parser parser(sql);
     Statement statement = parser.parse();
-    resolveNames(statement, catalog);
+    const QStringList tablesRead = resolveNames(statement, catalog);
     typeExpressions(statement);
     Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
+    result.tablesRead = tablesRead;
     if (plan == Plan::Improved)
         improvePlan(statement);
     const auto written = [&] {

@@ -31,6 +31,7 @@ struct Translation
     QByteArray sqlWithPlaces;  ///< the same with parameters for the constants that `places` are for
     std::vector<Place> places; ///< in the order of the parameters
     std::vector<ResultColumn> columns; ///< of a Select
+    QStringList tablesRead;            ///< the stored tables that a Select reads, wherever in it
     /// The stored table a single-table Select can Edit and AddNew in; empty when the result is read-only.
     /// Such a Select has the row's number as one extra last column, beyond `columns`.
     QString updatableTable;

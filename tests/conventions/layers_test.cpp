@@ -108,3 +108,14 @@ TEST(Conventions, NoFormKnowsWhichEngineIsUnderneath)
         }
     }
 }
+
+TEST(Conventions, TheDataLayerSpeaksToAnEngineThroughItsInterfaceAlone)
+{
+    static const QRegularExpression foreign(R"re(sqlite3|libpq|\bPQ\w+\(|#include "data/engines/(?!engines\.h"))re");
+    for (const QString folder : {"data/dao", "data/engine", "data/jetsql", "data/schema"}) {
+        for (const QString &path : sourcesIn(folder)) {
+            const auto match = foreign.match(contentOf(path));
+            EXPECT_FALSE(match.hasMatch()) << path.toStdString() << " has " << match.captured().toStdString();
+        }
+    }
+}

@@ -73,7 +73,7 @@ SqlCompany::SqlCompany() : m_connection(openInMemory(), &sqlite3_close)
 
 void SqlCompany::add(const TableDef &table, bool keyed)
 {
-    run(Tables::createStatement(table, keyed ? Tables::Key::AutoNumberIsKey : Tables::Key::None));
+    run(Tables::createStatement(table, keyed ? engine::Key::AutoNumberIsKey : engine::Key::None));
     m_catalog.add(table);
 }
 

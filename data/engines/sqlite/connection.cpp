@@ -50,8 +50,6 @@ void Connection::configure(const ConnectionOptions &options)
     // A name in double quotes that is no column would silently become a text.
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    // Set once and for all: setting it makes SQLite prepare all idle statements anew.
-    sqlite3_set_authorizer(db, noteTableRead, &m_tablesRead);
     registerJetCollation(db);
     registerJetFunctions(db);
 
@@ -77,28 +75,16 @@ void Connection::configure(const ConnectionOptions &options)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
 }
 
-int Connection::noteTableRead(void *tables, int action, const char *table, const char *, const char *, const char *)
-{
-    if (action == SQLITE_READ && table) {
-        auto *names = static_cast<QStringList *>(tables);
-        const QString name = QString::fromUtf8(table);
-        if (!names->contains(name))
-            names->append(name);
-    }
-    return SQLITE_OK;
-}
-
 Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
 {
     if (Statement idle = m_idle.take(sql))
         return idle;
-    m_tablesRead.clear();
     sqlite3_stmt *handle = nullptr;
     const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
                                         &handle, nullptr);
     if (code != SQLITE_OK)
         raise(code, doing);
-    return Statement(handle, sql, m_tablesRead);
+    return Statement(handle, sql);
 }
 
 void Connection::giveBack(Statement statement)

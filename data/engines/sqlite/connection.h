@@ -1,7 +1,8 @@
 #pragma once
 
+#include "data/engine/doing.h"
+#include "data/engine/lrucache.h"
 #include "data/engines/sqlite/busywait.h"
-#include "data/engines/sqlite/lrucache.h"
 #include "data/engines/sqlite/statement.h"
 #include "data/values/runtimeerror.h"
 
@@ -17,14 +18,6 @@ struct ConnectionOptions
     bool readOnly = false;
     Journal journal = Journal::ByMount;
     int busyMilliseconds = 8000; ///< how long a locked file is retried before the lock error
-};
-
-/// What was being done when the engine failed: it decides between the errors for one and the same lock.
-struct Doing
-{
-    enum Kind { Opening, Reading, Writing, Defining } kind = Reading;
-    QString table;     ///< named by the lock errors of a table
-    QString statement; ///< for the error's detail
 };
 
 /// One connection to a database file through SQLite's C interface.
@@ -82,13 +75,11 @@ private:
     };
 
     void configure(const ConnectionOptions &options);
-    static int noteTableRead(void *tables, int action, const char *table, const char *, const char *, const char *);
 
     QString m_file;
     BusyWait m_busyWait;
     std::unique_ptr<sqlite3, Closer> m_handle;
     LruCache<QByteArray, Statement> m_idle{128};
-    QStringList m_tablesRead; ///< by the statement being prepared
     bool m_usesLog = false;
     bool m_commitsSynced = true;
 };

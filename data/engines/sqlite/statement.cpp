@@ -1,11 +1,6 @@
 #include "data/engines/sqlite/statement.h"
 
-#include "data/engines/sqlite/storedvalue.h"
-
-Statement::Statement(sqlite3_stmt *handle, QByteArray sql, QStringList tablesRead)
-    : m_handle(handle), m_sql(std::move(sql)), m_tablesRead(std::move(tablesRead))
-{
-}
+Statement::Statement(sqlite3_stmt *handle, QByteArray sql) : m_handle(handle), m_sql(std::move(sql)) {}
 
 void Statement::bind(int parameter, const Value &value)
 {
@@ -70,18 +65,18 @@ QByteArray Statement::bytes(int column) const
     return QByteArray(data, sqlite3_column_bytes(handle(), column));
 }
 
-Value Statement::value(int column, ColumnType type) const
+Cell Statement::cell(int column) const
 {
     switch (sqlite3_column_type(handle(), column)) {
     case SQLITE_NULL:
         return {};
     case SQLITE_INTEGER:
-        return StoredValue::fromInteger(sqlite3_column_int64(handle(), column), type);
+        return {Cell::Integer, sqlite3_column_int64(handle(), column)};
     case SQLITE_FLOAT:
-        return StoredValue::fromReal(sqlite3_column_double(handle(), column), type);
+        return {Cell::Real, 0, sqlite3_column_double(handle(), column)};
     default: {
         const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
-        return StoredValue::fromText({utf8, size_t(sqlite3_column_bytes(handle(), column))}, type);
+        return {Cell::Text, 0, 0, {utf8, size_t(sqlite3_column_bytes(handle(), column))}};
     }
     }
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "data/schema/tabledef.h"
-#include "data/values/value.h"
+#include "data/engine/storedvalue.h"
 #include <QByteArray>
-#include <QStringList>
 #include <memory>
 #include <sqlite3.h>
 #include <vector>
@@ -13,12 +11,11 @@ class Statement
 {
 public:
     Statement() = default;
-    Statement(sqlite3_stmt *handle, QByteArray sql, QStringList tablesRead);
+    Statement(sqlite3_stmt *handle, QByteArray sql);
 
     explicit operator bool() const { return m_handle != nullptr; }
     sqlite3_stmt *handle() const { return m_handle.get(); }
     const QByteArray &sql() const { return m_sql; }
-    const QStringList &tablesRead() const { return m_tablesRead; }
 
     /// Binds a value in its stored form to the parameter of that number, counted from 1.
     void bind(int parameter, const Value &value);
@@ -38,8 +35,9 @@ public:
     qint64 integer(int column) const { return sqlite3_column_int64(handle(), column); }
     QString text(int column) const;
     QByteArray bytes(int column) const;
-    /// The column of the current row as a value of that type.
-    Value value(int column, ColumnType type) const;
+    /// The column of the current row as it is stored, and as a value of that type.
+    Cell cell(int column) const;
+    Value value(int column, ColumnType type) const { return StoredValue::from(cell(column), type); }
 
 private:
     struct Finalizer
@@ -49,5 +47,4 @@ private:
 
     std::unique_ptr<sqlite3_stmt, Finalizer> m_handle;
     QByteArray m_sql;
-    QStringList m_tablesRead;
 };

@@ -32,10 +32,10 @@ constexpr std::array Declarations = {
     Declaration{ColumnType::Double, "NUM", ""},
 };
 
-QByteArray declaration(const ColumnDef &column, Tables::Key key)
+QByteArray declaration(const ColumnDef &column, engine::Key key)
 {
     if (column.autoNumber)
-        return key == Tables::Key::AutoNumberIsKey ? "INTEGER PRIMARY KEY AUTOINCREMENT" : "COUNTER INTEGER";
+        return key == engine::Key::AutoNumberIsKey ? "INTEGER PRIMARY KEY AUTOINCREMENT" : "COUNTER INTEGER";
     const auto found = std::find_if(Declarations.begin(), Declarations.end(), [&](const Declaration &known) {
         return known.type == column.type && !QByteArray(known.word).startsWith("COUNTER");
     });
@@ -77,7 +77,7 @@ QByteArray Tables::quoted(const QString &name)
     return '"' + name.toUtf8().replace('"', "\"\"") + '"';
 }
 
-QByteArray Tables::createStatement(const TableDef &table, Key key)
+QByteArray Tables::createStatement(const TableDef &table, engine::Key key)
 {
     QByteArrayList columns;
     for (const ColumnDef &column : table.columns)

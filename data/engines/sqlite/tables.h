@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/schema/schema.h"
+#include "data/engine/connection.h"
 
 class Connection;
 
@@ -11,11 +11,7 @@ namespace Tables {
 /// A name between double quotes.
 QByteArray quoted(const QString &name);
 
-/// How a table made by CREATE TABLE and one made from a result differ: the numbers copied into the latter may
-/// repeat, so that an AutoNumber is no key there.
-enum class Key { AutoNumberIsKey, None };
-
-QByteArray createStatement(const TableDef &table, Key key);
+QByteArray createStatement(const TableDef &table, engine::Key key);
 QByteArray createStatement(const Schema::Index &index);
 
 /// All tables but the system's own, in the order in which they were made.

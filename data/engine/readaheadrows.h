@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/engines/sqlite/statement.h"
+#include "data/engine/rows.h"
 #include <deque>
 
 /// Rows read ahead and kept in memory, a few bytes more than their contents, walked once from the first to the
@@ -10,13 +10,12 @@ class ReadAheadRows
 public:
     explicit ReadAheadRows(int columns) : m_offsets(size_t(columns)) {}
 
-    /// Adds the statement's current row.
-    void append(const Statement &statement);
+    /// Adds the current row of a walk.
+    void append(const engine::Rows &rows);
     /// Goes to the next row, at first the first one; false behind the last.
     bool next();
     /// A column of the current row.
-    Value value(int column, ColumnType type) const;
-    qint64 integer(int column) const;
+    Cell cell(int column) const;
 
 private:
     void put(const void *data, size_t size);

@@ -1,4 +1,4 @@
-#include "data/engines/sqlite/storedvalue.h"
+#include "data/engine/storedvalue.h"
 
 #include "data/values/conversions.h"
 #include <limits>
@@ -54,6 +54,21 @@ Value dateFrom(std::string_view utf8)
 }
 
 } // namespace
+
+Value StoredValue::from(const Cell &cell, ColumnType type)
+{
+    switch (cell.kind) {
+    case Cell::Null:
+        return {};
+    case Cell::Integer:
+        return fromInteger(cell.whole, type);
+    case Cell::Real:
+        return fromReal(cell.real, type);
+    case Cell::Text:
+        break;
+    }
+    return fromText(cell.utf8, type);
+}
 
 Value StoredValue::fromInteger(qint64 number, ColumnType type)
 {

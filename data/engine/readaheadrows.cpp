@@ -1,6 +1,5 @@
-#include "data/dao/readaheadrows.h"
+#include "data/engine/readaheadrows.h"
 
-#include "data/engines/sqlite/storedvalue.h"
 #include <cstring>
 
 // A column stands as one byte for its kind and its payload: nothing for Null, 8 bytes for numbers, and for text
@@ -8,7 +7,6 @@
 
 namespace {
 constexpr size_t ChunkSize = 256 * 1024;
-constexpr char Null = 0, Integer = 1, Real = 2, Text = 3;
 } // namespace
 
 void ReadAheadRows::put(const void *data, size_t size)
@@ -16,33 +14,25 @@ void ReadAheadRows::put(const void *data, size_t size)
     m_pending.append(static_cast<const char *>(data), size);
 }
 
-void ReadAheadRows::append(const Statement &statement)
+void ReadAheadRows::append(const engine::Rows &rows)
 {
     m_pending.clear();
     for (int column = 0; column < int(m_offsets.size()); ++column) {
-        sqlite3_stmt *handle = statement.handle();
-        switch (sqlite3_column_type(handle, column)) {
-        case SQLITE_NULL:
-            m_pending.push_back(Null);
+        const Cell cell = rows.cell(column);
+        m_pending.push_back(char(cell.kind));
+        switch (cell.kind) {
+        case Cell::Null:
             break;
-        case SQLITE_INTEGER: {
-            const qint64 number = sqlite3_column_int64(handle, column);
-            m_pending.push_back(Integer);
-            put(&number, sizeof(number));
+        case Cell::Integer:
+            put(&cell.whole, sizeof(cell.whole));
             break;
-        }
-        case SQLITE_FLOAT: {
-            const double number = sqlite3_column_double(handle, column);
-            m_pending.push_back(Real);
-            put(&number, sizeof(number));
+        case Cell::Real:
+            put(&cell.real, sizeof(cell.real));
             break;
-        }
-        default: {
-            const unsigned char *text = sqlite3_column_text(handle, column);
-            const quint32 size = quint32(sqlite3_column_bytes(handle, column));
-            m_pending.push_back(Text);
+        case Cell::Text: {
+            const quint32 size = quint32(cell.utf8.size());
             put(&size, sizeof(size));
-            put(text, size);
+            put(cell.utf8.data(), size);
         }
         }
     }
@@ -68,8 +58,8 @@ bool ReadAheadRows::next()
     for (quint32 &start : m_offsets) {
         start = quint32(offset);
         const char kind = m_row[offset++];
-        quint32 size = kind == Null ? 0 : sizeof(qint64);
-        if (kind == Text) {
+        quint32 size = kind == Cell::Null ? 0 : sizeof(qint64);
+        if (kind == Cell::Text) {
             std::memcpy(&size, m_row + offset, sizeof(size));
             offset += sizeof(size);
         }
@@ -86,23 +76,18 @@ template <typename T> T ReadAheadRows::payload(int column) const
     return value;
 }
 
-Value ReadAheadRows::value(int column, ColumnType type) const
+Cell ReadAheadRows::cell(int column) const
 {
     switch (kind(column)) {
-    case Null:
-        return {};
-    case Integer:
-        return StoredValue::fromInteger(payload<qint64>(column), type);
-    case Real:
-        return StoredValue::fromReal(payload<double>(column), type);
-    default: {
+    case Cell::Integer:
+        return {Cell::Integer, payload<qint64>(column)};
+    case Cell::Real:
+        return {Cell::Real, 0, payload<double>(column)};
+    case Cell::Text: {
         const char *text = m_row + m_offsets[size_t(column)] + 1 + sizeof(quint32);
-        return StoredValue::fromText({text, payload<quint32>(column)}, type);
+        return {Cell::Text, 0, 0, {text, payload<quint32>(column)}};
     }
+    default:
+        return {};
     }
-}
-
-qint64 ReadAheadRows::integer(int column) const
-{
-    return kind(column) == Integer ? payload<qint64>(column) : 0;
 }

@@ -1,0 +1,89 @@
+#include "data/engines/sqlite/bulkrows.h"
+
+#include "data/engines/sqlite/passwordgate.h"
+#include "data/engines/sqlite/tables.h"
+
+namespace {
+
+const Doing Defining{Doing::Defining, {}, QStringLiteral("bulk load")};
+
+ConnectionOptions optionsFor(const QString &path, engine::BulkRows::State state)
+{
+    ConnectionOptions options;
+    options.file = path;
+    // The log would take everything first and have it copied into the file afterwards.
+    options.journal = state == engine::BulkRows::State::New ? Journal::Rollback : Journal::ByMount;
+    return options;
+}
+
+class Sink : public engine::RowSink
+{
+public:
+    Sink(Connection &connection, const TableDef &table, const QStringList &columns)
+        : m_connection(connection), m_doing{Doing::Writing, table.Name, QStringLiteral("bulk load into ") + table.Name}
+    {
+        QByteArrayList names, places;
+        for (const QString &column : columns) {
+            names += Tables::quoted(column);
+            places += "?";
+        }
+        const QByteArray sql = "INSERT INTO " + Tables::quoted(table.Name) + " (" + names.join(", ") + ") VALUES (" +
+                               places.join(", ") + ')';
+        m_insert = m_connection.prepare(sql, m_doing);
+    }
+
+    void add(std::span<const Value> row) override
+    {
+        int parameter = 0;
+        for (const Value &value : row)
+            m_insert.bind(++parameter, value);
+        const int code = m_insert.step();
+        if (code != SQLITE_DONE)
+            m_connection.raise(code, m_doing);
+        m_insert.reset();
+    }
+
+private:
+    Connection &m_connection;
+    Doing m_doing;
+    Statement m_insert;
+};
+
+} // namespace
+
+SqliteBulkRows::SqliteBulkRows(const QString &path, const QString &password, State state)
+    : m_connection(optionsFor(path, state)), m_state(state)
+{
+    // The same gate as for everybody: a file of another program is not written to.
+    PasswordGate::check(m_connection, password, path);
+    if (m_state == State::New)
+        m_connection.run("PRAGMA synchronous=OFF", Defining);
+    m_transaction = std::make_unique<Transaction>(m_connection, Doing{Doing::Writing, {}, Defining.statement});
+    m_tables = Tables::readCatalog(m_connection);
+    if (m_state == State::New) {
+        for (const Schema::Index &index : Schema::indexes())
+            m_connection.run("DROP INDEX IF EXISTS " + Tables::quoted(index.name), Defining);
+    }
+}
+
+std::unique_ptr<engine::RowSink> SqliteBulkRows::into(const TableDef &table, const QStringList &columns)
+{
+    return std::make_unique<Sink>(m_connection, table, columns);
+}
+
+void SqliteBulkRows::commit()
+{
+    if (m_state == State::New)
+        makeIndexes();
+    m_transaction->commit();
+    // Whoever ran the tool takes the rows for stored once it has ended, also through a power failure.
+    m_connection.syncLog();
+}
+
+void SqliteBulkRows::makeIndexes()
+{
+    for (const Schema::Index &index : Schema::indexes()) {
+        if (m_tables.find(index.table))
+            m_connection.run(Tables::createStatement(index), Defining);
+    }
+}

@@ -1,0 +1,124 @@
+#include "data/engines/sqlite/engine.h"
+
+#include "data/engines/sqlite/autonumber.h"
+#include "data/engines/sqlite/dialect.h"
+#include "data/engines/sqlite/passwordgate.h"
+#include "data/engines/sqlite/rowedit.h"
+#include "data/engines/sqlite/rows.h"
+#include "data/engines/sqlite/tables.h"
+
+namespace {
+
+ConnectionOptions connectionOptions(const engine::Options &options)
+{
+    ConnectionOptions result;
+    result.file = options.name;
+    result.exclusive = options.exclusive;
+    result.readOnly = options.readOnly;
+    if (const QString journal = options.entries.value(QStringLiteral("journal")); journal == u"log")
+        result.journal = Journal::Log;
+    else if (journal == u"rollback")
+        result.journal = Journal::Rollback;
+    if (const QString busy = options.entries.value(QStringLiteral("busy")); !busy.isEmpty())
+        result.busyMilliseconds = busy.toInt();
+    return result;
+}
+
+/// The file's transaction behind the interface.
+class SqliteTransaction : public engine::Transaction
+{
+public:
+    SqliteTransaction(::Connection &connection, const Doing &doing) : m_transaction(connection, doing) {}
+    void commit() override { m_transaction.commit(); }
+
+private:
+    ::Transaction m_transaction;
+};
+
+} // namespace
+
+SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connectionOptions(options))
+{
+    PasswordGate::check(m_connection, options.password, options.name);
+}
+
+const jetsql::Dialect &SqliteEngine::dialect() const
+{
+    return sqliteDialect();
+}
+
+Catalog SqliteEngine::readCatalog()
+{
+    m_connection.forgetStatements();
+    // The version first: a change in between is then found at the next look.
+    m_catalogVersion = m_connection.schemaVersion();
+    return Tables::readCatalog(m_connection);
+}
+
+bool SqliteEngine::catalogIsCurrent()
+{
+    return m_connection.schemaVersion() == m_catalogVersion;
+}
+
+std::unique_ptr<engine::Rows> SqliteEngine::open(const QByteArray &sql, const std::vector<Value> &values,
+                                                 const Doing &doing)
+{
+    Statement statement = m_connection.prepare(sql, doing);
+    statement.bind(values);
+    return std::make_unique<SqliteRows>(m_connection, std::move(statement), doing);
+}
+
+std::unique_ptr<engine::RowEdit> SqliteEngine::edit(const TableDef &table, const std::vector<QString> &columns)
+{
+    return std::make_unique<SqliteRowEdit>(m_connection, table, columns);
+}
+
+qint32 SqliteEngine::takeAutoNumber(const TableDef &table, const QString &column)
+{
+    return ::takeAutoNumber(m_connection, table, column);
+}
+
+void SqliteEngine::prepareToWrite()
+{
+    m_connection.prepareToWrite();
+}
+
+void SqliteEngine::prepareToCopyRows()
+{
+    m_connection.emptyLog();
+}
+
+std::unique_ptr<engine::Transaction> SqliteEngine::begin(const Doing &doing)
+{
+    return std::make_unique<SqliteTransaction>(m_connection, doing);
+}
+
+void SqliteEngine::execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+{
+    m_connection.runPrepared(sql, doing, values);
+}
+
+void SqliteEngine::createTable(const TableDef &table, engine::Key key, const Doing &doing)
+{
+    m_connection.run(Tables::createStatement(table, key), doing);
+}
+
+void SqliteEngine::createIndex(const Schema::Index &index, const Doing &doing)
+{
+    m_connection.run(Tables::createStatement(index), doing);
+}
+
+void SqliteEngine::dropTable(const TableDef &table, const Doing &doing)
+{
+    // The counter of a copied AutoNumber, which SQLite does not know to belong to the table.
+    m_connection.run("DELETE FROM sqlite_sequence WHERE name = '" + table.Name.toUtf8().replace('\'', "''") + '\'',
+                     doing);
+    m_connection.run("DROP TABLE " + Tables::quoted(table.Name), doing);
+}
+
+void SqliteEngine::settle()
+{
+    // With a rollback journal every commit is synced already.
+    if (m_connection.usesLog())
+        m_connection.syncLog();
+}

@@ -1,0 +1,60 @@
+#include "data/engines/sqlite/rowedit.h"
+
+#include "data/engines/sqlite/rows.h"
+#include "data/engines/sqlite/tables.h"
+
+SqliteRowEdit::SqliteRowEdit(Connection &connection, const TableDef &table, const std::vector<QString> &columns)
+    : m_connection(connection), m_table(table)
+{
+    QByteArrayList names;
+    for (const QString &column : columns)
+        names += column.isEmpty() ? QByteArray("NULL") : Tables::quoted(column);
+    m_readSql = "SELECT " + names.join(", ") + " FROM " + Tables::quoted(table.Name) + " WHERE rowid = ?";
+}
+
+std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const Doing &doing)
+{
+    Statement fetch = m_connection.prepare(m_readSql, doing);
+    fetch.bind(1, row);
+    auto rows = std::make_unique<SqliteRows>(m_connection, std::move(fetch), doing);
+    return rows->next() ? std::move(rows) : nullptr;
+}
+
+qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool, const Doing &doing)
+{
+    if (m_addSql.isEmpty()) {
+        QByteArrayList names, places;
+        for (const ColumnDef &column : m_table.columns) {
+            names += Tables::quoted(column.name);
+            places += "?";
+        }
+        m_addSql = "INSERT INTO " + Tables::quoted(m_table.Name) + " (" + names.join(", ") + ") VALUES (" +
+                   places.join(", ") + ')';
+    }
+    Statement insert = m_connection.prepare(m_addSql, doing);
+    for (size_t i = 0; i < values.size(); ++i)
+        insert.bind(int(i) + 1, *values[i]);
+    m_connection.finish(insert, doing);
+    m_connection.giveBack(std::move(insert));
+    return m_connection.lastInsertedRow();
+}
+
+bool SqliteRowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing)
+{
+    QByteArrayList settings;
+    for (size_t i = 0; i < values.size(); ++i) {
+        if (values[i])
+            settings += Tables::quoted(m_table.columns[i].name) + " = ?";
+    }
+    Statement update = m_connection.prepare(
+        "UPDATE " + Tables::quoted(m_table.Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", doing);
+    int parameter = 0;
+    for (const std::optional<Value> &value : values) {
+        if (value)
+            update.bind(++parameter, *value);
+    }
+    update.bind(++parameter, row);
+    m_connection.finish(update, doing);
+    m_connection.giveBack(std::move(update));
+    return m_connection.changes() > 0;
+}
