@@ -25,3 +25,8 @@ void Database::settle()
 {
     m_data->settle();
 }
+
+void Database::settleAll()
+{
+    m_data->settleAll();
+}

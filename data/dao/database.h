@@ -25,6 +25,9 @@ public:
     /// Makes what was committed since the last call survive a power failure. Does nothing when nothing was
     /// written. Called when the event routine that wrote has ended.
     void settle();
+    /// The same for all that the file holds, also what other processes wrote and have not settled yet. Called before
+    /// anything leaves the program that may tell of it.
+    void settleAll();
 
 private:
     std::shared_ptr<DatabaseData> m_data;

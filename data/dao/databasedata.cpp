@@ -175,8 +175,12 @@ void DatabaseData::detach(RecordsetData *recordset)
 
 void DatabaseData::settle()
 {
-    if (!m_unsettled)
-        return;
+    if (m_unsettled)
+        settleAll();
+}
+
+void DatabaseData::settleAll()
+{
     // A recordset left half walked would hold other processes up in the rollback journal's mode.
     for (RecordsetData *recordset : m_recordsets)
         recordset->readAhead();

@@ -27,6 +27,7 @@ public:
     /// The tables as last read.
     const Catalog &catalog() const { return m_catalog; }
     void settle();
+    void settleAll();
 
     Query prepareQuery(const QString &sql);
     static Doing reading(const jetsql::Translation &translation, const QString &sql);

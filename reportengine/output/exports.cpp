@@ -1,5 +1,6 @@
 #include "reportengine/output/exports.h"
 
+#include "toolkit/forms/mainmod.h"
 #include <QFileInfo>
 
 namespace {
@@ -33,6 +34,7 @@ bool isExportName(const QString &path)
 
 Outcome exportReport(Report &report, const QString &path, const Progress &progress)
 {
+    settleDatabase();
     const Kind *kind = kindOf(path);
     return kind ? kind->write(report, path, progress) : Outcome::failed("The name must end in .pdf, .xlsx or .csv.");
 }

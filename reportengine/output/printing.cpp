@@ -6,6 +6,7 @@
 #include "reportengine/output/systemprinter.h"
 #include "reportengine/report.h"
 #include "toolkit/controls/statusline.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QPrinter>
@@ -55,6 +56,7 @@ void setPrintDestination(PrintDestination wanted)
 
 void printOut(Report &report)
 {
+    settleDatabase();
     const Outcome outcome = !destination()                  ? printToSystem(report, Copies)
                             : destination()(report, Copies) ? Outcome()
                                                             : Outcome::failed("refused");
@@ -64,6 +66,7 @@ void printOut(Report &report)
 
 Outcome printPages(Report &report, QPrinter &printer, int from, int to, const Progress &progress)
 {
+    settleDatabase();
     if (!printer.outputFileName().isEmpty()) {
         const PdfSheets sheets{.from = from, .to = to, .copies = printer.copyCount(), .paper = printer.pageLayout()};
         const Outcome outcome = writePdf(report, printer.outputFileName(), sheets, progress);

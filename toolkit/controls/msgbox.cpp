@@ -1,6 +1,7 @@
 #include "toolkit/controls/msgbox.h"
 
 #include "data/values/runtimeerror.h"
+#include "toolkit/forms/mainmod.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
@@ -69,17 +70,25 @@ protected:
 
 void MsgBox(const QString &prompt, const QString &title)
 {
+    settleDatabase();
     Box(prompt, title, QMessageBox::Ok).answer();
 }
 
 bool MsgBoxYesNo(const QString &prompt, const QString &title)
 {
+    settleDatabase();
     return Question(prompt, title).answer() == QMessageBox::Yes;
 }
 
 void showRuntimeError(const RuntimeError &error)
 {
-    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description()));
+    const QString prompt = QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description());
+    try {
+        settleDatabase();
+    } catch (const RuntimeError &) {
+        // One error has ended the program already; that the disk fails too would only hide it.
+    }
+    Box(prompt, {}, QMessageBox::Ok).answer();
 }
 
 int messageBoxesShown()

@@ -29,6 +29,12 @@ void ReadConfig(const QString &path)
     gTypeAheadSeconds = Val(readValue());
 }
 
+void settleDatabase()
+{
+    if (gDatabase)
+        gDatabase->settleAll();
+}
+
 void DropTableIfExists(const QString &TableName)
 {
     try {

@@ -7,37 +7,9 @@
 // The counter is SQLite's own for AUTOINCREMENT columns, so that an INSERT statement, of this program or of any
 // other tool, draws from it too.
 
-namespace {
-
-/// Commits made while one exists are not synced to the disk. That is sound for the counter alone: its change
-/// touches one record of one page, and losing it to a power failure gives back a number that no row holds,
-/// since the next commit of a row is synced and carries the counter with it. Without this every number would
-/// cost the rollback journal several syncs, each a round trip to the server of a shared folder.
-class Unsynced
-{
-public:
-    explicit Unsynced(Connection &connection) : m_connection(connection) { connection.setCommitsSynced(false); }
-    Unsynced(const Unsynced &) = delete;
-    Unsynced &operator=(const Unsynced &) = delete;
-    ~Unsynced()
-    {
-        try {
-            m_connection.setCommitsSynced(true);
-        } catch (const RuntimeError &) {
-            // A lock of another process; whoever writes next demands it again.
-        }
-    }
-
-private:
-    Connection &m_connection;
-};
-
-} // namespace
-
 qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QString &column)
 {
     const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
-    const Unsynced unsynced(connection);
     const QByteArray highest =
         "coalesce((SELECT max(" + Tables::quoted(column) + ") FROM " + Tables::quoted(table.Name) + "), 0)";
     Statement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +

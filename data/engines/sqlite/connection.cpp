@@ -51,6 +51,7 @@ void Connection::configure(const ConnectionOptions &options)
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     registerJetCollation(db);
+    switchBloomFiltersOff(db);
     registerJetFunctions(db);
 
     const Doing opening{Doing::Opening, {}, {}};
@@ -68,7 +69,9 @@ void Connection::configure(const ConnectionOptions &options)
             raise(code, opening);
         m_usesLog = mode.bytes(0) == "wal";
     }
-    run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=FULL", opening);
+    // FULL would not sync the folder once the journal is gone: after a power failure it stood there again, and took
+    // the last commit back.
+    run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
     run("PRAGMA wal_autocheckpoint=" + QByteArray::number(LogPages), opening);
     if (options.exclusive)
@@ -166,18 +169,8 @@ void Connection::copyInto(Connection &target)
 
 void Connection::prepareToWrite()
 {
-    if (m_usesLog)
-        return;
-    setCommitsSynced(true);
-    m_busyWait.letOthersIn();
-}
-
-void Connection::setCommitsSynced(bool synced)
-{
-    if (m_usesLog || synced == m_commitsSynced)
-        return;
-    run(synced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF", {Doing::Writing, {}, {}});
-    m_commitsSynced = synced;
+    if (!m_usesLog)
+        m_busyWait.letOthersIn();
 }
 
 void Connection::raise(int code, const Doing &doing) const

@@ -62,8 +62,6 @@ public:
 
     /// To be called before a write that is to be a transaction of its own.
     void prepareToWrite();
-    /// Whether each commit of the rollback journal is synced to the disk, as it is from the start.
-    void setCommitsSynced(bool synced);
 
     /// Raises the run-time error for a result code of SQLite.
     [[noreturn]] void raise(int code, const Doing &doing) const;
@@ -81,7 +79,6 @@ private:
     std::unique_ptr<sqlite3, Closer> m_handle;
     LruCache<QByteArray, Statement> m_idle{128};
     bool m_usesLog = false;
-    bool m_commitsSynced = true;
 };
 
 /// Several statements that are committed as one. Rolls back unless committed.

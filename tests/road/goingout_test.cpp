@@ -1,0 +1,78 @@
+#include "reportengine/output/exports.h"
+#include "reportengine/output/printing.h"
+#include "reports/layouts/catalogue.h"
+#include "tests/support/desk.h"
+#include "tests/support/samplerows.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/forms/mainmod.h"
+#include <QMessageBox>
+#include <QTimer>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+int syncs = 0;
+}
+
+/// Stands before the system's own, which SQLite calls for every sync.
+extern "C" int fdatasync(int file)
+{
+    ++syncs;
+    return int(syscall(SYS_fdatasync, file));
+}
+
+namespace {
+
+using GoingOut = DeskTest;
+
+TEST_F(GoingOut, WhateverTheFileHoldsIsSyncedBeforeABoxADocumentOrAnExport)
+{
+    const QTemporaryDir folder;
+    int syncsBefore = -1; // when the thing went out
+    const auto notice = [&] { syncsBefore = syncs; };
+    Report report(newReport("crptPackingSlip"));
+    MadeRows rows = sampleRows("crptPackingSlip", 3);
+    report.SetDataSource(rows);
+    report.ReadRecords();
+    setPrintDestination([&](Report &, int) {
+        notice();
+        return true;
+    });
+    const struct
+    {
+        const char *what;
+        std::function<void()> goOut;
+    } ways[] = {
+        {"box",
+         [&] {
+             boxes.expect("Title", "Prompt");
+             QTimer::singleShot(0, qApp, notice);
+             MsgBox("Prompt", "Title");
+         }},
+        {"question",
+         [&] {
+             boxes.expect("Title", "Sure?", "Yes");
+             QTimer::singleShot(0, qApp, notice);
+             MsgBoxYesNo("Sure?", "Title");
+         }},
+        {"document", [&] { report.PrintOut(); }},
+        {"export",
+         [&] {
+             EXPECT_TRUE(exportReport(report, folder.filePath("slip.csv")));
+             notice();
+         }},
+    };
+    const auto otherProcess = DBEngine::OpenDatabase(database.path(), false, false, DatabaseConnect);
+    for (Database *writer : {gDatabase.get(), otherProcess.get()}) {
+        for (const auto &way : ways) {
+            SCOPED_TRACE(way.what);
+            writer->Execute("UPDATE Part SET Cost = Cost + 1");
+            syncs = 0;
+            way.goOut();
+            EXPECT_GT(syncsBefore, 0);
+        }
+    }
+    setPrintDestination({});
+}
+
+} // namespace
