@@ -34,17 +34,17 @@ Report &HandOver::read(const char *designer, Recordset data)
     return *m_report;
 }
 
-void HandOver::deliver()
+void HandOver::deliver(const QString &title)
 {
     switch (m_output) {
     case Output::OwnWindow: {
         Viewer *viewer = m_viewer.release(); // the main window owns it from here
         Forms::loadInstance(viewer);
-        showIn(*viewer);
+        showIn(*viewer, title);
         break;
     }
     case Output::SharedWindow:
-        showIn(*static_cast<Viewer *>(Load("Viewer")));
+        showIn(*static_cast<Viewer *>(Load("Viewer")), title);
         break;
     case Output::Printer:
         m_report->PrintOut();
@@ -56,8 +56,9 @@ void HandOver::deliver()
         setDefaultPointer();
 }
 
-void HandOver::showIn(Viewer &viewer)
+void HandOver::showIn(Viewer &viewer, const QString &title)
 {
+    viewer.setWindowTitle(title);
     viewer.setReportSource(m_report);
     viewer.viewReport();
 }

@@ -30,11 +30,11 @@ public:
     Report &read(const char *designer, Recordset data);
 
     /// Shows or prints (error 482) the report, closes the rows and puts the pointer back. A window lives on with its
-    /// report until the user closes it.
-    void deliver();
+    /// report until the user closes it; its title says which report it is, and of what ("Statements, as of 3/30/2011").
+    void deliver(const QString &title);
 
 private:
-    void showIn(Viewer &viewer);
+    void showIn(Viewer &viewer, const QString &title);
 
     Pointer m_pointer;
     Output m_output;

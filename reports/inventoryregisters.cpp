@@ -6,14 +6,15 @@
 
 namespace {
 
+constexpr QLatin1String AllCategories("***All Categories***");
+
 // What belongs to one of the two forms of a register layout only.
 constexpr std::array TotalsOnly{"secTotalsHeads", "secTotals", "secTotalsOfGroup", "secTotalsGrandTotal"};
 constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal", "secGroupFooter1", "secGrandTotal"};
 
 void fillRegister(const QString &BeginDate, const QString &EndDate, const QString &Category)
 {
-    const QString filter =
-        Category == "***All Categories***" ? QStringLiteral(" ") : " AND Part.Category = '" + Category + "'";
+    const QString filter = Category == AllCategories ? QStringLiteral(" ") : " AND Part.Category = '" + Category + "'";
     Movements::clear();
     Movements::addTransfers(EndDate, filter);
     Movements::addAdjustments(EndDate, filter);
@@ -37,8 +38,8 @@ template <class Names> void suppress(Report &report, const Names &names)
         report.object(name).setSuppress(true);
 }
 
-void reportRegister(const char *designer, const QString &BeginDate, const QString &EndDate, bool DisplayDetails,
-                    const QString &Category)
+void reportRegister(const char *designer, const QString &name, const QString &BeginDate, const QString &EndDate,
+                    bool DisplayDetails, const QString &Category)
 {
     HandOver handOver(HandOver::Pointer::Owned);
     fillRegister(BeginDate, EndDate, Category);
@@ -51,7 +52,7 @@ void reportRegister(const char *designer, const QString &BeginDate, const QStrin
         suppress(report, TotalsOnly);
     else
         suppress(report, Details);
-    handOver.deliver();
+    handOver.deliver(name + ", " + BeginDate + " to " + EndDate + (Category == AllCategories ? "" : ", " + Category));
 }
 
 } // namespace
@@ -59,19 +60,22 @@ void reportRegister(const char *designer, const QString &BeginDate, const QStrin
 void Reports::ReportAvailableInventory(const QString &BeginDate, const QString &EndDate, bool DisplayDetails,
                                        const QString &Category)
 {
-    reportRegister("crptAvailableInventory", BeginDate, EndDate, DisplayDetails, Category);
+    reportRegister("crptAvailableInventory", "Available Inventory By Whse/Part", BeginDate, EndDate, DisplayDetails,
+                   Category);
 }
 
 void Reports::ReportAvailableInventoryExport(const QString &BeginDate, const QString &EndDate, bool DisplayDetails,
                                              const QString &Category)
 {
-    reportRegister("crptAvailableInventoryExport", BeginDate, EndDate, DisplayDetails, Category);
+    reportRegister("crptAvailableInventoryExport", "Available Inventory By Whse/Part", BeginDate, EndDate,
+                   DisplayDetails, Category);
 }
 
 void Reports::ReportAvailableInventoryByPart(const QString &BeginDate, const QString &EndDate, bool DisplayDetails,
                                              const QString &Category)
 {
-    reportRegister("crptAvailableInventoryByPart", BeginDate, EndDate, DisplayDetails, Category);
+    reportRegister("crptAvailableInventoryByPart", "Available Inventory By Part/Whse", BeginDate, EndDate,
+                   DisplayDetails, Category);
 }
 
 void Reports::ReportQuickAvailInv(const QString &Warehouse)
@@ -87,7 +91,7 @@ void Reports::ReportQuickAvailInv(const QString &Warehouse)
                   gDatabase->OpenRecordset("SELECT Warehouse,PartNo,Avail FROM tmpWhsePart LEFT JOIN AvailInv ON "
                                            "tmpWhsePart.PartNo = AvailInv.Part AND tmpWhsePart.Warehouse = "
                                            "AvailInv.Whse ORDER BY Warehouse,PartNo"));
-    handOver.deliver();
+    handOver.deliver("Quick Available Inv, " + QString(Warehouse).remove('*'));
 }
 
 void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndDate)
@@ -123,5 +127,5 @@ void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndD
         handOver.read("crptInventorySalesReport", gDatabase->OpenRecordset("select * from tmpjuniorspeedtest"));
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
-    handOver.deliver();
+    handOver.deliver("Inventory Sales Report, " + BeginDate + " to " + EndDate);
 }

@@ -20,7 +20,7 @@ void Reports::ReportOpenOrders()
             "LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) LEFT JOIN tmpShipped ON OrderItem.OrderID = "
             "tmpShipped.OrderID AND OrderItem.ItemNumber = tmpShipped.OrderLineItem) WHERE Orders.Status = 'Open'  "
             "ORDER BY Orders.ID,OrderItem.ItemNumber"));
-    handOver.deliver();
+    handOver.deliver("Open Orders");
 }
 
 void Reports::ReportPartListing()
@@ -30,7 +30,7 @@ void Reports::ReportPartListing()
                   gDatabase->OpenRecordset(
                       "SELECT PartNo,Category,Vendor,LeadTime,Superceded,BinLocation,MinOnHand,ReorderQty,QtyPerPack,"
                       "Cost,SalePrice,Status,DateAdded FROM Part ORDER BY Status,PartNo"));
-    handOver.deliver();
+    handOver.deliver("Part Listing");
 }
 
 void Reports::ReportCustomerListing()
@@ -41,7 +41,7 @@ void Reports::ReportCustomerListing()
                       "SELECT Customer,Address1,Address2,City,State,Zip,Phone,Fax,Status,DateAdded,ShipTo,"
                       "ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToPhone,ShipToFax,Terms,"
                       "Days,PriceSheet,Territory FROM Customer ORDER BY Status,Customer,DateAdded"));
-    handOver.deliver();
+    handOver.deliver("Customer Listing");
 }
 
 void Reports::ReportWarehouseListing()
@@ -50,7 +50,7 @@ void Reports::ReportWarehouseListing()
     handOver.read("crptWarehouseListing",
                   gDatabase->OpenRecordset("SELECT WareHouse,Address1,Address2,City,State,Zip,Phone,Fax,Contact,Status,"
                                            "DateAdded FROM Warehouse ORDER BY Status,Warehouse"));
-    handOver.deliver();
+    handOver.deliver("Warehouse Listing");
 }
 
 void Reports::ReportAdjustmentControl(const QString &AdjustmentID)
@@ -63,7 +63,7 @@ void Reports::ReportAdjustmentControl(const QString &AdjustmentID)
             "((AdjustmentHeader LEFT JOIN AdjustmentDetail ON AdjustmentHeader.ID = AdjustmentDetail.AdjustmentID) "
             "LEFT JOIN Part ON AdjustmentDetail.PartNo = Part.PartNo) WHERE AdjustmentHeader.ID = " +
             AdjustmentID));
-    handOver.deliver();
+    handOver.deliver("Adjustment Control Report " + AdjustmentID);
 }
 
 void Reports::ReportTransferControl(const QString &TransferID)
@@ -82,6 +82,6 @@ void Reports::ReportTransferControl(const QString &TransferID)
                                          transfer.Fields("FromID").joined());
     Report &report = handOver.read("crptInventoryTransferControlReport", std::move(transfer));
     report.object("txtFromWarehouse").SetText(from.Fields("Warehouse").text());
-    handOver.deliver();
+    handOver.deliver("Transfer Control Report " + TransferID);
     from.Close();
 }

@@ -167,7 +167,7 @@ void readSold(const QString &path)
         });
 }
 
-void reportInventory(const char *designer)
+void reportInventory(const char *designer, const QString &title)
 {
     HandOver handOver(HandOver::Pointer::Owned, HandOver::Output::SharedWindow);
     const WorkbookPaths paths = workbookPaths();
@@ -177,7 +177,7 @@ void reportInventory(const char *designer)
     readSold(paths.SoldWorkbookPath);
     handOver.read(designer, gDatabase->OpenRecordset("SELECT Part,Warehouse,Sum(qty) AS AvailQty From Inventory Group "
                                                      "By Part, Warehouse"));
-    handOver.deliver();
+    handOver.deliver(title);
 }
 
 } // namespace
@@ -200,10 +200,10 @@ void Reports::ReportStatementsOld()
 
 void Reports::ReportAvailInvOld()
 {
-    reportInventory("crptAvailInv");
+    reportInventory("crptAvailInv", "Available Inventory by Part");
 }
 
 void Reports::ReportAvailInv2Old()
 {
-    reportInventory("crptAvailInv2");
+    reportInventory("crptAvailInv2", "Available Inventory by Warehouse");
 }

@@ -53,7 +53,7 @@ void Reports::PrintPickTicket(const QString &OrderID)
             "FROM ((Orders LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT JOIN Part ON OrderItem.PartNo = "
             "Part.PartNo) WHERE Orders.ID = " +
             OrderID + " ORDER BY Orders.ID,Part.Category,OrderItem.PartNo"));
-    handOver.deliver();
+    handOver.deliver("Pick Ticket, order ID " + OrderID);
 }
 
 void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
@@ -74,7 +74,7 @@ void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
             "OrderItem.ItemNumber = ShipmentItems.OrderLineItem) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) "
             "WHERE Shipment.ID = " +
             ShipmentID + " AND Shipment.ID = ShipmentItems.ShipmentID ORDER BY Orders.ID,OrderItem.ItemNumber"));
-    handOver.deliver();
+    handOver.deliver("Packing Slip, shipment " + ShipmentID);
 }
 
 QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &InvoiceNumber, const QString &InvoiceDate,
@@ -100,6 +100,6 @@ QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &Invoice
     report.object("txtInvoiceDate").SetText(InvoiceDate);
     const QString Total = invoiceTotal(ShipmentIDs);
     report.object("txtTotal").SetText(Total);
-    handOver.deliver();
+    handOver.deliver("Invoice " + InvoiceNumber);
     return Total;
 }

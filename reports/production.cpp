@@ -82,6 +82,11 @@ void fillSummary(qint16 Months, qint16 Req)
                        constants + ", SUM(Qty) FROM tmpProductionInventoryRegister GROUP BY Warehouse, PartNo");
 }
 
+QString title(const char *report, qint16 Months, qint16 Req)
+{
+    return QStringLiteral("%1, %2 months, requirements %3").arg(QLatin1String(report)).arg(Months).arg(Req);
+}
+
 /// The part of both routines up to the point where their suppress formulas differ.
 Report &bindSummary(HandOver &handOver, const char *designer, qint16 Months, qint16 Req, const QString &order)
 {
@@ -106,7 +111,7 @@ void Reports::ReportProductionByWhsePart(qint16 Months, qint16 Req, bool Suppres
     if (SuppressBlank)
         report.setFormulaText(4, "if ({@Req} = 0) then true");
     handOver.readRows();
-    handOver.deliver();
+    handOver.deliver(title("Production By Whse/Part", Months, Req));
 }
 
 void Reports::ReportProductionByPartWhse(qint16 Months, qint16 Req, bool SuppressBlank)
@@ -118,5 +123,5 @@ void Reports::ReportProductionByPartWhse(qint16 Months, qint16 Req, bool Suppres
         report.setFormulaText(6, "if (Sum ({@Req}, {ProductionByWhsePartReport_ttx.PartNo}) = 0) then true");
     }
     handOver.readRows();
-    handOver.deliver();
+    handOver.deliver(title("Production By Part/Whse", Months, Req));
 }

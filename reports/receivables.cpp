@@ -124,7 +124,9 @@ void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, 
     } else {
         report.object("txtOverDays").SetText(OverDays);
     }
-    handOver.deliver();
+    handOver.deliver("Accounts Receivable Listing, as of " + AsOfDate +
+                     (OverDays.isEmpty() ? QString() : ", over " + OverDays + " days") +
+                     (SummaryOnly ? ", summary" : ""));
 }
 
 void Reports::ShowStatementReport(const QString &AsOfDate)
@@ -151,7 +153,7 @@ void Reports::ShowStatementReport(const QString &AsOfDate)
             "Adjustment, Received FROM  tmpOpenInvoices WHERE InvoiceDate <= #" +
             AsOfDate + "# ORDER BY Customer,ID"));
     report.object("txtAsOfDate").SetText(AsOfDate);
-    handOver.deliver();
+    handOver.deliver("Statements, as of " + AsOfDate);
 }
 
 void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDate)
@@ -194,7 +196,7 @@ void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDa
                                  "Adjustment, Cost FROM tmpARTran ORDER BY InvoiceDate,Invoice"));
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
-    handOver.deliver();
+    handOver.deliver("Invoice Register, " + BeginDate + " to " + EndDate);
 }
 
 void Reports::ShowCashReceipts(const QString &BeginDate, const QString &EndDate)
@@ -209,7 +211,7 @@ void Reports::ShowCashReceipts(const QString &BeginDate, const QString &EndDate)
             BeginDate + "# AND Date <= #" + EndDate + "# ORDER BY Payments.Date,Payments.Invoice"));
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
-    handOver.deliver();
+    handOver.deliver("Cash Receipts Register, " + BeginDate + " to " + EndDate);
 }
 
 void Reports::ShowCustomerRegister(const QString &Customer, const QString &BeginDate, const QString &EndDate)
@@ -240,5 +242,6 @@ void Reports::ShowCustomerRegister(const QString &Customer, const QString &Begin
     report.object("txtCustomer").SetText(Customer);
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
-    handOver.deliver();
+    handOver.deliver("Customer Register, " + (Customer.isEmpty() ? QString() : Customer + ", ") + BeginDate + " to " +
+                     EndDate);
 }

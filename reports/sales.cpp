@@ -9,15 +9,16 @@
 
 namespace {
 
-void deliver(HandOver &handOver, Report &report, const QString &BeginDate, const QString &EndDate)
+void deliver(HandOver &handOver, Report &report, const QString &name, const QString &BeginDate, const QString &EndDate)
 {
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
-    handOver.deliver();
+    handOver.deliver(name + ", " + BeginDate + " to " + EndDate);
 }
 
 /// A detail report; `columns` opens the SELECT list.
-void reportDetails(const char *designer, const char *columns, const QString &BeginDate, const QString &EndDate)
+void reportDetails(const char *designer, const QString &name, const char *columns, const QString &BeginDate,
+                   const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::NotOwned);
     Reports::RefillShipmentInvoiceDates();
@@ -32,7 +33,7 @@ void reportDetails(const char *designer, const char *columns, const QString &Beg
             "Shipment.ID = ShipmentItems.ShipmentID AND Shipment.InvoiceDate >= #" +
             BeginDate + "# AND Shipment.InvoiceDate <= #" + EndDate +
             "# ORDER BY OrderItem.PartNo,Shipment.Date,Orders.Customer"));
-    deliver(handOver, report, BeginDate, EndDate);
+    deliver(handOver, report, name, BeginDate, EndDate);
 }
 
 /// What tells the three comparison reports apart.
@@ -94,31 +95,31 @@ Recordset compare(const Comparison &report, const QString &BeginDate, const QStr
 
 void Reports::ReportSalesByPart(const QString &BeginDate, const QString &EndDate)
 {
-    reportDetails("crptSalesByPart", "", BeginDate, EndDate);
+    reportDetails("crptSalesByPart", "Sales By Part", "", BeginDate, EndDate);
 }
 
 void Reports::ReportSalesByWhsePart(const QString &BeginDate, const QString &EndDate)
 {
-    reportDetails("crptSalesByWhsePart", "Orders.Warehouse,", BeginDate, EndDate);
+    reportDetails("crptSalesByWhsePart", "Sales By Whse/Part", "Orders.Warehouse,", BeginDate, EndDate);
 }
 
 void Reports::ReportSalesByWhsePartExport(const QString &BeginDate, const QString &EndDate)
 {
-    reportDetails("crptSalesByWhsePartExport", "Orders.Warehouse,", BeginDate, EndDate);
+    reportDetails("crptSalesByWhsePartExport", "Sales By Whse/Part", "Orders.Warehouse,", BeginDate, EndDate);
 }
 
 void Reports::ReportSalesByCustomer(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::NotOwned);
     Report &report = handOver.read("crptSalesByCustomer", compare(ByCustomer, BeginDate, EndDate));
-    deliver(handOver, report, BeginDate, EndDate);
+    deliver(handOver, report, "Sales By Customer", BeginDate, EndDate);
 }
 
 void Reports::ReportSalesByCategoryCustomer(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::NotOwned);
     Report &report = handOver.read("crptSalesByCategoryCustomer", compare(ByCategory, BeginDate, EndDate));
-    deliver(handOver, report, BeginDate, EndDate);
+    deliver(handOver, report, "Sales By Category", BeginDate, EndDate);
 }
 
 void Reports::ReportSalesByTerritoryCustomer(const QString &BeginDate, const QString &EndDate)
@@ -129,5 +130,5 @@ void Reports::ReportSalesByTerritoryCustomer(const QString &BeginDate, const QSt
     CreateFieldDefFile(territories, QCoreApplication::applicationDirPath() + "/ttx/SalesByCustomerAndTerritory.ttx ",
                        true);
     Report &report = handOver.read("crptSalesByTerritoryCustomer", std::move(territories));
-    deliver(handOver, report, BeginDate, EndDate);
+    deliver(handOver, report, "Sales By Territory", BeginDate, EndDate);
 }

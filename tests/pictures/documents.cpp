@@ -141,7 +141,7 @@ void takeOldReports(Studio &studio)
         Recordset stock = gDatabase->OpenRecordset("SELECT Part,Whse AS Warehouse,Avail AS AvailQty FROM AvailInv");
         HandOver handOver(HandOver::Pointer::NotOwned);
         handOver.read(designer, std::move(stock));
-        handOver.deliver();
+        handOver.deliver("Available Inventory");
         studio.takeReport(QString("reports/old-available-inventory-by-") +
                           (designer == QLatin1String("crptAvailInv") ? "part" : "warehouse"));
     }
