@@ -247,5 +247,37 @@ TEST_F(ComboBoxTest, ALongListDropsDownBelowItsBoxWithAllEntriesInReachOfItsScro
     driver->key(Qt::Key_End);
     driver->key(Qt::Key_Return);
     EXPECT_EQ(box->text(), "Part 19999");
+
+    box->setListIndex(10000);
+    box->showPopup();
+    const QRect chosen = list->visualRect(list->currentIndex());
+    EXPECT_EQ(list->currentIndex().row(), 10000);
+    EXPECT_LE(std::abs(chosen.center().y() - list->viewport()->rect().center().y()), chosen.height());
+}
+
+TEST_F(ComboBoxTest, InTheLoweredListArrowsSelectAndTabKeepsAndGoesOn)
+{
+    for (const auto style : {ComboBox::Style::DropDownList, ComboBox::Style::Editable}) {
+        ComboBox *box = style == ComboBox::Style::Editable ? editable() : list();
+        QApplication::setActiveWindow(mdi.get()); // as a desktop does when a list goes
+        box->setListIndex(0);
+        events();
+        driver->key(Qt::Key_Down, Qt::AltModifier);
+        ASSERT_TRUE(box->view()->isVisible());
+        events();
+        driver->key(Qt::Key_Down);
+        EXPECT_EQ(box->listIndex(), 1);
+        driver->key(Qt::Key_End);
+        EXPECT_EQ(box->listIndex(), box->listCount() - 1);
+        driver->key(Qt::Key_Up);
+        EXPECT_EQ(events(), (Events{"Click", "Click", "Click"}));
+        driver->key(Qt::Key_Tab);
+        EXPECT_FALSE(box->view()->isVisible());
+        EXPECT_EQ(box->listIndex(), box->listCount() - 2);
+        EXPECT_EQ(driver->focus(), "away");
+        events();
+        form->unload();
+        settle();
+    }
 }
 } // namespace

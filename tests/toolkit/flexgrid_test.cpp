@@ -1,6 +1,8 @@
 #include "tests/toolkit/controlform.h"
 #include "toolkit/controls/formatgrid.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -59,6 +61,41 @@ TEST_F(FlexGridTest, RowZeroIsTheHeaderAndTheModelHasTheDataRows)
     EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal).toString(), "Qty");
     EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal, Qt::EditRole).toString(), "Qty");
     EXPECT_EQ(grid->textMatrix(2, 0), "2");
+}
+
+TEST_F(FlexGridTest, EnterOnARowIsADoubleClickAndControlKeysCopyForASpreadsheet)
+{
+    driver->clickCell("it", 2);
+    events();
+    driver->key(Qt::Key_Return);
+    driver->key(Qt::Key_Enter);
+    EXPECT_EQ(events(), (Events{"dblClick 2", "dblClick 2"}));
+    grid->setColHidden(0);
+    driver->key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "20\t0\n");
+    driver->key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Qty\tPrice\n10\t1234.5\n20\t0\n\tnone\n");
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(events(), Events());
+}
+
+TEST_F(FlexGridTest, AGridToTypeInFramesItsCellTintsItsColumnAndIsEnteredThere)
+{
+    grid->setEditableColumn(1);
+    grid->setFocus();
+    driver->key(Qt::Key_Down);
+    EXPECT_EQ(grid->row(), 1);
+    EXPECT_EQ(grid->col(), 1);
+    const auto colorAt = [&](int row, int col, QPoint offset) {
+        const QRect cell = grid->visualRect(grid->model()->index(row - 1, col));
+        return grid->viewport()->grab().toImage().pixelColor(cell.topLeft() + offset);
+    };
+    EXPECT_EQ(colorAt(1, 1, {1, 8}), grid->palette().color(QPalette::Text)) << "the frame";
+    EXPECT_NE(colorAt(1, 2, {1, 8}), grid->palette().color(QPalette::Text));
+    EXPECT_NE(colorAt(3, 1, {2, 2}), colorAt(3, 0, {2, 2})) << "the tint";
+    driver->keys("7");
+    driver->key(Qt::Key_Return);
+    EXPECT_EQ(grid->textMatrix(1, 1), "7");
 }
 
 TEST_F(FlexGridTest, EmptiedOfAllRowsItIsABlankArea)

@@ -185,6 +185,15 @@ void ComboBox::showPopup()
         entries->installEventFilter(this);
     }
     QComboBox::showPopup();
+    showInList(currentIndex());
+}
+
+/// Makes an entry the lowered list's current one, in the middle of what shows of the list.
+void ComboBox::showInList(int index)
+{
+    const QModelIndex entry = m_list->index(index);
+    view()->setCurrentIndex(entry);
+    view()->scrollTo(entry, QAbstractItemView::PositionAtCenter);
 }
 
 void ComboBox::hidePopup()
@@ -276,9 +285,55 @@ bool ComboBox::eventFilter(QObject *watched, QEvent *event)
             return true;
         // In the open list Enter and Esc are also the list's own keys.
         if (view() == watched && typed(key) && keyAsciiOf(key) >= FirstPrintable) {
-            view()->setCurrentIndex(m_list->index(currentIndex()));
+            showInList(currentIndex());
             return true;
         }
+        if (view() == watched && listKeyPressed(key))
+            return true;
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+/// Keys of the lowered list beside those that Qt's own handles. The arrows select as they do in the closed box, so that
+/// each entry passed is a click; Tab keeps what is selected and goes on to the next control.
+bool ComboBox::listKeyPressed(const QKeyEvent &event)
+{
+    const bool back = event.key() == Qt::Key_Backtab;
+    if (back || event.key() == Qt::Key_Tab) {
+        const int entry = view()->currentIndex().row();
+        hidePopup();
+        if (entry != currentIndex())
+            setCurrentIndex(entry);
+        focusNextPrevChild(!back);
+        return true;
+    }
+    if (event.modifiers() & Qt::AltModifier)
+        return false;
+    const int page = maxVisibleItems() - 1, last = listCount() - 1, now = view()->currentIndex().row();
+    int entry = now;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        entry = now - 1;
+        break;
+    case Qt::Key_Down:
+        entry = now + 1;
+        break;
+    case Qt::Key_PageUp:
+        entry = now - page;
+        break;
+    case Qt::Key_PageDown:
+        entry = now + page;
+        break;
+    case Qt::Key_Home:
+        entry = 0;
+        break;
+    case Qt::Key_End:
+        entry = last;
+        break;
+    default:
+        return false;
+    }
+    setCurrentIndex(std::clamp(entry, std::min(0, last), last));
+    view()->setCurrentIndex(m_list->index(currentIndex()));
+    return true;
 }

@@ -66,6 +66,8 @@ private:
     void showIndex(int index);
     int listWidth() const;
     bool typed(const QKeyEvent &event);
+    bool listKeyPressed(const QKeyEvent &event);
+    void showInList(int index);
     void selectByFirstLetter(QChar letter);
     void indexChanged(int index);
     void picked();

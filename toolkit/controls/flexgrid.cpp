@@ -3,6 +3,8 @@
 #include "toolkit/controls/columnwidths.h"
 #include "toolkit/controls/flexgridmodel.h"
 #include "toolkit/controls/griddelegate.h"
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -148,6 +150,7 @@ void FlexGrid::autoSize()
 
 void FlexGrid::setEditableColumn(int col)
 {
+    m_editableColumn = col;
     m_model->setEditableColumn(col);
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
 }
@@ -182,11 +185,42 @@ void FlexGrid::focusInEvent(QFocusEvent *event)
 
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
-    const bool edits = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
-    if (edits && state() != EditingState && isEditable(currentIndex()))
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy)) {
+        copyRows(row(), row());
+    } else if (event->matches(QKeySequence::SelectAll)) {
+        copyRows(0, rows() - 1);
+    } else if (enter && m_editableColumn < 0) {
+        if (row() > 0)
+            emit dblClick(row());
+    } else if ((enter || event->key() == Qt::Key_Space) && state() != EditingState && isEditable(currentIndex())) {
         edit(currentIndex(), EditKeyPressed, event);
-    else
+    } else {
         QTableView::keyPressEvent(event);
+    }
+}
+
+/// The cells that show, as they were put in, with tabs between them.
+void FlexGrid::copyRows(int first, int last) const
+{
+    QString text;
+    for (int row = std::max(first, 0); row <= last; ++row) {
+        QStringList cells;
+        for (int col = 0; col < cols(); ++col)
+            if (!isColumnHidden(col))
+                cells += textMatrix(row, col);
+        text += cells.join(u'\t') + u'\n';
+    }
+    if (!text.isEmpty())
+        QApplication::clipboard()->setText(text);
+}
+
+QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    // The first move into a grid to type in goes to where one can type.
+    if (m_editableColumn >= 0 && !currentIndex().isValid())
+        return m_model->index(0, m_editableColumn);
+    return QTableView::moveCursor(action, modifiers);
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event)

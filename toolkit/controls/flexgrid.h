@@ -7,6 +7,7 @@ class FlexGridModel;
 
 /// A grid of text cells filled by hand. Its own numbering counts the fixed header row as row 0; the Qt model
 /// underneath has the data rows only. Cells keep the text put in; a column format changes only what is painted.
+/// Ctrl+C copies the current row, Ctrl+A the whole list with its heads, for a spreadsheet to take.
 class FlexGrid : public QTableView
 {
     Q_OBJECT
@@ -45,7 +46,8 @@ public:
 signals:
     /// The user moved to another cell; rows count the header as 0, -1 stands for no cell.
     void afterRowColChange(int oldRow, int oldCol, int newRow, int newCol);
-    /// A double-click anywhere on the grid; `row` is the clicked row, 0 for the header or empty area.
+    /// A double-click anywhere on the grid; `row` is the clicked row, 0 for the header or empty area. Enter on a row of
+    /// a grid that can't be edited counts as one.
     void dblClick(int row);
     /// A cell is entered or edited; a slot that sets `cancel` forbids it.
     void beforeEdit(int row, int col, bool &cancel);
@@ -57,6 +59,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
@@ -64,8 +67,10 @@ private:
     void scheduleUpdate();
     void showHeaderRow();
     bool isEditable(const QModelIndex &index) const;
+    void copyRows(int first, int last) const;
 
     FlexGridModel *m_model;
+    int m_editableColumn = -1;
     bool m_byProgram = false;       ///< the current cell changes without the user having moved
     bool m_updateScheduled = false; ///< rows were appended that the view doesn't know yet
 };

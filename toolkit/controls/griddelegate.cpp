@@ -1,12 +1,38 @@
 #include "toolkit/controls/griddelegate.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPainter>
 
 void GridDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     QStyledItemDelegate::setModelData(editor, model, index);
     emit committed(index.row() + 1, index.column());
+}
+
+void GridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!(index.flags() & Qt::ItemIsEditable) || option->state & QStyle::State_Selected)
+        return;
+    const QColor ground = option->palette.color(QPalette::Base), accent = option->palette.color(QPalette::Highlight);
+    constexpr double Tint = 0.14;
+    option->backgroundBrush = QColor::fromRgbF(ground.redF() + Tint * (accent.redF() - ground.redF()),
+                                               ground.greenF() + Tint * (accent.greenF() - ground.greenF()),
+                                               ground.blueF() + Tint * (accent.blueF() - ground.blueF()));
+}
+
+void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    const auto *grid = static_cast<const QAbstractItemView *>(parent());
+    if (index != grid->currentIndex() || grid->editTriggers() == QAbstractItemView::NoEditTriggers)
+        return;
+    painter->save();
+    painter->setPen(QPen(option.palette.color(QPalette::Text), 2));
+    painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
+    painter->restore();
 }
 
 bool GridDelegate::eventFilter(QObject *editor, QEvent *event)

@@ -2,7 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Edits a grid's cells in place: arrows up and down commit and move on, like Enter and Tab.
+/// Edits a grid's cells in place: arrows up and down commit and move on, like Enter and Tab. Shows where one can type:
+/// the editable column is tinted, and a grid that has one frames its current cell.
 class GridDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -10,11 +11,13 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 signals:
     /// An edit was committed; the row counts the header as 0.
     void committed(int row, int col) const;
 
 protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
     bool eventFilter(QObject *editor, QEvent *event) override;
 };
