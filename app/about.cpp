@@ -26,6 +26,7 @@ frmAbout::frmAbout() : Form("frmAbout", "About Screen")
     page->addSpacing(20);
     page->addLayout(buttonRow({cmdOK, cmdSysInfo}));
     page->setSizeConstraint(QLayout::SetFixedSize);
+    setResizable(false);
     setTabOrder({cmdOK, cmdSysInfo});
 
     connect(cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);

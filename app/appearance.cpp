@@ -8,28 +8,53 @@
 #include <QProxyStyle>
 
 namespace {
-/// Drops lists down below their boxes, a few entries high and with a scroll bar. The base style would lay a menu over
-/// the box, which measures every entry before it comes up and has nothing to drag through a hundred thousand of them.
-class ListStyle : public QProxyStyle
+/// What the base style does otherwise than the platform's controls.
+class ControlStyle : public QProxyStyle
 {
 public:
     using QProxyStyle::QProxyStyle;
+
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *data) const override
     {
-        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+        switch (hint) {
+        case SH_ComboBox_Popup:
+            // Lists drop down below their boxes, a few entries high and with a scroll bar. The base style would lay a
+            // menu over the box, which measures every entry before it comes up and has nothing to drag through a
+            // hundred thousand of them.
+            return 0;
+        case SH_MenuBar_AltKeyNavigation:
+            return 1;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if (element != PE_PanelLineEdit || !frame || !(frame->state & State_ReadOnly)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        // A box that only shows something looks like it: no white field to type in.
+        QStyleOptionFrame display(*frame);
+        display.palette.setBrush(QPalette::Base, frame->palette.brush(QPalette::Window));
+        QProxyStyle::drawPrimitive(element, &display, painter, widget);
     }
 };
 
 QPalette calmPalette()
 {
     const QColor ink(0x22, 0x2b, 0x33);
-    const QColor greyed(0x8a, 0x94, 0x9c);
+    const QColor greyed(0x5c, 0x66, 0x6e); // of locked fields, and to be read all the same
     const QColor accent(0x2f, 0x6f, 0xa3);
     QPalette palette(QColor(0xe6, 0xea, 0xed), QColor(0xf1, 0xf3, 0xf5));
     palette.setColor(QPalette::WindowText, ink);
     palette.setColor(QPalette::Text, ink);
     palette.setColor(QPalette::ButtonText, ink);
+    palette.setColor(QPalette::Dark, QColor(0x9f, 0xac, 0xb6));
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xf4, 0xf8, 0xfb));
     palette.setColor(QPalette::Highlight, accent);
@@ -43,6 +68,27 @@ QPalette calmPalette()
     palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xb9, 0xd2, 0xe6));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, ink);
     return palette;
+}
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+/// Desktops don't say so in a palette; white windows with black text throughout are made for that.
+bool isOfHighContrast(const QPalette &palette)
+{
+    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base, QPalette::Button})
+        if (palette.color(ground) != Qt::white)
+            return false;
+    return palette.color(QPalette::Text) == Qt::black && palette.color(QPalette::WindowText) == Qt::black;
+}
+
+QColor mixed(const QColor &one, const QColor &other, double shareOfOther)
+{
+    const auto part = [=](double a, double b) { return a + shareOfOther * (b - a); };
+    return QColor::fromRgbF(part(one.redF(), other.redF()), part(one.greenF(), other.greenF()),
+                            part(one.blueF(), other.blueF()));
 }
 
 /// A crate, for title bars and the task bar.
@@ -71,7 +117,27 @@ QIcon crate()
 void setAppearance(QApplication &application)
 {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    application.setStyle(new ListStyle(QStringLiteral("Fusion"))); // the application owns it
-    application.setPalette(calmPalette());
+    application.setStyle(new ControlStyle(QStringLiteral("Fusion"))); // the application owns it
+    followDesktopPalette();
     application.setWindowIcon(crate());
+}
+
+void followDesktopPalette()
+{
+    QApplication::setPalette(QPalette()); // the desktop's
+    QApplication::setPalette(programPalette(QApplication::palette()));
+}
+
+QPalette programPalette(const QPalette &desktop)
+{
+    if (!isDark(desktop) && !isOfHighContrast(desktop))
+        return calmPalette();
+    // Many desktops grey locked texts until they can't be read.
+    QPalette palette = desktop;
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        const QColor ink = desktop.color(QPalette::Active, role), ground = desktop.color(QPalette::Window);
+        constexpr double Greyed = 0.35;
+        palette.setColor(QPalette::Disabled, role, mixed(ink, ground, Greyed));
+    }
+    return palette;
 }

@@ -1,19 +1,26 @@
 #include "app/mdi.h"
 
+#include "app/appearance.h"
 #include "app/menu.h"
+#include "app/menukeys.h"
+#include "app/windowstrip.h"
 #include "toolkit/controls/focusevents.h"
 #include "toolkit/controls/msgbox.h"
+#include "toolkit/controls/statusline.h"
 #include "toolkit/forms/form.h"
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 #include <QStyle>
+#include <QToolBar>
 
 namespace {
-constexpr QSize UsualSize(1280, 860);
+constexpr QSize UsualSize(1280, 860); // of the window while it is not maximised
 
 /// The entry's action in its menu: a submenu's own for a group.
 QAction *makeAction(QWidget *parent, const MenuEntry &entry)
@@ -38,22 +45,34 @@ QAction *makeAction(QWidget *parent, const MenuEntry &entry)
 }
 } // namespace
 
-MDI::MDI() : m_area(new QMdiArea)
+MDI::MDI() : m_area(new QMdiArea), m_strip(new WindowStrip(m_area))
 {
     setObjectName(QStringLiteral("MDI"));
     setWindowTitle(QLatin1String(ProgramTitle));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_area->setBackground(QColor(0x9f, 0xac, 0xb6));
+    m_area->setBackground(palette().dark());
+    m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
     makeMenu();
+    makeFoot();
     resize(UsualSize.boundedTo(screen()->availableSize()));
     Forms::setHost([this](Form *form) { host(form); });
+    setStatusPlace([this](const QString &text) { statusBar()->showMessage(text); });
 }
 
 MDI::~MDI()
 {
     Forms::setHost({});
+    setStatusPlace({});
+}
+
+bool MDI::event(QEvent *event)
+{
+    if (event->type() == QEvent::ThemeChange)
+        followDesktopPalette();
+    // A menu entry under the mouse would wipe the status line with the tip it doesn't have.
+    return event->type() == QEvent::StatusTip || QMainWindow::event(event);
 }
 
 void MDI::makeMenu()
@@ -72,27 +91,78 @@ void MDI::makeMenu()
             open.push_back(menu);
         }
     }
+    new MenuKeys(menuBar());
+}
+
+void MDI::makeFoot()
+{
+    auto *bar = new QToolBar;
+    bar->setObjectName(QStringLiteral("Foot"));
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu); // the strip has its own
+    bar->layout()->setContentsMargins(0, 0, 0, 0);
+    bar->addWidget(m_strip);
+    addToolBar(Qt::BottomToolBarArea, bar);
+    statusBar()->setSizeGripEnabled(false);
 }
 
 void MDI::host(Form *form)
 {
-    const bool sized = form->testAttribute(Qt::WA_Resized);
-    const bool placed = form->testAttribute(Qt::WA_Moved);
+    const bool sized = form->testAttribute(Qt::WA_Resized), placed = form->testAttribute(Qt::WA_Moved);
     const QRect wanted = form->geometry();
+    const QList<QMdiSubWindow *> others = m_area->subWindowList();
+    const bool maximised = form->isResizable() && std::any_of(others.begin(), others.end(), [](const auto *other) {
+                               return other->isVisible() && other->isMaximized();
+                           });
 
     auto *window = new QMdiSubWindow;
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWidget(form);
-    m_area->addSubWindow(window);
-    // A step lower and to the right for each window that is open, so that every title bar shows; never out of sight.
-    const QSize room = m_area->viewport()->size();
-    const int step = window->style()->pixelMetric(QStyle::PM_TitleBarHeight) + 4;
-    const int stepsThatFit = 6;
-    const int offset = step * (int(m_area->subWindowList().size() - 1) % stepsThatFit);
-    if (sized)
-        window->resize(placed ? wanted.size() : wanted.size().boundedTo(room - QSize(offset, offset)));
-    window->move(placed ? wanted.topLeft() : QPoint(offset, offset));
-    FocusEvents::passToWindow([window] { window->show(); });
+    if (!form->isResizable())
+        window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    m_area->addSubWindow(window, window->windowFlags());
+    m_strip->add(window);
+    const QSize size = sized ? wanted.size() : window->sizeHint();
+    window->setGeometry(placed ? QRect(wanted.topLeft(), size) : freePlace(size, form->isResizable()));
+    FocusEvents::passToWindow([=] {
+        form->focusFirst();
+        maximised ? window->showMaximized() : window->show();
+    });
+}
+
+/// Where a new window shows whole and hides the fewest title bars: at the top left, or some steps lower and to the
+/// right.
+QRect MDI::freePlace(QSize size, bool mayShrink) const
+{
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    constexpr int StepsThatFit = 6, Gap = 4;
+    const QRect room = m_area->viewport()->rect();
+    QRect best;
+    qsizetype fewest = -1;
+    for (int step = 0; step < StepsThatFit; ++step) {
+        QRect place(QPoint(step, step) * (title + Gap), size);
+        if (mayShrink)
+            place = place.intersected(room);
+        else if (step > 0 && !room.contains(place))
+            break;
+        const QList<QMdiSubWindow *> others = m_area->subWindowList();
+        const auto hidden = std::count_if(others.begin(), others.end(), [&](const QMdiSubWindow *other) {
+            return other->isVisible() && !other->isMaximized() &&
+                   place.intersects(QRect(other->pos(), QSize(other->width(), title)));
+        });
+        if (fewest < 0 || hidden < fewest) {
+            best = place;
+            fewest = hidden;
+        }
+    }
+    return best;
+}
+
+void MDI::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        m_area->setBackground(palette().dark());
 }
 
 void MDI::closeEvent(QCloseEvent *event)

@@ -16,6 +16,6 @@ Program Main(const QString &programFolder)
     }
     registerForms();
     program.window = std::make_unique<MDI>();
-    program.window->show();
+    program.window->showMaximized();
     return program;
 }

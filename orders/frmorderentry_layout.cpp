@@ -103,14 +103,14 @@ void frmOrderEntry::layOutHeader()
     fields->add("Freight", txtFreight, 2);
     fields->add("Overdue Balance", txtOverDue, 2);
     fields->add("Order Total", lblTotal, 2);
-    setFieldWidth(txtState, 4);
+    setFieldWidth(txtState, 3);
     setFieldWidth(txtZip, 10);
     txtCity->setMinimumWidth(120);
     cmbCustomer->setMinimumContentsLength(26);
     for (DTPicker *date : {dtOrderDate, dtDueDate})
         setFieldWidth(date, 14);
     for (MaskEdBox *amount : {txtFreight, txtOverDue, lblTotal})
-        setFieldWidth(amount, 14);
+        setFieldWidth(amount, 12);
 }
 
 void frmOrderEntry::layOutLines()
@@ -119,18 +119,19 @@ void frmOrderEntry::layOutLines()
     auto *fields = new FieldLayout;
     layout->addLayout(fields);
     fields->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance("Order Number")); // as in the frame above
-    fields->add("Item", lblItem);
+    // What is typed stands in one row in the order it is typed in, and below it what belongs to it.
     fields->add("Part Number", cmbPart);
     fields->add("Qty Ordered", txtQty, 1);
-    fields->add("Qty Avail", lblQtyAvail, 1);
     fields->add("Price Each", txtPriceEach, 2);
-    fields->add("Price Ext", lblPriceExt, 2);
     fields->add("Cust No.", txtCustomerNumber, 3);
+    fields->add("Item", lblItem);
+    fields->add("Qty Avail", lblQtyAvail, 1);
+    fields->add("Price Ext", lblPriceExt, 2);
     for (QPushButton *button : {btnSaveItem, btnDeleteItem})
         setFieldWidth(button, 10);
     fields->add({}, {btnSaveItem, btnDeleteItem}, 3);
     setFieldWidth(txtQty, 9);
     for (MaskEdBox *amount : {txtPriceEach, lblPriceExt})
-        setFieldWidth(amount, 14);
+        setFieldWidth(amount, 12);
     layout->addWidget(vsfgItems, 1);
 }

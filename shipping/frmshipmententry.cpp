@@ -34,6 +34,8 @@ frmShipmentEntry::frmShipmentEntry()
       btnExit(addButton("btnExit", "Exit"))
 {
     txtShipVia->setText("UPS Ground");
+    for (TextBox *box : {txtShipTo, txtAddress1, txtAddress2, txtCity, txtState, txtZip})
+        box->setReadOnly(true); // the order's, for display only
     cmbCustomer->setTypeAhead();
     cmbOrder->setTypeAhead();
     vsfgItems->setEditableColumn(ThisShipment);

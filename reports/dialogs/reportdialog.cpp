@@ -6,6 +6,7 @@ ReportDialog::ReportDialog(const QString &name, const QString &caption, const ch
                            const QString &startCaption)
     : Form(name, caption)
 {
+    setResizable(false);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
     layout->setSpacing(14);

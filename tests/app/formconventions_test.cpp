@@ -4,7 +4,10 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QSet>
+#include <QWindow>
 
 // What holds for every form of the program, whoever made it.
 
@@ -88,10 +91,59 @@ TEST_P(EveryForm, DeclaresATabOrderOfAllItsFieldsAndFollowsIt)
     EXPECT_EQ(walked, expected);
 }
 
+TEST_P(EveryForm, OpensWithTheFocusOnTheFirstStopOfItsTabOrder)
+{
+    for (QWidget *control : form->tabOrder())
+        if (control->isVisible() && control->isEnabled()) {
+            EXPECT_TRUE(control->hasFocus()) << qPrintable(control->objectName());
+            break;
+        }
+}
+
+TEST_P(EveryForm, EnterAndEscActOnlyWhereTheFocusStands)
+{
+    if (!form->tabOrder().isEmpty() && qobject_cast<QPushButton *>(form->tabOrder().first()))
+        return; // a button acts on Enter
+    QStringList pressed;
+    for (QPushButton *button : form->findChildren<QPushButton *>())
+        QObject::connect(button, &QPushButton::clicked, form, [&, button] { pressed += button->objectName(); });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        QTest::keyClick(mdi->windowHandle(), key);
+        settle();
+        ASSERT_TRUE(Forms::loaded(form->objectName()));
+    }
+    EXPECT_TRUE(pressed.isEmpty()) << qPrintable(pressed.join(", "));
+}
+
+TEST_P(EveryForm, ShowsItsButtonsAndItsCloseMarkOnTheSmallestScreen)
+{
+    auto *window = static_cast<QMdiSubWindow *>(form->parentWidget());
+    const auto check = [&](const char *state) {
+        const QRect room = static_cast<QMdiArea *>(mdi->centralWidget())->viewport()->rect();
+        EXPECT_TRUE(room.contains(window->geometry())) << state;
+        for (const QPushButton *button : form->findChildren<QPushButton *>()) {
+            const QRect place(button->mapTo(window, QPoint()), button->size());
+            EXPECT_TRUE(!button->isVisible() || window->contentsRect().contains(place))
+                << state << ": " << qPrintable(button->objectName());
+        }
+    };
+    form->unload();
+    settle();
+    constexpr QSize InsideTheDesktopsFrame(1022, 742);
+    mdi->resize(InsideTheDesktopsFrame);
+    settle();
+    form = Load(QString::fromStdString(GetParam()));
+    window = static_cast<QMdiSubWindow *>(form->parentWidget());
+    settle();
+    check("as it opens");
+    window->showMaximized();
+    settle();
+    check("maximised");
+}
+
 TEST_P(EveryForm, FitsTheMainWindowAndShowsEveryLabelAndButtonWhole)
 {
     EXPECT_LE(form->sizeHint().width(), UsualSize.width());
-    EXPECT_LE(form->minimumSizeHint().height(), UsualSize.height() - 40);
     for (const QWidget *control : controls()) {
         const bool caption = qobject_cast<const QLabel *>(control) || qobject_cast<const QAbstractButton *>(control);
         if (caption && control->isVisible()) {

@@ -2,9 +2,11 @@
 #include "tests/support/desk.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
+#include <QWindow>
 
 namespace {
 class MenuTest : public DeskTest
@@ -123,5 +125,84 @@ TEST_F(MenuTest, TheMouseOpensAFormThroughTheMenuBar)
     ASSERT_TRUE(help->isVisible());
     QTest::mouseClick(help, Qt::LeftButton, {}, help->actionGeometry(action("About")).center());
     EXPECT_TRUE(Forms::loaded("frmAbout"));
+}
+/// The way to an entry by its caption's first letters, as a user goes it with keys alone.
+class MenuByKeys : public MenuTest
+{
+protected:
+    static QWidget *current(QMenuBar *bar)
+    {
+        QWidget *popup = QApplication::activePopupWidget();
+        return popup ? popup : bar;
+    }
+    static QAction *activeIn(QWidget *menu)
+    {
+        auto *list = qobject_cast<QMenu *>(menu);
+        return list ? list->activeAction() : static_cast<QMenuBar *>(menu)->activeAction();
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(mdi->windowHandle(), Qt::Key(key), modifiers);
+        settle();
+    }
+    void letter(QChar letter)
+    {
+        QTest::keyClick(mdi->windowHandle(), letter.toLower().toLatin1());
+        settle();
+    }
+    void choose(const char *name)
+    {
+        QWidget *menu = current(mdi->menuBar());
+        const QAction *wanted = action(name);
+        const QChar first = wanted->text()[0];
+        int alike = 0;
+        for (const QAction *entry : menu->actions())
+            alike += entry->isEnabled() && entry->text()[0] == first;
+        letter(first);
+        for (int i = 1; i < alike && activeIn(menu) != wanted; ++i)
+            letter(first);
+        if (alike > 1) {
+            EXPECT_EQ(activeIn(menu), wanted) << name;
+            press(Qt::Key_Return);
+        }
+    }
+};
+
+TEST_F(MenuByKeys, EveryFormOpensByF10AndLetters)
+{
+    std::vector<const char *> path;
+    for (const MenuEntry &entry : menuEntries()) {
+        path.resize(entry.level);
+        path.push_back(entry.name);
+        if (!entry.form)
+            continue;
+        SCOPED_TRACE(entry.name);
+        press(Qt::Key_F10);
+        for (const char *step : path)
+            choose(step);
+        Form *form = Forms::loaded(entry.form);
+        ASSERT_TRUE(form);
+        form->unload();
+        settle();
+    }
+}
+
+TEST_F(MenuByKeys, AltReachesTheMenuFromAFieldWhichTakesNoLetter)
+{
+    FormDriver customer("frmCustomerEntry");
+    ASSERT_EQ(customer.focus(), "cmbCustomer");
+    press(Qt::Key_O, Qt::AltModifier);
+    EXPECT_EQ(QApplication::activePopupWidget(), action("Orders")->menu());
+    EXPECT_EQ(action("Orders")->menu()->activeAction(), action("OrdNav"));
+    press(Qt::Key_Escape);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(customer.text("cmbCustomer"), "");
+    EXPECT_EQ(customer.focus(), "cmbCustomer");
+
+    QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
+    EXPECT_EQ(mdi->menuBar()->activeAction(), action("File"));
+    QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
+    EXPECT_FALSE(mdi->menuBar()->activeAction());
+    EXPECT_EQ(customer.focus(), "cmbCustomer");
 }
 } // namespace

@@ -4,6 +4,7 @@
 #include "toolkit/forms/mainmod.h"
 
 #include <QFile>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <csignal>
 #include <sys/wait.h>
@@ -65,6 +66,9 @@ TEST_F(StartupTest, TheMainWindowStandsEmptyOnceSettingsAndDatabaseAreThere)
     const Program program = Main(folder.path());
     ASSERT_TRUE(program.window);
     EXPECT_TRUE(program.window->isVisible());
+    EXPECT_TRUE(program.window->isMaximized());
+    const QSize room = program.window->screen()->availableSize();
+    EXPECT_EQ(program.window->normalGeometry().size().boundedTo(room), program.window->normalGeometry().size());
     EXPECT_EQ(program.window->objectName(), "MDI");
     EXPECT_EQ(program.window->windowTitle(), "Tamrick Inventory Management");
     EXPECT_FALSE(program.window->findChild<Form *>());

@@ -5,8 +5,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 
 namespace {
 int shown = 0;
@@ -20,6 +23,16 @@ QWidget *windowBehind()
     return window;
 }
 
+/// The form whose routine asks: the one with the focus, or else the active one.
+QWidget *formAsking(QWidget *window)
+{
+    for (QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
+        if (qobject_cast<QMdiSubWindow *>(widget))
+            return widget;
+    const auto *area = window ? window->findChild<QMdiArea *>() : nullptr;
+    return area ? area->activeSubWindow() : nullptr;
+}
+
 class Box : public QMessageBox
 {
 public:
@@ -29,9 +42,23 @@ public:
     {
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
+        placeOver(formAsking(parentWidget()));
         for (QAbstractButton *button : this->buttons())
             button->setIcon({}); // desktops without an icon theme put pictures on them
         ++shown;
+    }
+
+    /// In the middle of the form, but never beyond the screen's edges.
+    void placeOver(const QWidget *form)
+    {
+        if (!form || !form->isVisible() || form->isMinimized())
+            return;
+        adjustSize();
+        QRect place = rect();
+        place.moveCenter(form->mapToGlobal(form->rect().center()));
+        const QRect room = form->screen()->availableGeometry();
+        move(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - place.width())),
+             std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() - place.height())));
     }
 
     int answer()

@@ -37,17 +37,13 @@ void Form::resizeEvent(QResizeEvent *event)
     formResize();
 }
 
-void Form::showEvent(QShowEvent *event)
+void Form::focusFirst()
 {
-    QWidget::showEvent(event);
-    if (parentWidget() && !focusWidget()) {
-        for (QWidget *control : std::as_const(m_tabOrder)) {
-            if (control->isEnabled() && !control->isHidden()) {
-                control->setFocus();
-                break;
-            }
-        }
-    }
+    const auto first = std::find_if(m_tabOrder.begin(), m_tabOrder.end(), [this](const QWidget *control) {
+        return control->isEnabledTo(this) && !control->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    });
+    if (first != m_tabOrder.end())
+        (*first)->setFocus();
 }
 
 void Form::setFocusTo(QWidget *widget)
@@ -83,9 +79,6 @@ MaskEdBox *Form::addMoneyDisplay(const char *name)
     auto *box = add<MaskEdBox>(name);
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::NoFocus);
-    QPalette palette = box->palette();
-    palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
-    box->setPalette(palette);
     return box;
 }
 

@@ -20,8 +20,14 @@ public:
     /// True from the moment the form begins to go.
     bool isUnloading() const { return m_unloading; }
 
+    /// Whether the user may maximise and resize it.
+    bool isResizable() const { return m_resizable; }
+
     /// The order in which the focus goes through the form, as setTabOrder was told.
     const QList<QWidget *> &tabOrder() const { return m_tabOrder; }
+    /// Gives the focus to the first stop of the tab order that can take it. The main window does so before it shows a
+    /// new form; before that Qt forgets it, as the form moves into its window.
+    void focusFirst();
 
 protected:
     /// What the form does when it is loaded, before it is shown. Its window takes over the size and the place that
@@ -31,6 +37,9 @@ protected:
     virtual void formUnload() {}
     /// What it does when it was resized (also once when it is shown).
     virtual void formResize() {}
+
+    /// Gives the form's window a border that keeps its size. To be called before the form is shown.
+    void setResizable(bool on) { m_resizable = on; }
 
     /// Makes a control with its name. The order in which the focusable ones are placed is set by setTabOrder.
     template <class Control, class... Args> Control *add(const char *name, Args &&...args)
@@ -61,10 +70,10 @@ protected:
 
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     QList<QWidget *> m_tabOrder;
+    bool m_resizable = true;
     bool m_unloading = false;
 
     friend class Forms;

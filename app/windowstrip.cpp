@@ -1,0 +1,99 @@
+#include "app/windowstrip.h"
+
+#include "reportengine/viewer/viewer.h"
+#include <QButtonGroup>
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QToolButton>
+
+namespace {
+constexpr int WidestButton = 260, NarrowestButton = 28;
+
+/// As wide as its title if there is room; of a longer title it shows the beginning, and all of it as a tip.
+class WindowButton : public QToolButton
+{
+public:
+    explicit WindowButton(QWidget *parent) : QToolButton(parent)
+    {
+        setCheckable(true);
+        setFocusPolicy(Qt::NoFocus);
+        setMinimumWidth(NarrowestButton);
+        setMaximumWidth(WidestButton);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    }
+
+    void setTitle(const QString &title)
+    {
+        setText(title);
+        setToolTip(title);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionToolButton *option) const override
+    {
+        QToolButton::initStyleOption(option);
+        constexpr int Margins = 12;
+        option->text = fontMetrics().elidedText(text(), Qt::ElideRight, width() - Margins).replace('&', "&&");
+    }
+};
+} // namespace
+
+WindowStrip::WindowStrip(QMdiArea *area, QWidget *parent)
+    : QWidget(parent), m_area(area), m_buttons(new QButtonGroup(this))
+{
+    setObjectName(QStringLiteral("WindowStrip"));
+    m_buttons->setExclusive(false); // none is pressed while no window is active
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(4, 1, 4, 1);
+    row->setSpacing(3);
+    row->addStretch(1);
+    setFixedHeight(WindowButton(this).sizeHint().height() + 2);
+}
+
+void WindowStrip::add(QMdiSubWindow *window)
+{
+    auto *button = new WindowButton(this);
+    button->setTitle(window->windowTitle());
+    m_buttons->addButton(button);
+    auto *row = static_cast<QHBoxLayout *>(layout());
+    row->insertWidget(row->count() - 1, button);
+    button->show();
+
+    connect(window, &QWidget::windowTitleChanged, button, [button](const QString &title) { button->setTitle(title); });
+    connect(window, &QObject::destroyed, button, [button] { delete button; });
+    connect(m_area, &QMdiArea::subWindowActivated, button,
+            [button, window](const QMdiSubWindow *active) { button->setChecked(active == window); });
+    connect(button, &QToolButton::clicked, window, [this, button, window] {
+        bringToFront(window);
+        button->setChecked(m_area->activeSubWindow() == window);
+    });
+}
+
+void WindowStrip::bringToFront(QMdiSubWindow *window)
+{
+    if (window->isMinimized())
+        window->showNormal();
+    m_area->setActiveSubWindow(window);
+}
+
+void WindowStrip::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu;
+    menu.addAction(QStringLiteral("Cascade"), m_area, &QMdiArea::cascadeSubWindows);
+    menu.addAction(QStringLiteral("Tile"), m_area, &QMdiArea::tileSubWindows);
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("Close All Reports"), this, &WindowStrip::closeReports);
+    menu.exec(event->globalPos());
+}
+
+void WindowStrip::closeReports()
+{
+    const QList<QMdiSubWindow *> windows = m_area->subWindowList();
+    for (QMdiSubWindow *window : windows)
+        if (qobject_cast<Viewer *>(window->widget()))
+            window->close();
+}

@@ -1,0 +1,202 @@
+#include "app/appearance.h"
+#include "app/windowstrip.h"
+#include "reports/listings.h"
+#include "tests/support/company.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/controls/statusline.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+#include <QWindow>
+
+// How the windows stand in the main window, and its foot.
+
+namespace {
+class WindowsTest : public CompanyTest
+{
+protected:
+    WindowsTest() { mdi->resize(1280, 860); }
+
+    QMdiSubWindow *open(const char *form)
+    {
+        Form *loaded = Load(form);
+        settle();
+        return static_cast<QMdiSubWindow *>(loaded->parentWidget());
+    }
+    QMdiArea *area() const { return mdi->findChild<QMdiArea *>(); }
+    QList<QAbstractButton *> strip() const
+    {
+        return mdi->findChild<WindowStrip *>()->findChildren<QAbstractButton *>();
+    }
+    QStringList titles() const
+    {
+        QStringList all;
+        for (const QAbstractButton *button : strip())
+            all += button->text();
+        return all;
+    }
+    /// Clicks where the widget is, on the window.
+    void clickOn(const QWidget *widget)
+    {
+        QTest::mouseClick(mdi->windowHandle(), Qt::LeftButton, {}, widget->mapTo(mdi.get(), widget->rect().center()));
+        settle();
+    }
+    /// Chooses an entry of the strip's context menu.
+    void chooseOnStrip(const QString &caption)
+    {
+        auto *foot = mdi->findChild<WindowStrip *>();
+        QTimer::singleShot(0, foot, [caption] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu);
+            for (QAction *action : menu->actions())
+                if (action->text() == caption)
+                    menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, foot->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(foot, &event);
+        settle();
+    }
+};
+
+TEST_F(WindowsTest, OverAMaximisedFormADialogKeepsItsSizeAndAFormIsMaximisedToo)
+{
+    QMdiSubWindow *order = open("frmOrderEntry");
+    order->showMaximized();
+    settle();
+    for (const char *name : {"frmSalesByPart", "frmPickTicket", "frmOpenInvoicesReport", "frmAbout"}) {
+        SCOPED_TRACE(name);
+        const QMdiSubWindow *dialog = open(name);
+        EXPECT_FALSE(dialog->isMaximized());
+        EXPECT_FALSE(dialog->windowFlags() & Qt::WindowMaximizeButtonHint);
+        EXPECT_EQ(area()->activeSubWindow(), dialog);
+        EXPECT_TRUE(order->isMaximized());
+    }
+    EXPECT_TRUE(open("frmReceivePayment")->isMaximized());
+    EXPECT_TRUE(order->windowFlags() & Qt::WindowMaximizeButtonHint);
+}
+
+TEST_F(WindowsTest, NewWindowsHideNoTitleBarAndStandInSight)
+{
+    const QList<const char *> names{"frmCustomerEntry", "frmSalesByPart", "frmReceivePayment", "frmCreateInvoices"};
+    open("frmPartEntry");
+    open(names[0]);
+    Forms::loaded("frmPartEntry")->unload(); // its place is free again, and that of the customer is not
+    settle();
+    for (const char *name : names) {
+        const QMdiSubWindow *window = open(name);
+        EXPECT_TRUE(area()->viewport()->rect().contains(window->geometry())) << name;
+        for (const QMdiSubWindow *other : area()->subWindowList()) {
+            const QRect title(other->pos(), QSize(other->width(), 20));
+            EXPECT_TRUE(other == window || !window->geometry().intersects(title))
+                << name << " on " << qPrintable(other->windowTitle());
+        }
+    }
+}
+
+TEST_F(WindowsTest, TheStripHasAButtonForEachWindowAndBringsItBack)
+{
+    EXPECT_EQ(titles(), QStringList());
+    QMdiSubWindow *order = open("frmOrderEntry");
+    Reports::ReportPartListing();
+    open("frmPartEntry");
+    settle();
+    ASSERT_EQ(titles(), (QStringList{"Order Entry", "Part Listing", "Part Entry/Edit"}));
+    EXPECT_TRUE(strip()[2]->isChecked() && !strip()[0]->isChecked());
+
+    order->showMinimized();
+    settle();
+    clickOn(strip()[0]);
+    EXPECT_FALSE(order->isMinimized());
+    EXPECT_EQ(area()->activeSubWindow(), order);
+    EXPECT_TRUE(strip()[0]->isChecked() && !strip()[2]->isChecked());
+
+    order->close();
+    settle();
+    EXPECT_EQ(titles(), (QStringList{"Part Listing", "Part Entry/Edit"}));
+}
+
+TEST_F(WindowsTest, TheStripsMenuPutsWindowsInOrderAndClosesReportsOnly)
+{
+    QMdiSubWindow *order = open("frmOrderEntry"), *part = open("frmPartEntry");
+    chooseOnStrip("Tile");
+    EXPECT_FALSE(order->geometry().intersects(part->geometry()));
+    chooseOnStrip("Cascade");
+    EXPECT_TRUE(order->geometry().intersects(part->geometry()));
+    Reports::ReportPartListing();
+    Reports::ReportWarehouseListing();
+    settle();
+    EXPECT_EQ(titles().size(), 4);
+    chooseOnStrip("Close All Reports");
+    EXPECT_EQ(titles(), (QStringList{"Order Entry", "Part Entry/Edit"}));
+}
+
+TEST_F(WindowsTest, TheStatusLineKeepsItsTextUntilTheNext)
+{
+    showStatus("Exported to /tmp/a.pdf");
+    QStatusTipEvent overAMenuEntry{QString()};
+    QApplication::sendEvent(mdi.get(), &overAMenuEntry);
+    EXPECT_EQ(mdi->statusBar()->currentMessage(), "Exported to /tmp/a.pdf");
+    EXPECT_TRUE(mdi->statusBar()->isVisible());
+    showStatus("Printed");
+    EXPECT_EQ(mdi->statusBar()->currentMessage(), "Printed");
+}
+
+TEST_F(WindowsTest, ABoxStandsOverTheFormThatAsks)
+{
+    open("frmPartEntry");
+    const QMdiSubWindow *dialog = open("frmSalesByPart");
+    QPoint middle;
+    QTimer::singleShot(0, mdi.get(), [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        middle = box->geometry().center();
+        box->buttons().constFirst()->click();
+    });
+    boxes.expect("Title", "Prompt");
+    MsgBox("Prompt", "Title");
+    const QPoint aim = dialog->mapToGlobal(dialog->rect().center());
+    EXPECT_LE(std::abs(middle.x() - aim.x()), 40);
+    EXPECT_LE(std::abs(middle.y() - aim.y()), 60);
+}
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &one, const QColor &other)
+{
+    const double lighter = std::max(luminance(one), luminance(other)),
+                 darker = std::min(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+TEST(PaletteTest, TextsCanBeReadAlsoInLockedFieldsAndDarkAndHighContrastDesktopsKeepTheirs)
+{
+    const QPalette white(Qt::white, Qt::white);
+    const QPalette dark(QColor(0x3b, 0x40, 0x45), QColor(0x2a, 0x2e, 0x32));
+    const QPalette grey(QColor(0xef, 0xef, 0xef));
+    EXPECT_EQ(programPalette(dark).color(QPalette::Window), dark.color(QPalette::Window));
+    EXPECT_EQ(programPalette(white).color(QPalette::Window), QColor(Qt::white));
+    EXPECT_NE(programPalette(grey).color(QPalette::Window), grey.color(QPalette::Window));
+    for (const QPalette &desktop : {white, dark, grey}) {
+        const QPalette palette = programPalette(desktop);
+        for (const auto group : {QPalette::Active, QPalette::Disabled}) {
+            EXPECT_GE(contrast(palette.color(group, QPalette::Text), palette.color(group, QPalette::Base)), 4.5);
+            EXPECT_GE(contrast(palette.color(group, QPalette::WindowText), palette.color(group, QPalette::Window)),
+                      4.5);
+        }
+    }
+}
+} // namespace
