@@ -1,7 +1,6 @@
 #include "reportengine/output/pagepainter.h"
 
 #include "reportengine/pages/textmetrics.h"
-#include "reportengine/pages/valuetext.h"
 #include <QPainter>
 
 namespace {
@@ -47,16 +46,8 @@ private:
             m_painter.setPen(item.style.color);
             m_hasTextPen = true;
         }
-        double x = item.rect.left();
-        if (item.align != Align::Left) {
-            const double spare = item.rect.width() - TextMetrics::width(item.text, item.style);
-            x += item.align == Align::Right ? spare : spare / 2;
-            // The closing parenthesis of a negative figure hangs beside the column, so that digits stand under digits.
-            if (item.align == Align::Right && isFigure(item.value) && item.text.endsWith(')'))
-                x += TextMetrics::width(")", item.style);
-        }
         const double y = item.rect.top() + TextMetrics::ascent(item.style);
-        m_painter.drawText(QPointF(x, y) * Units, item.text);
+        m_painter.drawText(QPointF(textLeft(item), y) * Units, item.text);
     }
 
     QPainter &m_painter;

@@ -14,28 +14,31 @@ namespace {
 
 constexpr size_t MostOutlineEntries = 20000; ///< more than anyone opens; deeper levels stay out first
 
-/// The groups in the order of their pages, as deep as the limit allows.
+/// The printed groups in the order of their pages, as deep as the limit allows.
 std::vector<PdfOutlineEntry> outlineOf(const ReportPages &pages)
 {
-    const Grouping &groups = pages.groups();
+    const PrintedGroups &printed = pages.printedGroups();
     int levels = 0;
     size_t entries = 0;
-    while (levels < groups.levels() && (entries += groups.nodes(levels).size()) <= MostOutlineEntries)
+    while (levels < int(printed.nodes.size()) && (entries += printed.nodes[levels].size()) <= MostOutlineEntries)
         ++levels;
 
     std::vector<PdfOutlineEntry> outline;
-    const std::function<void(int, int)> add = [&](int level, int node) {
-        outline.push_back({pages.groupLabel(level, node), pages.pageOfGroup(level, node), level});
-        if (level + 1 == levels)
-            return;
-        const auto &below = groups.nodes(level + 1);
-        const int end = groups.nodes(level)[node].end;
-        for (int child = groups.nodeAt(level + 1, groups.nodes(level)[node].first);
-             child < int(below.size()) && below[child].first < end; ++child)
-            add(level + 1, child);
+    std::vector<size_t> next(levels, 0); // by level, in the order of printing
+    const std::function<void(int, int)> add = [&](int level, int end) {
+        while (next[level] < printed.nodes[level].size()) {
+            const int node = printed.nodes[level][next[level]];
+            const Grouping::Node &group = pages.groups().nodes(level)[node];
+            if (group.first >= end)
+                return;
+            ++next[level];
+            outline.push_back({pages.groupLabel(level, node), printed.pageOf[level][node], level});
+            if (level + 1 < levels)
+                add(level + 1, group.end);
+        }
     };
-    for (int node = 0; levels > 0 && node < int(groups.nodes(0).size()); ++node)
-        add(0, node);
+    if (levels > 0)
+        add(0, pages.groups().rowCount());
     return outline;
 }
 

@@ -19,6 +19,16 @@ struct PageItem
     Value value = {};
     Picture picture = Picture::General;
     const LayoutObject *object = nullptr;
+    int line = 0; ///< of a text broken into several
+};
+
+/// Where a group, or what goes on of it, stands first on a page: its header, or its first row.
+struct GroupPlace
+{
+    int level;
+    int node;
+    double top; ///< in points from the page's top
+    double bottom;
 };
 
 /// A page as it will be seen: what painter, PDF, find-text and tests read.
@@ -26,10 +36,15 @@ struct Page
 {
     QSizeF size;
     std::vector<PageItem> items;
+    std::vector<GroupPlace> groups = {};
 
     /// The texts in the order of their placing, for finding and comparing.
     QStringList texts() const;
 };
+
+/// Where a text begins inside its place, in points from the page's left edge. The closing parenthesis of a negative
+/// figure hangs beside its column, so that digits stand under digits.
+double textLeft(const PageItem &item);
 
 /// What is wrong with how a page is set: texts that leave the page's margins or their place, texts over one another,
 /// lines through texts. Empty when all is well.

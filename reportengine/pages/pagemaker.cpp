@@ -19,8 +19,7 @@ public:
         lookAt(m_position);
     }
 
-    std::optional<PageStart> fill(const PageStart &start, int index, int pageCount, Page *page,
-                                  std::vector<std::vector<int>> *groupPages);
+    std::optional<PageStart> fill(const PageStart &start, int index, int pageCount, Page *page, PrintedGroups *printed);
     bool forEachSection(const PageMaker::Visitor &visit);
     /// Goes on over rows that print nothing, to where something stands.
     PageStart firstPrinted();
@@ -114,11 +113,12 @@ private:
 
     void beginPage(int index);
     void repeatHeaders();
-    void noteGroups(std::vector<std::vector<int>> &groupPages, int index) const;
+    void noteGroups(PrintedGroups &printed, int index) const;
+    void noteGroupPlaces(const CompiledSection &section, double top);
     bool breaksBefore(double height);
     bool groupDoesNotFit();
     bool strandsReportFooter(double height);
-    bool fillRows(int index, std::vector<std::vector<int>> *groupPages);
+    bool fillRows(int index, PrintedGroups *printed);
     bool fillReportFooter();
     bool visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
     bool visit(const CompiledSection &section, const PageMaker::Visitor &visitor);
@@ -171,11 +171,28 @@ void PageRun::repeatHeaders()
     m_context.repeatedHeader = false;
 }
 
-void PageRun::noteGroups(std::vector<std::vector<int>> &groupPages, int index) const
+void PageRun::noteGroups(PrintedGroups &printed, int index) const
 {
-    for (int level = 0; level < m_grouping.levels(); ++level) {
-        if (begins(level))
-            groupPages[level][m_nodes[level]] = index;
+    for (int level = 0; level < m_grouping.levels(); ++level)
+        printed.note(level, m_nodes[level], index);
+}
+
+/// Notes the groups that have not stood on the page before this section of theirs. A header belongs to its own group
+/// and those around it, everything else of a row to all its groups.
+void PageRun::noteGroupPlaces(const CompiledSection &section, double top)
+{
+    if (!m_page || m_y == top)
+        return;
+    const bool isHeader = section.section->kind == Kind::GroupHeader;
+    const int end = isHeader ? section.section->group + 1 : m_grouping.levels();
+    std::vector<GroupPlace> &places = m_page->groups;
+    for (int level = 0; level < end; ++level) {
+        const auto known =
+            std::find_if(places.rbegin(), places.rend(), [&](const GroupPlace &place) { return place.level == level; });
+        if (known == places.rend() || known->node != m_nodes[level])
+            places.push_back({level, m_nodes[level], top, m_y});
+        else if (isHeader && level == section.section->group)
+            known->bottom = m_y; // a further line of the same header
     }
 }
 
@@ -219,7 +236,7 @@ bool PageRun::strandsReportFooter(double height)
 }
 
 /// True when the page is full before the rows are at their end.
-bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
+bool PageRun::fillRows(int index, PrintedGroups *printed)
 {
     for (; !atEnd(); ++m_position, m_step = 0) {
         lookAt(m_position);
@@ -235,17 +252,19 @@ bool PageRun::fillRows(int index, std::vector<std::vector<int>> *groupPages)
         const double height = heightOfRow(m_step);
         if (breaksBefore(height) || (height > 0 && strandsReportFooter(height)))
             return true;
-        if (groupPages && m_step == 0)
-            noteGroups(*groupPages, index);
         if (height == 0)
             continue;
+        if (printed && m_step == 0)
+            noteGroups(*printed, index);
         // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
         for (; m_step < int(m_sections.size()); ++m_step) {
             if (!m_fresh && m_y + m_heights[m_step] > m_bottom) {
                 m_runningBefore = m_running;
                 return true;
             }
+            const double top = m_y;
             m_fresh = place(*m_sections[m_step], m_heights[m_step]) == 0 && m_fresh;
+            noteGroupPlaces(*m_sections[m_step], top);
         }
         m_fresh = m_newPageDue = m_restartDue = false;
     }
@@ -265,13 +284,13 @@ bool PageRun::fillReportFooter()
 }
 
 std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pageCount, Page *page,
-                                       std::vector<std::vector<int>> *groupPages)
+                                       PrintedGroups *printed)
 {
     m_page = page;
     m_context.pageNumber = index - start.countBase + 1;
     m_context.pageCount = pageCount;
     beginPage(index);
-    const bool isFull = fillRows(index, groupPages) || fillReportFooter();
+    const bool isFull = fillRows(index, printed) || fillReportFooter();
     const PageStart next{m_position, m_step, m_restartDue ? index + 1 : start.countBase,
                          isFull ? m_runningBefore : m_running};
     // The page footer belongs to the last row on the page, not to the first of the next.
@@ -351,13 +370,13 @@ PageStart PageMaker::firstStart() const
 }
 
 std::optional<PageStart> PageMaker::make(const PageStart &start, int index, int pageCount, Page *page,
-                                         std::vector<std::vector<int>> *groupPages) const
+                                         PrintedGroups *printed) const
 {
     if (page) {
         page->size = m_layout.layout().pageSize();
         page->items.clear();
     }
-    return PageRun(*this, start).fill(start, index, pageCount, page, groupPages);
+    return PageRun(*this, start).fill(start, index, pageCount, page, printed);
 }
 
 bool PageMaker::forEachSection(const Visitor &visit) const

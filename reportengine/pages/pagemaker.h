@@ -15,6 +15,23 @@ struct PageStart
     std::vector<double> running = {}; ///< running totals before the row
 };
 
+/// The groups that print anything, as the paging comes upon them.
+struct PrintedGroups
+{
+    /// By level and node the index of the page on which the group begins; -1: none, or not known yet.
+    std::vector<std::vector<int>> pageOf = {};
+    /// By level the nodes that are known to be printed, in order.
+    std::vector<std::vector<int>> nodes = {};
+
+    void note(int level, int node, int page)
+    {
+        if (int &known = pageOf[level][node]; known < 0) {
+            known = page;
+            nodes[level].push_back(node);
+        }
+    }
+};
+
 /// Puts sections on pages. One page at a time, from its start to the next one's.
 class PageMaker
 {
@@ -25,10 +42,10 @@ public:
     PageStart firstStart() const;
 
     /// Finds where the next page starts; nothing behind the last one. Fills `page` unless it is null, and notes in
-    /// `groupPages` (by level and node, unless it is null) the groups that begin on this page. `pageCount` is what
+    /// `printed` (unless it is null) the groups that begin on this page. `pageCount` is what
     /// "of m" prints, 0 while it is not known.
     std::optional<PageStart> make(const PageStart &start, int index, int pageCount, Page *page,
-                                  std::vector<std::vector<int>> *groupPages = nullptr) const;
+                                  PrintedGroups *printed = nullptr) const;
 
     /// Gives all sections as if on one endless page: report header, page header, rows, report footer. Items lie
     /// relative to the section's top; `row` is the position in printing order. False as soon as the visitor does.

@@ -16,8 +16,9 @@ ReportPages::ReportPages(const CompiledLayout &layout, const RowStore &rows) : m
     m_grouping.arrange(layout.groups(), context);
     m_totals.compute(layout.aggregates(), m_grouping, context);
     m_maker = std::make_unique<PageMaker>(layout, rows, m_grouping, m_totals, context);
+    m_printed.nodes.resize(m_grouping.levels());
     for (int level = 0; level < m_grouping.levels(); ++level)
-        m_groupPages.emplace_back(m_grouping.nodes(level).size(), 0);
+        m_printed.pageOf.emplace_back(m_grouping.nodes(level).size(), -1);
     m_starts.push_back(m_maker->firstStart());
 }
 
@@ -27,7 +28,7 @@ bool ReportPages::advance(int milliseconds)
     timer.start();
     while (!m_complete && timer.elapsed() < milliseconds) {
         const int index = int(m_starts.size()) - 1;
-        const auto next = m_maker->make(m_starts.back(), index, 0, nullptr, &m_groupPages);
+        const auto next = m_maker->make(m_starts.back(), index, 0, nullptr, &m_printed);
         if (next) {
             m_starts.push_back(*next);
         } else {

@@ -24,8 +24,8 @@ public:
 
     const Grouping &groups() const { return m_grouping; }
     QString groupLabel(int level, int node) const { return m_maker->groupLabel(level, node); }
-    /// Index of the page on which a group begins; 0 while it is not known.
-    int pageOfGroup(int level, int node) const { return m_groupPages[level][node]; }
+    /// The groups that print anything, as far as the paging has come.
+    const PrintedGroups &printedGroups() const { return m_printed; }
 
     /// All sections on one endless page, for spreadsheets. False when the visitor stopped it.
     bool forEachSection(const PageMaker::Visitor &visit) const { return m_maker->forEachSection(visit); }
@@ -37,7 +37,7 @@ private:
     Totals m_totals;
     std::unique_ptr<PageMaker> m_maker;
     std::vector<PageStart> m_starts;
-    std::vector<std::vector<int>> m_groupPages;
+    PrintedGroups m_printed;
     QCache<int, std::shared_ptr<const Page>> m_made;
     bool m_complete = false;
 };

@@ -132,6 +132,7 @@ void placeText(const CompiledObject &compiled, const FormulaContext &context, QP
     // A figure set smaller keeps its line's foot.
     if (setting.style.size < object.style.size)
         corner.ry() += (lineHeight(object.style.size) - high) * 0.8;
+    int number = 0;
     for (const QString &line : setting.lines) {
         page.items.push_back({.kind = PageItem::Kind::Text,
                               .rect = {corner.x(), corner.y(), object.place.width(), high},
@@ -140,7 +141,8 @@ void placeText(const CompiledObject &compiled, const FormulaContext &context, QP
                               .align = object.align,
                               .value = setting.value,
                               .picture = object.picture,
-                              .object = &object});
+                              .object = &object,
+                              .line = number++});
         corner.ry() += high;
     }
 }

@@ -1,32 +1,25 @@
 #include "reportengine/viewer/crviewer.h"
 
 #include "reportengine/output/exports.h"
-#include "reportengine/output/printing.h"
 #include "reportengine/pages/reportpages.h"
-#include "reportengine/pages/textmetrics.h"
 #include "reportengine/report.h"
 #include "reportengine/viewer/grouptreemodel.h"
-#include "reportengine/viewer/pageview.h"
+#include "reportengine/viewer/viewerbar.h"
+#include "reportengine/viewer/viewerjobs.h"
 #include "toolkit/controls/mousepointer.h"
-#include "toolkit/controls/msgbox.h"
 #include <QAction>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QSpinBox>
 #include <QSplitter>
-#include <QStyle>
-#include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
-constexpr int CountingSlice = 25; ///< milliseconds of paging at a time, so that the window stays quick
+namespace {
+constexpr int Slice = 25;      ///< milliseconds of paging or searching at a time, so that the window stays quick
+constexpr int FindSlice = 150; ///< of searching before the first count is shown
+} // namespace
 
 CRViewer::CRViewer(QWidget *parent)
-    : QWidget(parent), m_view(new PageView(this)), m_tree(new QTreeView(this)), m_groups(new GroupTreeModel(this))
+    : QWidget(parent), m_bar(new ViewerBar(this)), m_view(new PageView(this)), m_tree(new QTreeView(this)),
+      m_groups(new GroupTreeModel(this))
 {
     setObjectName("CRViewer");
     m_view->setObjectName("pageView");
@@ -35,13 +28,12 @@ CRViewer::CRViewer(QWidget *parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setModel(m_groups);
     m_tree->hide();
-    connect(m_tree, &QTreeView::clicked, this, &CRViewer::goToGroup);
-    connect(m_tree, &QTreeView::activated, this, &CRViewer::goToGroup);
+    setFocusProxy(m_view);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    buildToolBar();
+    column->addWidget(m_bar);
     auto *splitter = new QSplitter(this);
     splitter->addWidget(m_tree);
     splitter->addWidget(m_view);
@@ -49,9 +41,16 @@ CRViewer::CRViewer(QWidget *parent)
     splitter->setSizes({180, 600});
     column->addWidget(splitter, 1);
 
+    connect(m_tree, &QTreeView::clicked, this, &CRViewer::goToGroup);
+    connect(m_tree, &QTreeView::activated, this, &CRViewer::goToGroup);
     connect(m_view, &PageView::currentPageChanged, this, &CRViewer::showPageNumber);
-    m_counting.setInterval(0);
-    connect(&m_counting, &QTimer::timeout, this, &CRViewer::countPages);
+    connect(m_view, &PageView::currentPageChanged, this, &CRViewer::followInTree);
+    connect(m_view, &PageView::zoomChanged, this, [this] { m_bar->showZoom(m_view->zoom(), m_view->percent()); });
+    m_idle.setInterval(0);
+    connect(&m_idle, &QTimer::timeout, this, &CRViewer::goOn);
+    connectBar();
+    addKeys();
+    m_bar->showZoom(m_view->zoom(), m_view->percent());
 }
 
 CRViewer::~CRViewer()
@@ -60,129 +59,102 @@ CRViewer::~CRViewer()
     m_groups->setPages(nullptr);
 }
 
-QAction *CRViewer::addAction(QToolBar *bar, const char *name, const QString &caption, const QString &tip)
+void CRViewer::connectBar()
 {
-    QAction *action = bar->addAction(caption);
-    action->setObjectName(QLatin1String(name));
-    action->setToolTip(tip);
-    return action;
-}
-
-void CRViewer::buildToolBar()
-{
-    auto *bar = new QToolBar(this);
-    bar->setObjectName("toolBar");
-    layout()->addWidget(bar);
-    connect(addAction(bar, "export", "Export", "Export to PDF, spreadsheet or CSV"), &QAction::triggered, this,
-            &CRViewer::exportReport);
-    QAction *print = addAction(bar, "print", "Print", "Print (Ctrl+P)");
-    print->setShortcut(QKeySequence::Print);
-    print->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(print, &QAction::triggered, this, &CRViewer::printReport);
-    bar->addSeparator();
-    m_showTree = addAction(bar, "groupTreeToggle", "Groups", "Show the groups of the report");
-    m_showTree->setCheckable(true);
-    connect(m_showTree, &QAction::toggled, m_tree, &QWidget::setVisible);
-    bar->addSeparator();
-    addNavigation(bar);
-    bar->addSeparator();
-    addZoom(bar);
-    bar->addSeparator();
-    addFind(bar);
-}
-
-void CRViewer::addNavigation(QToolBar *bar)
-{
-    const auto add = [&](const char *name, const QString &tip, QStyle::StandardPixmap icon, auto target) {
-        QAction *action = addAction(bar, name, {}, tip);
-        action->setIcon(style()->standardIcon(icon));
-        connect(action, &QAction::triggered, this, [this, target] { goToPage(target()); });
-    };
-    add("firstPage", "First page", QStyle::SP_MediaSkipBackward, [] { return 0; });
-    add("previousPage", "Previous page", QStyle::SP_MediaSeekBackward, [this] { return currentPage() - 1; });
-    m_pageNumber = new QSpinBox(bar);
-    m_pageNumber->setObjectName("pageNumber");
-    m_pageNumber->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    m_pageNumber->setKeyboardTracking(false);
-    m_pageNumber->setMinimum(1);
-    m_pageNumber->setAlignment(Qt::AlignRight);
-    m_pageNumber->setFixedWidth(fontMetrics().horizontalAdvance("0000000") + 8);
-    connect(m_pageNumber, &QSpinBox::valueChanged, this, [this](int number) { goToPage(number - 1); });
-    bar->addWidget(m_pageNumber);
-    m_pageTotal = new QLabel(bar);
-    m_pageTotal->setObjectName("pageTotal");
-    m_pageTotal->setMinimumWidth(fontMetrics().horizontalAdvance(" of 00000+ "));
-    bar->addWidget(m_pageTotal);
-    add("nextPage", "Next page", QStyle::SP_MediaSeekForward, [this] { return currentPage() + 1; });
-    add("lastPage", "Last page", QStyle::SP_MediaSkipForward, [this] { return pageCount() - 1; });
-}
-
-void CRViewer::addZoom(QToolBar *bar)
-{
-    m_zoom = new QComboBox(bar);
-    m_zoom->setObjectName("zoom");
-    m_zoom->setToolTip("Zoom");
-    m_zoom->addItem("Page Width", 0);
-    m_zoom->addItem("Whole Page", -1);
-    for (const int percent : {25, 50, 75, 100, 125, 150, 200, 300, 400})
-        m_zoom->addItem(QString::number(percent) + "%", percent);
-    connect(m_zoom, &QComboBox::currentIndexChanged, this, &CRViewer::applyZoom);
-    bar->addWidget(m_zoom);
-}
-
-void CRViewer::addFind(QToolBar *bar)
-{
-    m_findText = new QLineEdit(bar);
-    m_findText->setObjectName("findText");
-    m_findText->setPlaceholderText("Find text");
-    m_findText->setClearButtonEnabled(true);
-    m_findText->setMaximumWidth(180);
-    connect(m_findText, &QLineEdit::returnPressed, this, &CRViewer::find);
-    bar->addWidget(m_findText);
-    QAction *find = addAction(bar, "findNext", "Find Next", "Find the next place (F3)");
-    find->setShortcut(Qt::Key_F3);
-    find->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(find, &QAction::triggered, this, &CRViewer::find);
-    auto *focusFind = new QAction(this);
-    focusFind->setShortcut(QKeySequence::Find);
-    focusFind->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(focusFind, &QAction::triggered, this, [this] {
-        m_findText->setFocus();
-        m_findText->selectAll();
+    connect(m_bar, &ViewerBar::exportAsked, this, [this] {
+        if (m_report)
+            exportByDialog(this, *std::shared_ptr(m_report), parentWidget()->windowTitle());
     });
-    QWidget::addAction(focusFind);
+    connect(m_bar, &ViewerBar::printAsked, this, [this] {
+        if (m_report)
+            printByDialog(this, *std::shared_ptr(m_report), currentPage(), m_paper);
+    });
+    connect(m_bar, &ViewerBar::pageSetupAsked, this, [this] {
+        if (m_report)
+            m_paper = paperByDialog(this, *m_report, m_paper);
+    });
+    connect(m_bar, &ViewerBar::groupsToggled, m_tree, &QWidget::setVisible);
+    connect(m_bar, &ViewerBar::groupsToggled, this, &CRViewer::followInTree);
+    connect(m_bar, &ViewerBar::pageAsked, this, &CRViewer::goToPage);
+    connect(m_bar, &ViewerBar::zoomAsked, m_view, &PageView::setZoom);
+    connect(m_bar, &ViewerBar::findAsked, this, &CRViewer::findByBar);
+    connect(m_bar, &ViewerBar::findDropped, this, &CRViewer::dropFind);
+    connect(m_bar, &ViewerBar::pagesAskedBack, m_view, qOverload<>(&QWidget::setFocus));
+}
+
+/// A key of the whole window, wherever in it the focus is.
+void CRViewer::addKey(const QList<QKeySequence> &keys, std::function<void()> action)
+{
+    auto *key = new QAction(this);
+    key->setShortcuts(keys);
+    key->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QAction::triggered, this, std::move(action));
+    parentWidget()->addAction(key);
+}
+
+void CRViewer::addKeys()
+{
+    addKey({Qt::CTRL | Qt::Key_F}, [this] { m_bar->enterFindText(); });
+    addKey({Qt::Key_F3}, [this] { findByBar(true); });
+    addKey({Qt::SHIFT | Qt::Key_F3}, [this] { findByBar(false); });
+    addKey({Qt::CTRL | Qt::Key_P}, [this] { emit m_bar->printAsked(); });
+    addKey({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal, Qt::CTRL | Qt::SHIFT | Qt::Key_Plus},
+           [this] { zoomBy(1); });
+    addKey({Qt::CTRL | Qt::Key_Minus}, [this] { zoomBy(-1); });
+    addKey({Qt::CTRL | Qt::Key_0}, [this] { m_view->setZoom(PageView::Zoom::Percent, 100); });
+    addKey({Qt::Key_PageUp}, [this] { m_view->scrollByWindow(-1); });
+    addKey({Qt::Key_PageDown}, [this] { m_view->scrollByWindow(1); });
+    addKey({Qt::Key_Home, Qt::CTRL | Qt::Key_Home}, [this] { m_view->scrollToEnd(false); });
+    addKey({Qt::Key_End, Qt::CTRL | Qt::Key_End}, [this] {
+        pageCount();
+        m_view->scrollToEnd(true);
+    });
+    addKey({Qt::CTRL | Qt::Key_C}, [this] { m_view->copySelection(); });
+    addKey({Qt::CTRL | Qt::Key_A}, [this] { m_view->selectPage(); });
 }
 
 void CRViewer::setReportSource(std::shared_ptr<Report> report)
 {
-    m_counting.stop();
+    m_idle.stop();
+    m_finder.stop();
+    m_bar->showFindResult({});
     m_groups->setPages(nullptr);
     m_view->setReport(nullptr);
     m_report = std::move(report);
-    m_foundPage = m_foundItem = -1;
 }
 
 void CRViewer::viewReport()
 {
     ReportPages &pages = m_report->pages();
-    pages.advance(CountingSlice);
+    pages.advance(Slice);
     m_groups->setPages(&pages);
-    m_showTree->setEnabled(pages.groups().levels() > 0);
-    if (!m_showTree->isEnabled())
-        m_showTree->setChecked(false);
+    m_bar->enableGroups(pages.groups().levels() > 0);
     m_view->setReport(m_report.get());
     m_view->setFocus();
+    m_bar->showZoom(m_view->zoom(), m_view->percent());
     showPageNumber();
+    followInTree();
     if (!pages.isComplete())
-        m_counting.start();
+        m_idle.start();
 }
 
-void CRViewer::countPages()
+/// A slice of what goes on while the user reads: the paging, then the search for the rest of a text's places.
+void CRViewer::goOn()
 {
-    if (m_report->pages().advance(CountingSlice))
-        m_counting.stop();
-    m_view->pagesChanged();
-    showPageNumber();
+    ReportPages &pages = m_report->pages();
+    if (!pages.isComplete()) {
+        pages.advance(Slice);
+        m_view->pagesChanged();
+        m_groups->pagesChanged();
+        showPageNumber();
+        return;
+    }
+    if (m_finder.current() && !m_finder.isComplete()) {
+        m_finder.advance(Slice);
+        showFindResult();
+        return;
+    }
+    m_idle.stop();
 }
 
 int CRViewer::pageCount()
@@ -190,8 +162,8 @@ int CRViewer::pageCount()
     if (!m_report)
         return 0;
     const int count = m_report->pages().pageCount();
-    m_counting.stop();
     m_view->pagesChanged();
+    m_groups->pagesChanged();
     showPageNumber();
     return count;
 }
@@ -205,30 +177,32 @@ void CRViewer::goToPage(int page)
 {
     if (!m_report)
         return;
-    if (page >= m_report->pages().knownPages())
+    if (page >= m_report->pages().knownPages()) {
+        setHourglass();
         pageCount();
+        setDefaultPointer();
+    }
     m_view->goToPage(std::clamp(page, 0, m_report->pages().knownPages() - 1));
+    showPageNumber();
 }
 
 void CRViewer::showPageNumber()
 {
-    if (!m_report)
-        return;
-    const ReportPages &pages = m_report->pages();
-    // Until the last page is known the box takes any number; going there counts on.
-    const QSignalBlocker quiet(m_pageNumber);
-    m_pageNumber->setMaximum(pages.isComplete() ? pages.knownPages() : 999999);
-    m_pageNumber->setValue(m_view->currentPage() + 1);
-    m_pageTotal->setText(QString(" of %1%2 ").arg(pages.knownPages()).arg(pages.isComplete() ? "" : "+"));
+    if (m_report)
+        m_bar->showPage(m_view->currentPage(), m_report->pages().knownPages(), m_report->pages().isComplete());
 }
 
-void CRViewer::applyZoom()
+/// To the next percentage of the list, from whatever the pages are shown at now.
+void CRViewer::zoomBy(int steps)
 {
-    const int percent = m_zoom->currentData().toInt();
-    m_view->setZoom(percent == 0    ? PageView::Zoom::PageWidth
-                    : percent == -1 ? PageView::Zoom::WholePage
-                                    : PageView::Zoom::Percent,
-                    percent);
+    const std::vector<int> &list = ViewerBar::zoomSteps();
+    const int now = m_view->percent();
+    const auto above = std::ranges::upper_bound(list, now);
+    const auto notBelow = std::ranges::lower_bound(list, now);
+    if (steps > 0)
+        m_view->setZoom(PageView::Zoom::Percent, above == list.end() ? list.back() : *above);
+    else
+        m_view->setZoom(PageView::Zoom::Percent, notBelow == list.begin() ? list.front() : *std::prev(notBelow));
 }
 
 bool CRViewer::exportTo(const QString &path)
@@ -241,80 +215,80 @@ bool CRViewer::exportTo(const QString &path)
     return bool(outcome);
 }
 
-void CRViewer::exportReport()
-{
-    if (!m_report)
-        return;
-    static const QString kinds = "PDF document (*.pdf);;Spreadsheet (*.xlsx);;Comma-separated data (*.csv)";
-    QString kind;
-    QString path = QFileDialog::getSaveFileName(this, "Export", m_report->layout().title, kinds, &kind);
-    if (path.isEmpty())
-        return;
-    if (QFileInfo(path).suffix().isEmpty())
-        path += kind.mid(kind.indexOf("*.") + 1).chopped(1);
-    if (!exportTo(path))
-        MsgBox("The report could not be written to " + path + ".", "Export");
-}
-
-void CRViewer::printReport()
-{
-    if (!m_report)
-        return;
-    const int pages = pageCount();
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(m_report->layout().title);
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    dialog.setMinMax(1, pages);
-    dialog.setFromTo(1, pages);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const bool isRange = dialog.printRange() == QAbstractPrintDialog::PageRange;
-    setHourglass();
-    const Outcome printed =
-        printPages(*m_report, printer, isRange ? dialog.fromPage() - 1 : 0, isRange ? dialog.toPage() - 1 : pages - 1);
-    setDefaultPointer();
-    if (!printed)
-        MsgBox("The report could not be printed.", "Print");
-}
-
-bool CRViewer::findNext(const QString &text)
+bool CRViewer::find(const QString &text, bool forward)
 {
     if (!m_report || text.isEmpty())
         return false;
-    const int pages = pageCount();
-    const bool isNew = m_foundPage < 0;
-    const int start = isNew ? currentPage() : m_foundPage;
-    // The page of the last place comes twice: its rest first, its beginning at the end of the round.
-    for (int step = 0; step <= pages; ++step) {
-        const int index = (start + step) % pages;
-        const std::shared_ptr<const Page> page = m_report->pages().page(index);
-        for (int item = step == 0 && !isNew ? m_foundItem + 1 : 0; item < int(page->items.size()); ++item) {
-            if (!page->items[item].text.contains(text, Qt::CaseInsensitive))
-                continue;
-            m_foundPage = index;
-            m_foundItem = item;
-            m_view->mark(index, page->items[item].rect);
-            return true;
-        }
-    }
-    m_foundPage = m_foundItem = -1;
-    m_view->mark(-1, {});
-    return false;
+    setHourglass();
+    pageCount();
+    if (m_finder.text() != text)
+        m_finder.start(m_report->pages(), text);
+    const auto place = forward ? m_finder.next(currentPage()) : m_finder.previous(currentPage());
+    m_finder.advance(FindSlice);
+    m_view->showFound(text, place ? place->page : -1, place ? place->index : -1);
+    if (place && !m_finder.isComplete())
+        m_idle.start();
+    setDefaultPointer();
+    showFindResult();
+    return place.has_value();
 }
 
-void CRViewer::find()
+void CRViewer::findByBar(bool forward)
 {
-    setHourglass();
-    const bool found = findNext(m_findText->text());
-    setDefaultPointer();
-    if (!found && !m_findText->text().isEmpty())
-        MsgBox("\"" + m_findText->text() + "\" does not occur in the report.", "Find");
+    if (m_bar->soughtText().isEmpty())
+        m_bar->enterFindText();
+    else
+        find(m_bar->soughtText(), forward);
+}
+
+void CRViewer::dropFind()
+{
+    m_finder.stop();
+    m_view->showFound({});
+    m_bar->showFindResult({});
+}
+
+void CRViewer::showFindResult()
+{
+    if (!m_finder.current())
+        m_bar->showFindResult("Not found");
+    else if (m_finder.isComplete())
+        m_bar->showFindResult(QString("%1 of %2").arg(m_finder.ordinal()).arg(m_finder.count()));
+    else
+        m_bar->showFindResult(QString("%1 or more").arg(m_finder.count()));
 }
 
 void CRViewer::goToGroup(const QModelIndex &index)
 {
-    // A group's page is known once the paging has got there.
-    pageCount();
-    goToPage(m_report->pages().pageOfGroup(GroupTreeModel::level(index), GroupTreeModel::node(index)));
+    const int level = GroupTreeModel::level(index);
+    const int node = m_groups->node(index);
+    ReportPages &pages = m_report->pages();
+    const int page = pages.printedGroups().pageOf[level][node];
+    for (const GroupPlace &place : pages.page(page)->groups) {
+        if (place.level == level && place.node == node)
+            m_view->showBand(page, place.top, place.bottom);
+    }
+    m_tree->setCurrentIndex(index);
+}
+
+/// Lets the tree stand at the group that goes on or begins at the page's top, as deep as it is opened; where it stands
+/// at one that begins further down the page it stays.
+void CRViewer::followInTree()
+{
+    if (!m_report || !m_tree->isVisibleTo(this))
+        return;
+    ReportPages &pages = m_report->pages();
+    const int page = currentPage();
+    const QModelIndex at = m_tree->currentIndex();
+    if (at.isValid() && pages.printedGroups().pageOf[GroupTreeModel::level(at)][m_groups->node(at)] == page)
+        return;
+    QModelIndex wanted;
+    for (const GroupPlace &place : pages.page(page)->groups) {
+        const QModelIndex group = m_groups->indexOf(place.level, place.node);
+        const bool isDeeper = place.level == (wanted.isValid() ? GroupTreeModel::level(wanted) + 1 : 0);
+        if (group.isValid() && isDeeper && (!wanted.isValid() || m_tree->isExpanded(wanted)))
+            wanted = group;
+    }
+    if (wanted.isValid())
+        m_tree->setCurrentIndex(wanted);
 }

@@ -1,19 +1,16 @@
 #pragma once
 
+#include "reportengine/viewer/finder.h"
+#include <QPageLayout>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
 
 class GroupTreeModel;
 class PageView;
-class QAction;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QSpinBox;
-class QToolBar;
 class QTreeView;
 class Report;
+class ViewerBar;
 
 /// The viewer control: a report's pages under a toolbar with export, print, page navigation, zoom, find and group tree.
 class CRViewer : public QWidget
@@ -35,35 +32,33 @@ public:
 
     /// Index of the page in view.
     int currentPage() const;
+    /// Goes to a page, or to the nearest there is.
     void goToPage(int page);
-    /// The next place after the last one found that holds the text, in any case, from the page in view on and round
-    /// by the first page. False when the report does not hold it.
-    bool findNext(const QString &text);
+    /// The next place (or the one before) after the last one found that holds the text, in any case, from the page in
+    /// view on and round by the report's other end. False when the report does not hold it.
+    bool findNext(const QString &text) { return find(text, true); }
+    bool findPrevious(const QString &text) { return find(text, false); }
 
 private:
-    void buildToolBar();
-    void addNavigation(QToolBar *bar);
-    void addZoom(QToolBar *bar);
-    void addFind(QToolBar *bar);
-    QAction *addAction(QToolBar *bar, const char *name, const QString &caption, const QString &tip);
-    void countPages();
+    void connectBar();
+    void addKeys();
+    void addKey(const QList<QKeySequence> &keys, std::function<void()> action);
+    void goOn();
     void showPageNumber();
-    void applyZoom();
-    void exportReport();
-    void printReport();
-    void find();
+    void zoomBy(int steps);
+    bool find(const QString &text, bool forward);
+    void findByBar(bool forward);
+    void dropFind();
+    void showFindResult();
     void goToGroup(const QModelIndex &index);
+    void followInTree();
 
     std::shared_ptr<Report> m_report;
+    ViewerBar *m_bar;
     PageView *m_view;
     QTreeView *m_tree;
     GroupTreeModel *m_groups;
-    QAction *m_showTree = nullptr;
-    QSpinBox *m_pageNumber = nullptr;
-    QLabel *m_pageTotal = nullptr;
-    QComboBox *m_zoom = nullptr;
-    QLineEdit *m_findText = nullptr;
-    QTimer m_counting;
-    int m_foundPage = -1;
-    int m_foundItem = -1;
+    Finder m_finder;
+    QPageLayout m_paper; ///< chosen to print on; not valid: the report's own
+    QTimer m_idle;       ///< counts and searches while nothing else is to be done
 };

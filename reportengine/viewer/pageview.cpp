@@ -4,21 +4,32 @@
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/pages/textmetrics.h"
 #include "reportengine/report.h"
-#include <QKeyEvent>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMenu>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 namespace {
-constexpr int Gap = 12; ///< pixels around each page
+constexpr int Gap = 12;  ///< pixels around each page
+constexpr int Step = 40; ///< pixels an arrow key scrolls
+// Paper is white whatever the desktop's colours are, and so are the marks on it of one kind.
 const QColor Desk(0xb8, 0xbe, 0xc6);
-const QColor Marker(255, 220, 0, 110);
+const QColor PaperShadow(0x8a, 0x90, 0x98);
+const QColor Found(255, 232, 120);
+const QColor FoundNow(255, 165, 60);
+const QColor Band(208, 228, 245);
+const QColor Selected(168, 205, 240);
 } // namespace
 
 PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAutoFillBackground(false);
+    viewport()->setMouseTracking(true);
     // Appearing and vanishing bars would change the width that "page width" fits to.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
@@ -26,10 +37,11 @@ PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
 void PageView::setReport(Report *report)
 {
     m_report = report;
-    m_markedPage = -1;
-    m_lastCurrent = -1;
+    m_soughtText.clear();
+    m_bandPage = -1;
+    m_selection.clear();
     layOut();
-    verticalScrollBar()->setValue(0);
+    goToPage(0);
     viewport()->update();
 }
 
@@ -41,12 +53,12 @@ void PageView::pagesChanged()
 
 void PageView::setZoom(Zoom zoom, int percent)
 {
-    const int page = currentPage();
     m_zoom = zoom;
-    m_percent = percent;
+    m_percent = std::clamp(percent, SmallestPercent, LargestPercent);
     layOut();
-    goToPage(page);
+    goToPage(m_current);
     viewport()->update();
+    emit zoomChanged();
 }
 
 int PageView::percent() const
@@ -82,46 +94,115 @@ int PageView::pageTop(int page) const
     return Gap + page * (pageSize().height() + Gap);
 }
 
-int PageView::currentPage() const
+QRect PageView::paperOf(int page) const
 {
-    if (!m_report)
-        return 0;
-    const int middle = verticalScrollBar()->value() + viewport()->height() / 3;
-    return std::clamp((middle - Gap) / (pageSize().height() + Gap), 0, m_report->pages().knownPages() - 1);
+    const QSize size = pageSize();
+    const int left = std::max(Gap, (viewport()->width() - size.width()) / 2) - horizontalScrollBar()->value();
+    return {QPoint(left, pageTop(page) - verticalScrollBar()->value()), size};
+}
+
+int PageView::pageAt(int y) const
+{
+    return m_report ? std::clamp((y - Gap) / (pageSize().height() + Gap), 0, m_report->pages().knownPages() - 1) : 0;
+}
+
+void PageView::setCurrentPage(int page)
+{
+    if (page == m_current)
+        return;
+    m_current = page;
+    emit currentPageChanged(page);
 }
 
 void PageView::goToPage(int page)
 {
-    verticalScrollBar()->setValue(pageTop(page) - Gap);
+    {
+        const QScopedValueRollback going(m_isGoing, true);
+        verticalScrollBar()->setValue(pageTop(page) - Gap);
+    }
+    setCurrentPage(page);
 }
 
-void PageView::mark(int page, const QRectF &place)
+void PageView::scrollByWindow(int windows)
 {
-    m_markedPage = place.isEmpty() ? -1 : page;
-    m_mark = place;
-    if (m_markedPage >= 0) {
-        const double scale = pixelsPerPoint();
-        const int top = pageTop(page) + int(place.top() * scale);
-        const int value = verticalScrollBar()->value();
-        if (top < value || top + place.height() * scale > value + viewport()->height())
-            verticalScrollBar()->setValue(top - viewport()->height() / 3);
-        const int left = int(place.left() * scale);
-        if (left < horizontalScrollBar()->value() || left > horizontalScrollBar()->value() + viewport()->width())
-            horizontalScrollBar()->setValue(left - Gap);
+    if (m_zoom == Zoom::WholePage && m_report)
+        goToPage(std::clamp(m_current + windows, 0, m_report->pages().knownPages() - 1));
+    else
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + windows * (viewport()->height() - Step));
+}
+
+void PageView::scrollToEnd(bool last)
+{
+    verticalScrollBar()->setValue(last ? verticalScrollBar()->maximum() : 0);
+    if (m_report)
+        setCurrentPage(last ? m_report->pages().knownPages() - 1 : 0);
+}
+
+void PageView::showFound(const QString &text, int page, int index)
+{
+    m_soughtText = text;
+    m_foundPage = page;
+    m_foundIndex = index;
+    if (page >= 0) {
+        const std::vector<FoundText> found = findOn(*m_report->pages().page(page), text);
+        setCurrentPage(page);
+        bringInSight(page, found.at(index).places.front());
     }
     viewport()->update();
 }
 
+void PageView::showBand(int page, double top, double bottom)
+{
+    m_bandPage = page;
+    m_bandTop = top;
+    m_bandBottom = bottom;
+    goToPage(page);
+    const QScopedValueRollback going(m_isGoing, true);
+    verticalScrollBar()->setValue(pageTop(page) + int(top * pixelsPerPoint()) - Gap);
+    viewport()->update();
+}
+
+/// Scrolls only where the place is not in sight.
+void PageView::bringInSight(int page, const QRectF &place)
+{
+    const QScopedValueRollback going(m_isGoing, true);
+    const double scale = pixelsPerPoint();
+    const QRectF inWindow(paperOf(page).topLeft() + place.topLeft() * scale, place.size() * scale);
+    if (inWindow.top() < 0 || inWindow.bottom() > viewport()->height())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + int(inWindow.top()) - viewport()->height() / 3);
+    if (inWindow.left() < 0 || inWindow.right() > viewport()->width())
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + int(inWindow.left()) -
+                                        viewport()->width() / 3);
+}
+
 void PageView::layOut()
 {
+    const QScopedValueRollback going(m_isGoing, true);
     const QSize page = pageSize();
     const int pages = m_report ? m_report->pages().knownPages() : 0;
     verticalScrollBar()->setRange(0, std::max(0, pageTop(pages) - viewport()->height()));
     verticalScrollBar()->setPageStep(viewport()->height());
-    verticalScrollBar()->setSingleStep(40);
+    verticalScrollBar()->setSingleStep(Step);
     horizontalScrollBar()->setRange(0, std::max(0, page.width() + 2 * Gap - viewport()->width()));
     horizontalScrollBar()->setPageStep(viewport()->width());
-    horizontalScrollBar()->setSingleStep(40);
+    horizontalScrollBar()->setSingleStep(Step);
+}
+
+void PageView::paintMarks(QPainter &painter, int page, const Page &content) const
+{
+    const double scale = pixelsPerPoint();
+    const auto fill = [&](const QRectF &place, const QColor &color) {
+        painter.fillRect(QRectF(place.topLeft() * scale, place.size() * scale), color);
+    };
+    if (page == m_bandPage)
+        fill({0, m_bandTop, content.size.width(), m_bandBottom - m_bandTop}, Band);
+    const std::vector<FoundText> found = findOn(content, m_soughtText);
+    for (int i = 0; i < int(found.size()); ++i) {
+        for (const QRectF &place : found[i].places)
+            fill(place, page == m_foundPage && i == m_foundIndex ? FoundNow : Found);
+    }
+    for (const QRectF &place : m_selection.places(content, page))
+        fill(place, Selected);
 }
 
 void PageView::paintEvent(QPaintEvent *)
@@ -131,34 +212,33 @@ void PageView::paintEvent(QPaintEvent *)
     if (!m_report)
         return;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    const QSize size = pageSize();
-    const int scrolled = verticalScrollBar()->value();
-    const int left = std::max(Gap, (viewport()->width() - size.width()) / 2) - horizontalScrollBar()->value();
     const double scale = pixelsPerPoint();
     ReportPages &pages = m_report->pages();
-    int page = std::max(0, (scrolled - Gap) / (size.height() + Gap));
-    for (; page < pages.knownPages() && pageTop(page) < scrolled + viewport()->height(); ++page) {
-        const QRect paper(QPoint(left, pageTop(page) - scrolled), size);
-        painter.fillRect(paper.translated(2, 2), QColor(0x8a, 0x90, 0x98));
+    for (int page = pageAt(verticalScrollBar()->value()); page < pages.knownPages(); ++page) {
+        const QRect paper = paperOf(page);
+        if (paper.top() >= viewport()->height())
+            break;
+        const std::shared_ptr<const Page> content = pages.page(page);
+        painter.fillRect(paper.translated(2, 2), PaperShadow);
         painter.fillRect(paper, Qt::white);
         painter.save();
         painter.setClipRect(paper);
         painter.translate(paper.topLeft());
-        if (page == m_markedPage)
-            painter.fillRect(QRectF(m_mark.topLeft() * scale, m_mark.size() * scale), Marker);
+        paintMarks(painter, page, *content);
         painter.scale(scale / TextMetrics::UnitsPerPoint, scale / TextMetrics::UnitsPerPoint);
-        paintPage(*pages.page(page), painter);
+        paintPage(*content, painter);
         painter.restore();
     }
 }
 
 void PageView::resizeEvent(QResizeEvent *)
 {
-    // A page in view stays in view when it changes its size with the window.
-    const int page = std::max(m_lastCurrent, 0);
     layOut();
-    if (m_zoom != Zoom::Percent)
-        goToPage(page);
+    // A page in view stays in view when it changes its size with the window.
+    if (m_zoom != Zoom::Percent) {
+        goToPage(m_current);
+        emit zoomChanged();
+    }
 }
 
 void PageView::wheelEvent(QWheelEvent *event)
@@ -167,37 +247,126 @@ void PageView::wheelEvent(QWheelEvent *event)
         QAbstractScrollArea::wheelEvent(event);
         return;
     }
-    setZoom(Zoom::Percent, std::clamp(percent() + (event->angleDelta().y() > 0 ? 10 : -10), 25, 400));
+    setZoom(Zoom::Percent, percent() + (event->angleDelta().y() > 0 ? 10 : -10));
 }
 
 void PageView::keyPressEvent(QKeyEvent *event)
 {
-    QScrollBar *bar = verticalScrollBar();
-    switch (event->key()) {
-    case Qt::Key_PageDown:
-    case Qt::Key_Space:
-        bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
-        return;
-    case Qt::Key_PageUp:
-        bar->triggerAction(QAbstractSlider::SliderPageStepSub);
-        return;
-    case Qt::Key_Home:
-        bar->setValue(0);
-        return;
-    case Qt::Key_End:
-        bar->setValue(bar->maximum());
-        return;
-    default:
+    if (event->key() == Qt::Key_Space)
+        scrollByWindow(event->modifiers() & Qt::ShiftModifier ? -1 : 1);
+    else
         QAbstractScrollArea::keyPressEvent(event);
+}
+
+PageView::PagePoint PageView::pagePointAt(const QPoint &position) const
+{
+    const int page = pageAt(position.y() + verticalScrollBar()->value());
+    return {page, QPointF(position - paperOf(page).topLeft()) / pixelsPerPoint()};
+}
+
+std::optional<TextSpot> PageView::textSpotAt(const QPoint &position) const
+{
+    const PagePoint at = pagePointAt(position);
+    return spotAt(*m_report->pages().page(at.page), at.page, at.point);
+}
+
+bool PageView::isTextAt(const QPoint &position) const
+{
+    if (!m_report)
+        return false;
+    const PagePoint at = pagePointAt(position);
+    return isOnText(*m_report->pages().page(at.page), at.point);
+}
+
+void PageView::mousePressEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    m_lastPosition = position;
+    if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && !isTextAt(position))) {
+        m_mouse = Mouse::Dragging;
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    } else if (event->button() == Qt::LeftButton) {
+        m_mouse = Mouse::Selecting;
+        m_selection.begin(*textSpotAt(position));
     }
+    if (event->button() == Qt::LeftButton) {
+        if (m_mouse == Mouse::Dragging)
+            m_selection.clear();
+        m_bandPage = -1;
+        viewport()->update();
+    }
+}
+
+void PageView::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    switch (m_mouse) {
+    case Mouse::Idle:
+        viewport()->setCursor(isTextAt(position) ? Qt::IBeamCursor : Qt::OpenHandCursor);
+        break;
+    case Mouse::Dragging:
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + m_lastPosition.x() - position.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + m_lastPosition.y() - position.y());
+        break;
+    case Mouse::Selecting:
+        // Beyond the window's edge the pages come after.
+        if (position.y() < 0 || position.y() > viewport()->height())
+            verticalScrollBar()->setValue(verticalScrollBar()->value() + (position.y() < 0 ? -Step : Step));
+        if (const auto spot = textSpotAt(position))
+            m_selection.extendTo(*spot);
+        viewport()->update();
+        break;
+    }
+    m_lastPosition = position;
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_mouse = Mouse::Idle;
+    viewport()->setCursor(isTextAt(event->position().toPoint()) ? Qt::IBeamCursor : Qt::OpenHandCursor);
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    if (event->button() != Qt::LeftButton || !isTextAt(position))
+        return;
+    const TextSpot spot = *textSpotAt(position);
+    m_selection.takeText(*m_report->pages().page(spot.page), spot);
+    viewport()->update();
+}
+
+void PageView::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    QAction *copy = menu.addAction("Copy", this, &PageView::copySelection);
+    copy->setEnabled(hasSelection());
+    menu.addAction("Select the Page", this, &PageView::selectPage);
+    menu.exec(event->globalPos());
+}
+
+void PageView::copySelection() const
+{
+    if (m_report && hasSelection())
+        QGuiApplication::clipboard()->setText(m_selection.text(m_report->pages()));
+}
+
+void PageView::selectPage()
+{
+    if (!m_report)
+        return;
+    m_selection.takePage(*m_report->pages().page(m_current), m_current);
+    viewport()->update();
 }
 
 void PageView::scrollContentsBy(int, int)
 {
     viewport()->update();
-    const int page = currentPage();
-    if (page != m_lastCurrent) {
-        m_lastCurrent = page;
-        emit currentPageChanged(page);
-    }
+    if (m_isGoing || !m_report)
+        return;
+    // The line that is read goes from the window's top at the report's beginning to its foot at the end, so that every
+    // page has its turn however small it is shown.
+    const QScrollBar *bar = verticalScrollBar();
+    const double part = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
+    setCurrentPage(pageAt(bar->value() + int(part * (viewport()->height() - 1))));
 }

@@ -4,6 +4,7 @@
 
 Viewer::Viewer() : Form("Viewer", "Report Viewer"), m_viewer(new CRViewer(this))
 {
+    setFocusProxy(m_viewer);
     resize(860, 640);
 }
 

@@ -164,7 +164,7 @@ TEST(Pages, BeginAnewWithAGroupAndCountWithinIt)
         numbers.append(page.section('|', 1, 1) + " " + page.section('|', -1));
     EXPECT_EQ(numbers, (QStringList{"+G00000 Page 1 of 2", "+G00000 Page 2 of 2", "+G00001 Page 1 of 2",
                                     "+G00001 Page 2 of 2", "+G00002 Page 1 of 1"}));
-    EXPECT_EQ(report->pages().pageOfGroup(0, 2), 4);
+    EXPECT_EQ(report->pages().printedGroups().pageOf[0][2], 4);
 }
 
 TEST(Pages, AreNotTakenUpByGroupsThatPrintNothing)

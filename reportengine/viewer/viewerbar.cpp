@@ -1,0 +1,211 @@
+#include "reportengine/viewer/viewerbar.h"
+
+#include "reportengine/viewer/pageicons.h"
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
+
+namespace {
+constexpr int BeyondAnyPage = 9999998;
+// What the zoom list keeps beside percentages.
+constexpr int PageWidth = 0;
+constexpr int WholePage = -1;
+} // namespace
+
+ViewerBar::ViewerBar(QWidget *parent) : QToolBar(parent)
+{
+    setObjectName("toolBar");
+    setIconSize({16, 16});
+    connect(addButton("export", "Export", "Write a PDF, spreadsheet or CSV file"), &QAction::triggered, this,
+            &ViewerBar::exportAsked);
+    connect(addButton("print", "Print", "Print (Ctrl+P)"), &QAction::triggered, this, &ViewerBar::printAsked);
+    connect(addButton("pageSetup", "Page Setup", "Choose the paper to print on"), &QAction::triggered, this,
+            &ViewerBar::pageSetupAsked);
+    addSeparator();
+    m_groups = addButton("groupTreeToggle", "Groups", "Show the groups of the report");
+    m_groups->setCheckable(true);
+    connect(m_groups, &QAction::toggled, this, &ViewerBar::groupsToggled);
+    addSeparator();
+    addNavigation();
+    addSeparator();
+    addZoom();
+    addSeparator();
+    addFind();
+}
+
+QAction *ViewerBar::addButton(const char *name, const QString &caption, const QString &tip)
+{
+    QAction *action = addAction(caption);
+    action->setObjectName(QLatin1String(name));
+    action->setToolTip(tip);
+    return action;
+}
+
+QAction *ViewerBar::addPageButton(const char *name, const QString &caption, PageIcon icon, std::function<int()> page)
+{
+    QAction *action = addButton(name, caption, caption);
+    action->setIcon(pageIcon(icon));
+    connect(action, &QAction::triggered, this, [this, page = std::move(page)] { emit pageAsked(page()); });
+    return action;
+}
+
+void ViewerBar::addNavigation()
+{
+    m_toStart[0] = addPageButton("firstPage", "First page", PageIcon::First, [] { return 0; });
+    m_toStart[1] = addPageButton("previousPage", "Previous page", PageIcon::Previous, [this] { return m_page - 1; });
+    m_pageNumber = new QSpinBox(this);
+    m_pageNumber->setObjectName("pageNumber");
+    m_pageNumber->setAccessibleName("Page");
+    m_pageNumber->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    m_pageNumber->setKeyboardTracking(false);
+    // Any number may be typed: one beyond the end means the last page.
+    m_pageNumber->setRange(1, BeyondAnyPage + 1);
+    m_pageNumber->setAlignment(Qt::AlignRight);
+    m_pageNumber->setFixedWidth(fontMetrics().horizontalAdvance("000000") + 8);
+    m_pageNumber->installEventFilter(this);
+    connect(m_pageNumber, &QSpinBox::valueChanged, this, [this](int number) { emit pageAsked(number - 1); });
+    addWidget(m_pageNumber);
+    m_pageTotal = new QLabel(this);
+    m_pageTotal->setObjectName("pageTotal");
+    m_pageTotal->setMinimumWidth(fontMetrics().horizontalAdvance(" of 000+"));
+    addWidget(m_pageTotal);
+    m_toEnd[0] = addPageButton("nextPage", "Next page", PageIcon::Next, [this] { return m_page + 1; });
+    m_toEnd[1] = addPageButton("lastPage", "Last page", PageIcon::Last, [] { return BeyondAnyPage; });
+}
+
+const std::vector<int> &ViewerBar::zoomSteps()
+{
+    static const std::vector<int> steps{25, 50, 75, 100, 125, 150, 200, 300, 400};
+    return steps;
+}
+
+void ViewerBar::addZoom()
+{
+    m_zoom = new QComboBox(this);
+    m_zoom->setObjectName("zoom");
+    m_zoom->setAccessibleName("Zoom");
+    m_zoom->addItem("Page Width", PageWidth);
+    m_zoom->addItem("Whole Page", WholePage);
+    for (const int percent : zoomSteps())
+        m_zoom->addItem(QString::number(percent) + "%", percent);
+    connect(m_zoom, &QComboBox::currentIndexChanged, this, [this] {
+        const int wanted = m_zoom->currentData().toInt();
+        emit zoomAsked(wanted == PageWidth   ? PageView::Zoom::PageWidth
+                       : wanted == WholePage ? PageView::Zoom::WholePage
+                                             : PageView::Zoom::Percent,
+                       wanted);
+    });
+    addWidget(m_zoom);
+}
+
+QAction *ViewerBar::addFindButton(const char *name, const QString &caption, const QString &tip, PageIcon icon,
+                                  bool forward)
+{
+    QAction *action = addButton(name, caption, tip);
+    action->setIcon(pageIcon(icon));
+    connect(action, &QAction::triggered, this, [this, forward] { emit findAsked(forward); });
+    return action;
+}
+
+void ViewerBar::addFind()
+{
+    m_findText = new QLineEdit(this);
+    m_findText->setObjectName("findText");
+    m_findText->setAccessibleName("Find text");
+    m_findText->setPlaceholderText("Find text");
+    m_findText->setClearButtonEnabled(true);
+    m_findText->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
+    m_findText->setMaximumWidth(220);
+    m_findText->installEventFilter(this);
+    connect(m_findText, &QLineEdit::textChanged, this, &ViewerBar::findDropped);
+    addWidget(m_findText);
+    addFindButton("findPrevious", "Find Previous", "Find the place before (Shift+F3)", PageIcon::Up, false);
+    addFindButton("findNext", "Find Next", "Find the next place (F3)", PageIcon::Down, true);
+    m_findResult = new QLabel(this);
+    m_findResult->setObjectName("findResult");
+    m_findResult->setMinimumWidth(fontMetrics().horizontalAdvance(" 0000 of 0000"));
+    addWidget(m_findResult);
+}
+
+void ViewerBar::showPage(int page, int knownPages, bool isLastKnown)
+{
+    m_page = page;
+    const QSignalBlocker quiet(m_pageNumber);
+    m_pageNumber->setValue(page + 1);
+    m_pageTotal->setText(QString(" of %1%2 ").arg(knownPages).arg(isLastKnown ? "" : "+"));
+    for (QAction *action : m_toStart)
+        action->setEnabled(page > 0);
+    for (QAction *action : m_toEnd)
+        action->setEnabled(page + 1 < knownPages || !isLastKnown);
+}
+
+void ViewerBar::showZoom(PageView::Zoom zoom, int percent)
+{
+    const QSignalBlocker quiet(m_zoom);
+    // A percentage of the wheel's making stands in the list as long as it holds.
+    for (int i = m_zoom->count() - 1; i >= 0; --i) {
+        const int listed = m_zoom->itemData(i).toInt();
+        if (listed > 0 && !std::ranges::binary_search(zoomSteps(), listed))
+            m_zoom->removeItem(i);
+    }
+    const int wanted = zoom == PageView::Zoom::PageWidth   ? PageWidth
+                       : zoom == PageView::Zoom::WholePage ? WholePage
+                                                           : percent;
+    int index = m_zoom->findData(wanted);
+    if (index < 0) {
+        for (index = 0; index < m_zoom->count() && m_zoom->itemData(index).toInt() < percent; ++index)
+            ;
+        m_zoom->insertItem(index, QString::number(percent) + "%", percent);
+    }
+    m_zoom->setCurrentIndex(index);
+    m_zoom->setToolTip(QString("Zoom (now %1%)").arg(percent));
+}
+
+void ViewerBar::showFindResult(const QString &text)
+{
+    m_findResult->setText(text.isEmpty() ? text : ' ' + text);
+}
+
+void ViewerBar::enableGroups(bool enabled)
+{
+    m_groups->setEnabled(enabled);
+    if (!enabled)
+        m_groups->setChecked(false);
+}
+
+QString ViewerBar::soughtText() const
+{
+    return m_findText->text();
+}
+
+void ViewerBar::enterFindText()
+{
+    m_findText->setFocus(Qt::ShortcutFocusReason);
+    m_findText->selectAll();
+}
+
+bool ViewerBar::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
+        return QToolBar::eventFilter(watched, event);
+    const auto *press = static_cast<QKeyEvent *>(event);
+    const bool isEnter = press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Home and End are the report's wherever the focus is; a field would keep them for its own text.
+        const bool isPageKey = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
+        if (isPageKey && !(press->modifiers() & Qt::ShiftModifier)) {
+            event->ignore();
+            return true;
+        }
+    } else if (press->key() == Qt::Key_Escape) {
+        emit findDropped();
+        emit pagesAskedBack();
+        return true;
+    } else if (isEnter && watched == m_findText) {
+        emit findAsked(!(press->modifiers() & Qt::ShiftModifier));
+        return true;
+    }
+    return QToolBar::eventFilter(watched, event);
+}

@@ -1,0 +1,164 @@
+#include "reportengine/viewer/viewerjobs.h"
+
+#include "reportengine/output/exports.h"
+#include "reportengine/output/printing.h"
+#include "reportengine/output/sheetplace.h"
+#include "reportengine/pages/reportpages.h"
+#include "reportengine/report.h"
+#include "toolkit/controls/mousepointer.h"
+#include "toolkit/controls/msgbox.h"
+#include "toolkit/controls/statusline.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QStandardPaths>
+
+namespace {
+
+constexpr int Unnoticed = 500; ///< milliseconds a job may take before it shows how far it has come
+constexpr int Beat = 50;       ///< milliseconds from one look at the Cancel button to the next
+
+/// Runs a job under the hourglass, and under a progress window once it has become a long one. The window is modal to
+/// the program, so that nothing else happens meanwhile.
+Outcome runJob(QWidget *parent, const QString &caption, const std::function<Outcome(const Progress &)> &job)
+{
+    setHourglass();
+    QProgressDialog window(caption, "Cancel", 0, 0, parent);
+    window.setObjectName("progress");
+    window.setWindowTitle("Report");
+    window.setWindowModality(Qt::ApplicationModal);
+    window.setAutoClose(false);
+    window.setAutoReset(false);
+    window.setMinimumDuration(std::numeric_limits<int>::max());
+    QElapsedTimer sinceStart, sinceBeat;
+    sinceStart.start();
+    sinceBeat.start();
+    const Outcome outcome = job([&](int done, int total) {
+        if (sinceStart.elapsed() < Unnoticed || sinceBeat.elapsed() < Beat)
+            return true;
+        if (!window.isVisible()) {
+            setDefaultPointer();
+            window.show();
+        }
+        window.setMaximum(total);
+        window.setValue(done);
+        QCoreApplication::processEvents();
+        sinceBeat.start();
+        return !window.wasCanceled();
+    });
+    setDefaultPointer();
+    return outcome;
+}
+
+void tell(const Outcome &outcome, const QString &done, const QString &failed, const QString &title)
+{
+    switch (outcome.state) {
+    case Outcome::State::Done:
+        if (!done.isEmpty())
+            showStatus(done);
+        break;
+    case Outcome::State::Cancelled:
+        showStatus(title + " stopped");
+        break;
+    case Outcome::State::Failed:
+        MsgBox(failed + "\n\n" + outcome.reason, title);
+        break;
+    }
+}
+
+/// A name that every file system takes.
+QString fileName(QString name)
+{
+    for (QChar &c : name) {
+        if (c < ' ' || QStringLiteral("\\/:*?\"<>|").contains(c))
+            c = '-';
+    }
+    return name;
+}
+
+/// ".pdf" of "PDF document (*.pdf)".
+QString suffixOf(const QString &kind)
+{
+    return kind.mid(kind.indexOf("*.") + 1).chopped(1);
+}
+
+/// The file asked for, with a suffix that tells its kind; nothing when the user thought better of it.
+QString askForFile(QWidget *parent, const QString &name)
+{
+    QFileDialog dialog(parent, "Export");
+    dialog.setObjectName("exportDialog");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The question is ours to ask: only with its suffix has the name become the one that may stand there already.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters({"PDF document (*.pdf)", "Spreadsheet (*.xlsx)", "Comma-separated data (*.csv)"});
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog.selectFile(fileName(name) + ".pdf");
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &kind) {
+        const QFileInfo chosen(dialog.selectedFiles().value(0));
+        if (isExportName(chosen.fileName()))
+            dialog.selectFile(chosen.completeBaseName() + suffixOf(kind));
+    });
+    while (dialog.exec() == QDialog::Accepted) {
+        QString path = dialog.selectedFiles().value(0);
+        if (!isExportName(path))
+            path += suffixOf(dialog.selectedNameFilter());
+        if (!QFileInfo::exists(path) ||
+            MsgBoxYesNo(QFileInfo(path).fileName() + " is there already. Replace it?", "Export"))
+            return path;
+    }
+    return {};
+}
+
+} // namespace
+
+void exportByDialog(QWidget *parent, Report &report, const QString &name)
+{
+    const QString path = askForFile(parent, name);
+    if (path.isEmpty())
+        return;
+    const Outcome outcome = runJob(parent, "Writing " + QFileInfo(path).fileName(),
+                                   [&](const Progress &progress) { return exportReport(report, path, progress); });
+    tell(outcome, "Exported to " + path, "The report could not be written to " + path + ".", "Export");
+}
+
+void printByDialog(QWidget *parent, Report &report, int currentPage, const QPageLayout &paper)
+{
+    const int pages = report.pages().pageCount();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(report.layout().title);
+    printer.setPageLayout(paper.isValid() ? paper : ownPaper(report.layout()));
+    QPrintDialog dialog(&printer, parent);
+    dialog.setObjectName("printDialog");
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
+                      QAbstractPrintDialog::PrintCurrentPage | QAbstractPrintDialog::PrintCollateCopies);
+    dialog.setMinMax(1, pages);
+    dialog.setFromTo(1, pages);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    int from = 0;
+    int to = pages - 1;
+    if (dialog.printRange() == QAbstractPrintDialog::CurrentPage) {
+        from = to = currentPage;
+    } else if (dialog.printRange() == QAbstractPrintDialog::PageRange) {
+        from = std::clamp(dialog.fromPage() - 1, 0, pages - 1);
+        to = std::clamp(dialog.toPage() - 1, from, pages - 1);
+    }
+    const Outcome outcome = runJob(parent, "Printing " + report.layout().title, [&](const Progress &progress) {
+        return printPages(report, printer, from, to, progress);
+    });
+    tell(outcome, {}, "The report could not be printed.", "Print");
+}
+
+QPageLayout paperByDialog(QWidget *parent, const Report &report, const QPageLayout &paper)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(paper.isValid() ? paper : ownPaper(report.layout()));
+    QPageSetupDialog dialog(&printer, parent);
+    dialog.setObjectName("pageSetupDialog");
+    return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : paper;
+}
