@@ -3,11 +3,13 @@
 #include "reportengine/output/exports.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/report.h"
+#include "reportengine/viewer/findbar.h"
 #include "reportengine/viewer/grouptreemodel.h"
 #include "reportengine/viewer/viewerbar.h"
 #include "reportengine/viewer/viewerjobs.h"
 #include "toolkit/controls/mousepointer.h"
 #include <QAction>
+#include <QKeyEvent>
 #include <QSplitter>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -18,8 +20,8 @@ constexpr int FindSlice = 150; ///< of searching before the first count is shown
 } // namespace
 
 CRViewer::CRViewer(QWidget *parent)
-    : QWidget(parent), m_bar(new ViewerBar(this)), m_view(new PageView(this)), m_tree(new QTreeView(this)),
-      m_groups(new GroupTreeModel(this))
+    : QWidget(parent), m_bar(new ViewerBar(this)), m_findBar(new FindBar(this)), m_view(new PageView(this)),
+      m_tree(new QTreeView(this)), m_groups(new GroupTreeModel(this))
 {
     setObjectName("CRViewer");
     m_view->setObjectName("pageView");
@@ -40,6 +42,7 @@ CRViewer::CRViewer(QWidget *parent)
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({180, 600});
     column->addWidget(splitter, 1);
+    column->addWidget(m_findBar);
 
     connect(m_tree, &QTreeView::clicked, this, &CRViewer::goToGroup);
     connect(m_tree, &QTreeView::activated, this, &CRViewer::goToGroup);
@@ -49,7 +52,10 @@ CRViewer::CRViewer(QWidget *parent)
     m_idle.setInterval(0);
     connect(&m_idle, &QTimer::timeout, this, &CRViewer::goOn);
     connectBar();
+    connectFindBar();
     addKeys();
+    for (QWidget *field : findChildren<QWidget *>())
+        field->installEventFilter(this);
     m_bar->showZoom(m_view->zoom(), m_view->percent());
 }
 
@@ -77,9 +83,29 @@ void CRViewer::connectBar()
     connect(m_bar, &ViewerBar::groupsToggled, this, &CRViewer::followInTree);
     connect(m_bar, &ViewerBar::pageAsked, this, &CRViewer::goToPage);
     connect(m_bar, &ViewerBar::zoomAsked, m_view, &PageView::setZoom);
-    connect(m_bar, &ViewerBar::findAsked, this, &CRViewer::findByBar);
-    connect(m_bar, &ViewerBar::findDropped, this, &CRViewer::dropFind);
-    connect(m_bar, &ViewerBar::pagesAskedBack, m_view, qOverload<>(&QWidget::setFocus));
+    connect(m_bar, &ViewerBar::findAsked, m_findBar, &FindBar::enter);
+}
+
+void CRViewer::connectFindBar()
+{
+    connect(m_findBar, &FindBar::findAsked, this, &CRViewer::findByBar);
+    connect(m_findBar, &FindBar::textChanged, this, &CRViewer::dropFind);
+    connect(m_findBar, &FindBar::closed, this, &CRViewer::dropFind);
+    connect(m_findBar, &FindBar::closed, m_view, qOverload<>(&QWidget::setFocus));
+}
+
+/// Home and End are the report's wherever the focus is; a field would keep them for its own text.
+bool CRViewer::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *press = static_cast<QKeyEvent *>(event);
+        const bool isPageKey = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
+        if (isPageKey && !(press->modifiers() & Qt::ShiftModifier)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 /// A key of the whole window, wherever in it the focus is.
@@ -94,7 +120,7 @@ void CRViewer::addKey(const QList<QKeySequence> &keys, std::function<void()> act
 
 void CRViewer::addKeys()
 {
-    addKey({Qt::CTRL | Qt::Key_F}, [this] { m_bar->enterFindText(); });
+    addKey({Qt::CTRL | Qt::Key_F}, [this] { m_findBar->enter(); });
     addKey({Qt::Key_F3}, [this] { findByBar(true); });
     addKey({Qt::SHIFT | Qt::Key_F3}, [this] { findByBar(false); });
     addKey({Qt::CTRL | Qt::Key_P}, [this] { emit m_bar->printAsked(); });
@@ -117,7 +143,7 @@ void CRViewer::setReportSource(std::shared_ptr<Report> report)
 {
     m_idle.stop();
     m_finder.stop();
-    m_bar->showFindResult({});
+    m_findBar->showResult({});
     m_groups->setPages(nullptr);
     m_view->setReport(nullptr);
     m_report = std::move(report);
@@ -235,27 +261,27 @@ bool CRViewer::find(const QString &text, bool forward)
 
 void CRViewer::findByBar(bool forward)
 {
-    if (m_bar->soughtText().isEmpty())
-        m_bar->enterFindText();
+    if (m_findBar->text().isEmpty())
+        m_findBar->enter();
     else
-        find(m_bar->soughtText(), forward);
+        find(m_findBar->text(), forward);
 }
 
 void CRViewer::dropFind()
 {
     m_finder.stop();
     m_view->showFound({});
-    m_bar->showFindResult({});
+    m_findBar->showResult({});
 }
 
 void CRViewer::showFindResult()
 {
     if (!m_finder.current())
-        m_bar->showFindResult("Not found");
+        m_findBar->showResult("Not found");
     else if (m_finder.isComplete())
-        m_bar->showFindResult(QString("%1 of %2").arg(m_finder.ordinal()).arg(m_finder.count()));
+        m_findBar->showResult(QString("%1 of %2").arg(m_finder.ordinal()).arg(m_finder.count()));
     else
-        m_bar->showFindResult(QString("%1 or more").arg(m_finder.count()));
+        m_findBar->showResult(QString("%1 or more").arg(m_finder.count()));
 }
 
 void CRViewer::goToGroup(const QModelIndex &index)

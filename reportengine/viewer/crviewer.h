@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 
+class FindBar;
 class GroupTreeModel;
 class PageView;
 class QTreeView;
@@ -39,8 +40,11 @@ public:
     bool findNext(const QString &text) { return find(text, true); }
     bool findPrevious(const QString &text) { return find(text, false); }
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void connectBar();
+    void connectFindBar();
     void addKeys();
     void addKey(const QList<QKeySequence> &keys, std::function<void()> action);
     void goOn();
@@ -55,6 +59,7 @@ private:
 
     std::shared_ptr<Report> m_report;
     ViewerBar *m_bar;
+    FindBar *m_findBar;
     PageView *m_view;
     QTreeView *m_tree;
     GroupTreeModel *m_groups;

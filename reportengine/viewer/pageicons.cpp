@@ -24,12 +24,7 @@ public:
         turn(*painter);
         painter->setPen(QPen(QGuiApplication::palette().color(group, QPalette::ButtonText), 2, Qt::SolidLine,
                              Qt::RoundCap, Qt::RoundJoin));
-        // Points to the right.
-        const bool hasBar = m_icon == PageIcon::First || m_icon == PageIcon::Last;
-        const double tip = hasBar ? 1.5 : 3;
-        painter->drawPolyline(QPolygonF{{tip - 5, -5}, {tip, 0}, {tip - 5, 5}});
-        if (hasBar)
-            painter->drawLine(QPointF(5, -5), QPointF(5, 5));
+        draw(*painter);
         painter->restore();
     }
 
@@ -60,8 +55,24 @@ private:
             break;
         case PageIcon::Next:
         case PageIcon::Last:
+        case PageIcon::Close:
             break;
         }
+    }
+
+    /// Points to the right.
+    void draw(QPainter &painter) const
+    {
+        if (m_icon == PageIcon::Close) {
+            painter.drawLine(QPointF(-4, -4), QPointF(4, 4));
+            painter.drawLine(QPointF(-4, 4), QPointF(4, -4));
+            return;
+        }
+        const bool hasBar = m_icon == PageIcon::First || m_icon == PageIcon::Last;
+        const double tip = hasBar ? 1.5 : 3;
+        painter.drawPolyline(QPolygonF{{tip - 5, -5}, {tip, 0}, {tip - 5, 5}});
+        if (hasBar)
+            painter.drawLine(QPointF(5, -5), QPointF(5, 5));
     }
 
     PageIcon m_icon;

@@ -2,9 +2,7 @@
 
 #include "reportengine/viewer/pageicons.h"
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSpinBox>
 
 namespace {
@@ -32,7 +30,7 @@ ViewerBar::ViewerBar(QWidget *parent) : QToolBar(parent)
     addSeparator();
     addZoom();
     addSeparator();
-    addFind();
+    connect(addButton("find", "Find", "Find text (Ctrl+F)"), &QAction::triggered, this, &ViewerBar::findAsked);
 }
 
 QAction *ViewerBar::addButton(const char *name, const QString &caption, const QString &tip)
@@ -64,7 +62,6 @@ void ViewerBar::addNavigation()
     m_pageNumber->setRange(1, BeyondAnyPage + 1);
     m_pageNumber->setAlignment(Qt::AlignRight);
     m_pageNumber->setFixedWidth(fontMetrics().horizontalAdvance("000000") + 8);
-    m_pageNumber->installEventFilter(this);
     connect(m_pageNumber, &QSpinBox::valueChanged, this, [this](int number) { emit pageAsked(number - 1); });
     addWidget(m_pageNumber);
     m_pageTotal = new QLabel(this);
@@ -98,35 +95,6 @@ void ViewerBar::addZoom()
                        wanted);
     });
     addWidget(m_zoom);
-}
-
-QAction *ViewerBar::addFindButton(const char *name, const QString &caption, const QString &tip, PageIcon icon,
-                                  bool forward)
-{
-    QAction *action = addButton(name, caption, tip);
-    action->setIcon(pageIcon(icon));
-    connect(action, &QAction::triggered, this, [this, forward] { emit findAsked(forward); });
-    return action;
-}
-
-void ViewerBar::addFind()
-{
-    m_findText = new QLineEdit(this);
-    m_findText->setObjectName("findText");
-    m_findText->setAccessibleName("Find text");
-    m_findText->setPlaceholderText("Find text");
-    m_findText->setClearButtonEnabled(true);
-    m_findText->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
-    m_findText->setMaximumWidth(220);
-    m_findText->installEventFilter(this);
-    connect(m_findText, &QLineEdit::textChanged, this, &ViewerBar::findDropped);
-    addWidget(m_findText);
-    addFindButton("findPrevious", "Find Previous", "Find the place before (Shift+F3)", PageIcon::Up, false);
-    addFindButton("findNext", "Find Next", "Find the next place (F3)", PageIcon::Down, true);
-    m_findResult = new QLabel(this);
-    m_findResult->setObjectName("findResult");
-    m_findResult->setMinimumWidth(fontMetrics().horizontalAdvance(" 0000 of 0000"));
-    addWidget(m_findResult);
 }
 
 void ViewerBar::showPage(int page, int knownPages, bool isLastKnown)
@@ -163,49 +131,9 @@ void ViewerBar::showZoom(PageView::Zoom zoom, int percent)
     m_zoom->setToolTip(QString("Zoom (now %1%)").arg(percent));
 }
 
-void ViewerBar::showFindResult(const QString &text)
-{
-    m_findResult->setText(text.isEmpty() ? text : ' ' + text);
-}
-
 void ViewerBar::enableGroups(bool enabled)
 {
     m_groups->setEnabled(enabled);
     if (!enabled)
         m_groups->setChecked(false);
-}
-
-QString ViewerBar::soughtText() const
-{
-    return m_findText->text();
-}
-
-void ViewerBar::enterFindText()
-{
-    m_findText->setFocus(Qt::ShortcutFocusReason);
-    m_findText->selectAll();
-}
-
-bool ViewerBar::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
-        return QToolBar::eventFilter(watched, event);
-    const auto *press = static_cast<QKeyEvent *>(event);
-    const bool isEnter = press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
-    if (event->type() == QEvent::ShortcutOverride) {
-        // Home and End are the report's wherever the focus is; a field would keep them for its own text.
-        const bool isPageKey = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
-        if (isPageKey && !(press->modifiers() & Qt::ShiftModifier)) {
-            event->ignore();
-            return true;
-        }
-    } else if (press->key() == Qt::Key_Escape) {
-        emit findDropped();
-        emit pagesAskedBack();
-        return true;
-    } else if (isEnter && watched == m_findText) {
-        emit findAsked(!(press->modifiers() & Qt::ShiftModifier));
-        return true;
-    }
-    return QToolBar::eventFilter(watched, event);
 }

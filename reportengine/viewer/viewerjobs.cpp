@@ -96,7 +96,8 @@ QString askForFile(QWidget *parent, const QString &name)
     // The question is ours to ask: only with its suffix has the name become the one that may stand there already.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters({"PDF document (*.pdf)", "Spreadsheet (*.xlsx)", "Comma-separated data (*.csv)"});
-    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    dialog.setDirectory(QDir(documents).exists() ? documents : QDir::homePath());
     dialog.selectFile(fileName(name) + ".pdf");
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &kind) {
         const QFileInfo chosen(dialog.selectedFiles().value(0));

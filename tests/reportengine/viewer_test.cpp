@@ -1,11 +1,24 @@
+#include "reportengine/pages/textmetrics.h"
 #include "reportengine/viewer/crviewer.h"
 #include "reportengine/viewer/pageview.h"
 #include "reportengine/viewer/viewer.h"
 #include "tests/reportengine/reportfixture.h"
+#include "tests/support/boxes.h"
+#include "tests/support/printserver.h"
+#include "toolkit/controls/statusline.h"
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProcess>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
@@ -25,6 +38,41 @@ protected:
         m_viewer.viewReport();
         m_control = m_viewer.findChild<CRViewer *>("CRViewer");
         ASSERT_TRUE(m_control);
+        m_view = find<PageView>("pageView");
+        m_viewer.activateWindow();
+        QTest::qWait(1);
+    }
+    /// A key as it comes from the window system.
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_viewer.windowHandle(), key, modifiers);
+    }
+    void search(const QString &text)
+    {
+        key(Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(m_viewer.focusWidget(), text);
+        key(Qt::Key_Return);
+    }
+    QString findResult() { return find<QLabel>("findResult")->text().trimmed(); }
+    QString zoomShown() { return find<QComboBox>("zoom")->currentText(); }
+    int scrolled() { return m_view->verticalScrollBar()->value(); }
+    /// Does something with a modal dialog once it has come up.
+    template <class Dialog> void answer(const char *name, std::function<void(Dialog &)> deed)
+    {
+        QTimer::singleShot(0, m_control, [this, name, deed = std::move(deed)] {
+            auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible() || dialog->objectName() != name)
+                return answer<Dialog>(name, deed);
+            deed(*dialog);
+        });
+    }
+    /// Chooses a file in the export dialog that is to come.
+    void chooseFile(const QString &path)
+    {
+        answer<QFileDialog>("exportDialog", [path](QFileDialog &dialog) {
+            dialog.findChild<QLineEdit *>("fileNameEdit")->setText(path);
+            QTest::keyClick(dialog.findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+        });
     }
     template <class Control> Control *find(const char *name)
     {
@@ -42,6 +90,7 @@ protected:
 
     Viewer m_viewer;
     CRViewer *m_control = nullptr;
+    PageView *m_view = nullptr;
 };
 
 TEST_F(ViewerTest, FillsItsWindowAndShowsTheReport)
@@ -89,36 +138,314 @@ TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsRead)
     EXPECT_GT(pageCount(), 500);
 }
 
-TEST_F(ViewerTest, FindsTextThroughTheWholeReport)
+/// Of 40 rows on two pages every fourth is a customer whose name the layout wraps or cuts.
+std::unique_ptr<Report> longNames(Overflow overflow)
 {
-    auto report = std::shared_ptr<Report>(sampleReport("crptSalesByPart", 800));
-    show(report);
-    EXPECT_FALSE(m_control->findNext("no such words"));
-    EXPECT_TRUE(m_control->findNext("br-1040-80"));
-    const int page = m_control->currentPage();
-    EXPECT_TRUE(report->pages().page(page)->texts().join('|').contains("BR-1040-80"));
-    EXPECT_GT(page, 0);
-    auto *text = find<QLineEdit>("findText");
-    text->setText("Grand total");
-    QTest::keyClick(text, Qt::Key_Return);
-    EXPECT_EQ(m_control->currentPage(), pageCount() - 1);
+    std::vector<std::vector<Value>> rows;
+    for (int i = 0; i < 80; ++i)
+        rows.push_back({i % 4 ? "Short" : "The Old Machine Works of Eastern Pennsylvania", i / 8});
+    Layout layout = tableLayout({.title = "Names",
+                                 .groups = {{.by = "{Qty}"}},
+                                 .columns = {{.heading = "Customer", .source = "{Customer}", .overflow = overflow},
+                                             {.heading = "Qty", .source = "{Qty}", .width = 500}}});
+    return reportOver(std::move(layout), MadeRows({"Customer", "Qty"}, rows), datasetOf("Customer T, Qty N"));
 }
 
-TEST_F(ViewerTest, JumpsToAGroup)
+TEST_F(ViewerTest, FindsTextAndCountsItsPlacesAlsoWhereThePaperWrapsOrCutsIt)
 {
-    auto report = std::shared_ptr<Report>(sampleReport("crptSalesByPart", 800));
+    for (const Overflow overflow : {Overflow::Wrap, Overflow::Shorten}) {
+        show(longNames(overflow));
+        ASSERT_GT(pageCount(), 1);
+        search("no such words");
+        EXPECT_EQ(findResult(), "Not found");
+        search("works OF eastern");
+        EXPECT_EQ(findResult(), "1 of 20");
+        key(Qt::Key_F3);
+        EXPECT_EQ(findResult(), "2 of 20");
+        EXPECT_EQ(m_control->currentPage(), 0);
+        m_view->setFocus();
+        key(Qt::Key_F3, Qt::ShiftModifier);
+        key(Qt::Key_F3, Qt::ShiftModifier);
+        EXPECT_EQ(findResult(), "20 of 20") << "round by the end";
+        EXPECT_EQ(m_control->currentPage(), pageCount() - 1);
+        key(Qt::Key_F3);
+        EXPECT_EQ(findResult(), "1 of 20");
+        press("findPrevious");
+        EXPECT_EQ(findResult(), "20 of 20");
+    }
+}
+
+TEST(PageText, AFindIsTheWordAloneOnEachOfItsLines)
+{
+    const TextStyle style{.size = 10};
+    const Value whole("Old Machine Works of Eastern Pennsylvania");
+    const auto line = [&](double top, const QString &text, int number) {
+        return PageItem{.rect = {50, top, 100, 12}, .text = text, .style = style, .value = whole, .line = number};
+    };
+    const Page page{{612, 792}, {line(100, "Old Machine", 0), line(112, "Works of\u2026", 1), line(130, "Works", 0)}};
+    const auto width = [&](const char *text) { return TextMetrics::width(text, style); };
+
+    const auto machine = findOn(page, "machine");
+    ASSERT_EQ(machine.size(), 2u) << "the third line's whole text holds it too";
+    EXPECT_EQ(machine[0].places, std::vector{QRectF(50 + width("Old "), 100, width("Machine"), 12)});
+    const auto over = findOn(page, "machine works");
+    ASSERT_EQ(over[0].places.size(), 2u);
+    EXPECT_EQ(over[0].places[1], QRectF(50, 112, width("Works"), 12));
+    const auto cut = findOn(page, "eastern");
+    ASSERT_EQ(cut[0].places.size(), 1u);
+    EXPECT_NEAR(cut[0].places[0].left(), 50 + width("Works of"), 0.01) << "the ellipsis stands for it";
+}
+
+TEST_F(ViewerTest, KeysWorkWhereverTheFocusIs)
+{
+    show(sampleReport("crptSalesByPart", 800));
+    const int last = pageCount() - 1;
+    press("groupTreeToggle");
+    for (const char *focus : {"pageView", "groupTree", "findText", "pageNumber", "zoom"}) {
+        SCOPED_TRACE(focus);
+        const auto enter = [&] {
+            m_viewer.activateWindow(); // the dialog of the round before has gone
+            QTest::qWait(1);
+            find<QWidget>(focus)->setFocus();
+        };
+        enter();
+        key(Qt::Key_End);
+        EXPECT_EQ(m_control->currentPage(), last);
+        key(Qt::Key_Home);
+        EXPECT_EQ(m_control->currentPage(), 0);
+        EXPECT_EQ(scrolled(), 0);
+        key(Qt::Key_PageDown);
+        const int down = scrolled();
+        EXPECT_GT(down, 100);
+        key(Qt::Key_PageUp);
+        EXPECT_EQ(scrolled(), 0);
+        key(Qt::Key_0, Qt::ControlModifier);
+        EXPECT_EQ(zoomShown(), "100%");
+        key(Qt::Key_Plus, Qt::ControlModifier);
+        EXPECT_EQ(zoomShown(), "125%");
+        key(Qt::Key_Minus, Qt::ControlModifier);
+        EXPECT_EQ(zoomShown(), "100%");
+        key(Qt::Key_F, Qt::ControlModifier);
+        EXPECT_EQ(m_viewer.focusWidget()->objectName(), "findText");
+        enter();
+        bool cameUp = false;
+        answer<QPrintDialog>("printDialog", [&](QPrintDialog &dialog) {
+            cameUp = true;
+            dialog.reject();
+        });
+        key(Qt::Key_P, Qt::ControlModifier);
+        EXPECT_TRUE(cameUp);
+    }
+}
+
+TEST_F(ViewerTest, TheZoomListSaysWhatIsShown)
+{
+    show(sampleReport("crptSalesByPart", 100));
+    EXPECT_EQ(zoomShown(), "Page Width");
+    find<QComboBox>("zoom")->setCurrentText("100%");
+    const int entries = find<QComboBox>("zoom")->count();
+    QWheelEvent turn({100, 100}, m_view->viewport()->mapToGlobal(QPointF(100, 100)), {}, {0, 120}, Qt::NoButton,
+                     Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_view->viewport(), &turn);
+    EXPECT_EQ(zoomShown(), "110%");
+    EXPECT_EQ(m_view->percent(), 110);
+    find<QComboBox>("zoom")->setCurrentText("Whole Page");
+    EXPECT_EQ(zoomShown(), "Whole Page");
+    EXPECT_EQ(find<QComboBox>("zoom")->count(), entries) << "110% is gone from the list";
+}
+
+TEST_F(ViewerTest, EveryPageCanBeReachedHoweverSmall)
+{
+    show(sampleReport("crptSalesByPart", 300));
+    const int pages = pageCount();
+    auto *number = find<QSpinBox>("pageNumber");
+    for (const char *zoom : {"25%", "Whole Page", "400%"}) {
+        SCOPED_TRACE(zoom);
+        find<QComboBox>("zoom")->setCurrentText(zoom);
+        press("firstPage");
+        for (int page = 0; page < pages; ++page) {
+            EXPECT_EQ(m_control->currentPage(), page);
+            EXPECT_EQ(find<QAction>("nextPage")->isEnabled(), page < pages - 1);
+            EXPECT_EQ(find<QAction>("previousPage")->isEnabled(), page > 0);
+            press("nextPage");
+        }
+        press("firstPage");
+        m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum());
+        EXPECT_EQ(number->value(), m_view->verticalScrollBar()->maximum() > 0 ? pages : 1);
+        press("firstPage");
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, "99999");
+        key(Qt::Key_Return);
+        EXPECT_EQ(number->value(), pages) << "beyond the end means the last";
+    }
+}
+
+TEST_F(ViewerTest, TheGroupTreeListsWhatIsPrintedAndFollowsThePage)
+{
+    Layout layout = longNames(Overflow::Shorten)->layout();
+    for (Section &section : layout.sections) {
+        if (section.kind == Section::Kind::GroupHeader || section.kind == Section::Kind::Detail ||
+            section.kind == Section::Kind::GroupFooter)
+            section.suppressIf = "{Qty} = 1 or {Qty} = 3";
+    }
+    std::vector<std::vector<Value>> rows;
+    for (int i = 0; i < 200; ++i)
+        rows.push_back({"Name", i / 20});
+    auto report = std::shared_ptr(
+        reportOver(std::move(layout), MadeRows({"Customer", "Qty"}, rows), datasetOf("Customer T, Qty N")));
     show(report);
+    ASSERT_GT(pageCount(), 2);
     auto *tree = find<QTreeView>("groupTree");
     EXPECT_FALSE(tree->isVisible());
     press("groupTreeToggle");
-    EXPECT_TRUE(tree->isVisible());
-    const int groups = int(report->pages().groups().nodes(0).size());
-    ASSERT_EQ(tree->model()->rowCount(), groups);
-    const QModelIndex last = tree->model()->index(groups - 1, 0);
-    const QString label = last.data().toString();
-    emit tree->clicked(last);
-    EXPECT_TRUE(report->pages().page(m_control->currentPage())->texts().contains(label)) << label.toStdString();
-    EXPECT_GT(m_control->currentPage(), 0);
+    QStringList groups;
+    for (int row = 0; row < tree->model()->rowCount(); ++row)
+        groups.append(tree->model()->index(row, 0).data().toString());
+    EXPECT_EQ(groups, (QStringList{"0", "2", "4", "5", "6", "7", "8", "9"}));
+    EXPECT_EQ(tree->currentIndex().data().toString(), "0");
+    press("lastPage");
+    const QString shown = tree->currentIndex().data().toString();
+    EXPECT_TRUE(report->pages().page(pageCount() - 1)->texts().contains(shown)) << shown.toStdString();
+
+    find<QComboBox>("zoom")->setCurrentText("100%");
+    QTest::qWait(1); // lets the tree take its place
+    const QModelIndex five = tree->model()->index(3, 0);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(five).center());
+    const QPixmap picture = m_view->viewport()->grab();
+    const QImage image = picture.toImage();
+    EXPECT_EQ(image.pixelColor(image.width() / 2, 20), QColor(208, 228, 245)) << "its band is at the window's top";
+    EXPECT_EQ(tree->currentIndex(), five);
+}
+
+TEST_F(ViewerTest, TheMouseSelectsTextAndDragsThePages)
+{
+    show(reportOver(tableLayout({.title = "Sales",
+                                 .columns = {{.heading = "Customer", .source = "{Customer}", .width = 200},
+                                             {.heading = "Qty", .source = "{Qty}", .total = true}}}),
+                    salesRows()));
+    find<QComboBox>("zoom")->setCurrentText("100%");
+    const Page page = *m_control->reportSource()->pages().page(0);
+    const double scale = m_view->percent() / 100.0 * m_view->logicalDpiX() / 72;
+    const auto pointOf = [&](const QString &text, bool atEnd) {
+        for (const PageItem &item : page.items) {
+            if (item.text != text)
+                continue;
+            const QRectF ink = placeOf(item, 0, item.text.size());
+            const QPointF point(atEnd ? ink.right() - 0.3 : ink.left() + 0.3, ink.center().y());
+            const int left = std::max(12, (m_view->viewport()->width() - int(612 * scale)) / 2);
+            const QPointF inView =
+                point * scale + QPointF(left, 12) - QPointF(m_view->horizontalScrollBar()->value(), scrolled());
+            return m_view->viewport()->mapTo(&m_viewer, inView.toPoint());
+        }
+        return QPoint();
+    };
+    QWindow *window = m_viewer.windowHandle();
+    const auto drag = [&](const QPoint &from, const QPoint &to) {
+        QTest::mousePress(window, Qt::LeftButton, {}, from);
+        QTest::mouseMove(window, (from + to) / 2);
+        QTest::mouseMove(window, to);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, to);
+    };
+    drag(pointOf("Beta", false), pointOf("Acme", true));
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Beta\t2\nalpha\t4\nAcme");
+    QTest::mouseDClick(window, Qt::LeftButton, {}, pointOf("Grand total", false));
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Grand total");
+
+    const int before = scrolled();
+    const QPoint blank = m_view->mapTo(&m_viewer, QPoint(40, 300));
+    drag(blank, blank - QPoint(0, 120));
+    EXPECT_EQ(scrolled(), before + 120);
+    EXPECT_FALSE(m_view->hasSelection());
+}
+
+TEST_F(ViewerTest, ExportAsksBeforeItReplacesAFileAndSaysWhyItFailed)
+{
+    Boxes boxes;
+    QString status;
+    setStatusPlace([&](const QString &text) { status = text; });
+    QTemporaryDir folder;
+    show(sampleReport("crptPickTicket", 5));
+    m_viewer.setWindowTitle("Pick Ticket, as of 11/23/2026");
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    QDir(folder.path()).mkdir("Documents");
+    QString offered;
+    answer<QFileDialog>("exportDialog", [&](QFileDialog &dialog) {
+        offered = dialog.selectedFiles().value(0);
+        dialog.reject();
+    });
+    press("export");
+    EXPECT_EQ(offered, folder.filePath("Documents/Pick Ticket, as of 11-23-2026.pdf"));
+    qputenv("HOME", home);
+
+    // A name with points in it is a name, and gets the kind's suffix.
+    const QString path = folder.filePath("Tickets 11.23.2026");
+    chooseFile(path);
+    press("export");
+    EXPECT_TRUE(QFile::exists(path + ".pdf"));
+    EXPECT_EQ(status, "Exported to " + path + ".pdf");
+
+    QFile old(path + ".pdf");
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    for (const char *button : {"No", "Yes"}) {
+        boxes.expect("Export", "Tickets 11.23.2026.pdf is there already. Replace it?", button);
+        chooseFile(path);
+        if (*button == 'N') // asks for another name
+            QTimer::singleShot(0, m_control, [this] {
+                answer<QFileDialog>("exportDialog", [](QFileDialog &dialog) { dialog.reject(); });
+            });
+        press("export");
+        EXPECT_EQ(old.size() > 3, *button == 'Y');
+    }
+
+    boxes.expect("Export", "The report could not be written to /nowhere/r.csv.\n\n" + qt_error_string(ENOENT));
+    chooseFile("/nowhere/r.csv");
+    press("export");
+    boxes.verify();
+    setStatusPlace({});
+}
+
+TEST_F(ViewerTest, ALongExportShowsHowFarItIsAndCanBeStopped)
+{
+    QString status;
+    setStatusPlace([&](const QString &text) { status = text; });
+    QTemporaryDir folder;
+    show(sampleReport("crptNewAvailInv", 60000));
+    pageCount();
+    chooseFile(folder.filePath("r.pdf"));
+    answer<QProgressDialog>("progress", [](QProgressDialog &window) {
+        EXPECT_GT(window.maximum(), 0);
+        QTest::mouseClick(window.findChild<QPushButton *>(), Qt::LeftButton);
+    });
+    press("export");
+    EXPECT_EQ(status, "Export stopped");
+    EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "nothing is left of it";
+    setStatusPlace({});
+}
+
+TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPage)
+{
+    const PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
+    show(sampleReport("crptSalesByPart", 300));
+    press("nextPage");
+    answer<QPrintDialog>("printDialog", [](QPrintDialog &dialog) {
+        EXPECT_EQ(dialog.printer()->printerName(), "Office");
+        dialog.findChild<QRadioButton *>("printCurrentPage")->setChecked(true);
+        dialog.accept();
+    });
+    press("print");
+    ASSERT_EQ(server.jobs(), QStringList{"1 Office: Sales By Part"});
+    QProcess reader;
+    reader.start("pdftotext", {server.jobFile(1), "-"});
+    reader.waitForFinished();
+    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    EXPECT_TRUE(text.contains("Page 2 of")) << text.toStdString();
+    EXPECT_FALSE(text.contains("Page 1 of"));
 }
 
 TEST_F(ViewerTest, WritesWhatIsAskedOfIt)
