@@ -52,13 +52,14 @@ bool countPages(ReportPages &pages, const Progress &progress)
     return true;
 }
 
-Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, const Progress &progress)
+Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, const SheetPlace &place,
+                 const Progress &progress)
 {
     ReportPages &pages = report.pages();
     QPainter painter(&writer);
     if (!painter.isActive())
         return Outcome::failed("The pages could not be drawn.");
-    SheetPlace(report.layout(), writer.pageLayout()).apply(painter);
+    place.apply(painter);
     const int last = sheets.to < 0 ? pages.pageCount() - 1 : std::min(sheets.to, pages.pageCount() - 1);
     const int perCopy = last - sheets.from + 1;
     for (int i = 0; i < perCopy * sheets.copies; ++i) {
@@ -85,9 +86,9 @@ Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, c
         writer.setTitle(report.layout().title);
         writer.setCreator("Tamrick");
         writer.setResolution(int(72 * TextMetrics::UnitsPerPoint));
-        writer.setPageLayout(sheets.paper.isValid() ? sheets.paper : ownPaper(report.layout()));
-        writer.setPageMargins(QMarginsF());
-        if (Outcome painted = paintAll(writer, report, sheets, progress); !painted)
+        const QPageLayout paper = sheets.paper.isValid() ? sheets.paper : ownPaper(report.layout());
+        writer.setPageLayout({paper.pageSize(), paper.orientation(), QMarginsF()});
+        if (Outcome painted = paintAll(writer, report, sheets, SheetPlace(report.layout(), paper), progress); !painted)
             return painted;
     }
     // Entries point at pages by their number in the whole report.

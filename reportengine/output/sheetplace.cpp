@@ -6,17 +6,19 @@
 
 QPageLayout ownPaper(const Layout &layout)
 {
-    return {QPageSize(QPageSize::Letter), layout.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-            QMarginsF()};
+    QPageLayout paper(QPageSize(QPageSize::Letter), layout.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                      QMarginsF());
+    paper.setMode(QPageLayout::FullPageMode);
+    return paper;
 }
 
 SheetPlace::SheetPlace(const Layout &layout, const QPageLayout &paper)
 {
     const QSizeF page = layout.pageSize();
-    const QSizeF sheet = paper.fullRect(QPageLayout::Point).size();
-    m_scale = std::min({sheet.width() / page.width(), sheet.height() / page.height(), 1.0});
-    const QSizeF spare = sheet - page * m_scale;
-    m_corner = {spare.width() / 2, spare.height() / 2};
+    const QRectF room = paper.fullRect(QPageLayout::Point).marginsRemoved(paper.margins(QPageLayout::Point));
+    m_scale = std::min({room.width() / page.width(), room.height() / page.height(), 1.0});
+    const QSizeF spare = room.size() - page * m_scale;
+    m_corner = room.topLeft() + QPointF(spare.width() / 2, spare.height() / 2);
 }
 
 void SheetPlace::apply(QPainter &painter) const

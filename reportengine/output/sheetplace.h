@@ -5,10 +5,11 @@
 class QPainter;
 struct Layout;
 
-/// The paper a report is laid out for, without margins.
+/// The paper a report is laid out for, to be printed on from edge to edge.
 QPageLayout ownPaper(const Layout &layout);
 
-/// Where the pages of a report stand on paper of some size: in the middle, and set smaller where it is smaller.
+/// Where the pages of a report, which bring margins of their own, stand on paper of some size and margins: in the
+/// middle, and set smaller where there is less room.
 class SheetPlace
 {
 public:

@@ -5,6 +5,7 @@
 #include "reportengine/report.h"
 #include "reportengine/viewer/findbar.h"
 #include "reportengine/viewer/grouptreemodel.h"
+#include "reportengine/viewer/viewer.h"
 #include "reportengine/viewer/viewerbar.h"
 #include "reportengine/viewer/viewerjobs.h"
 #include "toolkit/controls/mousepointer.h"
@@ -69,7 +70,7 @@ void CRViewer::connectBar()
 {
     connect(m_bar, &ViewerBar::exportAsked, this, [this] {
         if (m_report)
-            exportByDialog(this, *std::shared_ptr(m_report), parentWidget()->windowTitle());
+            exportByDialog(this, *std::shared_ptr(m_report), reportName());
     });
     connect(m_bar, &ViewerBar::printAsked, this, [this] {
         if (m_report)
@@ -84,6 +85,13 @@ void CRViewer::connectBar()
     connect(m_bar, &ViewerBar::pageAsked, this, &CRViewer::goToPage);
     connect(m_bar, &ViewerBar::zoomAsked, m_view, &PageView::setZoom);
     connect(m_bar, &ViewerBar::findAsked, m_findBar, &FindBar::enter);
+}
+
+/// What the window's title says of the report and its parameters.
+QString CRViewer::reportName() const
+{
+    const QString title = parentWidget()->windowTitle();
+    return title == Viewer::Caption ? m_report->layout().title : title;
 }
 
 void CRViewer::connectFindBar()
@@ -132,7 +140,7 @@ void CRViewer::addKeys()
     addKey({Qt::Key_PageDown}, [this] { m_view->scrollByWindow(1); });
     addKey({Qt::Key_Home, Qt::CTRL | Qt::Key_Home}, [this] { m_view->scrollToEnd(false); });
     addKey({Qt::Key_End, Qt::CTRL | Qt::Key_End}, [this] {
-        pageCount();
+        goToPage(std::numeric_limits<int>::max());
         m_view->scrollToEnd(true);
     });
     addKey({Qt::CTRL | Qt::Key_C}, [this] { m_view->copySelection(); });

@@ -47,6 +47,7 @@ private:
     void connectFindBar();
     void addKeys();
     void addKey(const QList<QKeySequence> &keys, std::function<void()> action);
+    QString reportName() const;
     void goOn();
     void showPageNumber();
     void zoomBy(int steps);

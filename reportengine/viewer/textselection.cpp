@@ -36,7 +36,8 @@ std::optional<TextSpot> spotAt(const Page &page, int index, QPointF point)
 bool isOnText(const Page &page, QPointF point)
 {
     return std::ranges::any_of(page.items, [&](const PageItem &item) {
-        return item.kind == PageItem::Kind::Text && placeOf(item, 0, item.text.size()).contains(point);
+        return item.kind == PageItem::Kind::Text &&
+               placeOf(item, 0, item.text.size()).adjusted(-2, -1, 2, 1).contains(point);
     });
 }
 

@@ -2,7 +2,7 @@
 
 #include "reportengine/viewer/crviewer.h"
 
-Viewer::Viewer() : Form("Viewer", "Report Viewer"), m_viewer(new CRViewer(this))
+Viewer::Viewer() : Form("Viewer", Caption), m_viewer(new CRViewer(this))
 {
     setFocusProxy(m_viewer);
     resize(860, 640);

@@ -83,6 +83,7 @@ void ViewerBar::addZoom()
     m_zoom = new QComboBox(this);
     m_zoom->setObjectName("zoom");
     m_zoom->setAccessibleName("Zoom");
+    m_zoom->setMaxVisibleItems(20);
     m_zoom->addItem("Page Width", PageWidth);
     m_zoom->addItem("Whole Page", WholePage);
     for (const int percent : zoomSteps())

@@ -115,6 +115,13 @@ QString askForFile(QWidget *parent, const QString &name)
     return {};
 }
 
+/// Reports bring their margins with them: no others are added unless the user wants some.
+void setPaper(QPrinter &printer, const Report &report, const QPageLayout &paper)
+{
+    printer.setFullPage(true);
+    printer.setPageLayout(paper.isValid() ? paper : ownPaper(report.layout()));
+}
+
 } // namespace
 
 void exportByDialog(QWidget *parent, Report &report, const QString &name)
@@ -129,10 +136,12 @@ void exportByDialog(QWidget *parent, Report &report, const QString &name)
 
 void printByDialog(QWidget *parent, Report &report, int currentPage, const QPageLayout &paper)
 {
+    setHourglass();
     const int pages = report.pages().pageCount();
+    setDefaultPointer();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(report.layout().title);
-    printer.setPageLayout(paper.isValid() ? paper : ownPaper(report.layout()));
+    setPaper(printer, report, paper);
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName("printDialog");
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
@@ -158,7 +167,7 @@ void printByDialog(QWidget *parent, Report &report, int currentPage, const QPage
 QPageLayout paperByDialog(QWidget *parent, const Report &report, const QPageLayout &paper)
 {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageLayout(paper.isValid() ? paper : ownPaper(report.layout()));
+    setPaper(printer, report, paper);
     QPageSetupDialog dialog(&printer, parent);
     dialog.setObjectName("pageSetupDialog");
     return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : paper;

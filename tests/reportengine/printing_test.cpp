@@ -128,6 +128,16 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
     EXPECT_TRUE(info.contains("841.89 x 595.276 pts (A4)") || info.contains("842 x 595 pts (A4)"))
         << info.toStdString();
     EXPECT_TRUE(told("pdftotext", {server.jobFile(1), "-"}).contains("Page 2 of "));
+    // Turned and smaller, the page stands in the middle between what margins the user has set.
+    const auto leftOf = [&](int job) {
+        const QString words = told("pdftotext", {"-bbox", "-l", "1", server.jobFile(job), "-"});
+        return QRegularExpression("xMin=\"([\\d.]+)\"[^>]*>Packing<").match(words).captured(1).toDouble();
+    };
+    printer.setPageLayout({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
+    EXPECT_TRUE(printPages(*report, printer, 0, 0));
+    printer.setPageLayout({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(61.2, 0, 0, 0)});
+    EXPECT_TRUE(printPages(*report, printer, 0, 0));
+    EXPECT_NEAR(leftOf(3), 61.2 + 0.9 * leftOf(2), 1);
 
     printer.setPrinterName("Full");
     const Outcome refused = printPages(*report, printer, 0, 0);
@@ -137,7 +147,7 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
     int told = 0;
     const Progress stop = [&](int, int) { return ++told < 2; };
     EXPECT_EQ(printPages(*report, printer, 0, 3, stop).state, Outcome::State::Cancelled);
-    EXPECT_EQ(server.jobs().size(), 1);
+    EXPECT_EQ(server.jobs().size(), 3);
 }
 
 TEST_F(Printing, WithoutAPrinterWritesEveryCopyIntoOneFile)
