@@ -41,6 +41,8 @@ struct WholeText
 WholeText wholeText(const Page &page, const Run &run)
 {
     const PageItem &first = page.items[run.first];
+    if (run.end == run.first + 1 && !first.text.endsWith(Ellipsis))
+        return {first.text, {0}};
     const QString whole = printedValue(first.value, first.picture);
     WholeText result{whole.isEmpty() ? first.text : whole, {}};
     qsizetype from = 0;
