@@ -6,6 +6,7 @@
 #include "tests/support/boxes.h"
 #include "tests/support/printserver.h"
 #include "toolkit/controls/statusline.h"
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
@@ -131,11 +132,28 @@ TEST_F(ViewerTest, GoesFromPageToPage)
     EXPECT_EQ(m_control->currentPage(), 3) << "another zoom keeps the page";
 }
 
-TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsRead)
+TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
 {
-    show(sampleReport("crptNewAvailInv", 60000));
+    std::vector<std::vector<Value>> rows;
+    for (int i = 0; i < 60000; ++i)
+        rows.push_back({QString::number(i / 7000), QString::number(i / 40)});
+    show(reportOver(tableLayout({.title = "Long",
+                                 .groups = {{.by = "{Region}"}, {.by = "{Customer}"}},
+                                 .columns = {{.heading = "Name",
+                                              .source = "\"A name to be wrapped \" & {Customer}",
+                                              .width = 60,
+                                              .overflow = Overflow::Wrap},
+                                             {.heading = "Region", .source = "{Region}", .width = 600}}}),
+                    MadeRows({"Region", "Customer"}, rows), datasetOf("Region T, Customer T")));
+    QAbstractItemModel *groups = find<QTreeView>("groupTree")->model();
+    const QAbstractItemModelTester tester(groups, QAbstractItemModelTester::FailureReportingMode::Fatal);
     QTRY_VERIFY(!find<QLabel>("pageTotal")->text().contains('+'));
     EXPECT_GT(pageCount(), 500);
+    EXPECT_EQ(groups->rowCount(), 9);
+    int customers = 0;
+    for (int region = 0; region < groups->rowCount(); ++region)
+        customers += groups->rowCount(groups->index(region, 0));
+    EXPECT_EQ(customers, 1500);
 }
 
 /// Of 40 rows on two pages every fourth is a customer whose name the layout wraps or cuts.
