@@ -145,9 +145,9 @@ void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)
 {
     if (m_editor != writer)
         takeRow(m_editor); // each statement is committed for itself, so that the lock ends before it
-    m_engine->prepareToWrite();
     for (RecordsetData *recordset : m_recordsets)
         recordset->prepareForWrite(table, recordset == writer);
+    m_engine->prepareToWrite();
     ++m_writes[table.toCaseFolded()];
     m_unsettled = true;
 }

@@ -78,6 +78,7 @@ void SqliteBulkRows::commit()
     m_transaction->commit();
     // Whoever ran the tool takes the rows for stored once it has ended, also through a power failure.
     m_connection.syncLog();
+    m_connection.emptyLog(); // others may go on with the file, and a load is much for one log
 }
 
 void SqliteBulkRows::makeIndexes()

@@ -10,9 +10,6 @@
 namespace {
 
 constexpr int CacheKilobytes = 48 * 1024;
-/// Pages after which the log is copied into the database, 16 MB: a quarter of the syncs of SQLite's own measure,
-/// and still read in no time when a program that was killed is started again.
-constexpr int LogPages = 4000;
 
 /// The path failures the engine tells apart before it looks into the file.
 void checkPath(const ConnectionOptions &options)
@@ -73,9 +70,10 @@ void Connection::configure(const ConnectionOptions &options)
     // the last commit back.
     run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
-    run("PRAGMA wal_autocheckpoint=" + QByteArray::number(LogPages), opening);
     if (options.exclusive)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
+    else if (m_usesLog)
+        m_checkpoint.attach(db);
 }
 
 Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
@@ -148,9 +146,7 @@ void Connection::syncLog()
 
 void Connection::emptyLog()
 {
-    // Passive: nobody is waited for, and what cannot be brought over stays in the log.
-    if (m_usesLog)
-        sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    m_checkpoint.run();
 }
 
 void Connection::copyInto(Connection &target)
@@ -171,6 +167,8 @@ void Connection::prepareToWrite()
 {
     if (!m_usesLog)
         m_busyWait.letOthersIn();
+    else if (m_checkpoint.isDue())
+        m_checkpoint.run();
 }
 
 void Connection::raise(int code, const Doing &doing) const

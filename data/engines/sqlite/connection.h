@@ -3,6 +3,7 @@
 #include "data/engine/doing.h"
 #include "data/engine/lrucache.h"
 #include "data/engines/sqlite/busywait.h"
+#include "data/engines/sqlite/checkpoint.h"
 #include "data/engines/sqlite/statement.h"
 #include "data/values/runtimeerror.h"
 
@@ -60,7 +61,7 @@ public:
     /// moment. In one step: taken in several, a copy begins anew whenever another process has written in between.
     void copyInto(Connection &target);
 
-    /// To be called before a write that is to be a transaction of its own.
+    /// To be called before a write that is to be a transaction of its own, with no statement half walked.
     void prepareToWrite();
 
     /// Raises the run-time error for a result code of SQLite.
@@ -78,6 +79,7 @@ private:
     BusyWait m_busyWait;
     std::unique_ptr<sqlite3, Closer> m_handle;
     LruCache<QByteArray, Statement> m_idle{128};
+    Checkpoint m_checkpoint;
     bool m_usesLog = false;
 };
 
