@@ -12,22 +12,26 @@
 #include "tools/load.h"
 #include "tools/oneline.h"
 #include "tools/partfile.h"
+#include "tools/takeover/takeover.h"
 #include "tools/toolerror.h"
 #include <limits>
 
 namespace {
 
-constexpr const char *Help = "usage: tamrick-db create FILE              an empty database\n"
-                             "       tamrick-db demo FILE [options]      a database with a made-up company in it\n"
-                             "           --scale N           1 to 100; 1 is 50 customers and 2,000 orders\n"
-                             "           --seed N            another company of the same size\n"
-                             "           --until YYYY-MM-DD  the last day of its three years; today if left out\n"
-                             "       tamrick-db load FILE TABLE CSV      adds rows; the first line names the columns\n"
-                             "       tamrick-db check FILE               says what is wrong in it, table by table\n"
-                             "       tamrick-db export FILE TABLE        writes a table as CSV\n"
-                             "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
-                             "           --keep N            removes older copies of it there, down to N with the new\n"
-                             "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n";
+constexpr const char *Help =
+    "usage: tamrick-db create FILE              an empty database\n"
+    "       tamrick-db demo FILE [options]      a database with a made-up company in it\n"
+    "           --scale N           1 to 100; 1 is 50 customers and 2,000 orders\n"
+    "           --seed N            another company of the same size\n"
+    "           --until YYYY-MM-DD  the last day of its three years; today if left out\n"
+    "       tamrick-db load FILE TABLE CSV      adds rows; the first line names the columns\n"
+    "       tamrick-db check FILE               says what is wrong in it, table by table\n"
+    "       tamrick-db export FILE TABLE        writes a table as CSV\n"
+    "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
+    "           --keep N            removes older copies of it there, down to N with the new\n"
+    "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n"
+    "       tamrick-db takeover OLD.mdb NEW     takes an old company over into a new database\n"
+    "           --keep              keeps it also when rows were refused\n";
 
 void create(const Arguments &arguments, QTextStream &)
 {
@@ -86,6 +90,15 @@ void restore(const Arguments &arguments, QTextStream &)
     restoreDatabase(arguments.plain()[0], arguments.plain()[1]);
 }
 
+int takeover(const Arguments &arguments, QTextStream &out)
+{
+#ifdef TAMRICK_TAKEOVER
+    return takeOver(arguments.plain()[0], arguments.plain()[1], arguments.has("--keep"), out) ? 0 : 1;
+#else
+    throw ToolError{QStringLiteral("this tamrick-db was built without the reader of old databases")};
+#endif
+}
+
 struct Command
 {
     const char *name;
@@ -114,6 +127,7 @@ const std::vector<Command> &commands()
         {"export", 2, "FILE and TABLE", {}, done(exportRows)},
         {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
         {"restore", 2, "BACKUP and TO", {}, done(restore)},
+        {"takeover", 2, "OLD.mdb and NEW", {"--keep"}, takeover},
     };
     return all;
 }

@@ -1,10 +1,9 @@
 #include "tools/load.h"
 
-#include "data/dao/assignment.h"
 #include "data/dao/bulkload.h"
 #include "data/schema/schema.h"
-#include "data/values/conversions.h"
 #include "data/values/runtimeerror.h"
+#include "tools/conversion.h"
 #include "tools/csv.h"
 #include "tools/oneline.h"
 #include "tools/toolerror.h"
@@ -19,21 +18,6 @@ QByteArray contentOf(const QString &path)
     if (!file.open(QIODevice::ReadOnly))
         throw ToolError{QStringLiteral("cannot read '%1': %2").arg(path, file.errorString())};
     return file.readAll();
-}
-
-/// What a refused text is not.
-QString kindOf(const ColumnDef &column)
-{
-    switch (column.type) {
-    case ColumnType::Long:
-        return QStringLiteral("no whole number of 32 bits");
-    case ColumnType::Date:
-        return QStringLiteral("no date");
-    case ColumnType::YesNo:
-        return QStringLiteral("neither True nor False");
-    default:
-        return QStringLiteral("no number");
-    }
 }
 
 /// Takes the records of one file into one table.
@@ -97,19 +81,12 @@ private:
         }
     }
 
-    /// The same conversions as an assignment in the program, but nothing is rounded.
     Value converted(const ColumnDef &column, const Value &field) const
     {
         try {
-            const Value value = assignedTo(column, field);
-            // The program would round; data taken over must not change on the way.
-            if (column.type == ColumnType::Long && !field.isNull() && value.toDouble() != CDbl(field.toText()))
-                throw runtimeError(3421);
-            return value;
-        } catch (const RuntimeError &error) {
-            if (error.number() == 3163)
-                refuse(column.name, QStringLiteral("longer than %1 characters").arg(column.size));
-            refuse(column.name, QStringLiteral("'%1' is %2").arg(oneLine(field.joined()), kindOf(column)));
+            return takenInto(column, field);
+        } catch (const ToolError &error) {
+            refuse(column.name, error.message);
         }
     }
 

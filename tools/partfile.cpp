@@ -20,15 +20,15 @@ void removeWithCompanions(const QString &path)
         QFile::remove(path + QLatin1String(companion));
 }
 
-/// A new name stands in the folder, and the folder is written to the disk when the system sees fit.
-void syncFolder(const QString &path)
+/// Bytes, and the names in a folder, are written to the disk when the system sees fit, unless it is told to.
+void sync(const QString &path)
 {
 #ifdef Q_OS_UNIX
-    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (folder < 0)
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
         return;
-    ::fsync(folder);
-    ::close(folder);
+    ::fsync(file);
+    ::close(file);
 #else
     Q_UNUSED(path);
 #endif
@@ -65,9 +65,10 @@ PartFile::~PartFile()
 
 void PartFile::publish()
 {
+    sync(m_path);
     QFile file(m_path);
     if (!file.rename(m_name))
         throw ToolError{QStringLiteral("cannot name '%1': %2").arg(m_name, file.errorString())};
     m_published = true;
-    syncFolder(QFileInfo(m_name).absolutePath());
+    sync(QFileInfo(m_name).absolutePath());
 }

@@ -45,9 +45,9 @@ TEST_F(ToolsTest, EveryWrongCallGivesOneLineAndAFailingStatus)
         QStringList arguments;
         const char *says;
     } rows[] = {
-        {{}, "say create, demo, load, check, export, backup or restore (--help tells more)"},
-        {{""}, "say create, demo, load, check, export, backup or restore (--help tells more)"},
-        {{"frobnicate"}, "say create, demo, load, check, export, backup or restore (--help tells more)"},
+        {{}, "say create, demo, load, check, export, backup, restore or takeover (--help tells more)"},
+        {{""}, "say create, demo, load, check, export, backup, restore or takeover (--help tells more)"},
+        {{"frobnicate"}, "say create, demo, load, check, export, backup, restore or takeover (--help tells more)"},
         {{"create"}, "create takes one FILE"},
         {{"create", "a", "b"}, "create takes one FILE"},
         {{"create", ""}, "Not a valid file name."},
@@ -91,8 +91,9 @@ TEST_F(ToolsTest, HelpNamesEveryCommand)
     for (const QStringList &arguments : {QStringList{"--help"}, {"help"}, {"create", "--help"}, {"demo", "--help"}}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 0);
-        for (const char *command : {"create FILE", "demo FILE", "load FILE TABLE CSV", "check FILE",
-                                    "export FILE TABLE", "backup FROM FOLDER", "restore BACKUP TO"})
+        for (const char *command :
+             {"create FILE", "demo FILE", "load FILE TABLE CSV", "check FILE", "export FILE TABLE",
+              "backup FROM FOLDER", "restore BACKUP TO", "takeover OLD.mdb NEW"})
             EXPECT_TRUE(outcome.out.contains(command)) << command;
     }
 }

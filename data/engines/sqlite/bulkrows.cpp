@@ -38,9 +38,9 @@ public:
         for (const Value &value : row)
             m_insert.bind(++parameter, value);
         const int code = m_insert.step();
+        m_insert.reset(); // for the next row also where this one is refused
         if (code != SQLITE_DONE)
             m_connection.raise(code, m_doing);
-        m_insert.reset();
     }
 
 private:

@@ -1,0 +1,240 @@
+#include "tests/tools/jetwriter.h"
+#include "tests/tools/toolstest.h"
+
+#include "data/schema/schema.h"
+#include <QRandomGenerator>
+
+namespace {
+
+using Version = JetWriter::Version;
+using Column = JetWriter::Column;
+
+class TakeoverTest : public ToolsTest
+{
+protected:
+    Outcome takeOver(const QByteArray &old, const QStringList &options = {})
+    {
+        const QString file = fileWith("old.mdb", old);
+        const Outcome outcome = run(QStringList{"takeover", file, path("new.db")} + options);
+        QFile after(file);
+        EXPECT_TRUE(after.open(QIODevice::ReadOnly) && after.readAll() == old) << "the old file was changed";
+        EXPECT_EQ(m_folder.isValid() && QFile::exists(path("new.db.part")), false);
+        return outcome;
+    }
+    QString exported(const QString &table, const QString &file = "new.db")
+    {
+        return run({"export", path(file), table}).out;
+    }
+    QString rows(const QString &table)
+    {
+        const QString all = exported(table);
+        return all.mid(all.indexOf('\n') + 1);
+    }
+};
+
+/// The type that a column of ours had in an old database.
+JetWriter::Type typeOf(const ColumnDef &column)
+{
+    switch (column.type) {
+    case ColumnType::YesNo:
+        return JetWriter::YesNo;
+    case ColumnType::Long:
+        return JetWriter::Long;
+    case ColumnType::Double:
+        return JetWriter::Double;
+    case ColumnType::Currency:
+        return JetWriter::Money;
+    case ColumnType::Date:
+        return JetWriter::DateTime;
+    case ColumnType::Memo:
+        return JetWriter::Memo;
+    default:
+        return JetWriter::Text;
+    }
+}
+
+TEST_F(TakeoverTest, AWholeCompanyGoesOverFromEitherGenerationAlsoWithAPassword)
+{
+    ASSERT_EQ(run({"demo", path("demo.db"), "--until=2011-03-30"}).status, 0);
+    const auto demo = open(path("demo.db"));
+    for (const auto &[version, key] : {std::pair(Version::Jet3, 0u), {Version::Jet4, 0x1badcafeu}}) {
+        JetWriter old(version);
+        for (const TableDef &table : Schema::permanentTables()) {
+            std::vector<Column> columns;
+            for (const ColumnDef &column : table.columns)
+                columns.push_back({column.name.toUpper(), typeOf(column)});
+            std::vector<JetWriter::Row> rows;
+            Recordset all = demo->OpenRecordset("SELECT * FROM [" + table.Name + "]");
+            for (; !all.Eof(); all.MoveNext()) {
+                rows.emplace_back();
+                for (int i = 0; i < all.fieldCount(); ++i)
+                    rows.back().push_back(all.Fields(i).value());
+            }
+            old.add(table.Name.toLower(), columns, rows);
+        }
+        const Outcome outcome = takeOver(old.file(key));
+        EXPECT_EQ(outcome.status, 0) << outcome.out.toStdString() << outcome.err.toStdString();
+        EXPECT_FALSE(outcome.out.contains("check:")) << outcome.out.toStdString();
+        EXPECT_EQ(outcome.out.count("both sides agree"), qsizetype(Schema::permanentTables().size()));
+        for (const TableDef &table : Schema::permanentTables())
+            EXPECT_TRUE(exported(table.Name) == exported(table.Name, "demo.db")) << table.Name.toStdString();
+        QFile::remove(path("new.db"));
+    }
+}
+
+TEST_F(TakeoverTest, EveryValueComesOverAsItWas)
+{
+    const QString longer = QString("12, 34, ").repeated(70), longest = QString("München €, ").repeated(900);
+    for (Version version : {Version::Jet3, Version::Jet4}) {
+        QFile::remove(path("new.db"));
+        JetWriter old(version);
+        old.add("Customer",
+                {{"Customer", JetWriter::Text},
+                 {"City", JetWriter::Text},
+                 {"Days", JetWriter::Integer},
+                 {"PrintStatements", JetWriter::YesNo}},
+                {{"Null", {}, {}, false}, {"Empty", "", -7, true}, {"Caf\u00e9 \u20ac", "  edges  ", 0, false}});
+        old.add("Part",
+                {{"Cost", JetWriter::Money},
+                 {"SalePrice", JetWriter::Single},
+                 {"MinOnHand", JetWriter::Byte},
+                 {"PartNo", JetWriter::Text},
+                 {"Category", JetWriter::Text}},
+                {{Currency{127555}, 0.5, 255, "A", "x"}, {Currency{-1}, -2.25, 0, "B", QString(50, 'y')}});
+        old.add(
+            "Orders", {{"ID", JetWriter::Long}, {"OrderDate", JetWriter::DateTime}, {"DueDate", JetWriter::DateTime}},
+            {{900, Date(100, 1, 1), Date(9999, 12, 31)}, {5, Date(-1.25), Date(36526.5)}, {-3, Date(0.75), Value()}});
+        old.add("Invoice", {{"ID", JetWriter::Long}, {"Shipment", JetWriter::Memo}, {"Total", JetWriter::Double}},
+                {{1, "0", 0.1}, {2, longer, -1e300}, {3, longest, 1.0 / 3}, {4, "", 0}, {5, Value(), 0}});
+        const Outcome outcome = takeOver(old.file());
+        ASSERT_EQ(outcome.status, 0) << outcome.out.toStdString() << outcome.err.toStdString();
+        const auto made = open(path("new.db"));
+        const auto joined = [&](const QString &sql) {
+            QStringList all;
+            Recordset rows = made->OpenRecordset(sql);
+            for (; !rows.Eof(); rows.MoveNext()) {
+                for (int i = 0; i < rows.fieldCount(); ++i)
+                    all += rows.Fields(i).value().isNull() ? QString("-") : rows.Fields(i).value().toText();
+            }
+            return all.join('|');
+        };
+        EXPECT_EQ(joined("SELECT Customer, City, Days, PrintStatements FROM Customer"),
+                  "Null|-|-|False|Empty||-7|True|Caf\u00e9 \u20ac|  edges  |0|False");
+        EXPECT_EQ(joined("SELECT PartNo, Cost, SalePrice, MinOnHand FROM Part"), "A|12.7555|0.5|255|B|-0.0001|-2.25|0");
+        EXPECT_EQ(rows("Orders"),
+                  "-3,,,,,1899-12-30 18:00:00,,,,,,,,,,,0\n5,,,,,1899-12-29 06:00:00,2000-01-01 12:00:00,,,,,,,,,,0\n"
+                  "900,,,,,0100-01-01,9999-12-31,,,,,,,,,,0\n");
+        EXPECT_EQ(joined("SELECT Shipment, Total FROM Invoice"),
+                  "0|0.1|" + longer + "|-1E+300|" + longest + "|0.333333333333333||0|-|0");
+        Recordset orders = made->OpenRecordset("SELECT * FROM Orders");
+        orders.AddNew();
+        EXPECT_EQ(orders.Fields("ID").value(), Value(901));
+    }
+}
+
+TEST_F(TakeoverTest, WhatIsRefusedMissingOrLeftIsNamedAndTheResultKeptOnRequestOnly)
+{
+    JetWriter old(Version::Jet4);
+    old.add("Customer",
+            {{"Customer", JetWriter::Text},
+             {"Days", JetWriter::Text},
+             {"Notes", JetWriter::Memo},
+             {"Logo", JetWriter::Picture}},
+            {{"Good", "30", "x", "p"},
+             {"Bad", "soon", Value(), Value()},
+             {QString(51, 'n'), "1", "", Value()},
+             {QStringLiteral("a\0b"), "1", "y", Value()}});
+    old.add("Orders", {{"ID", JetWriter::Long}, {"OrderDate", JetWriter::DateTime}, {"Total", JetWriter::Double}},
+            {{1, Date(40000), 1.0},
+             {1, Date(40000), 2.0},
+             {2, 1e9, 0.0},
+             {3, Date(1), std::nan("")},
+             {Value(), Value(), 0.0}});
+    old.add("ShipmentItems", {{"ShipmentID", JetWriter::Double}, {"OrderID", JetWriter::Long}}, {{2.5, 1}, {7.0, 1}});
+    old.add("Payments", {{"Amount", JetWriter::Double}}, {{1.0}});
+    old.add("Widgets", {{"Name", JetWriter::Text}}, {{"a"}, {"b"}});
+    old.add("tmpARTran", {{"Customer", JetWriter::Text}}, {{"a"}});
+    old.add("Part", {{"PartNo", JetWriter::Text}}, {{"A"}}, 3);
+    old.addLink("Warehouse");
+    fileWith("old.ldb", "");
+    const Outcome refused = takeOver(old.file());
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err, "");
+    for (const char *line : {
+             "File: somebody seems to have it open (old.ldb); take it over when all have left",
+             "Customer: column Address1 is missing and takes its default",
+             "Customer: Customer Bad, column Days: 'soon' is no whole number of 32 bits: the row is refused",
+             "Customer: Customer nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn, column Customer: longer than 50 "
+             "characters: the row is refused",
+             "Customer: Customer a b, column Customer: a zero character in the text: the row is refused",
+             "Customer: column Notes is not taken; rows that hold something in it: 2",
+             "Customer: column Logo is not taken; rows that hold something in it: 1",
+             "Customer: 1 rows taken",
+             "Orders: ID 1, another row has that number: the row is refused",
+             "Orders: ID 2, column OrderDate: what it holds cannot be read: the row is refused",
+             "Orders: ID 3, column Total: 'nan' is no number: the row is refused",
+             "Orders: ID empty, column ID: no number: the row is refused",
+             "ShipmentItems: ShipmentID 2.5, OrderID 1, column ShipmentID: '2.5' is no whole number of 32 bits: the "
+             "row is refused",
+             "Payments: without the column of its numbers the table is not taken, 1 rows",
+             "Widgets: not taken, 2 rows",
+             "Part: the file tells of 3 rows and has 1 that can be read: it is damaged",
+             "Warehouse: its rows lie in another file; take that one over",
+             "AvailInv: the table is missing and stays empty",
+             "check: Part: no Category, Cost or SalePrice (Null), which ends the program where parts are listed: A",
+             "Not everything has gone over, so nothing is kept (--keep keeps it)",
+         }) {
+        EXPECT_TRUE(refused.out.contains(QString(line) + '\n')) << line << "\n" << refused.out.toStdString();
+    }
+    EXPECT_FALSE(refused.out.contains("tmpARTran"));
+    EXPECT_FALSE(QFile::exists(path("new.db")));
+
+    EXPECT_EQ(takeOver(old.file(), {"--keep"}).status, 1);
+    EXPECT_EQ(rows("Orders"), "1,,,,,2009-07-06,,,,,,,,,,,1\n");
+    EXPECT_EQ(takeOver(old.file()).err, "tamrick-db: '" + path("new.db") + "' is there already and stays as it is\n");
+}
+
+/// A file that was cut off, or in which bytes were overwritten, is told in one line or taken over as far as it can be
+/// read. The library's crashes do not come through.
+TEST_F(TakeoverTest, ADamagedFileIsOneClearLineAndNeverACrash)
+{
+    JetWriter writer(Version::Jet4);
+    std::vector<JetWriter::Row> rows;
+    for (int i = 0; i < 150; ++i)
+        rows.push_back({i, QString("order %1").arg(i), QString(i * 20, 'm')});
+    writer.add("Invoice", {{"ID", JetWriter::Long}, {"Customer", JetWriter::Text}, {"Shipment", JetWriter::Memo}},
+               rows);
+    const QByteArray whole = writer.file();
+    ASSERT_EQ(takeOver(whole).status, 0);
+
+    const int count = qEnvironmentVariableIntValue("TAMRICK_DAMAGES") + 24; // the campaign sets more
+    QRandomGenerator random(7);
+    for (int variant = 0; variant < count; ++variant) {
+        SCOPED_TRACE(variant);
+        QFile::remove(path("new.db"));
+        QByteArray damaged = whole;
+        if (variant % 4 == 0) {
+            damaged.truncate(random.bounded(int(whole.size())));
+        } else {
+            for (int bytes = 1 << random.bounded(10); bytes > 0; --bytes) {
+                // Mostly where the file tells how it is made.
+                const int page = random.bounded(3) ? random.bounded(6) : random.bounded(int(whole.size() / 4096));
+                damaged[page * 4096 + random.bounded(random.bounded(2) ? 128 : 4096)] = char(random.bounded(256));
+            }
+        }
+        const Outcome outcome = takeOver(damaged);
+        EXPECT_EQ(QFile::exists(path("new.db")), outcome.status == 0);
+        if (outcome.status != 0 && !outcome.out.contains("nothing is kept")) {
+            EXPECT_TRUE(outcome.err.startsWith("tamrick-db: '" + path("old.mdb") + "': ")) << outcome.err.toStdString();
+            EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.toStdString();
+        }
+    }
+    for (const QByteArray &strange : {QByteArray(), QByteArray("not a database"), QByteArray(5000, 'x')}) {
+        const Outcome outcome = takeOver(strange);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.toStdString();
+    }
+    EXPECT_TRUE(run({"takeover", path("none.mdb"), path("x.db")}).err.contains("cannot read"));
+}
+
+} // namespace

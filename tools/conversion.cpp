@@ -1,0 +1,46 @@
+#include "tools/conversion.h"
+
+#include "data/dao/assignment.h"
+#include "data/values/conversions.h"
+#include "data/values/runtimeerror.h"
+#include "tools/oneline.h"
+#include "tools/toolerror.h"
+
+namespace {
+
+/// What a refused value is not.
+QString kindOf(const ColumnDef &column)
+{
+    switch (column.type) {
+    case ColumnType::Long:
+        return QStringLiteral("no whole number of 32 bits");
+    case ColumnType::Date:
+        return QStringLiteral("no date");
+    case ColumnType::YesNo:
+        return QStringLiteral("neither True nor False");
+    default:
+        return QStringLiteral("no number");
+    }
+}
+
+} // namespace
+
+Value takenInto(const ColumnDef &column, const Value &value)
+{
+    if (value.type() == Value::Type::Text && value.toText().contains(QChar(0)))
+        throw ToolError{QStringLiteral("a zero character in the text")};
+    try {
+        const Value taken = assignedTo(column, value);
+        // The program would round.
+        if (column.type == ColumnType::Long && !value.isNull() && taken.toDouble() != CDbl(value.toText()))
+            throw runtimeError(3421);
+        // The file has no place for what is no number at all, and would take it as Null.
+        if (column.type == ColumnType::Double && !value.isNull() && !std::isfinite(taken.toDouble()))
+            throw runtimeError(3421);
+        return taken;
+    } catch (const RuntimeError &error) {
+        if (error.number() == 3163)
+            throw ToolError{QStringLiteral("longer than %1 characters").arg(column.size)};
+        throw ToolError{QStringLiteral("'%1' is %2").arg(oneLine(value.joined()), kindOf(column))};
+    }
+}
