@@ -91,7 +91,7 @@ QColor mixed(const QColor &one, const QColor &other, double shareOfOther)
                             part(one.blueF(), other.blueF()));
 }
 
-/// A crate, for title bars and the task bar.
+/// A crate, for title bars and the task bar. packaging/tamrick.svg has the same for the menu.
 QIcon crate()
 {
     QIcon icon;
@@ -120,6 +120,8 @@ void setAppearance(QApplication &application)
     application.setStyle(new ControlStyle(QStringLiteral("Fusion"))); // the application owns it
     followDesktopPalette();
     application.setWindowIcon(crate());
+    // Where the windows' own icons are not asked for, the desktop finds the one of the menu entry by this name.
+    QApplication::setDesktopFileName(QStringLiteral("tamrick"));
 }
 
 void followDesktopPalette()

@@ -1,7 +1,11 @@
 # Shared settings of every target, and the two precompiled headers.
 
 add_library(tamrick_settings INTERFACE)
-target_compile_options(tamrick_settings INTERFACE -Wall -Wextra)
+if(MSVC)
+    target_compile_options(tamrick_settings INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus)
+else()
+    target_compile_options(tamrick_settings INTERFACE -Wall -Wextra)
+endif()
 target_include_directories(tamrick_settings INTERFACE ${PROJECT_SOURCE_DIR})
 if(TAMRICK_SANITIZE)
     target_compile_options(tamrick_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined

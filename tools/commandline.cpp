@@ -31,7 +31,8 @@ constexpr const char *Help =
     "           --keep N            removes older copies of it there, down to N with the new\n"
     "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n"
     "       tamrick-db takeover OLD.mdb NEW     takes an old company over into a new database\n"
-    "           --keep              keeps it also when rows were refused\n";
+    "           --keep              keeps it also when rows were refused\n"
+                             "       tamrick-db --version                tells its version\n";
 
 void create(const Arguments &arguments, QTextStream &)
 {
@@ -137,6 +138,10 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
 {
     if (name == u"help" || name == u"--help" || rest.contains(QStringLiteral("--help"))) {
         out << Help;
+        return 0;
+    }
+    if (name == u"--version") {
+        out << "tamrick-db " TAMRICK_VERSION "\n";
         return 0;
     }
     QStringList names;

@@ -1,4 +1,4 @@
-#include "tests/tools/jetwriter.h"
+#include "tests/support/jetwriter.h"
 #include "tests/tools/toolstest.h"
 
 #include "data/schema/schema.h"
@@ -32,47 +32,12 @@ protected:
     }
 };
 
-/// The type that a column of ours had in an old database.
-JetWriter::Type typeOf(const ColumnDef &column)
-{
-    switch (column.type) {
-    case ColumnType::YesNo:
-        return JetWriter::YesNo;
-    case ColumnType::Long:
-        return JetWriter::Long;
-    case ColumnType::Double:
-        return JetWriter::Double;
-    case ColumnType::Currency:
-        return JetWriter::Money;
-    case ColumnType::Date:
-        return JetWriter::DateTime;
-    case ColumnType::Memo:
-        return JetWriter::Memo;
-    default:
-        return JetWriter::Text;
-    }
-}
-
 TEST_F(TakeoverTest, AWholeCompanyGoesOverFromEitherGenerationAlsoWithAPassword)
 {
     ASSERT_EQ(run({"demo", path("demo.db"), "--until=2011-03-30"}).status, 0);
     const auto demo = open(path("demo.db"));
     for (const auto &[version, key] : {std::pair(Version::Jet3, 0u), {Version::Jet4, 0x1badcafeu}}) {
-        JetWriter old(version);
-        for (const TableDef &table : Schema::permanentTables()) {
-            std::vector<Column> columns;
-            for (const ColumnDef &column : table.columns)
-                columns.push_back({column.name.toUpper(), typeOf(column)});
-            std::vector<JetWriter::Row> rows;
-            Recordset all = demo->OpenRecordset("SELECT * FROM [" + table.Name + "]");
-            for (; !all.Eof(); all.MoveNext()) {
-                rows.emplace_back();
-                for (int i = 0; i < all.fieldCount(); ++i)
-                    rows.back().push_back(all.Fields(i).value());
-            }
-            old.add(table.Name.toLower(), columns, rows);
-        }
-        const Outcome outcome = takeOver(old.file(key));
+        const Outcome outcome = takeOver(jetFileOf(*demo, version, key));
         EXPECT_EQ(outcome.status, 0) << outcome.out.toStdString() << outcome.err.toStdString();
         EXPECT_FALSE(outcome.out.contains("check:")) << outcome.out.toStdString();
         EXPECT_EQ(outcome.out.count("both sides agree"), qsizetype(Schema::permanentTables().size()));

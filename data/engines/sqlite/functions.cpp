@@ -236,7 +236,7 @@ void moneyStep(sqlite3_context *context, int, sqlite3_value **values)
     if (!sum || isNull(values[0]))
         return;
     sum->any = true;
-    if (__builtin_add_overflow(sum->units, Currency::of(sqlite3_value_double(values[0])).units, &sum->units))
+    if (qAddOverflow(sum->units, Currency::of(sqlite3_value_double(values[0])).units, &sum->units))
         raise(context, 6);
 }
 

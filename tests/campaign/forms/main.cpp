@@ -1,5 +1,6 @@
 #include "tests/campaign/forms/books.h"
 #include "tests/campaign/forms/clerk.h"
+#include "tests/support/jetwriter.h"
 #include "toolkit/forms/mainmod.h"
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -104,17 +105,28 @@ void pair(Campaign &campaign, int openOrders)
     campaign.faults += campaign.books.faults();
 }
 
+/// Writes what the clerks need to work on, as an old database.
+int writeOld(const QString &path, const QString &connect, int openOrders)
+{
+    const QTemporaryDir folder;
+    const QString made = folder.filePath("company.db");
+    Clerk::prepare(made, connect, openOrders);
+    QFile old(path);
+    const QByteArray content = jetFileOf(*DBEngine::OpenDatabase(made, false, true, connect), JetWriter::Jet4);
+    return old.open(QIODevice::WriteOnly) && old.write(content) == content.size() ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills or pair");
+    parser.addPositionalArgument("campaign", "kills, pair, work or old");
     parser.addOptions({{"count", "how many kills, or documents of each clerk", "n", "10"},
                        {"journal", "log or rollback", "mode", "log"},
                        {"seed", "of the moments of the kills", "n", "1"},
                        {"folder", "where the file is made", "path", QDir::tempPath()},
-                       {"file", "for a clerk", "path"},
+                       {"file", "for a clerk, or to write an old one to", "path"},
                        {"connect", "for a clerk", "text"},
                        {"role", "for a clerk", "text"}});
     QStringList arguments;
@@ -123,10 +135,14 @@ int main(int argc, char **argv)
     parser.parse(arguments);
     const QString what = parser.positionalArguments().value(0);
     const int count = parser.value("count").toInt();
-    if (what == u"work")
-        return Clerk::run(argc, argv, parser.value("file"), parser.value("connect"), parser.value("role"), count);
+    if (what == u"work") {
+        const QString connect = parser.isSet("connect") ? parser.value("connect") : DatabaseConnect;
+        return Clerk::run(argc, argv, parser.value("file"), connect, parser.value("role"), count);
+    }
 
     QCoreApplication application(argc, argv);
+    if (what == u"old")
+        return writeOld(parser.value("file"), DatabaseConnect, count);
     if (what != u"kills" && what != u"pair")
         parser.showHelp(2);
     const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <vector>
 
+class Database;
+
 /// Writes old databases for tests: tables, columns and rows as they lie in Jet 3 and Jet 4 files, as far as a reader
 /// needs them. Each table has a deleted row in it, and every fifth row was moved away from its place.
 class JetWriter
@@ -58,3 +60,6 @@ private:
     std::vector<Row> m_objects; ///< the rows of the catalogue
     int m_maps = 0;             ///< of the pages of tables, a row each on the page of maps
 };
+
+/// A whole company as an old file, with the types that its columns had there and their names in another case.
+QByteArray jetFileOf(Database &company, JetWriter::Version version, quint32 key = 0);

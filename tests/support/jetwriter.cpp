@@ -1,5 +1,7 @@
-#include "tests/tools/jetwriter.h"
+#include "tests/support/jetwriter.h"
 
+#include "data/dao/database.h"
+#include "data/schema/schema.h"
 #include <QtEndian>
 #include <numeric>
 
@@ -46,6 +48,27 @@ int sizeOf(JetWriter::Type type)
 {
     constexpr int sizes[] = {0, 0, 1, 2, 4, 8, 4, 8, 8};
     return isFixed(type) ? sizes[type] : type == JetWriter::Text ? 510 : 0;
+}
+
+/// The type that a column of ours had in an old database.
+JetWriter::Type typeOf(const ColumnDef &column)
+{
+    switch (column.type) {
+    case ColumnType::YesNo:
+        return JetWriter::YesNo;
+    case ColumnType::Long:
+        return JetWriter::Long;
+    case ColumnType::Double:
+        return JetWriter::Double;
+    case ColumnType::Currency:
+        return JetWriter::Money;
+    case ColumnType::Date:
+        return JetWriter::DateTime;
+    case ColumnType::Memo:
+        return JetWriter::Memo;
+    default:
+        return JetWriter::Text;
+    }
 }
 
 } // namespace
@@ -289,4 +312,23 @@ QByteArray JetWriter::file(quint32 key)
     for (quint32 page = 0; page < m_pages.size(); ++page)
         file += key && page ? rc4(little(key ^ page), m_pages[page]) : m_pages[page];
     return file;
+}
+
+QByteArray jetFileOf(Database &company, JetWriter::Version version, quint32 key)
+{
+    JetWriter old(version);
+    for (const TableDef &table : Schema::permanentTables()) {
+        std::vector<JetWriter::Column> columns;
+        for (const ColumnDef &column : table.columns)
+            columns.push_back({column.name.toUpper(), typeOf(column)});
+        std::vector<JetWriter::Row> rows;
+        Recordset all = company.OpenRecordset("SELECT * FROM [" + table.Name + "]");
+        for (; !all.Eof(); all.MoveNext()) {
+            rows.emplace_back();
+            for (int i = 0; i < all.fieldCount(); ++i)
+                rows.back().push_back(all.Fields(i).value());
+        }
+        old.add(table.Name.toLower(), columns, rows);
+    }
+    return old.file(key);
 }
