@@ -12,6 +12,7 @@
 #include "tools/load.h"
 #include "tools/oneline.h"
 #include "tools/partfile.h"
+#include "tools/share.h"
 #include "tools/takeover/takeover.h"
 #include "tools/toolerror.h"
 #include <limits>
@@ -26,6 +27,7 @@ constexpr const char *Help =
     "           --until YYYY-MM-DD  the last day of its three years; today if left out\n"
     "       tamrick-db load FILE TABLE CSV      adds rows; the first line names the columns\n"
     "       tamrick-db check FILE               says what is wrong in it, table by table\n"
+    "       tamrick-db share FILE               for a FILE that several machines will use\n"
     "       tamrick-db export FILE TABLE        writes a table as CSV\n"
     "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
     "           --keep N            removes older copies of it there, down to N with the new\n"
@@ -71,6 +73,11 @@ int check(const Arguments &arguments, QTextStream &out)
     const QStringList findings = checkDatabase(arguments.plain()[0]);
     out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
     return findings.isEmpty() ? 0 : 1;
+}
+
+void share(const Arguments &arguments, QTextStream &)
+{
+    shareDatabase(arguments.plain()[0]);
 }
 
 void exportRows(const Arguments &arguments, QTextStream &out)
@@ -125,6 +132,7 @@ const std::vector<Command> &commands()
         {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo)},
         {"load", 3, "FILE, TABLE and CSV", {}, done(load)},
         {"check", 1, "one FILE", {}, check},
+        {"share", 1, "one FILE", {}, done(share)},
         {"export", 2, "FILE and TABLE", {}, done(exportRows)},
         {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
         {"restore", 2, "BACKUP and TO", {}, done(restore)},

@@ -56,6 +56,7 @@ SqliteBulkRows::SqliteBulkRows(const QString &path, const QString &password, Sta
 {
     // The same gate as for everybody: a file of another program is not written to.
     PasswordGate::check(m_connection, password, path);
+    m_connection.noteNetwork();
     if (m_state == State::New)
         m_connection.run("PRAGMA synchronous=OFF", Defining);
     m_transaction = std::make_unique<Transaction>(m_connection, Doing{Doing::Writing, {}, Defining.statement});

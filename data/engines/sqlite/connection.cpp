@@ -4,6 +4,7 @@
 #include "data/engines/sqlite/errors.h"
 #include "data/engines/sqlite/filesystem.h"
 #include "data/engines/sqlite/functions.h"
+#include "data/engines/sqlite/sharing.h"
 #include <QDir>
 #include <QFileInfo>
 
@@ -54,18 +55,7 @@ void Connection::configure(const ConnectionOptions &options)
     const Doing opening{Doing::Opening, {}, {}};
     if (options.exclusive)
         run("PRAGMA locking_mode=EXCLUSIVE", opening);
-    const bool log =
-        options.journal == Journal::Log || (options.journal == Journal::ByMount && !liesOnNetwork(options.file));
-    if (options.readOnly) {
-        run("PRAGMA query_only=1", opening);
-    } else {
-        // Not obeyed while another process uses the file the other way; then both go on in its way.
-        Statement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
-        const int code = mode.step();
-        if (code != SQLITE_ROW)
-            raise(code, opening);
-        m_usesLog = mode.bytes(0) == "wal";
-    }
+    chooseJournal(options);
     // FULL would not sync the folder once the journal is gone: after a power failure it stood there again, and took
     // the last commit back.
     run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
@@ -74,6 +64,31 @@ void Connection::configure(const ConnectionOptions &options)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
     else if (m_usesLog)
         m_checkpoint.attach(db);
+}
+
+void Connection::chooseJournal(const ConnectionOptions &options)
+{
+    const Doing opening{Doing::Opening, {}, {}};
+    const bool onNetwork = liesOnNetwork(options.file);
+    const Sharing sharing = Sharing::of(m_handle.get());
+    if (onNetwork && sharing.usesLog) {
+        throw runtimeError(3045, {options.file},
+                           QStringLiteral("The file is kept with a write-ahead log, which holds on the machine alone "
+                                          "that it lies on. Run tamrick-db share there."));
+    }
+    if (options.readOnly)
+        return run("PRAGMA query_only=1", opening);
+    const bool log = options.journal != Journal::Rollback && !onNetwork && !sharing.isShared;
+    // Not obeyed while another process uses the file the other way; then both go on in its way.
+    Statement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
+    const int code = mode.step();
+    if (code != SQLITE_ROW)
+        raise(code, opening);
+    m_usesLog = mode.bytes(0) == "wal";
+    mode.reset();
+    if (m_usesLog)
+        syncFolderOf(options.file); // the log's name; who made it may not have come to syncing it
+    m_unmarked = onNetwork && !sharing.isShared;
 }
 
 Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
@@ -142,6 +157,25 @@ void Connection::syncLog()
     const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
     if (code != SQLITE_OK)
         raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
+}
+
+void Connection::requireInPlace()
+{
+    int moved = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved)
+        raise(SQLITE_READONLY_DBMOVED, {Doing::Writing, {}, QStringLiteral("the file is gone or replaced")});
+}
+
+void Connection::noteNetwork()
+{
+    if (std::exchange(m_unmarked, false))
+        markShared();
+}
+
+void Connection::markShared()
+{
+    run("PRAGMA user_version=" + QByteArray::number(Sharing::Mark), {Doing::Opening, {}, {}});
 }
 
 void Connection::emptyLog()

@@ -61,6 +61,13 @@ public:
     /// moment. In one step: taken in several, a copy begins anew whenever another process has written in between.
     void copyInto(Connection &target);
 
+    /// Raises error 3043 when the file this connection writes is no longer the one that stands under its name.
+    void requireInPlace();
+    /// Marks the file as shared if this machine reaches it over the network. Called once it is known to be ours.
+    void noteNetwork();
+    /// Marks the file as one that other machines reach, for good; see Sharing.
+    void markShared();
+
     /// To be called before a write that is to be a transaction of its own, with no statement half walked.
     void prepareToWrite();
 
@@ -74,6 +81,7 @@ private:
     };
 
     void configure(const ConnectionOptions &options);
+    void chooseJournal(const ConnectionOptions &options);
 
     QString m_file;
     BusyWait m_busyWait;
@@ -81,6 +89,7 @@ private:
     LruCache<QByteArray, Statement> m_idle{128};
     Checkpoint m_checkpoint;
     bool m_usesLog = false;
+    bool m_unmarked = false; ///< reached over the network, and not marked as shared yet
 };
 
 /// Several statements that are committed as one. Rolls back unless committed.

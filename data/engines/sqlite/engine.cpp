@@ -40,6 +40,7 @@ private:
 SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connectionOptions(options))
 {
     PasswordGate::check(m_connection, options.password, options.name);
+    m_connection.noteNetwork();
 }
 
 const jetsql::Dialect &SqliteEngine::dialect() const
@@ -118,6 +119,7 @@ void SqliteEngine::dropTable(const TableDef &table, const Doing &doing)
 
 void SqliteEngine::settle()
 {
+    m_connection.requireInPlace();
     // With a rollback journal every commit is synced already.
     if (m_connection.usesLog())
         m_connection.syncLog();

@@ -22,6 +22,9 @@ RuntimeError lockError(const QString &file, const Doing &doing, const QString &d
 RuntimeError errorFor(int code, const QString &words, const QString &file, const Doing &doing)
 {
     const QString detail = doing.statement.isEmpty() ? words : doing.statement + "\nSQLite: " + words;
+    // Not the disk's: what is written goes into a file that nobody finds any more.
+    if (code == SQLITE_READONLY_DBMOVED)
+        code = SQLITE_IOERR;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

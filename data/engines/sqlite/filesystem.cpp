@@ -5,7 +5,9 @@
 #include <array>
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 #ifdef Q_OS_LINUX
@@ -48,6 +50,20 @@ bool liesOnNetwork(const QString &file)
            std::any_of(shared.begin(), shared.end(), [&](const char *name) { return type.startsWith(name); });
 }
 #endif
+
+void syncFolderOf(const QString &file)
+{
+#ifdef Q_OS_UNIX
+    const QByteArray path = QFile::encodeName(QFileInfo(file).absolutePath());
+    const int folder = open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    fsync(folder);
+    close(folder);
+#else
+    Q_UNUSED(file);
+#endif
+}
 
 void shareWithGroup(const QString &file)
 {
