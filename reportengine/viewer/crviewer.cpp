@@ -5,6 +5,7 @@
 #include "reportengine/report.h"
 #include "reportengine/viewer/findbar.h"
 #include "reportengine/viewer/grouptreemodel.h"
+#include "reportengine/viewer/longjob.h"
 #include "reportengine/viewer/viewer.h"
 #include "reportengine/viewer/viewerbar.h"
 #include "reportengine/viewer/viewerjobs.h"
@@ -253,17 +254,23 @@ bool CRViewer::find(const QString &text, bool forward)
 {
     if (!m_report || text.isEmpty())
         return false;
-    setHourglass();
-    pageCount();
-    if (m_finder.text() != text)
-        m_finder.start(m_report->pages(), text);
-    const auto place = forward ? m_finder.next(currentPage()) : m_finder.previous(currentPage());
-    m_finder.advance(FindSlice);
+    std::optional<Finder::Place> place;
+    const Outcome outcome = runLongJob(this, "Looking for " + text, [&](const Progress &progress) {
+        pageCount();
+        if (m_finder.text() != text)
+            m_finder.start(m_report->pages(), text);
+        place = forward ? m_finder.next(currentPage(), progress) : m_finder.previous(currentPage(), progress);
+        const bool isStopped = !place && !m_finder.isComplete();
+        m_finder.advance(isStopped ? 0 : FindSlice);
+        return isStopped ? Outcome::cancelled() : Outcome();
+    });
     m_view->showFound(text, place ? place->page : -1, place ? place->index : -1);
     if (place && !m_finder.isComplete())
         m_idle.start();
-    setDefaultPointer();
-    showFindResult();
+    if (outcome)
+        showFindResult();
+    else
+        m_findBar->showResult("Stopped");
     return place.has_value();
 }
 

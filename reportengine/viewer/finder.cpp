@@ -24,38 +24,40 @@ int Finder::countOn(int page)
     return count;
 }
 
-int Finder::wrapped(int page) const
+/// The first page from that one on, forwards or backwards and round by the end, that holds the text; -1 for none.
+int Finder::firstPageWithAny(int from, int direction, const Progress &progress)
 {
     const int pages = int(m_counts.size());
-    return (page + pages) % pages;
+    for (int step = 0; step < pages; ++step) {
+        const int page = (from + direction * step + 2 * pages) % pages;
+        if (countOn(page) > 0)
+            return page;
+        if (progress && !progress(step + 1, pages))
+            break;
+    }
+    return -1;
 }
 
-std::optional<Finder::Place> Finder::next(int page)
+std::optional<Finder::Place> Finder::next(int page, const Progress &progress)
 {
     if (m_current && m_current->index + 1 < countOn(m_current->page)) {
         ++m_current->index;
         return m_current;
     }
-    const int first = m_current ? m_current->page + 1 : page;
-    for (int step = 0; step < int(m_counts.size()); ++step) {
-        if (const int at = wrapped(first + step); countOn(at) > 0)
-            return m_current = Place{at, 0};
-    }
-    return m_current = std::nullopt;
+    const int at = firstPageWithAny(m_current ? m_current->page + 1 : page, 1, progress);
+    m_current = at < 0 ? std::nullopt : std::optional(Place{at, 0});
+    return m_current;
 }
 
-std::optional<Finder::Place> Finder::previous(int page)
+std::optional<Finder::Place> Finder::previous(int page, const Progress &progress)
 {
     if (m_current && m_current->index > 0) {
         --m_current->index;
         return m_current;
     }
-    const int first = m_current ? m_current->page - 1 : page;
-    for (int step = 0; step < int(m_counts.size()); ++step) {
-        if (const int at = wrapped(wrapped(first) - step); countOn(at) > 0)
-            return m_current = Place{at, countOn(at) - 1};
-    }
-    return m_current = std::nullopt;
+    const int at = firstPageWithAny(m_current ? m_current->page - 1 : page, -1, progress);
+    m_current = at < 0 ? std::nullopt : std::optional(Place{at, countOn(at) - 1});
+    return m_current;
 }
 
 bool Finder::advance(int milliseconds)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "reportengine/output/outcome.h"
 #include <optional>
 #include <vector>
 
@@ -22,9 +22,9 @@ public:
     const QString &text() const { return m_text; }
 
     /// The next place after (or before) the last one, round by the report's other end; the first one on or after
-    /// `page` when there was none. Nothing when the report does not hold the text.
-    std::optional<Place> next(int page);
-    std::optional<Place> previous(int page);
+    /// `page` when there was none. Nothing when the report does not hold the text, or when the search was stopped.
+    std::optional<Place> next(int page, const Progress &progress = {});
+    std::optional<Place> previous(int page, const Progress &progress = {});
     const std::optional<Place> &current() const { return m_current; }
 
     /// Searches on for about that long; true once all pages are.
@@ -37,7 +37,7 @@ public:
 
 private:
     int countOn(int page);
-    int wrapped(int page) const;
+    int firstPageWithAny(int from, int direction, const Progress &progress);
 
     ReportPages *m_pages = nullptr;
     QString m_text;

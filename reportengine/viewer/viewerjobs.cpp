@@ -5,55 +5,18 @@
 #include "reportengine/output/sheetplace.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/report.h"
+#include "reportengine/viewer/longjob.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/controls/statusline.h"
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 #include <QStandardPaths>
 
 namespace {
-
-constexpr int Unnoticed = 500; ///< milliseconds a job may take before it shows how far it has come
-constexpr int Beat = 50;       ///< milliseconds from one look at the Cancel button to the next
-
-/// Runs a job under the hourglass, and under a progress window once it has become a long one. The window is modal to
-/// the program, so that nothing else happens meanwhile.
-Outcome runJob(QWidget *parent, const QString &caption, const std::function<Outcome(const Progress &)> &job)
-{
-    setHourglass();
-    QProgressDialog window(caption, "Cancel", 0, 0, parent);
-    window.setObjectName("progress");
-    window.setWindowTitle("Report");
-    window.setWindowModality(Qt::ApplicationModal);
-    window.setAutoClose(false);
-    window.setAutoReset(false);
-    window.setMinimumDuration(std::numeric_limits<int>::max());
-    QElapsedTimer sinceStart, sinceBeat;
-    sinceStart.start();
-    sinceBeat.start();
-    const Outcome outcome = job([&](int done, int total) {
-        if (sinceStart.elapsed() < Unnoticed || sinceBeat.elapsed() < Beat)
-            return true;
-        if (!window.isVisible()) {
-            setDefaultPointer();
-            window.show();
-        }
-        window.setMaximum(total);
-        window.setValue(done);
-        QCoreApplication::processEvents();
-        sinceBeat.start();
-        return !window.wasCanceled();
-    });
-    setDefaultPointer();
-    return outcome;
-}
 
 void tell(const Outcome &outcome, const QString &done, const QString &failed, const QString &title)
 {
@@ -129,8 +92,8 @@ void exportByDialog(QWidget *parent, Report &report, const QString &name)
     const QString path = askForFile(parent, name);
     if (path.isEmpty())
         return;
-    const Outcome outcome = runJob(parent, "Writing " + QFileInfo(path).fileName(),
-                                   [&](const Progress &progress) { return exportReport(report, path, progress); });
+    const Outcome outcome = runLongJob(parent, "Writing " + QFileInfo(path).fileName(),
+                                       [&](const Progress &progress) { return exportReport(report, path, progress); });
     tell(outcome, "Exported to " + path, "The report could not be written to " + path + ".", "Export");
 }
 
@@ -158,7 +121,7 @@ void printByDialog(QWidget *parent, Report &report, int currentPage, const QPage
         from = std::clamp(dialog.fromPage() - 1, 0, pages - 1);
         to = std::clamp(dialog.toPage() - 1, from, pages - 1);
     }
-    const Outcome outcome = runJob(parent, "Printing " + report.layout().title, [&](const Progress &progress) {
+    const Outcome outcome = runLongJob(parent, "Printing " + report.layout().title, [&](const Progress &progress) {
         return printPages(report, printer, from, to, progress);
     });
     tell(outcome, {}, "The report could not be printed.", "Print");

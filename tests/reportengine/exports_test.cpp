@@ -3,7 +3,6 @@
 #include "reportengine/output/exports.h"
 #include "tests/reportengine/reportfixture.h"
 #include <QDir>
-#include <QProcess>
 
 namespace {
 
@@ -11,17 +10,6 @@ QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// What a program of the PDF tools says about a file.
-QString told(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
-    EXPECT_EQ(process.readAllStandardError(), "");
-    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 Layout salesLayout()

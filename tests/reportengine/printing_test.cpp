@@ -5,19 +5,8 @@
 #include "toolkit/controls/statusline.h"
 #include <QDir>
 #include <QPrinter>
-#include <QProcess>
 
 namespace {
-
-/// What a program of the PDF tools says about a file.
-QString told(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 QDir printedFolder()
 {

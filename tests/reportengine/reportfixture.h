@@ -6,6 +6,7 @@
 #include "reports/layouts/layoutbuilder.h"
 #include "tests/support/printers.h"
 #include "tests/support/samplerows.h"
+#include <QProcess>
 #include <QTemporaryDir>
 
 /// Sales of a small house: what most tests lay out.
@@ -56,6 +57,17 @@ inline QStringList fieldsOf(const QString &designer)
     for (const DatasetField &field : reportDesign(designer).dataset)
         names.append(field.name);
     return names;
+}
+
+/// What a program of the PDF tools says about a file.
+inline QString told(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
+    EXPECT_EQ(process.readAllStandardError(), "");
+    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 /// All texts of all pages, a line per page joined by "|".

@@ -16,7 +16,6 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
@@ -458,10 +457,7 @@ TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPage)
     });
     press("print");
     ASSERT_EQ(server.jobs(), QStringList{"1 Office: Sales By Part"});
-    QProcess reader;
-    reader.start("pdftotext", {server.jobFile(1), "-"});
-    reader.waitForFinished();
-    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    const QString text = told("pdftotext", {server.jobFile(1), "-"});
     EXPECT_TRUE(text.contains("Page 2 of")) << text.toStdString();
     EXPECT_FALSE(text.contains("Page 1 of"));
 }

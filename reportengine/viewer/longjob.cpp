@@ -1,0 +1,41 @@
+#include "reportengine/viewer/longjob.h"
+
+#include "toolkit/controls/mousepointer.h"
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProgressDialog>
+
+namespace {
+constexpr int Unnoticed = 500; ///< milliseconds a job may take before it shows how far it has come
+constexpr int Beat = 50;       ///< milliseconds from one look at the Cancel button to the next
+} // namespace
+
+Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<Outcome(const Progress &)> &job)
+{
+    setHourglass();
+    QProgressDialog window(caption, "Cancel", 0, 0, parent);
+    window.setObjectName("progress");
+    window.setWindowTitle("Report");
+    window.setWindowModality(Qt::ApplicationModal);
+    window.setAutoClose(false);
+    window.setAutoReset(false);
+    window.setMinimumDuration(std::numeric_limits<int>::max());
+    QElapsedTimer sinceStart, sinceBeat;
+    sinceStart.start();
+    sinceBeat.start();
+    const Outcome outcome = job([&](int done, int total) {
+        if (sinceStart.elapsed() < Unnoticed || sinceBeat.elapsed() < Beat)
+            return true;
+        if (!window.isVisible()) {
+            setDefaultPointer();
+            window.show();
+        }
+        window.setMaximum(total);
+        window.setValue(done);
+        QCoreApplication::processEvents();
+        sinceBeat.start();
+        return !window.wasCanceled();
+    });
+    setDefaultPointer();
+    return outcome;
+}
