@@ -190,6 +190,8 @@ void PageView::layOut()
 
 void PageView::paintMarks(QPainter &painter, int page, const Page &content) const
 {
+    // As a felt pen does it: over tinted boxes too, and the print shows through.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     const double scale = pixelsPerPoint();
     const auto fill = [&](const QRectF &place, const QColor &color) {
         painter.fillRect(QRectF(place.topLeft() * scale, place.size() * scale), color);
@@ -224,9 +226,11 @@ void PageView::paintEvent(QPaintEvent *)
         painter.save();
         painter.setClipRect(paper);
         painter.translate(paper.topLeft());
-        paintMarks(painter, page, *content);
+        painter.save();
         painter.scale(scale / TextMetrics::UnitsPerPoint, scale / TextMetrics::UnitsPerPoint);
         paintPage(*content, painter);
+        painter.restore();
+        paintMarks(painter, page, *content);
         painter.restore();
     }
 }

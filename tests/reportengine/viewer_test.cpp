@@ -55,6 +55,21 @@ protected:
     }
     QString findResult() { return find<QLabel>("findResult")->text().trimmed(); }
     QString zoomShown() { return find<QComboBox>("zoom")->currentText(); }
+    /// Whether the pages show a colour, or one that is a little darker.
+    bool isShown(QColor color, double least)
+    {
+        const QImage image = m_view->viewport()->grab().toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                const auto fits = [&](int shown, int wanted) { return shown <= wanted && shown >= wanted * least; };
+                if (fits(pixel.red(), color.red()) && fits(pixel.green(), color.green()) &&
+                    fits(pixel.blue(), color.blue()))
+                    return true;
+            }
+        }
+        return false;
+    }
     int scrolled() { return m_view->verticalScrollBar()->value(); }
     /// Does something with a modal dialog once it has come up.
     template <class Dialog> void answer(const char *name, std::function<void(Dialog &)> deed)
@@ -175,6 +190,8 @@ TEST_F(ViewerTest, FindsTextAndCountsItsPlacesAlsoWhereThePaperWrapsOrCutsIt)
         ASSERT_GT(pageCount(), 1);
         search("no such words");
         EXPECT_EQ(findResult(), "Not found");
+        search("customer");
+        EXPECT_TRUE(isShown(QColor(255, 165, 60), 0.8)) << "over the tint of a heading as well";
         search("works OF eastern");
         EXPECT_EQ(findResult(), "1 of 20");
         key(Qt::Key_F3);
