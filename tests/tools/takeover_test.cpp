@@ -2,6 +2,7 @@
 #include "tests/tools/toolstest.h"
 
 #include "data/schema/schema.h"
+#include "tools/takeover/comparison.h"
 #include <QRandomGenerator>
 
 namespace {
@@ -157,6 +158,37 @@ TEST_F(TakeoverTest, WhatIsRefusedMissingOrLeftIsNamedAndTheResultKeptOnRequestO
     EXPECT_EQ(takeOver(old.file(), {"--keep"}).status, 1);
     EXPECT_EQ(rows("Orders"), "1,,,,,2009-07-06,,,,,,,,,,,1\n");
     EXPECT_EQ(takeOver(old.file()).err, "tamrick-db: '" + path("new.db") + "' is there already and stays as it is\n");
+}
+
+TEST_F(TakeoverTest, RowsThatDifferOnTheTwoSidesAreNamedByTheirKeys)
+{
+    JetWriter old(Version::Jet4);
+    old.add("Payments", {{"ID", JetWriter::Long}, {"Amount", JetWriter::Double}}, {{1, 10.0}, {2, 20.0}, {3, 30.5}});
+    old.add("AvailInv", {{"Whse", JetWriter::Text}, {"Part", JetWriter::Text}, {"Avail", JetWriter::Long}},
+            {{"Main", "A", 7}, {"Main", "A", 7}, {"Main", "B", Value()}});
+    ASSERT_EQ(takeOver(old.file()).status, 0);
+    const auto compared = [&] {
+        QString lines;
+        QTextStream report(&lines);
+        const bool same = compareWithOld(path("old.mdb"), path("new.db"), {}, report);
+        report.flush();
+        EXPECT_EQ(same, !lines.contains("differences"));
+        lines.replace(QRegularExpression(", hash [0-9a-f]{16}"), "");
+        return lines;
+    };
+    EXPECT_EQ(compared(), "Payments: both sides agree: 3 rows, ID 6, Invoice 0, Amount 60.5, Adjustment 0\n"
+                          "AvailInv: both sides agree: 3 rows, Avail 14\n");
+    open(path("new.db"))->Execute("UPDATE Payments SET Amount = 20.0001 WHERE ID = 2");
+    open(path("new.db"))->Execute("UPDATE AvailInv SET Avail = 0 WHERE Part = 'B'");
+    EXPECT_EQ(compared(),
+              "Payments: ID 2 is not in the new database as it is in the old one\n"
+              "Payments: ID 2 is not in the old database as it is in the new one\n"
+              "Payments: the old side: 3 rows, ID 6, Invoice 0, Amount 60.5, Adjustment 0\n"
+              "Payments: the new side: 3 rows, ID 6, Invoice 0, Amount 60.5001, Adjustment 0; differences: 2\n"
+              "AvailInv: Whse Main, Part B is not in the new database as it is in the old one\n"
+              "AvailInv: Whse Main, Part B is not in the old database as it is in the new one\n"
+              "AvailInv: the old side: 3 rows, Avail 14\n"
+              "AvailInv: the new side: 3 rows, Avail 14; differences: 2\n");
 }
 
 /// A file that was cut off, or in which bytes were overwritten, is told in one line or taken over as far as it can be
