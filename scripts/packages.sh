@@ -30,5 +30,5 @@ needs() {
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libgtest-dev libbenchmark-dev
     libxlsxwriter-dev liborcus-dev libcups2-dev mdbtools-dev fontconfig fonts-dejavu-core fonts-liberation)
-test_packages=(poppler-utils cups-daemon locales)
+test_packages=(poppler-utils cups-daemon locales procps)
 package_packages=(debhelper dpkg-dev lintian)
