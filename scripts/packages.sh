@@ -29,6 +29,6 @@ needs() {
 }
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libgtest-dev libbenchmark-dev
-    libxlsxwriter-dev liborcus-dev libcups2-dev mdbtools-dev fontconfig fonts-dejavu-core fonts-liberation)
+    libxlsxwriter-dev liborcus-dev libgsf-1-dev libcups2-dev mdbtools-dev fontconfig fonts-dejavu-core fonts-liberation)
 test_packages=(poppler-utils cups-daemon locales procps)
 package_packages=(debhelper dpkg-dev lintian)

@@ -1,12 +1,8 @@
 #pragma once
 
+#include "data/workbook/damagedfile.h"
 #include <QByteArrayView>
 #include <QtEndian>
-
-/// Thrown inside the readers of binary files when a file breaks off or contradicts itself.
-struct DamagedFile
-{
-};
 
 /// Takes little-endian numbers out of bytes, one after another. DamagedFile behind their end.
 class ByteReader
@@ -21,7 +17,7 @@ public:
     double f64() { return std::bit_cast<double>(take<quint64>()); }
     QByteArrayView bytes(qsizetype count)
     {
-        if (count < 0 || m_position < 0 || left() < count)
+        if (count < 0 || left() < count)
             throw DamagedFile();
         m_position += count;
         return m_bytes.sliced(m_position - count, count);

@@ -1,131 +1,105 @@
 #include "data/workbook/compoundfile.h"
+
 #include "data/workbook/bytereader.h"
+#include <gsf/gsf-infile-msole.h>
+#include <vector>
 
 namespace {
 
-constexpr qsizetype HeaderSize = 512;
-constexpr quint32 LastSectorNumber = 0xFFFFFFFA; ///< greater ones mark ends and unused places
-constexpr int EntrySize = 128;
-constexpr int StreamEntry = 2;
-constexpr int RootEntry = 5;
+/// Greater ones mark ends and unused places.
+constexpr quint32 LastSectorNumber = 0xFFFFFFFA;
+constexpr qsizetype HeaderSize = 512, HeaderTableSectors = 109, EntrySize = 128;
+/// A workbook has a stream or two, and some for each macro and picture.
+constexpr qsizetype MostEntries = 4096;
+
+/// As much of the file's structure as tells how large its directory is. The library walks through a directory by
+/// recursion and sorts it entry by entry, so that a long enough one takes minutes, or more stack than there is.
+class Directory
+{
+public:
+    explicit Directory(const QByteArray &content) : m_content(content)
+    {
+        ByteReader header(content);
+        header.skip(30);
+        const int sectorBits = header.u16();
+        const int smallSectorBits = header.u16();
+        if ((sectorBits != 9 && sectorBits != 12) || smallSectorBits != 6)
+            throw DamagedFile();
+        m_sectorSize = qsizetype(1) << sectorBits;
+        header.skip(14);
+        m_first = header.u32();
+        header.skip(16);
+        quint32 moreTable = header.u32();
+        header.skip(4);
+        addTableSectors(header, HeaderTableSectors);
+        while (moreTable <= LastSectorNumber) {
+            ByteReader list = sector(moreTable);
+            addTableSectors(list, m_sectorSize / 4 - 1);
+            moreTable = list.u32();
+        }
+    }
+
+    void check() const
+    {
+        qsizetype entries = 0;
+        for (quint32 number = m_first; number <= LastSectorNumber; number = next(number)) {
+            entries += m_sectorSize / EntrySize;
+            if (entries > MostEntries)
+                throw DamagedFile();
+        }
+    }
+
+private:
+    ByteReader sector(quint32 number) const
+    {
+        // The header takes the place of a first sector, whatever the sectors' size.
+        return ByteReader(m_content, std::max(HeaderSize, m_sectorSize) + qsizetype(number) * m_sectorSize);
+    }
+
+    void addTableSectors(ByteReader &list, qsizetype count)
+    {
+        for (qsizetype i = 0; i < count; ++i)
+            m_table.push_back(list.u32());
+        if (qsizetype(m_table.size()) > m_content.size() / m_sectorSize + HeaderTableSectors)
+            throw DamagedFile(); // more than the file has: the lists go round
+    }
+
+    quint32 next(quint32 number) const
+    {
+        const size_t place = number / (m_sectorSize / 4);
+        if (place >= m_table.size())
+            throw DamagedFile();
+        ByteReader numbers = sector(m_table[place]);
+        numbers.skip(number % (m_sectorSize / 4) * 4);
+        return numbers.u32();
+    }
+
+    const QByteArray &m_content;
+    qsizetype m_sectorSize = 0;
+    quint32 m_first = 0;
+    std::vector<quint32> m_table; ///< the sectors that tell of each sector which one follows
+};
 
 } // namespace
 
-CompoundFile::CompoundFile(QByteArray content) : m_content(std::move(content))
+CompoundFile::CompoundFile(const QByteArray &content) : m_content(content)
 {
-    ByteReader header(m_content);
-    if (header.bytes(8) != QByteArrayView("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8))
+    Directory(m_content).check();
+    m_folder.reset(gsf_infile_msole_new(gsfInput(m_content).get(), nullptr));
+    if (!m_folder)
         throw DamagedFile();
-    header.skip(22);
-    const int sectorBits = header.u16();
-    const int smallSectorBits = header.u16();
-    if (sectorBits < 7 || sectorBits > 16 || smallSectorBits >= sectorBits)
-        throw DamagedFile();
-    m_sectorSize = 1 << sectorBits;
-    m_smallSectorSize = 1 << smallSectorBits;
-    header.skip(14);
-    const quint32 directory = header.u32();
-    header.skip(4);
-    m_smallStreams = header.u32();
-    const quint32 smallTable = header.u32();
-    header.skip(4);
-    quint32 moreTable = header.u32();
-    header.skip(4);
-
-    // The sectors of the sector table: the header lists the first ones, the rest stand in a chain of lists.
-    std::vector<quint32> tableSectors;
-    const auto addSectors = [&](ByteReader &list, int count) {
-        for (int i = 0; i < count; ++i) {
-            if (const quint32 number = list.u32(); number <= LastSectorNumber)
-                tableSectors.push_back(number);
-        }
-    };
-    addSectors(header, 109);
-    for (qsizetype turns = m_content.size() / m_sectorSize; moreTable <= LastSectorNumber; --turns) {
-        if (turns < 0)
-            throw DamagedFile();
-        ByteReader list(sector(moreTable));
-        addSectors(list, m_sectorSize / 4 - 1);
-        moreTable = list.u32();
-    }
-    m_next = readTable(tableSectors);
-    readDirectory(directory);
-    if (smallTable <= LastSectorNumber) {
-        const QByteArray table = follow(smallTable);
-        ByteReader numbers(table);
-        while (numbers.left() >= 4)
-            m_nextSmall.push_back(numbers.u32());
-    }
-}
-
-QByteArrayView CompoundFile::sector(quint32 number) const
-{
-    // The header takes the place of a first sector, whatever the sectors' size.
-    const qsizetype begin = std::max<qsizetype>(HeaderSize, m_sectorSize) + qsizetype(number) * m_sectorSize;
-    if (begin >= m_content.size())
-        throw DamagedFile();
-    return QByteArrayView(m_content).sliced(begin, std::min<qsizetype>(m_sectorSize, m_content.size() - begin));
-}
-
-CompoundFile::Chain CompoundFile::readTable(const std::vector<quint32> &sectors) const
-{
-    Chain next;
-    for (const quint32 number : sectors) {
-        ByteReader numbers(sector(number));
-        while (numbers.left() >= 4)
-            next.push_back(numbers.u32());
-    }
-    return next;
-}
-
-void CompoundFile::readDirectory(quint32 firstSector)
-{
-    const QByteArray directory = follow(firstSector);
-    for (qsizetype begin = 0; begin + EntrySize <= directory.size(); begin += EntrySize) {
-        ByteReader entry(QByteArrayView(directory).sliced(begin, EntrySize));
-        QString name;
-        for (int i = 0; i < 32; ++i) {
-            if (const quint16 letter = entry.u16())
-                name += QChar(letter);
-        }
-        entry.skip(2);
-        const int type = entry.u8();
-        entry.skip(49);
-        const quint32 first = entry.u32();
-        const quint32 size = entry.u32();
-        if (type == RootEntry && first <= LastSectorNumber)
-            m_small = follow(first);
-        m_directory.push_back({name, type, first, size});
-    }
-}
-
-QByteArray CompoundFile::follow(quint32 first) const
-{
-    QByteArray content;
-    size_t turns = 0;
-    for (quint32 number = first; number <= LastSectorNumber; number = m_next[number]) {
-        if (number >= m_next.size() || ++turns > m_next.size())
-            throw DamagedFile();
-        content += sector(number);
-    }
-    return content;
 }
 
 std::optional<QByteArray> CompoundFile::stream(const QString &name) const
 {
-    for (const Entry &entry : m_directory) {
-        if (entry.type != StreamEntry || entry.name.compare(name, Qt::CaseInsensitive) != 0)
+    for (int i = 0; i < gsf_infile_num_children(m_folder.get()); ++i) {
+        const char *child = gsf_infile_name_by_index(m_folder.get(), i);
+        if (!child || name.compare(QString::fromUtf8(child), Qt::CaseInsensitive) != 0)
             continue;
-        if (entry.size >= m_smallStreams)
-            return follow(entry.firstSector).left(entry.size);
-        QByteArray content;
-        size_t turns = 0;
-        for (quint32 number = entry.firstSector; number <= LastSectorNumber; number = m_nextSmall[number]) {
-            if (number >= m_nextSmall.size() || ++turns > m_nextSmall.size())
-                throw DamagedFile();
-            content += m_small.mid(qsizetype(number) * m_smallSectorSize, m_smallSectorSize);
-        }
-        return content.left(entry.size);
+        const GsfInputPtr stream(gsf_infile_child_by_index(m_folder.get(), i));
+        if (!stream)
+            throw DamagedFile();
+        return gsfContents(stream.get(), m_content.size());
     }
     return {};
 }

@@ -1,59 +1,29 @@
+#include "data/workbook/damagedfile.h"
 #include "data/workbook/numberformat.h"
 #include "data/workbook/package.h"
 #include "data/workbook/readers.h"
+#include "data/workbook/xmlpart.h"
 #include <QRegularExpression>
-#include <QXmlStreamReader>
 
 // Open document spreadsheets: one document of all sheets, in which each cell tells the type of its value.
 
 namespace {
 
-QString attribute(const QXmlStreamReader &xml, const char *qualifiedName)
-{
-    return xml.attributes().value(QLatin1String(qualifiedName)).toString();
-}
-
-int countOf(const QXmlStreamReader &xml, const char *qualifiedName)
-{
-    return std::max(1, attribute(xml, qualifiedName).toInt());
-}
+/// Of the largest sheets that a program writes. A row or cell may stand for many, but not for more than these.
+constexpr int MostRows = 16'777'216, MostColumns = 16'384;
+/// Characters of one cell, and blanks that a document writes as a count.
+constexpr qsizetype LongestText = 65'535;
+constexpr int MostBlanks = 10'000'000;
 
 /// "PT12H30M00S" as a part of a day.
 Value timeValue(const QString &duration)
 {
-    static const QRegularExpression form("^PT(\\d+)H(\\d+)M([\\d.]+)S$");
+    static const QRegularExpression form("^PT(\\d{1,6})H(\\d{1,6})M(\\d{1,6}(?:\\.\\d*)?)S$");
     const auto match = form.match(duration);
     if (!match.hasMatch())
         return duration;
-    return Date((match.captured(1).toInt() * 60 + match.captured(2).toInt()) / 1440.0 +
+    return Date((match.captured(1).toInt() * 60.0 + match.captured(2).toInt()) / 1440.0 +
                 match.captured(3).toDouble() / 86400.0);
-}
-
-/// The text of a paragraph; blanks that must not be lost are elements of their own.
-QString paragraph(QXmlStreamReader &xml)
-{
-    QString text;
-    while (!xml.atEnd()) {
-        switch (xml.readNext()) {
-        case QXmlStreamReader::Characters:
-            text += xml.text();
-            break;
-        case QXmlStreamReader::StartElement:
-            if (xml.qualifiedName() == QLatin1String("text:s"))
-                text += QString(countOf(xml, "text:c"), ' ');
-            else if (xml.qualifiedName() == QLatin1String("text:tab"))
-                text += '\t';
-            else if (xml.qualifiedName() == QLatin1String("text:line-break"))
-                text += '\n';
-            text += paragraph(xml);
-            break;
-        case QXmlStreamReader::EndElement:
-            return text;
-        default:
-            break;
-        }
-    }
-    return text;
 }
 
 class OdsReader
@@ -61,105 +31,160 @@ class OdsReader
 public:
     explicit OdsReader(const QByteArray &content) : m_xml(content) {}
 
-    std::optional<std::vector<Workbook::Sheet>> read()
+    std::vector<Workbook::Sheet> read()
     {
-        std::vector<Workbook::Sheet> sheets;
-        while (m_xml.readNextStartElement()) {
-            if (isElement("office:document-content") || isElement("office:body") || isElement("office:spreadsheet"))
-                continue; // on to its children
-            if (isElement("table:table")) {
-                m_row = 1;
-                readRows();
-                sheets.push_back(std::exchange(m_sheet, {}));
-            } else {
-                m_xml.skipCurrentElement();
-            }
-        }
-        // Behind the last sheet the reader stands at the ends of the elements that were entered.
-        return m_xml.hasError() ? std::nullopt : std::optional(std::move(sheets));
+        readContent();
+        return std::move(m_sheets);
     }
 
 private:
-    bool isElement(const char *qualifiedName) const { return m_xml.qualifiedName() == QLatin1String(qualifiedName); }
+    bool isElement(const char *name) const { return m_xml.name() == QLatin1String(name); }
+
+    void readContent()
+    {
+        while (m_xml.nextChild()) {
+            if (isElement("office:document-content") || isElement("office:body") || isElement("office:spreadsheet")) {
+                readContent();
+            } else if (isElement("table:table")) {
+                m_row = 1;
+                m_sheets.emplace_back();
+                readRows();
+            } else {
+                m_xml.skip();
+            }
+        }
+    }
 
     void readRows()
     {
-        while (m_xml.readNextStartElement()) {
+        while (m_xml.nextChild()) {
             if (isElement("table:table-row"))
                 readRow();
             else if (isElement("table:table-rows") || isElement("table:table-row-group") ||
                      isElement("table:table-header-rows"))
                 readRows();
             else
-                m_xml.skipCurrentElement();
+                m_xml.skip();
         }
+    }
+
+    /// `count` places from `first` on, none of them beyond the last one.
+    static Workbook::Range rangeOf(int first, int count, int last)
+    {
+        if (first > last || count > last - first + 1)
+            throw DamagedFile();
+        return {first, first + count - 1};
     }
 
     void readRow()
     {
-        const int rows = countOf(m_xml, "table:number-rows-repeated");
+        const auto rows = rangeOf(m_row, m_xml.number("table:number-rows-repeated", 1, MostRows, 1), MostRows);
         int column = 1;
-        while (m_xml.readNextStartElement()) {
-            const int columns = countOf(m_xml, "table:number-columns-repeated");
-            readCell(rows, column, columns);
-            column += columns;
+        while (m_xml.nextChild()) {
+            const int count = m_xml.number("table:number-columns-repeated", 1, MostColumns, 1);
+            const auto columns = rangeOf(column, count, MostColumns);
+            readCell(rows, columns);
+            column = columns.last + 1;
         }
-        m_row += rows;
+        m_row = rows.last + 1;
     }
 
-    void readCell(int rows, int column, int columns)
+    void readCell(Workbook::Range rows, Workbook::Range columns)
     {
-        const QString type = attribute(m_xml, "office:value-type");
-        const bool isError = attribute(m_xml, "calcext:value-type") == "error";
-        const QXmlStreamAttributes attributes = m_xml.attributes();
+        const QString type = m_xml.attributeText("office:value-type");
+        const bool isError = m_xml.attributeText("calcext:value-type") == "error";
+        const auto written = m_xml.attribute(attributeOf(type));
         QStringList paragraphs;
-        while (m_xml.readNextStartElement()) {
+        while (m_xml.nextChild()) {
             if (isElement("text:p"))
-                paragraphs += paragraph(m_xml);
+                paragraphs += paragraph();
             else
-                m_xml.skipCurrentElement(); // such as a comment
+                m_xml.skip(); // such as a comment
         }
-        if (type.isEmpty())
-            return;
-        const Value value = valueOf(type, attributes, paragraphs.join('\n'));
-        for (int row = m_row; row < m_row + rows; ++row) {
-            for (int cell = column; cell < column + columns; ++cell) {
-                if (isError)
-                    m_sheet.setError(row, cell);
-                else
-                    m_sheet.set(row, cell, value);
-            }
-        }
+        if (!type.isEmpty())
+            m_sheets.back().fill(rows, columns, {valueOf(type, written, paragraphs.join('\n')), isError});
     }
 
-    static Value valueOf(const QString &type, const QXmlStreamAttributes &attributes, const QString &shown)
+    /// The text of a paragraph; blanks that must not be lost are elements of their own.
+    QString paragraph()
     {
-        const auto attribute = [&](const char *name) { return attributes.value(QLatin1String(name)).toString(); };
-        if (type == "float" || type == "percentage")
-            return attribute("office:value").toDouble();
-        if (type == "currency")
-            return numberValue(attribute("office:value").toDouble(), NumberKind::Money);
-        if (type == "date")
-            return isoDate(attribute("office:date-value"));
-        if (type == "time")
-            return timeValue(attribute("office:time-value"));
-        if (type == "boolean")
-            return attribute("office:boolean-value") == "true";
-        return attributes.hasAttribute(QLatin1String("office:string-value")) ? attribute("office:string-value") : shown;
+        QString text;
+        for (int depth = 1; depth > 0;) {
+            switch (m_xml.next()) {
+            case QXmlStreamReader::Characters:
+                text += m_xml.characters();
+                break;
+            case QXmlStreamReader::StartElement:
+                ++depth;
+                text += blank();
+                break;
+            case QXmlStreamReader::EndElement:
+                --depth;
+                break;
+            default:
+                break;
+            }
+            if (text.size() > LongestText)
+                throw DamagedFile();
+        }
+        return text;
     }
 
-    QXmlStreamReader m_xml;
-    Workbook::Sheet m_sheet; ///< the one being read
+    /// What the element at hand stands for in a paragraph, besides what is in it.
+    QString blank()
+    {
+        if (isElement("text:tab"))
+            return QStringLiteral("\t");
+        if (isElement("text:line-break"))
+            return QStringLiteral("\n");
+        if (!isElement("text:s"))
+            return {};
+        const int count = m_xml.number("text:c", 0, LongestText, 1);
+        m_blanks += count;
+        if (m_blanks > MostBlanks)
+            throw DamagedFile();
+        return QString(count, u' ');
+    }
+
+    /// Where a value of the type stands.
+    static const char *attributeOf(const QString &type)
+    {
+        return type == "date"      ? "office:date-value"
+               : type == "time"    ? "office:time-value"
+               : type == "boolean" ? "office:boolean-value"
+               : type == "string"  ? "office:string-value"
+                                   : "office:value";
+    }
+
+    static Value valueOf(const QString &type, const std::optional<QString> &written, const QString &shown)
+    {
+        const QString value = written.value_or(QString());
+        if (type == "float" || type == "percentage")
+            return finiteNumber(value);
+        if (type == "currency")
+            return numberValue(finiteNumber(value), NumberKind::Money);
+        if (type == "date")
+            return isoDate(value);
+        if (type == "time")
+            return timeValue(value);
+        if (type == "boolean")
+            return value == "true";
+        return written ? value : shown;
+    }
+
+    XmlPart m_xml;
+    std::vector<Workbook::Sheet> m_sheets;
     int m_row = 1;
+    int m_blanks = 0;
 };
 
 } // namespace
 
-std::optional<std::vector<Workbook::Sheet>> readOds(const QString &path)
+std::vector<Workbook::Sheet> readOds(const QByteArray &content)
 {
-    const auto package = Package::open(path);
-    const auto content = package ? package->part("content.xml") : std::nullopt;
-    if (!content)
-        return {};
-    return OdsReader(*content).read();
+    Package package(content);
+    const auto document = package.part("content.xml");
+    if (!document)
+        throw DamagedFile();
+    return OdsReader(*document).read();
 }

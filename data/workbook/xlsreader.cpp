@@ -2,7 +2,7 @@
 #include "data/workbook/numberformat.h"
 #include "data/workbook/readers.h"
 #include "data/workbook/xlsrecords.h"
-#include <QFile>
+#include <cmath>
 
 // Files of the spreadsheet programs up to 2003, those of 1995 included.
 
@@ -32,6 +32,8 @@ constexpr int VersionOf1997 = 0x600;
 constexpr int Worksheet = 0;
 constexpr int MacroSheet = 1;
 constexpr int CodeModule = 6;
+constexpr qsizetype SmallestRecord = 4;
+constexpr int MostColumns = 256;
 
 /// A number in four bytes: the upper part of a floating-point one or a whole one, and either as hundredths.
 double unpacked(quint32 packed)
@@ -49,6 +51,8 @@ public:
     {
         readGlobals();
         std::vector<Workbook::Sheet> sheets;
+        // More records than the stream has room for: sheets that lie in one another are read again and again.
+        m_recordsLeft = m_stream.size() / SmallestRecord;
         for (const auto &[place, type] : m_sheets) {
             // A chart's numbers are copies.
             if (type == Worksheet || type == MacroSheet)
@@ -70,8 +74,8 @@ private:
         if (!record.next() || record.type() != Begin)
             throw DamagedFile();
         m_isOf1997 = record.u16() == VersionOf1997;
-        QHash<int, QString> pictures; // of the formats that the file defines itself, by their numbers
-        while (record.next() && record.type() != End) {
+        QHash<int, NumberKind> kinds; // of the formats that the file defines itself, by their numbers
+        for (goOn(record); record.type() != End; goOn(record)) {
             switch (record.type()) {
             case Password:
                 throw DamagedFile(); // what follows is encrypted
@@ -81,13 +85,13 @@ private:
             case NumberFormat: {
                 const int number = record.u16();
                 const int length = m_isOf1997 ? record.u16() : record.u8();
-                pictures[number] = text(record, length);
+                kinds[number] = kindOfNumberFormat(number, text(record, length));
                 break;
             }
             case CellFormat: {
                 record.skip(2);
                 const int number = record.u16();
-                m_kinds.push_back(kindOfNumberFormat(number, pictures.value(number)));
+                m_kinds.push_back(kinds.value(number, kindOfNumberFormat(number, {})));
                 break;
             }
             case SheetPlace: {
@@ -111,25 +115,35 @@ private:
             m_texts += record.text(record.u16());
     }
 
+    /// A stream ends with a record that says so.
+    static void goOn(XlsRecords &record)
+    {
+        if (!record.next())
+            throw DamagedFile();
+    }
+
     void readSheet(qsizetype place)
     {
         XlsRecords record(m_stream, place);
         int depth = 0; // an embedded chart stands between a begin and an end of its own
-        while (record.next()) {
+        do {
+            goOn(record);
+            if (--m_recordsLeft < 0 || (depth == 0 && record.type() != Begin))
+                throw DamagedFile();
             if (record.type() == Begin)
                 ++depth;
-            else if (record.type() == End && --depth == 0)
-                return;
+            else if (record.type() == End)
+                --depth;
             else if (depth == 1)
                 readCell(record);
-        }
+        } while (depth > 0);
     }
 
     void readCell(XlsRecords &record)
     {
         if (record.type() == FormulaText) {
             const int length = record.u16();
-            m_sheet.set(m_formulaRow, m_formulaColumn, text(record, length));
+            set(m_formulaRow, m_formulaColumn, text(record, length));
             return;
         }
         static constexpr std::array cells{Formula, PackedNumbers, FormattedText,  CommonText,
@@ -141,7 +155,7 @@ private:
         if (record.type() == PackedNumbers) {
             for (; record.left() >= 6; ++column) {
                 const int format = record.u16();
-                m_sheet.set(row, column, value(unpacked(record.u32()), format));
+                set(row, column, value(unpacked(record.u32()), format));
             }
             return;
         }
@@ -152,18 +166,22 @@ private:
     {
         switch (record.type()) {
         case Number:
-            m_sheet.set(row, column, value(record.f64(), format));
+            set(row, column, value(record.f64(), format));
             break;
         case PackedNumber:
-            m_sheet.set(row, column, value(unpacked(record.u32()), format));
+            set(row, column, value(unpacked(record.u32()), format));
             break;
-        case CommonText:
-            m_sheet.set(row, column, m_texts.value(record.u32()));
+        case CommonText: {
+            const quint32 index = record.u32();
+            if (index >= quint32(m_texts.size()))
+                throw DamagedFile();
+            set(row, column, m_texts[index]);
             break;
+        }
         case Text:
         case FormattedText: {
             const int length = record.u16();
-            m_sheet.set(row, column, text(record, length));
+            set(row, column, text(record, length));
             break;
         }
         case BooleanOrError: {
@@ -183,7 +201,7 @@ private:
         const double number = record.f64();
         const auto bits = std::bit_cast<quint64>(number);
         if (bits >> 48 != 0xFFFF) {
-            m_sheet.set(row, column, value(number, format));
+            set(row, column, value(number, format));
             return;
         }
         switch (bits & 0xFF) {
@@ -201,13 +219,22 @@ private:
     void setBooleanOrError(int row, int column, bool isTrue, bool isError)
     {
         if (isError)
-            m_sheet.setError(row, column);
+            set(row, column, {}, true);
         else
-            m_sheet.set(row, column, isTrue);
+            set(row, column, isTrue);
+    }
+
+    void set(int row, int column, const Value &value, bool isError = false)
+    {
+        if (row < 1 || column > MostColumns)
+            throw DamagedFile();
+        m_sheet.set(row, column, {value, isError});
     }
 
     Value value(double number, int format) const
     {
+        if (!std::isfinite(number))
+            throw DamagedFile();
         return numberValue(number, format < m_kinds.size() ? m_kinds[format] : NumberKind::Plain, m_firstDay);
     }
 
@@ -218,26 +245,20 @@ private:
     QList<NumberKind> m_kinds;                     ///< by cell format
     std::vector<std::pair<quint32, int>> m_sheets; ///< where each begins, and its type
     Workbook::Sheet m_sheet;                       ///< the one being read
+    qsizetype m_recordsLeft = 0;
     int m_formulaRow = 0;
     int m_formulaColumn = 0;
 };
 
 } // namespace
 
-std::optional<std::vector<Workbook::Sheet>> readXls(const QString &path)
+std::vector<Workbook::Sheet> readXls(const QByteArray &content)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    try {
-        const CompoundFile compound(file.readAll());
-        auto stream = compound.stream("Workbook");
-        if (!stream)
-            stream = compound.stream("Book");
-        if (!stream)
-            return {};
-        return XlsReader(std::move(*stream)).read();
-    } catch (const DamagedFile &) {
-        return {};
-    }
+    const CompoundFile compound(content);
+    auto stream = compound.stream("Workbook");
+    if (!stream)
+        stream = compound.stream("Book");
+    if (!stream)
+        throw DamagedFile();
+    return XlsReader(std::move(*stream)).read();
 }

@@ -1,29 +1,23 @@
+#include "data/workbook/damagedfile.h"
 #include "data/workbook/numberformat.h"
 #include "data/workbook/package.h"
 #include "data/workbook/readers.h"
+#include "data/workbook/xmlpart.h"
 #include <QDir>
 #include <QRegularExpression>
-#include <QXmlStreamReader>
+#include <QSet>
 
 namespace {
 
-/// Calls `take` at the start of each element of a part. False when there is no such part or it is no whole document.
-bool forEachElement(const Package &package, const QString &part, const std::function<void(QXmlStreamReader &)> &take)
-{
-    const auto content = package.part(part);
-    if (!content)
-        return false;
-    QXmlStreamReader xml(*content);
-    while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement)
-            take(xml);
-    }
-    return !xml.hasError();
-}
+// What the format allows.
+constexpr int MostRows = 1'048'576, MostColumns = 16'384, MostStyles = 65'536, MostFormats = 100'000;
 
-QString attribute(const QXmlStreamReader &xml, const char *name)
+QByteArray partOf(Package &package, const QString &name)
 {
-    return xml.attributes().value(QLatin1String(name)).toString();
+    auto content = package.part(name);
+    if (!content)
+        throw DamagedFile();
+    return std::move(*content);
 }
 
 /// A part that another one refers to.
@@ -36,17 +30,22 @@ struct Relation
 using Relations = QHash<QString, Relation>;
 
 /// By their IDs. A part's relations stand beside it, those of the package for the empty name.
-Relations relationsOf(const Package &package, const QString &part)
+Relations relationsOf(Package &package, const QString &part)
 {
     const QString folder = part.left(part.lastIndexOf('/') + 1);
     Relations relations;
-    forEachElement(package, folder + "_rels/" + part.mid(folder.size()) + ".rels", [&](QXmlStreamReader &xml) {
-        if (xml.name() != QLatin1String("Relationship"))
-            return;
-        const QString target = attribute(xml, "Target");
-        relations[attribute(xml, "Id")] = {attribute(xml, "Type").section('/', -1),
-                                           target.startsWith('/') ? target.mid(1) : QDir::cleanPath(folder + target)};
-    });
+    const auto content = package.part(folder + "_rels/" + part.mid(folder.size()) + ".rels");
+    if (!content)
+        return relations;
+    XmlPart xml(*content);
+    while (xml.nextElement()) {
+        if (xml.localName() != QLatin1String("Relationship"))
+            continue;
+        const QString target = xml.attributeText("Target");
+        relations[xml.attributeText("Id")] = {xml.attributeText("Type").section('/', -1),
+                                              target.startsWith('/') ? target.mid(1)
+                                                                     : QDir::cleanPath(folder + target)};
+    }
     return relations;
 }
 
@@ -60,25 +59,32 @@ QString targetOf(const Relations &relations, const char *type)
 }
 
 /// Control characters come as "_x000D_".
-QString unescaped(QString text)
+QString unescaped(const QString &text)
 {
     static const QRegularExpression escape("_x([0-9A-Fa-f]{4})_");
-    for (auto match = escape.match(text); match.hasMatch(); match = escape.match(text, match.capturedStart() + 1))
-        text.replace(match.capturedStart(), match.capturedLength(), QChar(match.captured(1).toUShort(nullptr, 16)));
-    return text;
+    QString result;
+    qsizetype at = 0;
+    for (auto matches = escape.globalMatch(text); matches.hasNext();) {
+        const auto match = matches.next();
+        result += QStringView(text).sliced(at, match.capturedStart() - at);
+        result += QChar(match.captured(1).toUShort(nullptr, 16));
+        at = match.capturedEnd();
+    }
+    result += QStringView(text).sliced(at);
+    return result;
 }
 
 /// The text of the element that the reader stands at, its runs joined, without the pronunciation that some carry.
-QString textOf(QXmlStreamReader &xml)
+QString textOf(XmlPart &xml)
 {
     QString text;
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("t"))
-            text += unescaped(xml.readElementText());
-        else if (xml.name() == QLatin1String("r"))
+    while (xml.nextChild()) {
+        if (xml.localName() == QLatin1String("t"))
+            text += unescaped(xml.text());
+        else if (xml.localName() == QLatin1String("r"))
             text += textOf(xml);
         else
-            xml.skipCurrentElement();
+            xml.skip();
     }
     return text;
 }
@@ -86,84 +92,96 @@ QString textOf(QXmlStreamReader &xml)
 class XlsxReader
 {
 public:
-    explicit XlsxReader(const Package &package) : m_package(package) {}
+    explicit XlsxReader(const QByteArray &content) : m_package(content) {}
 
-    std::optional<std::vector<Workbook::Sheet>> read()
+    std::vector<Workbook::Sheet> read()
     {
         const QString workbook = targetOf(relationsOf(m_package, {}), "officeDocument");
         const Relations relations = relationsOf(m_package, workbook);
-        QStringList sheetParts; // empty for a sheet without cells, such as a chart
-        const bool isRead = forEachElement(m_package, workbook, [&](QXmlStreamReader &xml) {
-            if (xml.name() == QLatin1String("workbookPr")) {
-                const QString from1904 = attribute(xml, "date1904");
-                m_firstDay = from1904 == "1" || from1904 == "true" ? FirstDayOf1904 : 0;
-            } else if (xml.name() == QLatin1String("sheet")) {
-                const Relation relation = relations.value(sheetId(xml));
-                sheetParts += relation.type == "worksheet" ? relation.target : QString();
-            }
-        });
-        if (!isRead)
-            return {};
+        const QStringList sheetParts = readWorkbook(workbook, relations);
         readStrings(targetOf(relations, "sharedStrings"));
         readStyles(targetOf(relations, "styles"));
         std::vector<Workbook::Sheet> sheets;
+        QSet<QString> known;
         for (const QString &part : sheetParts) {
-            if (!part.isEmpty() && !readSheet(part))
-                return {};
+            if (!part.isEmpty()) {
+                if (known.contains(part))
+                    throw DamagedFile(); // or each of a thousand sheets would be read anew
+                known.insert(part);
+                readSheet(part);
+            }
             sheets.push_back(std::exchange(m_sheet, {}));
         }
         return sheets;
     }
 
 private:
-    static QString sheetId(const QXmlStreamReader &xml)
+    /// The sheets' parts; empty for a sheet without cells, such as a chart.
+    QStringList readWorkbook(const QString &part, const Relations &relations)
     {
-        for (const QXmlStreamAttribute &attribute : xml.attributes()) {
-            if (attribute.name() == QLatin1String("id") && !attribute.namespaceUri().isEmpty())
-                return attribute.value().toString();
+        QStringList sheetParts;
+        XmlPart xml(partOf(m_package, part));
+        while (xml.nextElement()) {
+            if (xml.localName() == QLatin1String("workbookPr")) {
+                const QString from1904 = xml.attributeText("date1904");
+                m_firstDay = from1904 == "1" || from1904 == "true" ? FirstDayOf1904 : 0;
+            } else if (xml.localName() == QLatin1String("sheet")) {
+                const Relation relation = relations.value(xml.prefixedAttribute("id"));
+                sheetParts += relation.type == "worksheet" ? relation.target : QString();
+            }
         }
-        return {};
+        return sheetParts;
     }
 
     void readStrings(const QString &part)
     {
-        forEachElement(m_package, part, [this](QXmlStreamReader &xml) {
-            if (xml.name() == QLatin1String("si"))
+        if (part.isEmpty())
+            return;
+        XmlPart xml(partOf(m_package, part));
+        while (xml.nextElement()) {
+            if (xml.localName() == QLatin1String("si"))
                 m_strings.push_back(textOf(xml));
-        });
+        }
     }
 
     void readStyles(const QString &part)
     {
-        QHash<int, QString> pictures; // of the formats that the file defines itself, by their numbers
-        forEachElement(m_package, part, [&](QXmlStreamReader &xml) {
-            if (xml.name() == QLatin1String("numFmts")) {
-                for (; xml.readNextStartElement(); xml.skipCurrentElement())
-                    pictures[attribute(xml, "numFmtId").toInt()] = attribute(xml, "formatCode");
-            } else if (xml.name() == QLatin1String("cellXfs")) {
-                for (; xml.readNextStartElement(); xml.skipCurrentElement()) {
-                    const int number = attribute(xml, "numFmtId").toInt();
-                    m_kinds.push_back(kindOfNumberFormat(number, pictures.value(number)));
+        if (part.isEmpty())
+            return;
+        QHash<int, NumberKind> kinds; // of the formats that the file defines itself, by their numbers
+        XmlPart xml(partOf(m_package, part));
+        while (xml.nextElement()) {
+            if (xml.localName() == QLatin1String("numFmts")) {
+                for (; xml.nextChild(); xml.skip()) {
+                    const int number = xml.number("numFmtId", 0, MostFormats, 0);
+                    kinds[number] = kindOfNumberFormat(number, xml.attributeText("formatCode"));
+                }
+            } else if (xml.localName() == QLatin1String("cellXfs")) {
+                for (; xml.nextChild(); xml.skip()) {
+                    const int number = xml.number("numFmtId", 0, MostFormats, 0);
+                    m_kinds.push_back(kinds.value(number, kindOfNumberFormat(number, {})));
                 }
             }
-        });
+        }
     }
 
     /// Rows and cells may leave out their place when they follow one another.
-    bool readSheet(const QString &part)
+    void readSheet(const QString &part)
     {
+        XmlPart xml(partOf(m_package, part));
         int row = 0, column = 0;
-        return forEachElement(m_package, part, [&](QXmlStreamReader &xml) {
-            if (xml.name() == QLatin1String("row")) {
-                const int number = attribute(xml, "r").toInt();
-                row = number > 0 ? number : row + 1;
+        while (xml.nextElement()) {
+            if (xml.localName() == QLatin1String("row")) {
+                row = xml.number("r", 1, MostRows, row + 1);
                 column = 0;
-            } else if (xml.name() == QLatin1String("c")) {
-                const int number = columnOf(attribute(xml, "r"));
-                column = number > 0 ? number : column + 1;
+            } else if (xml.localName() == QLatin1String("c")) {
+                const auto place = xml.attribute("r");
+                column = place ? columnOf(*place) : column + 1;
+                if (row < 1 || row > MostRows || column > MostColumns)
+                    throw DamagedFile();
                 readCell(xml, row, column);
             }
-        });
+        }
     }
 
     /// "AB12" is 28.
@@ -174,35 +192,39 @@ private:
             if (c < 'A' || c > 'Z')
                 break;
             column = column * 26 + (c.unicode() - 'A' + 1);
+            if (column > MostColumns)
+                break;
         }
+        if (column < 1 || column > MostColumns)
+            throw DamagedFile();
         return column;
     }
 
-    void readCell(QXmlStreamReader &xml, int row, int column)
+    void readCell(XmlPart &xml, int row, int column)
     {
-        const QString type = attribute(xml, "t");
-        const int style = attribute(xml, "s").toInt();
+        const QString type = xml.attributeText("t");
+        const int style = xml.number("s", 0, MostStyles, 0);
         QString content;
-        while (xml.readNextStartElement()) {
-            if (xml.name() == QLatin1String("v"))
-                content = xml.readElementText();
-            else if (xml.name() == QLatin1String("is"))
+        while (xml.nextChild()) {
+            if (xml.localName() == QLatin1String("v"))
+                content = xml.text();
+            else if (xml.localName() == QLatin1String("is"))
                 content = textOf(xml);
             else
-                xml.skipCurrentElement(); // a formula: its result stands beside it
+                xml.skip(); // a formula: its result stands beside it
         }
         if (content.isEmpty())
             return;
         if (type == "e")
-            m_sheet.setError(row, column);
+            m_sheet.set(row, column, {{}, true});
         else
-            m_sheet.set(row, column, valueOf(type, content, style));
+            m_sheet.set(row, column, {valueOf(type, content, style)});
     }
 
     Value valueOf(const QString &type, const QString &content, int style) const
     {
         if (type == "s")
-            return m_strings.value(content.toInt());
+            return sharedString(content);
         if (type == "str")
             return unescaped(content);
         if (type == "inlineStr")
@@ -211,10 +233,21 @@ private:
             return content == "1" || content == "true";
         if (type == "d")
             return isoDate(content);
-        return numberValue(content.toDouble(), style < m_kinds.size() ? m_kinds[style] : NumberKind::Plain, m_firstDay);
+        // Some programs leave out the table of styles.
+        return numberValue(finiteNumber(content), style < m_kinds.size() ? m_kinds[style] : NumberKind::Plain,
+                           m_firstDay);
     }
 
-    const Package &m_package;
+    QString sharedString(const QString &position) const
+    {
+        bool isNumber = false;
+        const int index = position.toInt(&isNumber);
+        if (!isNumber || index < 0 || index >= m_strings.size())
+            throw DamagedFile();
+        return m_strings[index];
+    }
+
+    Package m_package;
     double m_firstDay = 0;
     QStringList m_strings;
     QList<NumberKind> m_kinds; ///< by cell format
@@ -223,10 +256,7 @@ private:
 
 } // namespace
 
-std::optional<std::vector<Workbook::Sheet>> readXlsx(const QString &path)
+std::vector<Workbook::Sheet> readXlsx(const QByteArray &content)
 {
-    const auto package = Package::open(path);
-    if (!package)
-        return {};
-    return XlsxReader(*package).read();
+    return XlsxReader(content).read();
 }

@@ -1,6 +1,9 @@
 #include "data/workbook/numberformat.h"
 #include "data/workbook/workbook.h"
 #include "tests/reports/reporttest.h"
+#include "tests/support/containers.h"
+#include <QtEndian>
+#include <sys/stat.h>
 #include <xlsxwriter.h>
 
 namespace {
@@ -99,6 +102,166 @@ TEST(WorkbookCells, TellDatesFromOtherNumbersByTheirFormat)
                  {164, "0\"unclosed", NumberKind::Plain}};
     for (const auto &c : cases)
         EXPECT_EQ(kindOfNumberFormat(c.identifier, c.format), c.kind) << c.format;
+}
+
+QByteArray fixtureContent(const char *file)
+{
+    QFile fixture_(fixture(file));
+    return fixture_.open(QIODevice::ReadOnly) ? fixture_.readAll() : QByteArray();
+}
+
+/// An .xls file's record.
+QByteArray record(quint16 type, const QByteArray &content)
+{
+    const quint16 head[] = {qToLittleEndian(type), qToLittleEndian(quint16(content.size()))};
+    return QByteArray(reinterpret_cast<const char *>(head), sizeof head) + content;
+}
+
+// What crashed the reader, kept it busy or took all memory, and what only a damaged file has.
+TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
+{
+    const QByteArray cell = "<c><v>7</v></c>";
+    const auto xlsx = [](const QByteArray &rows, const QByteArray &styles = {}, const QByteArray &strings = {}) {
+        return zipped(xlsxParts(rows, styles, strings));
+    };
+    const auto ods = [](const QByteArray &rows) { return zipped(odsParts(rows)); };
+    const auto odsCell = [&](const QByteArray &attributes, const QByteArray &row = {}) {
+        return ods("<table:table-row " + row + "><table:table-cell office:value-type='float' office:value='7' " +
+                   attributes + "/></table:table-row>");
+    };
+    const QByteArray begin = record(0x809, QByteArray("\0\x06\x05\0", 4) + QByteArray(12, '\0'));
+    const QByteArray end = record(0x0A, {});
+    const auto xls = [&](const QByteArray &sheet, int sheets = 1) {
+        QByteArray globals = begin;
+        for (int i = 0; i < sheets; ++i)
+            globals += record(0x85, QByteArray("\0\0\0\0\0\0\1\0A", 9));
+        globals += end;
+        const quint32 place = quint32(globals.size());
+        for (int i = 0; i < sheets; ++i)
+            qToLittleEndian(place, globals.data() + begin.size() + i * 13 + 4);
+        return compound({{"Workbook", (globals + sheet).leftJustified(5000, '\0')}});
+    };
+    const QByteArray number = record(0x203, QByteArray(6, '\0') + QByteArray("\0\0\0\0\0\0\x1C\x40", 8));
+    const QByteArray manyFolders = QByteArray("f/").repeated(20000) + "x";
+    Parts deepZip = xlsxParts("<row>" + cell + "</row>");
+    deepZip[manyFolders] = "x";
+    QByteArray damaged = fixtureContent("kinds.xlsx");
+    damaged[damaged.indexOf("xl/worksheets") + 300] = char(damaged[damaged.indexOf("xl/worksheets") + 300] ^ 0x55);
+    QByteArray hugeDirectory = fixtureContent("ledger.xls");
+    hugeDirectory[30] = 24; // the sectors' size, as a power of two
+
+    const struct
+    {
+        const char *what, *suffix;
+        QByteArray content;
+        bool sound = false;
+    } cases[] = {
+        {"a cell", "xlsx", xlsx("<row>" + cell + "</row>"), true},
+        {"the last cell", "xlsx", xlsx("<row/><row r='1048576'><c r='XFD1'><v>1</v></c></row>"), true},
+        {"a style without a table", "xlsx", xlsx("<row><c s='5'><v>7</v></c></row>"), true},
+        {"a negative style", "xlsx", xlsx("<row><c s='-2'><v>7</v></c></row>", "<cellXfs><xf/></cellXfs>")},
+        {"row 0", "xlsx", xlsx("<row r='0'>" + cell + "</row>")},
+        {"a row below the last", "xlsx", xlsx("<row r='1048577'>" + cell + "</row>")},
+        {"a row behind the largest number", "xlsx", xlsx("<row r='2147483647'/><row>" + cell + "</row>")},
+        {"a cell in no row", "xlsx", xlsx(cell)},
+        {"a column right of the last", "xlsx", xlsx("<row><c r='XFE1'><v>1</v></c></row>")},
+        {"a column of a hundred letters", "xlsx", xlsx("<row><c r='" + QByteArray(100, 'Z') + "'><v>1</v></c></row>")},
+        {"a column behind the last", "xlsx", xlsx("<row><c r='XFD1'/>" + cell + "</row>")},
+        {"a number that is none", "xlsx", xlsx("<row><c><v>seven</v></c></row>")},
+        {"a number without an end", "xlsx", xlsx("<row><c><v>nan</v></c></row>")},
+        {"a text that is not there", "xlsx", xlsx("<row><c t='s'><v>1</v></c></row>", {}, "<si><t>a</t></si>")},
+        {"deep nesting", "xlsx", xlsx("<row>" + QByteArray("<c>").repeated(200000) + "</row>")},
+        {"deep nesting in a text", "xlsx",
+         xlsx("<row/>", {},
+              "<si>" + QByteArray("<r>").repeated(200000) + QByteArray("</r>").repeated(200000) + "</si>")},
+        {"a text that stands for longer ones", "xlsx",
+         zipped({{"_rels/.rels", "<!DOCTYPE r [<!ENTITY a \"aaaa\">]><r>&a;</r>"}})},
+        {"a hundred thousand attributes", "xlsx",
+         [&] {
+             QByteArray attributes;
+             for (int i = 0; i < 100000; ++i)
+                 attributes += " a" + QByteArray::number(i) + "=''";
+             return xlsx("<row" + attributes + "/>");
+         }()},
+        {"a part a thousand times its archive", "xlsx", xlsx("<row/>" + QByteArray(50'000'000, ' '))},
+        {"a sheet broken off", "xlsx", xlsx("<row></sheetData>")},
+        {"folders in folders", "xlsx", zipped(deepZip)},
+        {"a sheet's bytes changed", "xlsx", damaged},
+        {"half a file", "xlsx", fixtureContent("kinds.xlsx").left(6000)},
+        {"all rows of a column", "ods", odsCell({}, "table:number-rows-repeated='1048576'"), true},
+        {"all cells of a sheet", "ods",
+         odsCell("table:number-columns-repeated='16384'", "table:number-rows-repeated='1048576'"), true},
+        {"cells that a number can hardly count", "ods",
+         odsCell("table:number-columns-repeated='2147483647'", "table:number-rows-repeated='2147483647'")},
+        {"no cell", "ods", odsCell("table:number-columns-repeated='0'")},
+        {"rows beyond the last", "ods",
+         ods(QByteArray("<table:table-row table:number-rows-repeated='16777216'/>").repeated(2))},
+        {"columns beyond the last", "ods",
+         ods("<table:table-row>" + QByteArray("<table:table-cell table:number-columns-repeated='16384'/>").repeated(2) +
+             "</table:table-row>")},
+        {"two billion blanks", "ods",
+         ods("<table:table-row><table:table-cell office:value-type='string'><text:p>a<text:s "
+             "text:c='2000000000'/></text:p>"
+             "</table:table-cell></table:table-row>")},
+        {"many blanks in many cells", "ods",
+         ods("<table:table-row>" +
+             QByteArray("<table:table-cell office:value-type='string'><text:p><text:s "
+                        "text:c='60000'/></text:p></table:table-cell>")
+                 .repeated(10000) +
+             "</table:table-row>")},
+        {"deep nesting", "ods",
+         ods("<table:table-row><table:table-cell office:value-type='string'><text:p>" +
+             QByteArray("<text:span>").repeated(200000) + "</text:p></table:table-cell></table:table-row>")},
+        {"rows in rows", "ods", ods(QByteArray("<table:table-rows>").repeated(200000))},
+        {"a cell", "xls", xls(begin + number + end), true},
+        {"a sheet that is never ended", "xls", compound({{"Workbook", begin}})},
+        {"a sheet where none begins", "xls", xls(number + end)},
+        {"one sheet two hundred times", "xls", xls(begin + number.repeated(200) + end, 200)},
+        {"a text that is not there", "xls", xls(begin + record(0xFD, QByteArray(10, '\0')) + end)},
+        {"a column right of the last", "xls", xls(begin + record(0x27E, QByteArray("\0\0\0\1\0\0\0\0\0\0", 10)) + end)},
+        {"sectors of sixteen megabytes", "xls", hugeDirectory},
+        {"half a file", "xls", fixtureContent("kinds.xls").left(8000)},
+        {"no file of this kind", "xls", "Customer,Amount"},
+        {"an empty file", "ods", ""},
+    };
+    const QTemporaryDir folder;
+    for (const auto &row : cases) {
+        const QString path = folder.filePath(QString("book.") + row.suffix);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(row.content);
+        file.close();
+        QString text;
+        EXPECT_EQ(errorNumberOf([&] { text = Workbook::open(path).text(1, 1, 1); }), row.sound ? 0 : 432)
+            << row.suffix << ": " << row.what;
+        EXPECT_TRUE(!row.sound || text == "7" || text.isEmpty()) << row.suffix << ": " << row.what;
+    }
+}
+
+// The library that reads these walks down a level of the stack for each entry.
+TEST(WorkbookFiles, AreBrokenWithADirectoryOfAThousandStreams)
+{
+    Parts streams;
+    for (int i = 0; i < 5000; ++i)
+        streams["s" + QString::number(i)] = "x";
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("book.xls"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(compound(streams));
+    file.close();
+    EXPECT_EQ(errorNumberOf([&] { Workbook::open(file.fileName()); }), 432);
+}
+
+TEST(WorkbookFiles, ThatAreNoFilesAreMissing)
+{
+    const QTemporaryDir folder;
+    QDir(folder.path()).mkdir("folder.xlsx");
+    const QString pipe = folder.filePath("pipe.xls");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link("/dev/zero", folder.filePath("zero.ods")));
+    for (const char *name : {"folder.xlsx", "pipe.xls", "zero.ods", "none.xlsx", "cells.csv"})
+        EXPECT_EQ(errorNumberOf([&] { Workbook::open(folder.filePath(name)); }), 432) << name;
+    EXPECT_EQ(errorNumberOf([] { Workbook::open({}); }), 432);
 }
 
 } // namespace
