@@ -1,3 +1,4 @@
+#include "data/values/runtimeerror.h"
 #include "data/workbook/compoundfile.h"
 #include "data/workbook/damagedfile.h"
 #include "data/workbook/readers.h"
@@ -57,7 +58,7 @@ QByteArray containerOf(const Parts &parts)
 #ifdef COMPOUND
     return compound(parts);
 #else
-    return zipped(parts);
+    return zippedAsTheyAre(parts);
 #endif
 }
 
@@ -114,7 +115,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t *data, size_t size, size_t max
         parts = partsOf(QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size)));
     if (parts.isEmpty())
         return LLVMFuzzerMutate(data, size, maxSize);
-    mutate((parts.begin() + qsizetype(random() % size_t(parts.size()))).value(), random, maxSize);
+    mutate(std::next(parts.begin(), qsizetype(random() % size_t(parts.size()))).value(), random, maxSize);
     const QByteArray changed = containerOf(parts);
     if (size_t(changed.size()) > maxSize)
         return LLVMFuzzerMutate(data, size, maxSize);
