@@ -1,7 +1,7 @@
 #include "reports/fielddeffile.h"
 #include "data/dao/recordset.h"
-#include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace {
 
@@ -31,14 +31,15 @@ QString describe(const Field &field)
 
 int CreateFieldDefFile(Recordset &data, const QString &path, bool overwrite)
 {
-    QFile file(path);
-    const auto mode = overwrite ? QIODevice::WriteOnly : QIODevice::WriteOnly | QIODevice::NewOnly;
-    if (!file.open(mode))
+    // The old file stays until the new one is whole.
+    QSaveFile file(path);
+    if ((!overwrite && QFileInfo::exists(path)) || !file.open(QIODevice::WriteOnly))
         return 0;
     QString text = "; Field definition file for table: " + QFileInfo(path).completeBaseName() + "\r\n";
     for (int column = 0; column < data.fieldCount(); ++column) {
         const Field field = data.Fields(column);
         text += field.Name() + "\t" + describe(field) + "\r\n";
     }
-    return file.write(text.toLatin1()) > 0 ? 1 : 0;
+    file.write(text.toLatin1());
+    return file.commit() ? 1 : 0;
 }
