@@ -36,6 +36,8 @@ bool Application::notify(QObject *receiver, QEvent *event)
         return result;
     } catch (const RuntimeError &error) {
         handle(error);
+    } catch (const std::bad_alloc &) {
+        handle(runtimeError(7));
     }
     return true;
 }

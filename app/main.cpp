@@ -13,6 +13,9 @@ int main(int argc, char **argv)
     } catch (const RuntimeError &error) {
         showRuntimeError(error);
         Application::end(EXIT_FAILURE);
+    } catch (const std::bad_alloc &) {
+        showRuntimeError(runtimeError(7));
+        Application::end(EXIT_FAILURE);
     }
     const int status = program.window ? Application::exec() : EXIT_SUCCESS;
     program.window.reset();

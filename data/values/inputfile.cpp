@@ -1,8 +1,8 @@
 #include "data/values/inputfile.h"
 
+#include "data/values/plainfile.h"
 #include "data/values/runtimeerror.h"
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
 
@@ -26,21 +26,21 @@ QString decoded(const QByteArray &bytes)
     return utf8.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
-/// The bytes of a file, with the error for each way of not having them.
-QByteArray contents(const QString &path)
+} // namespace
+
+QString settingsText(const QString &path)
 {
+    constexpr qint64 most = 1 << 20;
     const QFileInfo info(path);
     if (!info.exists())
         throw runtimeError(info.dir().exists() ? 53 : 76, {}, path);
-    QFile file(path);
-    if (info.isDir() || !file.open(QIODevice::ReadOnly))
+    const std::optional<QByteArray> content = plainFileContents(path, most);
+    if (!content)
         throw runtimeError(75, {}, path);
-    return file.readAll();
+    return decoded(*content);
 }
 
-} // namespace
-
-InputFile::InputFile(const QString &path) : m_text(decoded(contents(path)))
+InputFile::InputFile(const QString &path) : m_text(settingsText(path))
 {
     // Ctrl+Z has always ended a text file.
     const qsizetype end = m_text.indexOf(QChar(26));

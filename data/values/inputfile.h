@@ -2,12 +2,16 @@
 
 #include <QString>
 
+/// A settings file's text, UTF-8 where it is that and else of a single-byte editor. Errors 53 for a missing file, 76
+/// for a missing folder, 75 for one that cannot be read, is no file, or is longer than a megabyte.
+QString settingsText(const QString &path);
+
 /// A text file read field by field, as the program's settings are: fields stand between commas or line ends and
 /// may be quoted; blanks around them do not count. The whole file is read when it is opened.
 class InputFile
 {
 public:
-    /// Errors 53 for a missing file, 76 for a missing folder, 75 for one that cannot be read.
+    /// The errors of settingsText.
     explicit InputFile(const QString &path);
 
     /// The next field, without quotation marks and surrounding blanks; error 62 behind the last one.

@@ -13,6 +13,7 @@ struct Wording
 constexpr Wording Wordings[] = {
     {5, "Invalid procedure call or argument"},
     {6, "Overflow"},
+    {7, "Out of memory"},
     {9, "Subscript out of range"},
     {11, "Division by zero"},
     {13, "Type mismatch"},

@@ -1,15 +1,16 @@
 #include "reports/layouts/letterhead.h"
 
+#include "data/values/inputfile.h"
 #include <QCoreApplication>
 #include <QFile>
 
 Letterhead letterhead()
 {
     Letterhead result{"Tamrick", {}};
-    QFile file(QCoreApplication::applicationDirPath() + "/letterhead.txt");
-    if (!file.open(QIODevice::ReadOnly))
+    const QString path = QCoreApplication::applicationDirPath() + "/letterhead.txt";
+    if (!QFile::exists(path))
         return result;
-    QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
+    QStringList lines = settingsText(path).split('\n');
     for (QString &line : lines)
         line = line.trimmed();
     lines.removeAll({});

@@ -5,6 +5,8 @@
 #include "toolkit/forms/mainmod.h"
 
 #include <QVBoxLayout>
+#include <new>
+#include <sqlite3.h>
 
 namespace {
 /// Raises errors from its event routines, directly and through an assignment.
@@ -18,19 +20,26 @@ public:
         page->addWidget(txtField = addText("txtField"));
         page->addWidget(btnFail = addButton("btnFail", "Fail"));
         page->addWidget(btnAssign = addButton("btnAssign", "Assign"));
+        page->addWidget(btnFill = addButton("btnFill", "Fill the memory"));
+        page->addWidget(btnAsk = addButton("btnAsk", "Ask for more than there is"));
         cmbKind->addItem("only");
-        setTabOrder({cmbKind, txtField, btnFail, btnAssign});
+        setTabOrder({cmbKind, txtField, btnFail, btnAssign, btnFill, btnAsk});
         connect(btnFail, &QPushButton::clicked, this, [] { throw runtimeError(13); });
         connect(btnAssign, &QPushButton::clicked, this, [this] {
             cmbKind->setListIndex(0);
             reachedEnd = true;
+        });
+        connect(btnFill, &QPushButton::clicked, this, [] { throw std::bad_alloc(); });
+        connect(btnAsk, &QPushButton::clicked, this, [] {
+            sqlite3_hard_heap_limit64(sqlite3_memory_used() + 1000);
+            gDatabase->Execute("UPDATE Customer SET City = City & Customer & Status & City");
         });
         connect(cmbKind, &ComboBox::click, this, [] { throw runtimeError(94); });
         connect(txtField, &TextBox::lostFocus, this, [] { throw runtimeError(6); });
     }
     ComboBox *cmbKind;
     TextBox *txtField;
-    QPushButton *btnFail, *btnAssign;
+    QPushButton *btnFail, *btnAssign, *btnFill, *btnAsk;
     bool reachedEnd = false;
     static inline bool unloaded = false;
 
@@ -78,10 +87,13 @@ TEST_F(ApplicationTest, ARunTimeErrorShowsItsBoxAndEndsTheProgramWithoutUnloadin
     } cases[] = {
         {"btnFail", "Run-time error '13':\n\nType mismatch"},
         {"btnAssign", "Run-time error '94':\n\nInvalid use of Null"},
+        {"btnFill", "Run-time error '7':\n\nOut of memory"},
+        {"btnAsk", "Run-time error '7':\n\nOut of memory"},
     };
     for (const auto &failure : cases) {
         boxes.expect("Tamrick Inventory Management", failure.description);
         EXPECT_EQ(statusOf([&] { form.click(failure.control); }), 1) << failure.control;
+        sqlite3_hard_heap_limit64(0);
         boxes.verify();
     }
     EXPECT_FALSE(FailingForm::unloaded);

@@ -3,10 +3,13 @@
 #include "tests/support/desk.h"
 #include "toolkit/forms/mainmod.h"
 
-#include <QFile>
+#include <QDir>
+#include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <csignal>
+#include <sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,6 +25,66 @@ TEST(PreviousInstanceTest, ASecondOneOfTheSameFolderSeesTheFirstUntilItIsGone)
         EXPECT_FALSE(PreviousInstance(otherFolder.path()).isRunning());
     }
     EXPECT_FALSE(PreviousInstance(folder.path()).isRunning());
+}
+
+TEST(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched)
+{
+    const QTemporaryDir folder, marks;
+    QString mark;
+    {
+        const PreviousInstance first(folder.path(), marks.path());
+        mark = QDir(marks.path()).entryInfoList(QDir::Files).value(0).filePath();
+    }
+    EXPECT_FALSE(QFile::exists(mark)) << "it is taken away at the end";
+    const QString elsewhere = marks.filePath("elsewhere");
+    const std::pair<const char *, std::function<bool()>> others[] = {
+        {"a pipe", [&] { return mkfifo(QFile::encodeName(mark).constData(), 0666) == 0; }},
+        {"a link to nothing", [&] { return QFile::link(elsewhere, mark); }},
+        {"a link to a pipe",
+         [&] { return mkfifo(QFile::encodeName(elsewhere).constData(), 0666) == 0 && QFile::link(elsewhere, mark); }},
+        {"a folder", [&] { return QDir().mkdir(mark); }},
+    };
+    for (const auto &[what, make] : others) {
+        ASSERT_TRUE(make()) << what;
+        {
+            EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning()) << what;
+        }
+        EXPECT_TRUE(QFileInfo(mark).isSymLink() || QFileInfo::exists(mark)) << what;
+        EXPECT_EQ(QFileInfo::exists(elsewhere), QByteArray(what) == "a link to a pipe");
+        QFile::remove(elsewhere);
+        if (!QFile::remove(mark))
+            QDir().rmdir(mark);
+    }
+}
+
+TEST(PreviousInstanceTest, MarksOfGoneFoldersAreTakenAwayAndNoOtherFiles)
+{
+    const QTemporaryDir folder, marks;
+    auto gone = std::make_unique<QTemporaryDir>();
+    const auto leave = [&marks](const QString &programFolder) { // as a killed process does
+        const pid_t child = fork();
+        if (child == 0) {
+            new PreviousInstance(programFolder, marks.path());
+            _exit(0);
+        }
+        waitpid(child, nullptr, 0);
+    };
+    leave(gone->path());
+    leave(folder.path());
+    QFile named(marks.filePath("tamrick-0123456789abcdef0123"));
+    ASSERT_TRUE(named.open(QIODevice::WriteOnly) && named.write("/no/such/folder") > 0);
+    named.close();
+    EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 3);
+    gone.reset();
+    const QTemporaryDir another;
+    {
+        const PreviousInstance next(another.path(), marks.path());
+        EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 3)
+            << "that of the gone folder made room for this one";
+    }
+    EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 2);
+    EXPECT_TRUE(named.exists());
+    EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning());
 }
 
 TEST(PreviousInstanceTest, AKilledProcessDoesNotLockTheNextOneOut)
@@ -89,4 +152,145 @@ TEST_F(StartupTest, SettingsAndDatabaseFailBeforeThePreviousInstanceIsLookedFor)
     EXPECT_TRUE(gDatabase) << "it was opened all the same";
     boxes.verify();
 }
+/// Starts a copy of the real program in a folder of its own, with somebody at its boxes.
+class ProgramStart : public testing::Test
+{
+protected:
+    struct Outcome
+    {
+        QString shown; ///< the box, or "window"
+        int status;    ///< -1 unless it ended by itself in time
+    };
+
+    ProgramStart()
+    {
+        gDatabase.reset();
+        const auto everybody =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        EXPECT_TRUE(QFile::setPermissions(folder.path(), everybody));
+        EXPECT_TRUE(QFile::copy(tests + "/../app/tamrick", path("tamrick")));
+        EXPECT_TRUE(QFile::copy(database.path(), path("sound.db")));
+    }
+
+    QString path(const QString &name) const { return folder.filePath(name); }
+
+    void write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    void configure(const QString &databasePath) const
+    {
+        write("config.txt",
+              ("Settings\nPath,\"" + databasePath + "\"\nWhse,East\nX,0\nAuto,YES\nSeconds,2\n").toUtf8());
+    }
+
+    /// The database after a statement of SQLite's own.
+    void alter(const char *sql) const
+    {
+        sqlite3 *connection = nullptr;
+        ASSERT_EQ(sqlite3_open(QFile::encodeName(path("company.db")).constData(), &connection), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
+        sqlite3_close(connection);
+    }
+
+    Outcome start() const
+    {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("QT_QPA_GENERIC_PLUGINS", "answerer");
+        environment.insert("QT_PLUGIN_PATH", tests + "/plugins");
+        program.setProcessEnvironment(environment);
+        // Nothing is unreadable for root.
+        program.setChildProcessModifier([] {
+            if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
+                _exit(99);
+        });
+        program.start(path("tamrick"), {});
+        const bool ended = program.waitForFinished(60000) && program.exitStatus() == QProcess::NormalExit;
+        return {QString::fromUtf8(program.readAllStandardOutput()).trimmed(), ended ? program.exitCode() : -1};
+    }
+
+    const QString tests = QCoreApplication::applicationDirPath();
+    TestDatabase database;
+    QTemporaryDir folder;
+};
+
+TEST_F(ProgramStart, EndsInABoxWhateverIsWrongWithSettingsOrDatabase)
+{
+    if (geteuid() != 0)
+        QFile::setPermissions(path("sound.db"), QFile::ReadOwner | QFile::WriteOwner);
+    const auto pipe = [this](const QString &name) {
+        return mkfifo(QFile::encodeName(path(name)).constData(), 0666) == 0;
+    };
+    const auto forbid = [this](const QString &name) {
+        return chmod(QFile::encodeName(path(name)).constData(), 0) == 0;
+    };
+    std::unique_ptr<Database> holder;
+    const struct
+    {
+        const char *what;
+        std::function<void()> make; ///< on sound settings and a sound company.db
+        int error;                  ///< 0: the main window
+    } cases[] = {
+        {"all is well", [] {}, 0},
+        {"no settings", [&] { QFile::remove(path("config.txt")); }, 53},
+        {"empty settings", [&] { write("config.txt", ""); }, 62},
+        {"short settings", [&] { write("config.txt", "Settings\nPath,company.db\nWhse"); }, 62},
+        {"settings that are a folder",
+         [&] { QFile::remove(path("config.txt")), QDir(folder.path()).mkdir("config.txt"); }, 75},
+        {"settings that are a pipe", [&] { QFile::remove(path("config.txt")), pipe("config.txt"); }, 75},
+        {"settings that are a device",
+         [&] { QFile::remove(path("config.txt")), QFile::link("/dev/zero", path("config.txt")); }, 75},
+        {"settings of one endless line", [&] { write("config.txt", QByteArray(50'000'000, 'x')); }, 75},
+        {"settings that may not be read", [&] { forbid("config.txt"); }, 75},
+        {"a path of a million letters", [&] { configure(QString(1'000'000, 'x')); }, 3024},
+        {"no path", [&] { configure({}); }, 3055},
+        {"no database", [&] { configure(path("none.db")); }, 3024},
+        {"no folder", [&] { configure(path("none/company.db")); }, 3044},
+        {"a folder for a database", [&] { configure(folder.path()); }, 3044},
+        {"a pipe for a database", [&] { configure(path("pipe")), pipe("pipe"); }, 3343},
+        {"a device for a database", [&] { configure("/dev/zero"); }, 3343},
+        {"a text for a database", [&] { write("company.db", "Customer,Amount\nAcme,5\n"); }, 3343},
+        {"nothing in the database", [&] { write("company.db", ""); }, 3343},
+        {"another program's database", [&] { write("company.db", ""), alter("CREATE TABLE t (x)"); }, 3343},
+        {"another password", [&] { alter("UPDATE MSysPassword SET Hash = x'00'"); }, 3031},
+        {"a password that takes years", [&] { alter("UPDATE MSysPassword SET Rounds = 9223372036854775807"); }, 3343},
+        {"a password of no rounds", [&] { alter("UPDATE MSysPassword SET Rounds = -1"); }, 3343},
+        {"a damaged database",
+         [&] {
+             QFile file(path("company.db"));
+             ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(100) &&
+                         file.write(QByteArray(3000, '\xFF')) == 3000);
+         },
+         3049},
+        {"a database that may not be read", [&] { forbid("company.db"); }, 3051},
+        {"a database that another one has for itself",
+         [&] { holder = DBEngine::OpenDatabase(path("company.db"), true, false, DatabaseConnect); }, 3045},
+    };
+    for (const auto &row : cases) {
+        for (const QFileInfo &info :
+             QDir(folder.path()).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+            if (info.fileName() != "tamrick" && info.fileName() != "sound.db" && !QFile::remove(info.filePath()))
+                QDir().rmdir(info.filePath());
+        }
+        ASSERT_TRUE(QFile::copy(path("sound.db"), path("company.db")));
+        configure(path("company.db"));
+        for (const char *name : {"company.db", "config.txt"})
+            ASSERT_EQ(chmod(QFile::encodeName(path(name)).constData(), 0666), 0);
+        ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0777), 0);
+        row.make();
+        if (row.error == 3031 || row.error == 3343)
+            chmod(QFile::encodeName(path("company.db")).constData(), 0666);
+        const Outcome outcome = start();
+        const QString begin = row.error ? QString("Run-time error '%1':").arg(row.error) : QString("window");
+        EXPECT_TRUE(outcome.shown.startsWith(begin)) << row.what << ": " << outcome.shown.left(300).toStdString();
+        EXPECT_EQ(outcome.status, row.error ? 1 : 0) << row.what;
+        EXPECT_LT(outcome.shown.size(), 1100) << row.what;
+    }
+}
+
 } // namespace

@@ -37,9 +37,11 @@ class Box : public QMessageBox
 {
 public:
     Box(const QString &prompt, const QString &title, StandardButtons buttons)
-        : QMessageBox(NoIcon, title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title, prompt, buttons,
-                      windowBehind())
+        : QMessageBox(NoIcon, title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title, {}, buttons, windowBehind())
     {
+        // A box takes no more, and a text of megabytes would keep its layout busy for minutes.
+        constexpr qsizetype mostCharacters = 1024;
+        setText(prompt.left(mostCharacters));
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
         placeOver(formAsking(parentWidget()));

@@ -22,6 +22,9 @@ void checkPath(const ConnectionOptions &options)
         throw runtimeError(3044, {options.file});
     if (!options.create && !info.exists())
         throw runtimeError(3024, {options.file});
+    // A pipe would keep SQLite waiting, and a device never end.
+    if (info.exists() && !info.isFile())
+        throw runtimeError(3343, {options.file});
 }
 
 } // namespace

@@ -41,6 +41,8 @@ RuntimeError errorFor(int code, const QString &words, const QString &file, const
         return runtimeError(3027, {}, detail);
     case SQLITE_CONSTRAINT:
         return runtimeError(3022, {}, detail);
+    case SQLITE_NOMEM:
+        return runtimeError(7, {}, detail);
     case SQLITE_FULL:
         return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
     case SQLITE_IOERR:

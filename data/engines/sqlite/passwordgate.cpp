@@ -9,6 +9,9 @@ namespace {
 
 constexpr int SaltWords = 4;
 constexpr int Rounds = 4000; ///< some milliseconds at each opening
+/// A file that wants more of any is not one of ours, or nobody would see the end of its opening.
+constexpr qint64 MostRounds = 100'000;
+constexpr qsizetype MostBytes = 1024;
 
 QByteArray randomSalt()
 {
@@ -63,6 +66,9 @@ void PasswordGate::check(Connection &connection, const QString &password, const 
         throw runtimeError(3343, {file});
     if (code != SQLITE_ROW)
         connection.raise(code, opening);
-    if (hashOf(password, gate.bytes(0), int(gate.integer(1))) != gate.bytes(2))
+    const qint64 rounds = gate.integer(1);
+    if (rounds < 1 || rounds > MostRounds || gate.bytes(0).size() > MostBytes)
+        throw runtimeError(3343, {file});
+    if (hashOf(password, gate.bytes(0), int(rounds)) != gate.bytes(2))
         throw runtimeError(3031);
 }
