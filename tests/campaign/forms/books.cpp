@@ -39,7 +39,7 @@ void Books::add(const QStringList &lines)
         const QString kind = line.section(' ', 0, 0), number = line.section(' ', 1);
         if (number.isEmpty() || kind == u"ready")
             continue;
-        ++m_documents;
+        m_documents += kind == u"slip" || kind == u"paper" ? 0 : 1;
         expect(number == u"0" || !m_promised[kind].contains(number), "promised twice: " + line);
         m_promised[kind] += number;
     }
@@ -55,6 +55,7 @@ void Books::compare(const QString &file, const QString &connect, int openOrders,
     const qsizetype payments = column("SELECT ID FROM Payments").size() - m_promised["payment"].size();
     expect(payments >= 0 && payments <= cut, QString("payments beyond those promised: %1").arg(payments));
     compareLedger(cut);
+    comparePapers(cut);
     gDatabase.reset();
 }
 
@@ -93,7 +94,7 @@ void Books::compareShipments(int cut)
     // had shipped the rest.
     const auto items = sums("SELECT ShipmentID, Qty FROM ShipmentItems");
     const auto ofOrder = sums("SELECT OrderID, Qty FROM ShipmentItems");
-    for (const QString &id : m_promised["shipment"]) {
+    for (const QString &id : m_promised["shipment"] + m_promised["slip"]) {
         const QString order = column("SELECT OrderID FROM Shipment WHERE ID = " + id).value(0);
         const bool isRest = cut > 0 && items.value(id) > 0 && ofOrder.value(order) >= Clerk::LinesPerOrder;
         expect(items.value(id) == Clerk::LinesPerOrder || isRest,
@@ -148,4 +149,30 @@ void Books::compareLedger(int cut)
                                          .arg(ledger.value(warehouse.key())));
     }
     expect(column("SELECT Whse FROM AvailInv").size() == ledger.size(), "a pair twice in the ledger");
+}
+
+/// An invoice is printed before its row is stored; so of each process that was cut off one may be on paper alone, and
+/// its number must not come again.
+void Books::comparePapers(int cut)
+{
+    const QStringList stored = column("SELECT Invoice FROM Invoice");
+    int missing = 0, highest = 0;
+    for (const QString &number : m_promised["paper"]) {
+        missing += !stored.contains(number);
+        highest = std::max(highest, number.toInt());
+    }
+    expect(missing <= cut, QString("%1 printed invoices have no row").arg(missing));
+    if (highest == 0)
+        return;
+    Recordset next = gDatabase->OpenRecordset("SELECT * FROM Invoice");
+    next.AddNew();
+    expect(next.Fields("ID").value().toLong() > highest, "the number of a printed invoice is given out again");
+}
+
+bool Books::isHalfDone(const QString &finding)
+{
+    return finding.startsWith("Orders: Total is not the sum of the lines") ||
+           finding.startsWith("TransferHeader: halves that do not cancel out") ||
+           finding.startsWith("Shipment: on an invoice, and not marked as invoiced") ||
+           finding.startsWith("Invoice: shipments on the list that another invoice has too");
 }

@@ -13,6 +13,10 @@ public:
     /// have left one document behind that is not whole: a beginning of its writes, in their order.
     void compare(const QString &file, const QString &connect, int openOrders, int cut);
 
+    /// Whether a finding of tamrick-db check is what a save that was cut off may leave: the saves write in steps. How
+    /// many of those there may be, the comparison counts.
+    static bool isHalfDone(const QString &finding);
+
     const QStringList &faults() const { return m_faults; }
     int documents() const { return m_documents; }
 
@@ -24,6 +28,7 @@ private:
     void compareShipments(int cut);
     void compareInvoices(int cut);
     void compareLedger(int cut);
+    void comparePapers(int cut);
 
     QHash<QString, QStringList> m_promised; ///< numbers by kind of document
     int m_documents = 0;

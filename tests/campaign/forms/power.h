@@ -1,0 +1,31 @@
+#pragma once
+
+#include "tests/campaign/forms/books.h"
+#include "tests/campaign/forms/disk.h"
+#include <QRandomGenerator>
+
+/// Power failures at any moment of a recorded run of the program, on the disk as the recorded system calls allow it to
+/// be left.
+class PowerFailures
+{
+public:
+    /// `folder` holds nothing but the database, before the run; `openOrders` stand in it already.
+    PowerFailures(const QString &folder, const QString &connect, int openOrders, uint seed);
+
+    /// Tries that many disks, left at moments spread over the trace; each is opened by the program, and compared with
+    /// what the clerk had said by then.
+    void tryAll(const QString &trace, int images);
+
+    int promises() const { return m_books.documents(); }
+    const QStringList &faults() const { return m_faults; }
+
+private:
+    void tryOne(const QString &moment);
+
+    Disk m_disk;
+    Books m_books;
+    QString m_connect;
+    int m_openOrders;
+    QRandomGenerator m_random;
+    QStringList m_faults;
+};
