@@ -5,6 +5,7 @@
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/mainmod.h"
 #include <QScopedValueRollback>
+#include <QSettings>
 #include <QThread>
 #include <clocale>
 #include <cstdlib>
@@ -21,6 +22,11 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     setApplicationName(QStringLiteral("tamrick"));
     setAppearance(*this);
     installEventFilter(&m_pressGuard);
+#ifndef Q_OS_WIN
+    // The base library's file dialog keeps folders and sizes in a settings file; this program's settings are in
+    // config.txt alone, and nobody writes to it.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+#endif
 }
 
 bool Application::notify(QObject *receiver, QEvent *event)

@@ -7,13 +7,15 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
 
 namespace {
-constexpr int WidestButton = 260, NarrowestButton = 28;
+constexpr int WidestButton = 330, NarrowestButton = 28;
 
-/// As wide as its title if there is room; of a longer title it shows the beginning, and all of it as a tip.
+/// As wide as its title if there is room; of a longer one it shows both ends, and all of it as a tip. The active
+/// window's has a stripe, since pressed buttons hardly differ on a dark desktop.
 class WindowButton : public QToolButton
 {
 public:
@@ -33,11 +35,18 @@ public:
     }
 
 protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QToolButton::paintEvent(event);
+        constexpr int Stripe = 2;
+        if (isChecked())
+            QPainter(this).fillRect(3, height() - Stripe, width() - 6, Stripe, palette().highlight());
+    }
     void initStyleOption(QStyleOptionToolButton *option) const override
     {
         QToolButton::initStyleOption(option);
         constexpr int Margins = 12;
-        option->text = fontMetrics().elidedText(text(), Qt::ElideRight, width() - Margins).replace('&', "&&");
+        option->text = fontMetrics().elidedText(text(), Qt::ElideMiddle, width() - Margins).replace('&', "&&");
     }
 };
 } // namespace

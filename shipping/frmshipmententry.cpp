@@ -277,7 +277,8 @@ void frmShipmentEntry::layOut()
 {
     setFieldWidth(txtID, 12);
     setFieldWidth(dtDate, 12);
-    setFieldWidth(txtState, 4);
+    setFieldWidth(txtState, 3);
+    txtCity->setMinimumWidth(110);
     setFieldWidth(txtZip, 10);
     for (QWidget *amount : {txtFreight, txtAdjustment})
         setFieldWidth(amount, 14);
