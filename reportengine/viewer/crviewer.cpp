@@ -132,7 +132,10 @@ void CRViewer::addKeys()
     addKey({Qt::CTRL | Qt::Key_F}, [this] { m_findBar->enter(); });
     addKey({Qt::Key_F3}, [this] { findByBar(true); });
     addKey({Qt::SHIFT | Qt::Key_F3}, [this] { findByBar(false); });
+    addKey({Qt::CTRL | Qt::Key_E}, [this] { emit m_bar->exportAsked(); });
     addKey({Qt::CTRL | Qt::Key_P}, [this] { emit m_bar->printAsked(); });
+    addKey({Qt::CTRL | Qt::SHIFT | Qt::Key_P}, [this] { emit m_bar->pageSetupAsked(); });
+    addKey({Qt::CTRL | Qt::Key_G}, [this] { m_bar->findChild<QAction *>("groupTreeToggle")->toggle(); });
     addKey({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal, Qt::CTRL | Qt::SHIFT | Qt::Key_Plus},
            [this] { zoomBy(1); });
     addKey({Qt::CTRL | Qt::Key_Minus}, [this] { zoomBy(-1); });

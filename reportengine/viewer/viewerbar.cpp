@@ -16,13 +16,13 @@ ViewerBar::ViewerBar(QWidget *parent) : QToolBar(parent)
 {
     setObjectName("toolBar");
     setIconSize({16, 16});
-    connect(addButton("export", "Export", "Write a PDF, spreadsheet or CSV file"), &QAction::triggered, this,
+    connect(addButton("export", "Export", "Write a PDF, spreadsheet or CSV file (Ctrl+E)"), &QAction::triggered, this,
             &ViewerBar::exportAsked);
     connect(addButton("print", "Print", "Print (Ctrl+P)"), &QAction::triggered, this, &ViewerBar::printAsked);
-    connect(addButton("pageSetup", "Page Setup", "Choose the paper to print on"), &QAction::triggered, this,
-            &ViewerBar::pageSetupAsked);
+    connect(addButton("pageSetup", "Page Setup", "Choose the paper to print on (Ctrl+Shift+P)"), &QAction::triggered,
+            this, &ViewerBar::pageSetupAsked);
     addSeparator();
-    m_groups = addButton("groupTreeToggle", "Groups", "Show the groups of the report");
+    m_groups = addButton("groupTreeToggle", "Groups", "Show the groups of the report (Ctrl+G)");
     m_groups->setCheckable(true);
     connect(m_groups, &QAction::toggled, this, &ViewerBar::groupsToggled);
     addSeparator();

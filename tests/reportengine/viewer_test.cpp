@@ -259,6 +259,13 @@ TEST_F(ViewerTest, KeysWorkWhereverTheFocusIs)
         EXPECT_EQ(zoomShown(), "125%");
         key(Qt::Key_Minus, Qt::ControlModifier);
         EXPECT_EQ(zoomShown(), "100%");
+        auto *groups = m_control->findChild<QAction *>("groupTreeToggle");
+        const bool shown = groups->isChecked();
+        key(Qt::Key_G, Qt::ControlModifier);
+        EXPECT_NE(groups->isChecked(), shown);
+        key(Qt::Key_G, Qt::ControlModifier);
+        EXPECT_EQ(groups->isChecked(), shown);
+        enter();
         key(Qt::Key_F, Qt::ControlModifier);
         EXPECT_EQ(m_viewer.focusWidget()->objectName(), "findText");
         enter();
