@@ -4,6 +4,8 @@
 #include "tests/support/unwinding.h"
 #include "toolkit/forms/mainmod.h"
 
+#include <QFile>
+#include <QSettings>
 #include <QVBoxLayout>
 #include <new>
 #include <sqlite3.h>
@@ -113,6 +115,15 @@ TEST_F(ApplicationTest, TestsMeetTheErrorItself)
     FormDriver form("frmFailing");
     expectRuntimeError(13, [&] { form.click("btnFail"); });
     expectRuntimeError(94, [&] { form.choose("cmbKind", "only"); });
+}
+
+TEST_F(ApplicationTest, WhatTheBaseLibraryWouldRememberIsWrittenNowhere)
+{
+    QSettings settings(QSettings::UserScope, "QtProject");
+    settings.setValue("FileDialog/lastVisited", "somewhere");
+    settings.sync();
+    EXPECT_FALSE(QFile::exists(settings.fileName()));
+    EXPECT_TRUE(settings.fileName().startsWith("/dev/null/"));
 }
 
 TEST_F(ApplicationTest, ExitEndsAtOnceWithStatusZeroAndUnloadsNothing)

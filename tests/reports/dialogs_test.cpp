@@ -110,22 +110,24 @@ TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
 {
     const struct
     {
-        const char *form, *button, *title;
-    } dialogs[] = {{"frmSalesByCustomer", "btnOK", "crptSalesByCustomer"},
-                   {"frmSalesByCategoryCustomer", "btnOK", "crptSalesByCategoryCustomer"},
-                   {"frmSalesByTerritoryCustomer", "btnOK", "crptSalesByTerritoryCustomer"},
-                   {"frmSalesByPart", "btnOK", "crptSalesByPart"},
-                   {"frmSalesByWhsePart", "btnOK", "crptSalesByWhsePart"},
-                   {"frmInventorySalesReport", "btnOK", "crptInventorySalesReport"},
-                   {"frmARTranReport", "btnOK", "crptARTranReport"},
-                   {"frmCashReceiptsReport", "btnOK", "crptCashReceiptsReport"},
-                   {"frmAvailableInventory", "btnOk", "crptAvailableInventory"},
-                   {"frmAvailableInventoryByPart", "btnOk", "crptAvailableInventoryByPart"}};
+        const char *form, *button, *title, *window;
+    } dialogs[] = {
+        {"frmSalesByCustomer", "btnOK", "crptSalesByCustomer", "Sales By Customer"},
+        {"frmSalesByCategoryCustomer", "btnOK", "crptSalesByCategoryCustomer", "Sales By Category"},
+        {"frmSalesByTerritoryCustomer", "btnOK", "crptSalesByTerritoryCustomer", "Sales By Territory"},
+        {"frmSalesByPart", "btnOK", "crptSalesByPart", "Sales By Part"},
+        {"frmSalesByWhsePart", "btnOK", "crptSalesByWhsePart", "Sales By Whse/Part"},
+        {"frmInventorySalesReport", "btnOK", "crptInventorySalesReport", "Inventory Sales Report"},
+        {"frmARTranReport", "btnOK", "crptARTranReport", "Invoice Register"},
+        {"frmCashReceiptsReport", "btnOK", "crptCashReceiptsReport", "Cash Receipts Register"},
+        {"frmAvailableInventory", "btnOk", "crptAvailableInventory", "Available Inventory By Whse/Part"},
+        {"frmAvailableInventoryByPart", "btnOk", "crptAvailableInventoryByPart", "Available Inventory By Part/Whse"}};
     for (const auto &dialog : dialogs) {
         FormDriver form(dialog.form);
         form.setDate("dtStart", "4/30/2010");
         form.setDate("dtEnd", "3/1/2010");
         form.click(dialog.button);
+        EXPECT_EQ(viewers().last()->windowTitle(), QString(dialog.window) + ", 4/30/2010 to 3/1/2010");
         EXPECT_EQ(parameter("txtBeginDate"), "4/30/2010") << dialog.form;
         EXPECT_EQ(parameter("txtEndDate"), "3/1/2010") << dialog.form;
         EXPECT_EQ(report().layout().title, newReport(dialog.title).layout().title);
