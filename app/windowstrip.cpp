@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
+#include <algorithm>
 
 namespace {
 constexpr int WidestButton = 330, NarrowestButton = 28;
@@ -23,9 +24,6 @@ public:
     {
         setCheckable(true);
         setFocusPolicy(Qt::NoFocus);
-        setMinimumWidth(NarrowestButton);
-        setMaximumWidth(WidestButton);
-        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
 
     void setTitle(const QString &title)
@@ -60,6 +58,8 @@ WindowStrip::WindowStrip(QMdiArea *area, QWidget *parent)
     row->setContentsMargins(4, 1, 4, 1);
     row->setSpacing(3);
     row->addStretch(1);
+    row->setSizeConstraint(QLayout::SetNoConstraint);
+    setMinimumWidth(1); // many buttons get narrow, they never widen the window
     setFixedHeight(WindowButton(this).sizeHint().height() + 2);
 }
 
@@ -71,15 +71,46 @@ void WindowStrip::add(QMdiSubWindow *window)
     auto *row = static_cast<QHBoxLayout *>(layout());
     row->insertWidget(row->count() - 1, button);
     button->show();
+    shareRoom();
 
-    connect(window, &QWidget::windowTitleChanged, button, [button](const QString &title) { button->setTitle(title); });
-    connect(window, &QObject::destroyed, button, [button] { delete button; });
+    connect(window, &QWidget::windowTitleChanged, button, [this, button](const QString &title) {
+        button->setTitle(title);
+        shareRoom();
+    });
+    connect(window, &QObject::destroyed, button, [this, button] {
+        delete button;
+        shareRoom();
+    });
     connect(m_area, &QMdiArea::subWindowActivated, button,
             [button, window](const QMdiSubWindow *active) { button->setChecked(active == window); });
     connect(button, &QToolButton::clicked, window, [this, button, window] {
         bringToFront(window);
         button->setChecked(m_area->activeSubWindow() == window);
     });
+}
+
+/// Gives each button the width of its title; when that is too much for the strip, the widest are cut, all to one
+/// width.
+void WindowStrip::shareRoom()
+{
+    QList<QAbstractButton *> buttons = m_buttons->buttons();
+    std::sort(buttons.begin(), buttons.end(), [](const QAbstractButton *one, const QAbstractButton *other) {
+        return one->sizeHint().width() < other->sizeHint().width();
+    });
+    const QMargins margins = layout()->contentsMargins();
+    int room = width() - margins.left() - margins.right();
+    auto left = int(buttons.size());
+    for (QAbstractButton *button : std::as_const(buttons)) {
+        const int share = room / left-- - layout()->spacing();
+        button->setFixedWidth(std::max(NarrowestButton, std::min({button->sizeHint().width(), share, WidestButton})));
+        room -= button->width() + layout()->spacing();
+    }
+}
+
+void WindowStrip::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    shareRoom();
 }
 
 void WindowStrip::bringToFront(QMdiSubWindow *window)

@@ -20,8 +20,10 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void shareRoom();
     void bringToFront(QMdiSubWindow *window);
     void closeReports();
 

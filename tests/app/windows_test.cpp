@@ -123,6 +123,22 @@ TEST_F(WindowsTest, TheStripHasAButtonForEachWindowAndBringsItBack)
     EXPECT_EQ(titles(), (QStringList{"Part Listing", "Part Entry/Edit"}));
 }
 
+TEST_F(WindowsTest, ManyButtonsShareTheStripAndWidenNothing)
+{
+    open("frmPartEntry");
+    const int width = mdi->width();
+    for (int i = 0; i < 20; ++i)
+        Reports::ReportCustomerListing();
+    settle();
+    EXPECT_EQ(mdi->width(), width);
+    const QList<QAbstractButton *> buttons = strip();
+    ASSERT_EQ(buttons.size(), 21);
+    for (const QAbstractButton *button : buttons) {
+        EXPECT_TRUE(button->parentWidget()->rect().contains(button->geometry()));
+        EXPECT_GE(button->width(), 40);
+    }
+}
+
 TEST_F(WindowsTest, TheStripsMenuPutsWindowsInOrderAndClosesReportsOnly)
 {
     QMdiSubWindow *order = open("frmOrderEntry"), *part = open("frmPartEntry");
