@@ -3,6 +3,7 @@
 #include "app/appearance.h"
 #include "data/values/runtimeerror.h"
 #include "toolkit/controls/msgbox.h"
+#include "toolkit/controls/programfocus.h"
 #include "toolkit/forms/mainmod.h"
 #include <QScopedValueRollback>
 #include <QSettings>
@@ -35,10 +36,12 @@ bool Application::notify(QObject *receiver, QEvent *event)
         return QApplication::notify(receiver, event);
     const QScopedValueRollback depth(m_depth, m_depth + 1);
     try {
-        const PressGuard::Delivery delivery(m_pressGuard);
         const bool result = QApplication::notify(receiver, event);
-        if (m_depth == 1 && gDatabase)
-            gDatabase->settle(); // the event routine that wrote has ended
+        if (m_depth == 1) {
+            ProgramFocus::settle();
+            if (gDatabase)
+                gDatabase->settle(); // the event routine that wrote has ended
+        }
         return result;
     } catch (const RuntimeError &error) {
         handle(error);

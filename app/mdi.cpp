@@ -1,10 +1,10 @@
 #include "app/mdi.h"
 
 #include "app/appearance.h"
+#include "app/formwindow.h"
 #include "app/menu.h"
 #include "app/menukeys.h"
 #include "app/windowstrip.h"
-#include "toolkit/controls/focusevents.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/controls/statusline.h"
 #include "toolkit/forms/form.h"
@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
@@ -51,6 +50,7 @@ MDI::MDI() : m_area(new QMdiArea), m_strip(new WindowStrip(m_area))
     setWindowTitle(QLatin1String(ProgramTitle));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setFocusPolicy(Qt::NoFocus);
     m_area->setBackground(palette().dark());
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
@@ -115,19 +115,13 @@ void MDI::host(Form *form)
                                return other->isVisible() && other->isMaximized();
                            });
 
-    auto *window = new QMdiSubWindow;
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWidget(form);
-    if (!form->isResizable())
-        window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    auto *window = new FormWindow(form);
     m_area->addSubWindow(window, window->windowFlags());
     m_strip->add(window);
     const QSize size = sized ? wanted.size() : window->sizeHint();
     window->setGeometry(placed ? QRect(wanted.topLeft(), size) : freePlace(size, form->isResizable()));
-    FocusEvents::passToWindow([=] {
-        form->focusFirst();
-        maximised ? window->showMaximized() : window->show();
-    });
+    form->focusFirst();
+    maximised ? window->showMaximized() : window->show();
 }
 
 /// Where a new window shows whole and hides the fewest title bars: at the top left, or some steps lower and to the

@@ -25,8 +25,11 @@ QWidget *focusWidget()
 }
 } // namespace
 
-FormDriver::FormDriver(const QString &form) : m_form(Load(form))
+FormDriver::FormDriver(const QString &form)
 {
+    // In the program a form is loaded by an event.
+    QMetaObject::invokeMethod(
+        qApp, [&] { m_form = Load(form); }, Qt::QueuedConnection);
     QCoreApplication::processEvents();
 }
 

@@ -3,7 +3,6 @@
 #include "data/values/runtimeerror.h"
 #include "toolkit/controls/combolist.h"
 #include "toolkit/controls/combotypeahead.h"
-#include "toolkit/controls/focusevents.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -253,18 +252,6 @@ void ComboBox::picked()
 {
     if (!std::exchange(m_clickDone, false))
         emit click();
-}
-
-void ComboBox::focusInEvent(QFocusEvent *event)
-{
-    QComboBox::focusInEvent(event);
-    FocusEvents::raiseGotFocus(this, *event);
-}
-
-void ComboBox::focusOutEvent(QFocusEvent *event)
-{
-    QComboBox::focusOutEvent(event);
-    FocusEvents::raiseLostFocus(this, *event);
 }
 
 void ComboBox::wheelEvent(QWheelEvent *event)

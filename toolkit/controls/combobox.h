@@ -1,13 +1,14 @@
 #pragma once
 
 #include "data/values/value.h"
+#include "toolkit/controls/programfocus.h"
 #include <QComboBox>
 
 class ComboList;
 
 /// A combo box of one of the platform's two kinds: a drop-down list, whose text is one of its entries or empty, or
 /// an editable drop-down that may hold any text.
-class ComboBox : public QComboBox
+class ComboBox : public QComboBox, public FocusListener
 {
     Q_OBJECT
 public:
@@ -44,6 +45,8 @@ public:
 
     void showPopup() override;
     void hidePopup() override;
+    void focusGained() override { emit gotFocus(); }
+    void focusLost() override { emit lostFocus(); }
 
 signals:
     void change(); ///< the text of an editable box changed, by key or by assignment
@@ -55,8 +58,6 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

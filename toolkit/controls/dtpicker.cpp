@@ -1,7 +1,6 @@
 #include "toolkit/controls/dtpicker.h"
 
 #include "data/values/runtimeerror.h"
-#include "toolkit/controls/focusevents.h"
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -56,13 +55,6 @@ void DTPicker::focusInEvent(QFocusEvent *event)
 {
     m_movedOn = false;
     QDateEdit::focusInEvent(event);
-    FocusEvents::raiseGotFocus(this, *event);
-}
-
-void DTPicker::focusOutEvent(QFocusEvent *event)
-{
-    QDateEdit::focusOutEvent(event);
-    FocusEvents::raiseLostFocus(this, *event);
 }
 
 void DTPicker::wheelEvent(QWheelEvent *event)

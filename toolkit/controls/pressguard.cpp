@@ -1,6 +1,7 @@
 #include "toolkit/controls/pressguard.h"
 
 #include "toolkit/controls/msgbox.h"
+#include "toolkit/controls/programfocus.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QShortcutEvent>
@@ -26,22 +27,24 @@ bool focusIsElsewhere(const QWidget *target)
     const QWidget *focus = QApplication::focusWidget();
     return target && focus && focus->window() == target->window() && focus != target && !target->isAncestorOf(focus);
 }
+
+/// Raises the LostFocus of the field left, and tells whether that kept the press from its target: by a box, or by
+/// sending the focus elsewhere.
+bool isNoClick(const QWidget *target)
+{
+    const int boxesBefore = messageBoxesShown();
+    ProgramFocus::settle();
+    return messageBoxesShown() != boxesBefore || focusIsElsewhere(target);
+}
+
+/// Qt would click first, and some time later.
+void pressByAccessKey(QAbstractButton *button)
+{
+    button->setFocus(Qt::ShortcutFocusReason);
+    if (!isNoClick(button))
+        button->click();
+}
 } // namespace
-
-PressGuard::Delivery::Delivery(PressGuard &guard) : m_guard(guard), m_outerBoxes(guard.m_boxesBefore)
-{
-    m_guard.m_boxesBefore = messageBoxesShown();
-}
-
-PressGuard::Delivery::~Delivery()
-{
-    m_guard.m_boxesBefore = m_outerBoxes;
-}
-
-bool PressGuard::isNoClick(QWidget *target) const
-{
-    return messageBoxesShown() != m_boxesBefore || focusIsElsewhere(target);
-}
 
 bool PressGuard::eventFilter(QObject *watched, QEvent *event)
 {
@@ -50,16 +53,9 @@ bool PressGuard::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)
         return isNoClick(focusTargetOf(static_cast<QWidget *>(watched)));
     if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent *>(event)->isAmbiguous())
-        if (auto *button = qobject_cast<QAbstractButton *>(watched))
-            return pressByAccessKey(button);
+        if (auto *button = qobject_cast<QAbstractButton *>(watched)) {
+            pressByAccessKey(button);
+            return true;
+        }
     return false;
-}
-
-/// Qt would click first, and some time later.
-bool PressGuard::pressByAccessKey(QAbstractButton *button)
-{
-    button->setFocus(Qt::ShortcutFocusReason);
-    if (!isNoClick(button))
-        button->click();
-    return true;
 }

@@ -1,7 +1,5 @@
 #include "toolkit/controls/textbox.h"
 
-#include "toolkit/controls/focusevents.h"
-
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
     // A text that the program puts in shows from its beginning, however long it is.
@@ -17,31 +15,43 @@ void TextBox::setSelectAllOnFocus(bool on)
     m_selectAllOnFocus = on;
 }
 
+// Caret and selection go with the program's focus, not with Qt's, which selects all on Tab and deselects whenever it
+// leaves, also to come back at once.
 void TextBox::focusInEvent(QFocusEvent *event)
 {
     const int position = cursorPosition();
+    const bool selected = hasSelectedText();
     QLineEdit::focusInEvent(event);
-    if (!FocusEvents::gained(this, *event))
-        return;
-    if (m_selectAllOnFocus) {
-        selectAll();
-        m_pressKeepsSelection = event->reason() == Qt::MouseFocusReason;
-    } else {
-        setCursorPosition(position); // Qt selects all on Tab; a plain box doesn't
-    }
-    emit gotFocus();
+    if (!selected)
+        setCursorPosition(position);
+    m_pressBringsFocus = event->reason() == Qt::MouseFocusReason;
 }
 
 void TextBox::focusOutEvent(QFocusEvent *event)
 {
-    m_pressKeepsSelection = false;
+    m_pressBringsFocus = false;
+    const int start = selectionStart(), length = selectionLength();
     QLineEdit::focusOutEvent(event);
-    FocusEvents::raiseLostFocus(this, *event);
+    if (length > 0)
+        setSelection(start, length);
+}
+
+void TextBox::focusGained()
+{
+    if (m_selectAllOnFocus)
+        selectAll();
+    emit gotFocus();
+}
+
+void TextBox::focusLost()
+{
+    deselect();
+    emit lostFocus();
 }
 
 void TextBox::mousePressEvent(QMouseEvent *event)
 {
     QLineEdit::mousePressEvent(event);
-    if (std::exchange(m_pressKeepsSelection, false))
+    if (std::exchange(m_pressBringsFocus, false) && m_selectAllOnFocus)
         selectAll();
 }

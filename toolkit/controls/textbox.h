@@ -1,10 +1,11 @@
 #pragma once
 
 #include "data/values/value.h"
+#include "toolkit/controls/programfocus.h"
 #include <QLineEdit>
 
 /// A one-line text box. `change` fires on every real change of the text, by key or by assignment.
-class TextBox : public QLineEdit
+class TextBox : public QLineEdit, public FocusListener
 {
     Q_OBJECT
 public:
@@ -12,6 +13,9 @@ public:
 
     /// Selects everything each time the box gets the focus, so that typing replaces the text.
     void setSelectAllOnFocus(bool on = true);
+
+    void focusGained() override;
+    void focusLost() override;
 
 signals:
     void change();
@@ -25,5 +29,5 @@ protected:
 
 private:
     bool m_selectAllOnFocus = false;
-    bool m_pressKeepsSelection = false; ///< the mouse press that brought the focus must not set the caret
+    bool m_pressBringsFocus = false; ///< and must not set the caret then
 };

@@ -5,6 +5,16 @@
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 
+namespace {
+/// A field that is to be typed into must be seen.
+void restoreWindowOf(QWidget *control)
+{
+    for (QWidget *widget = control; widget; widget = widget->parentWidget())
+        if (auto *window = qobject_cast<QMdiSubWindow *>(widget); window && window->isMinimized())
+            window->showNormal();
+}
+} // namespace
+
 Form::Form(const QString &name, const QString &caption)
 {
     setObjectName(name);
@@ -16,6 +26,7 @@ void Form::unload()
     if (m_unloading)
         return;
     m_unloading = true;
+    ProgramFocus::removeAllIn(this);
     formUnload();
     if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget())) {
         window->close(); // takes the form with it when control is back in the event loop
@@ -48,9 +59,10 @@ void Form::focusFirst()
 
 void Form::setFocusTo(QWidget *widget)
 {
+    restoreWindowOf(widget);
     if (!widget->isVisible() || !widget->isEnabled())
         throw runtimeError(5);
-    widget->setFocus();
+    ProgramFocus::moveTo(widget);
 }
 
 void Form::setTabOrder(const QList<QWidget *> &order)

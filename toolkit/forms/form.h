@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/controls/controls.h"
+#include "toolkit/controls/programfocus.h"
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -46,6 +47,7 @@ protected:
     {
         auto *control = new Control(std::forward<Args>(args)..., this);
         control->setObjectName(QLatin1String(name));
+        ProgramFocus::add(control);
         return control;
     }
     TextBox *addText(const char *name);           ///< selects all on focus
@@ -65,7 +67,7 @@ protected:
 
     /// Puts the focus through the widgets in this order. To be called when all stand in their layouts.
     void setTabOrder(const QList<QWidget *> &order);
-    /// Sets the focus as a program does: error 5 when the widget can't take it.
+    /// Sets the focus as a program does: error 5 when the widget can't take it. A form that is minimised is restored.
     static void setFocusTo(QWidget *widget);
 
     void closeEvent(QCloseEvent *event) override;

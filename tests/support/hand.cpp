@@ -1,0 +1,111 @@
+#include "tests/support/hand.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QStyleOption>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+QPoint inWindow(const QWidget *widget, QPoint place)
+{
+    return widget->mapTo(widget->window(), place);
+}
+
+QStyleOptionTitleBar titleBar(const QMdiSubWindow *window)
+{
+    QStyleOptionTitleBar option;
+    option.initFrom(window);
+    option.subControls = QStyle::SC_All;
+    option.titleBarFlags = window->windowFlags();
+    option.titleBarState = window->windowState();
+    option.rect = QRect(0, 0, window->width(), window->style()->pixelMetric(QStyle::PM_TitleBarHeight, &option));
+    return option;
+}
+
+/// The place of a mark among those the menu bar shows for a maximised window.
+QStyle::SubControl inMenuBar(QStyle::SubControl mark)
+{
+    switch (mark) {
+    case QStyle::SC_TitleBarMinButton:
+        return QStyle::SC_MdiMinButton;
+    case QStyle::SC_TitleBarNormalButton:
+        return QStyle::SC_MdiNormalButton;
+    default:
+        return QStyle::SC_MdiCloseButton;
+    }
+}
+} // namespace
+
+void Hand::click(const QWidget *widget, QPoint place)
+{
+    QWindow *window = widget->window()->windowHandle();
+    QTest::mouseMove(window, inWindow(widget, place));
+    QTest::mouseClick(window, Qt::LeftButton, {}, inWindow(widget, place));
+}
+
+void Hand::doubleClick(const QWidget *widget, QPoint place)
+{
+    QWindow *window = widget->window()->windowHandle();
+    QTest::mouseMove(window, inWindow(widget, place));
+    QTest::mouseDClick(window, Qt::LeftButton, {}, inWindow(widget, place));
+}
+
+void Hand::drag(const QWidget *widget, QPoint from, QPoint to)
+{
+    QWindow *window = widget->window()->windowHandle();
+    const QPoint start = inWindow(widget, from), end = inWindow(widget, to);
+    QTest::mouseMove(window, start);
+    QTest::mousePress(window, Qt::LeftButton, {}, start);
+    QTest::mouseMove(window, (start + end) / 2);
+    QTest::mouseMove(window, end);
+    QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+}
+
+void Hand::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers & Qt::ControlModifier)
+        QTest::keyPress(m_main->windowHandle(), Qt::Key_Control, Qt::ControlModifier);
+    QTest::keyClick(m_main->windowHandle(), key, modifiers);
+    if (modifiers & Qt::ControlModifier)
+        QTest::keyRelease(m_main->windowHandle(), Qt::Key_Control);
+}
+
+void Hand::keys(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(m_main->windowHandle(), character.toLatin1());
+}
+
+void Hand::menu(const QStringList &path)
+{
+    QWidget *open = m_main->findChild<QMenuBar *>();
+    for (const QString &name : path) {
+        auto *action = m_main->findChild<QAction *>(name);
+        const auto *menu = qobject_cast<QMenu *>(open);
+        click(open,
+              (menu ? menu->actionGeometry(action) : static_cast<QMenuBar *>(open)->actionGeometry(action)).center());
+        open = action->menu();
+    }
+    QCoreApplication::processEvents();
+}
+
+void Hand::mark(const QMdiSubWindow *window, QStyle::SubControl mark)
+{
+    if (const QWidget *marks = window->maximizedButtonsWidget()) {
+        QStyleOptionComplex option;
+        option.initFrom(marks);
+        option.subControls = QStyle::SC_MdiMinButton | QStyle::SC_MdiNormalButton | QStyle::SC_MdiCloseButton;
+        click(marks, marks->style()->subControlRect(QStyle::CC_MdiControls, &option, inMenuBar(mark), marks).center());
+    } else {
+        const QStyleOptionTitleBar option = titleBar(window);
+        click(window, window->style()->subControlRect(QStyle::CC_TitleBar, &option, mark, window).center());
+    }
+    QCoreApplication::processEvents();
+}
+
+QPoint Hand::titleOf(const QMdiSubWindow *window)
+{
+    const QStyleOptionTitleBar option = titleBar(window);
+    return window->style()->subControlRect(QStyle::CC_TitleBar, &option, QStyle::SC_TitleBarLabel, window).center();
+}
