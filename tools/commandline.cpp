@@ -34,7 +34,7 @@ constexpr const char *Help =
     "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n"
     "       tamrick-db takeover OLD.mdb NEW     takes an old company over into a new database\n"
     "           --keep              keeps it also when rows were refused\n"
-                             "       tamrick-db --version                tells its version\n";
+    "       tamrick-db --version                tells its version\n";
 
 void create(const Arguments &arguments, QTextStream &)
 {
@@ -188,6 +188,8 @@ int runCommand(const QStringList &arguments, QTextStream &out, QTextStream &err)
         tell(err, error.message);
     } catch (const RuntimeError &error) {
         tell(err, error.description());
+    } catch (const std::bad_alloc &) {
+        tell(err, QStringLiteral("out of memory"));
     }
     return 1;
 }
