@@ -1,6 +1,7 @@
 #include "data/values/inputfile.h"
 #include "tests/support/printers.h"
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 namespace {
 
@@ -64,7 +65,10 @@ TEST_F(InputFileTest, AFileThatCannotBeReadIsAnErrorOfItsKind)
 {
     EXPECT_EQ(errorNumberOf([&] { InputFile(m_folder.filePath("missing.txt")); }), 53);
     EXPECT_EQ(errorNumberOf([&] { InputFile(m_folder.filePath("nowhere/config.txt")); }), 76);
-    EXPECT_EQ(errorNumberOf([&] { InputFile(m_folder.path()); }), 75);
+    const QString pipe = m_folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString &path : {m_folder.path(), pipe, QString("/dev/zero"), fileWith(QByteArray(2'000'000, 'x'))})
+        EXPECT_EQ(errorNumberOf([&] { InputFile file(path); }), 75) << path.toStdString();
 }
 
 } // namespace
