@@ -48,6 +48,8 @@ void reportRegister(const char *designer, const QString &name, const QString &Be
                                                                       "Warehouse,PartNo,Date,Memo,Qty"));
     report.object("txtBeginDate").SetText(BeginDate);
     report.object("txtEndDate").SetText(EndDate);
+    if (Category != AllCategories)
+        report.object("txtCategory").SetText(Category);
     if (DisplayDetails)
         suppress(report, TotalsOnly);
     else

@@ -120,8 +120,8 @@ private:
         std::vector<const PageItem *> items;
         const LayoutObject *last = nullptr;
         for (const PageItem &item : page.items) {
-            // In a table a wrapped text is one cell, which its first line stands for.
-            const bool isContinued = m_layout.exportAsTable && item.object == last;
+            // What the paper broke into lines is one cell, which its first line stands for.
+            const bool isContinued = isOneCell(item) && item.object == last;
             if (item.kind == PageItem::Kind::Text && !isContinued)
                 items.push_back(&item);
             last = item.object;
@@ -135,6 +135,12 @@ private:
             result.back().push_back(item);
         }
         return result;
+    }
+
+    /// Lines that a text has of its own, such as those of an address, stay rows, but in a table.
+    bool isOneCell(const PageItem &item) const
+    {
+        return m_layout.exportAsTable || !item.value.joined().contains(u'\n');
     }
 
     void writeLine(std::vector<const PageItem *> line)
@@ -164,9 +170,7 @@ private:
             worksheet_write_number(m_sheet, m_row, col, number, format(shown, item));
             return;
         }
-        // A text that was cut to fit the paper is whole here; lines of a wrapped one stay lines.
-        const bool isCut = m_layout.exportAsTable || (item.object && item.object->overflow == Overflow::Shorten);
-        const QString text = isCut && !item.value.isNull() ? item.value.toText() : item.text;
+        const QString text = isOneCell(item) && !item.value.isNull() ? item.value.toText() : item.text;
         worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(), format("General", item));
     }
 

@@ -49,7 +49,7 @@ CompiledLayout::CompiledLayout(const Layout &layout, const QString &table, const
     for (const NamedFormula &formula : layout.formulas)
         this->formula(formula.name);
     for (const RunningTotal &total : layout.runningTotals)
-        m_runningTotals.push_back({parsed(total.of), total.resetAt});
+        m_runningTotals.push_back({parsed(total.of), total.resetAt, total.oncePer});
     for (const Section &section : layout.sections)
         m_sections[{section.kind, section.group}].push_back(compiled(section));
 }

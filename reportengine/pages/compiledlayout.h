@@ -26,6 +26,7 @@ struct CompiledRunningTotal
 {
     FormulaPtr of;
     int resetAt;
+    int oncePer;
 };
 
 /// A layout whose formula texts have been parsed against its dataset. Refers to the layout, which must stay in place;

@@ -18,7 +18,8 @@ enum class Align { Left, Center, Right };
 enum class Picture { General, Whole, Quantity, Money, Price, Dollars, Percent, Date, DateTime };
 
 /// What happens to a text wider than its place: cut with an ellipsis, or broken into lines that push the section's
-/// lower part down, or set smaller before it is cut. Numbers and dates are never cut, they are always set smaller.
+/// lower part down, or set smaller and at last in two lines before it is cut. Numbers and dates are never cut, they are
+/// always set smaller.
 enum class Overflow { Shorten, Wrap, Shrink };
 
 struct TextStyle
@@ -67,7 +68,7 @@ struct Section
     /// Takes the section off the page, space and all, where it yields True. Its rows still feed the totals.
     QString suppressIf = {};
     bool atPageBottom = false; ///< sits just above the page footer, whatever space is left above it
-    bool columnHeads = false;  ///< the heading row of a spreadsheet export
+    bool columnHeads = false;  ///< the heading row of a spreadsheet export; stands over each of several columns
 };
 
 /// Rows that belong together, in ascending order of `by`, without regard to case; inside a group rows keep the
@@ -94,6 +95,9 @@ struct RunningTotal
     QString name;
     QString of;
     int resetAt = -1;
+    /// A group level: only the first row of each of its groups counts, for what all rows of a group repeat (-1: every
+    /// row).
+    int oncePer = -1;
 };
 
 /// A text object without a place of its own, shown by formulas as {?Name}.
@@ -109,6 +113,10 @@ struct Layout
     QString title; ///< "Pick Ticket"; also names the document in files and print queues
     bool landscape = false;
     QMarginsF margins{36, 36, 36, 36};
+    /// The rows run down the page in that many columns side by side, as in a newspaper; the sections that belong to
+    /// them are laid out in one column's width.
+    int columns = 1;
+    double columnGap = 24;
     std::vector<TextParameter> parameters = {};
     std::vector<NamedFormula> formulas = {}; ///< in the order by which routines number them, from 1
     std::vector<RunningTotal> runningTotals = {};
@@ -120,6 +128,7 @@ struct Layout
     QSizeF pageSize() const { return landscape ? QSizeF(792, 612) : QSizeF(612, 792); }
     /// Width between the margins.
     double width() const { return pageSize().width() - margins.left() - margins.right(); }
+    double columnWidth() const { return (width() - columnGap * (columns - 1)) / columns; }
 };
 
 /// Height of one line of text of that size, both in points.

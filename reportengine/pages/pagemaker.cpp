@@ -50,6 +50,8 @@ private:
         for (size_t i = 0; i < totals.size(); ++i) {
             if (totals[i].resetAt >= 0 && begins(totals[i].resetAt))
                 m_running[i] = 0;
+            if (totals[i].oncePer >= 0 && !begins(totals[i].oncePer))
+                continue;
             const Value value = totals[i].of->evaluate(m_context);
             if (!value.isNull())
                 m_running[i] += value.toDouble();
@@ -101,7 +103,7 @@ private:
         if (section.section->atPageBottom)
             m_y = std::max(m_y, m_bottom - height);
         if (m_page)
-            placeSection(section, m_context, {m_maker.m_layout.layout().margins.left(), m_y}, *m_page);
+            placeSection(section, m_context, {m_maker.m_layout.layout().margins.left() + m_x, m_y}, *m_page);
         m_y += height;
         return height;
     }
@@ -112,6 +114,8 @@ private:
     }
 
     void beginPage(int index);
+    void placeHeads();
+    bool nextColumn();
     void repeatHeaders();
     void noteGroups(PrintedGroups &printed, int index) const;
     void noteGroupPlaces(const CompiledSection &section, double top);
@@ -136,8 +140,10 @@ private:
     Page *m_page = nullptr;
     double m_top = 0; ///< below the page header
     double m_y = 0;
+    double m_x = 0; ///< of the column that is being filled
+    int m_column = 0;
     double m_bottom = 0;
-    bool m_fresh = true; ///< no row stands on the page yet
+    bool m_fresh = true; ///< no row stands in the column yet
     bool m_newPageDue = false;
     bool m_restartDue = false;
 };
@@ -150,13 +156,43 @@ void PageRun::beginPage(int index)
         layout.pageSize().height() - layout.margins.bottom() - heightOf(m_maker.m_layout.sections(Kind::PageFooter));
     if (index == 0)
         placeAll(m_maker.m_layout.sections(Kind::ReportHeader));
-    placeAll(m_maker.m_layout.sections(Kind::PageHeader));
+    placeHeads();
     m_top = m_y;
     if (!atEnd())
         repeatHeaders();
 }
 
-/// The headers of groups that go on from the page before.
+/// The page's head, in it the column heads over each column.
+void PageRun::placeHeads()
+{
+    const Layout &layout = m_maker.m_layout.layout();
+    for (const CompiledSection &section : m_maker.m_layout.sections(Kind::PageHeader)) {
+        const double top = m_y;
+        place(section);
+        for (int column = 1; section.section->columnHeads && column < layout.columns; ++column) {
+            m_y = top;
+            m_x = column * (layout.columnWidth() + layout.columnGap);
+            place(section);
+        }
+        m_x = 0;
+    }
+}
+
+/// Goes on at the top of the page's next column; false in the last one.
+bool PageRun::nextColumn()
+{
+    const Layout &layout = m_maker.m_layout.layout();
+    if (m_column + 1 >= layout.columns || m_newPageDue)
+        return false;
+    m_x = ++m_column * (layout.columnWidth() + layout.columnGap);
+    m_y = m_top;
+    m_fresh = true;
+    if (!atEnd())
+        repeatHeaders();
+    return true;
+}
+
+/// The headers of groups that go on from the page or column before.
 void PageRun::repeatHeaders()
 {
     m_context.repeatedHeader = true;
@@ -250,7 +286,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
             }
         }
         const double height = heightOfRow(m_step);
-        if (breaksBefore(height) || (height > 0 && strandsReportFooter(height)))
+        if ((breaksBefore(height) || (height > 0 && strandsReportFooter(height))) && !nextColumn())
             return true;
         if (height == 0)
             continue;
@@ -258,7 +294,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
             noteGroups(*printed, index);
         // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
         for (; m_step < int(m_sections.size()); ++m_step) {
-            if (!m_fresh && m_y + m_heights[m_step] > m_bottom) {
+            if (!m_fresh && m_y + m_heights[m_step] > m_bottom && !nextColumn()) {
                 m_runningBefore = m_running;
                 return true;
             }
@@ -275,7 +311,7 @@ bool PageRun::fillReportFooter()
 {
     const auto &sections = m_maker.m_layout.sections(Kind::ReportFooter);
     for (; m_step < int(sections.size()); ++m_step) {
-        if (!m_fresh && m_y + sectionHeight(sections[m_step], m_context) > m_bottom)
+        if (!m_fresh && m_y + sectionHeight(sections[m_step], m_context) > m_bottom && !nextColumn())
             return true;
         place(sections[m_step]);
         m_fresh = false;
@@ -296,6 +332,7 @@ std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pa
     // The page footer belongs to the last row on the page, not to the first of the next.
     lookAt(isFull && !atEnd() && m_step == 0 ? std::max(m_position - 1, start.position) : m_position);
     m_y = m_bottom;
+    m_x = 0;
     placeAll(m_maker.m_layout.sections(Kind::PageFooter));
     return isFull ? std::optional(next) : std::nullopt;
 }

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr double SmallestShrunk = 0.6; ///< of the size it should have
+constexpr double InTwoLines = 0.5;     ///< two lines of which take the place of one
 
 /// An object's text as it goes on paper.
 struct Setting
@@ -38,8 +39,14 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
         setting.lines = TextMetrics::wrapped(text, setting.style, width, object.maxLines);
     } else {
         const double needed = TextMetrics::width(text, setting.style);
-        if (object.overflow == Overflow::Shrink && needed > width)
-            setting.style.size *= std::max(width / needed * 0.99, SmallestShrunk);
+        const bool shrinks = object.overflow == Overflow::Shrink && needed > width;
+        if (shrinks && needed * SmallestShrunk > width) {
+            setting.style.size *= InTwoLines;
+            setting.lines = TextMetrics::wrapped(text, setting.style, width, 2);
+            return setting;
+        }
+        if (shrinks)
+            setting.style.size *= width / needed * 0.99;
         setting.lines = QStringList{TextMetrics::shortened(text, setting.style, width)};
     }
     return setting;
@@ -52,6 +59,8 @@ double heightOf(const CompiledObject &compiled, const FormulaContext &context)
     const Value value = compiled.value ? compiled.value->evaluate(context) : Value(object.content);
     if (value.isNull())
         return 0;
+    if (isFigure(value))
+        return lineHeight(object.style.size);
     if (value.type() != Value::Type::Text)
         return settingOf(compiled, context).height();
     const QString text = value.toText();
@@ -74,12 +83,23 @@ bool isText(const LayoutObject &object)
     return object.kind == LayoutObject::Kind::Text || object.kind == LayoutObject::Kind::Value;
 }
 
-/// A place that turned out higher than laid out.
+/// A place that turned out higher than laid out, or stands below such a one: how much deeper than laid out it ends.
 struct Growth
 {
     QRectF place;
     double extra;
 };
+
+/// How far something moves down for what grew above it.
+double shiftAt(double top, const std::vector<Growth> &grown)
+{
+    double shift = 0;
+    for (const Growth &growth : grown) {
+        if (top >= growth.place.bottom() - 0.01)
+            shift = std::max(shift, growth.extra);
+    }
+    return shift;
+}
 
 std::vector<Growth> growths(const CompiledSection &section, const FormulaContext &context)
 {
@@ -94,19 +114,27 @@ std::vector<Growth> growths(const CompiledSection &section, const FormulaContext
         if (extra > 0)
             result.push_back({place, extra});
     }
+    // Texts that grow one under another add up.
+    if (result.size() > 1) {
+        std::stable_sort(result.begin(), result.end(),
+                         [](const Growth &a, const Growth &b) { return a.place.top() < b.place.top(); });
+        std::vector<Growth> above;
+        for (Growth &growth : result) {
+            growth.extra += shiftAt(growth.place.top(), above);
+            above.push_back(growth);
+        }
+    }
     return result;
 }
 
 /// What stands below something that grew moves down; what frames it grows along.
 QRectF adjusted(QRectF place, bool isFrame, const std::vector<Growth> &grown)
 {
-    double shift = 0;
+    const double shift = shiftAt(place.top(), grown);
     double stretch = 0;
     for (const Growth &growth : grown) {
-        if (place.top() >= growth.place.bottom() - 0.01)
-            shift = std::max(shift, growth.extra);
-        else if (isFrame && place.top() <= growth.place.top() && place.bottom() >= growth.place.bottom())
-            stretch = std::max(stretch, growth.extra);
+        if (isFrame && place.top() <= growth.place.top() && place.bottom() >= growth.place.bottom())
+            stretch = std::max(stretch, growth.extra - shift);
     }
     return place.adjusted(0, shift, 0, shift + stretch);
 }
@@ -129,8 +157,8 @@ void placeText(const CompiledObject &compiled, const FormulaContext &context, QP
     const LayoutObject &object = *compiled.object;
     const Setting setting = settingOf(compiled, context);
     const double high = lineHeight(setting.style.size);
-    // A figure set smaller keeps its line's foot.
-    if (setting.style.size < object.style.size)
+    // What is set smaller on one line keeps that line's foot.
+    if (setting.style.size < object.style.size && setting.lines.size() == 1)
         corner.ry() += (lineHeight(object.style.size) - high) * 0.8;
     int number = 0;
     for (const QString &line : setting.lines) {

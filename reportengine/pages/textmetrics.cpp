@@ -101,12 +101,18 @@ QString withEllipsis(const QString &text, const TextStyle &style, double width)
     return text.left(low).trimmed() + Ellipsis;
 }
 
-/// How many characters of the text go on one line: up to the last blank that fits, or as many as fit.
+/// Whether a line may end before that character: at a blank, or behind a hyphen inside a word.
+bool breaksAt(const QString &text, qsizetype at)
+{
+    return text[at].isSpace() || (at > 1 && text[at - 1] == u'-' && !text[at - 2].isSpace());
+}
+
+/// How many characters of the text go on one line: up to the last break that fits, or as many as fit.
 qsizetype lineLength(const QString &text, const TextStyle &style, double width)
 {
     qsizetype fitting = 0;
     for (qsizetype end = 1; end <= text.size(); ++end) {
-        const bool wordEnds = end == text.size() || text[end].isSpace();
+        const bool wordEnds = end == text.size() || breaksAt(text, end);
         if (wordEnds && TextMetrics::width(text.left(end), style) > width)
             break;
         if (wordEnds)

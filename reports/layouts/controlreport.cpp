@@ -37,8 +37,8 @@ void addFacts(Layout &layout, const std::vector<std::pair<QString, QString>> &fa
     for (size_t i = 0; i < facts.size(); ++i) {
         const double x = i % 2 ? half : 0;
         title.objects.push_back(text({x, y, captionWidth, high}, facts[i].first, {.size = 9.5, .color = House::Faint}));
-        title.objects.push_back(value({x + captionWidth, y, half - captionWidth - 8, high}, facts[i].second,
-                                      {.size = 9.5, .bold = true, .color = House::Ink}));
+        title.objects.push_back(wrapping(value({x + captionWidth, y, half - captionWidth - 8, high}, facts[i].second,
+                                               {.size = 9.5, .bold = true, .color = House::Ink})));
         if (i % 2 || i + 1 == facts.size())
             y += high;
     }

@@ -20,7 +20,7 @@ Layout crptARTranReport()
               {.heading = "Customer", .source = "{Customer}", .width = 140},
               {.heading = "Due", .source = "{DueDate}", .width = 52, .picture = Picture::Date},
               {.heading = "Terms", .source = "{Terms}", .width = 70},
-              {.heading = "Shipments", .source = "{Shipment}", .width = 72, .overflow = Overflow::Wrap},
+              {.heading = "Shipments", .source = "{Shipment}", .width = 72},
               {.heading = "Goods", .source = "{@Goods}", .width = 64, .picture = Picture::Money, .total = true},
               {.heading = "Freight", .source = "{Freight}", .width = 54, .picture = Picture::Money, .total = true},
               {.heading = "Adjustment",

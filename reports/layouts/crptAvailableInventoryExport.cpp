@@ -7,9 +7,9 @@ TableReport flatTable(std::vector<Column> columns)
 {
     columns.insert(columns.begin(), {.heading = "Warehouse", .source = "{Warehouse}", .width = 90});
     return {.title = "Available Inventory By Whse/Part",
-            .subtitle = "\"From \" & {?txtBeginDate} & \" to \" & {?txtEndDate} & \", value at present cost\"",
+            .subtitle = registerSubtitle(),
             .landscape = true,
-            .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
+            .parameters = registerParameters(),
             .formulas = registerFormulas(),
             .columns = std::move(columns),
             .grandTotal = "",
@@ -48,5 +48,6 @@ Layout crptAvailableInventoryExport()
         layout.sections.push_back({.kind = Section::Kind::GroupFooter, .group = 0, .name = name});
     for (const char *name : {"secGrandTotal", "secTotalsGrandTotal"})
         layout.sections.push_back({.kind = Section::Kind::ReportFooter, .name = name});
+    hideBareDocuments(layout);
     return layout;
 }

@@ -8,8 +8,9 @@ Layout crptCashReceiptsReport()
         {.title = "Cash Receipts Register",
          .subtitle = "\"Received \" & {?txtBeginDate} & \" to \" & {?txtEndDate}",
          .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
-         .formulas = {{"Settled", "{Amount} + {Adjustment}"}},
-         .groups = {{.by = "{Date}", .footing = "\"Total \" & ToText({Date})", .header = false}},
+         // A payment taken over from elsewhere may carry the time of day, and belongs to its day all the same.
+         .formulas = {{"Settled", "{Amount} + {Adjustment}"}, {"Day", "Date({Date})"}},
+         .groups = {{.by = "{@Day}", .footing = "\"Total \" & ToText({@Day})", .header = false}},
          .columns = {
              {.heading = "Date", .source = "{Date}", .width = 56, .picture = Picture::Date},
              {.heading = "Receipt", .source = "{ID}", .width = 44},

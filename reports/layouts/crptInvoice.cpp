@@ -2,7 +2,7 @@
 #include "reports/layouts/layouts.h"
 
 // The bill: by order and shipment the lines that were shipped, freight and adjustment once for each shipment, and the
-// total as the routine reckoned it.
+// total as the routine reckoned it. Every amount is printed to the cent, and what is printed adds up to that total.
 
 namespace {
 
@@ -10,7 +10,8 @@ using Kind = Section::Kind;
 const TextStyle Normal{.size = 9.5, .color = House::Ink};
 const TextStyle Strong{.size = 9.5, .bold = true, .color = House::Ink};
 
-const QString Amount = "{ShipmentItems.Qty} * {PriceEach}";
+/// With one shipment the recapitulation says all that could stand under the shipment.
+const QString OneShipment = "Minimum({SHIPMENT.ID}) = Maximum({SHIPMENT.ID})";
 const QString ShipToText =
     "{ShipTo} & {ShipToAddress1} & {ShipToAddress2} & {ShipToCity} & {ShipToState} & {ShipToZip}";
 
@@ -58,13 +59,13 @@ Section invoiceLine()
             .name = "secDetail",
             .height = 15,
             .objects = {value({0, 1.5, 24, 0}, "{ItemNumber}", Normal, Align::Right),
-                        wrapping(value({30, 1.5, 104, 0}, "{PartNo}", Normal), 4),
-                        wrapping(value({140, 1.5, 88, 0}, "{Category}", Normal), 5),
-                        wrapping(value({232, 1.5, 76, 0}, "{CustomerNumber}", Normal), 8),
+                        wrapping(value({30, 1.5, 104, 0}, "{PartNo}", Normal)),
+                        wrapping(value({140, 1.5, 88, 0}, "{Category}", Normal)),
+                        wrapping(value({232, 1.5, 76, 0}, "{CustomerNumber}", Normal)),
                         value({312, 1.5, 42, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({360, 1.5, 44, 0}, "{ShipmentItems.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({410, 1.5, 58, 0}, "{PriceEach}", Normal, Align::Right, Picture::Price),
-                        value({474, 1.5, 66, 0}, Amount, Normal, Align::Right, Picture::Money)}};
+                        value({474, 1.5, 66, 0}, "{@Amount}", Normal, Align::Right, Picture::Money)}};
 }
 
 /// A line of the amounts under a shipment.
@@ -75,17 +76,47 @@ Section shipmentAmount(const QString &caption, const QString &source, const QStr
             .height = 14,
             .objects = {text({298, 1, 170, 0}, caption, Normal, Align::Right),
                         value({474, 1, 66, 0}, source, Normal, Align::Right, Picture::Money)},
-            .suppressIf = suppressIf};
+            .suppressIf = OneShipment + suppressIf};
 }
 
 Section goods()
 {
-    Section section = shipmentAmount("Goods", "Sum(" + Amount + ", {SHIPMENT.ID})", "");
+    Section section = shipmentAmount("Goods", "Sum({@Amount}, {SHIPMENT.ID})", "");
     section.height = 18;
     for (LayoutObject &object : section.objects)
         object.place.translate(0, 3);
     section.objects.push_back(line({474, 2}, {540, 2}, 0.5));
     return section;
+}
+
+/// What the total is made of. The routine's total takes in shipments that have no lines, which are not among the rows:
+/// what they add is the difference that no rounding explains.
+std::vector<NamedFormula> amountFormulas()
+{
+    return {{"Exact", "{ShipmentItems.Qty} * {PriceEach}"},
+            {"Amount", "Round({@Exact}, 2)"},
+            {"Freight", "Round({Freight}, 2)"},
+            {"Adjustment", "Round({Adjustment}, 2)"},
+            {"Charges", "{Freight} + {Adjustment}"},
+            {"Listed", "Sum({@Amount}) + {#Freight} + {#Adjustment}"},
+            {"Total", "if {?txtTotal} = \"\" then {@Listed} else CDbl({?txtTotal})"},
+            {"Beyond", "{@Total} - Sum({@Exact}) - {#Charges}"},
+            {"Unlisted", "if Abs({@Beyond}) < 0.0101 then 0 else Round({@Beyond}, 2)"},
+            {"Rounding", "Round({@Total} - {@Listed} - {@Unlisted}, 2)"}};
+}
+
+Section recapLine(const QString &caption, const QString &source, bool always = false)
+{
+    return {.kind = Kind::ReportFooter,
+            .height = 14,
+            .objects = {text({198, 1, 270, 0}, caption, Strong, Align::Right),
+                        value({474, 1, 66, 0}, source, Strong, Align::Right, Picture::Money)},
+            .suppressIf = always ? QString() : source + " = 0"};
+}
+
+Section recapRule(double width)
+{
+    return {.kind = Kind::ReportFooter, .height = 10, .objects = {line({298, 6}, {width, 6}, 0.8, House::Ink)}};
 }
 
 Section total(double width)
@@ -94,7 +125,7 @@ Section total(double width)
     const TextStyle style{.size = 13, .bold = true, .color = House::Ink};
     section.objects = {box({298, 10, width - 298, 26}, House::Tint, 0.8, House::Ink),
                        text({308, 15, 100, 0}, "Total", style),
-                       named("txtTotal", text({400, 15, width - 408, 0}, "", style, Align::Right))};
+                       value({400, 15, width - 408, 0}, "{?txtTotal}", style, Align::Right)};
     return section;
 }
 
@@ -103,7 +134,11 @@ Section total(double width)
 Layout crptInvoice()
 {
     Layout layout{.title = "Invoice",
-                  .parameters = {{"txtInvoiceNumber"}, {"txtInvoiceDate"}, {"txtTerms"}},
+                  .parameters = {{"txtInvoiceNumber"}, {"txtInvoiceDate"}, {"txtTerms"}, {"txtTotal"}},
+                  .formulas = amountFormulas(),
+                  .runningTotals = {{.name = "Freight", .of = "{@Freight}", .oncePer = 1},
+                                    {.name = "Adjustment", .of = "{@Adjustment}", .oncePer = 1},
+                                    {.name = "Charges", .of = "{@Charges}", .oncePer = 1}},
                   .groups = {{.by = "{Orders.ID}", .label = "\"Order \" & {OrderNumber}"},
                              {.by = "{SHIPMENT.ID}", .label = "\"Shipment \" & {SHIPMENT.ID}"}}};
     const double width = layout.width();
@@ -125,9 +160,12 @@ Layout crptInvoice()
          text({410, 0, 58, 0}, "Price", {}, Align::Right), text({474, 0, 66, 0}, "Amount", {}, Align::Right)},
         width));
     for (const Section &section : {orderHeader(width), orderPlace(width), shipmentHeader(width), invoiceLine(), goods(),
-                                   shipmentAmount("Freight", "{Freight}", "{Freight} = 0"),
-                                   shipmentAmount("Adjustment", "{Adjustment}", "{Adjustment} = 0"), total(width),
-                                   pageFooter(width, layout.title)})
+                                   shipmentAmount("Freight", "{@Freight}", " or {@Freight} = 0"),
+                                   shipmentAmount("Adjustment", "{@Adjustment}", " or {@Adjustment} = 0"),
+                                   recapRule(width), recapLine("Goods", "Sum({@Amount})", true),
+                                   recapLine("Freight", "{#Freight}"), recapLine("Adjustments", "{#Adjustment}"),
+                                   recapLine("Freight and adjustments of shipments without lines", "{@Unlisted}"),
+                                   recapLine("Rounding", "{@Rounding}"), total(width), pageFooter(width, layout.title)})
         layout.sections.push_back(section);
     return layout;
 }

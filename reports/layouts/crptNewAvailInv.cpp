@@ -1,7 +1,8 @@
 #include "reports/layouts/layoutbuilder.h"
 #include "reports/layouts/layouts.h"
 
-/// The ledger's figures, every part under every warehouse. A pair that never moved has no figure and shows none.
+/// The ledger's figures, every part under every warehouse: long and narrow, so two columns to the page. A pair that
+/// never moved has no figure and shows none.
 Layout crptNewAvailInv()
 {
     return tableLayout(
@@ -10,8 +11,8 @@ Layout crptNewAvailInv()
                      .heading = "\"Warehouse \" & {Warehouse}",
                      .footing = "\"Total warehouse \" & {Warehouse}"}},
          .columns =
-             {{.heading = "Part No.", .source = "{PartNo}", .width = 240},
-              {.heading = "Available", .source = "{Avail}", .width = 80, .picture = Picture::Whole, .total = true}},
-         .width = 340,
+             {{.heading = "Part No.", .source = "{PartNo}", .width = 190},
+              {.heading = "Available", .source = "{Avail}", .width = 62, .picture = Picture::Whole, .total = true}},
+         .across = 2,
          .ruled = true});
 }

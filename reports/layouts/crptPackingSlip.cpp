@@ -16,8 +16,8 @@ Section slipLine(double width)
             .height = 17,
             .objects = {value({0, 2, 30, 0}, "{ItemNumber}", Normal, Align::Right),
                         wrapping(value({40, 2, 150, 0}, "{PartNo}", Strong)),
-                        wrapping(value({196, 2, 96, 0}, "{Category}", Normal), 4),
-                        wrapping(value({298, 2, 110, 0}, "{CustomerNumber}", Normal), 6),
+                        wrapping(value({196, 2, 96, 0}, "{Category}", Normal)),
+                        wrapping(value({298, 2, 110, 0}, "{CustomerNumber}", Normal)),
                         value({412, 2, 60, 0}, "{OrderItem.Qty}", Normal, Align::Right, Picture::Quantity),
                         value({478, 2, 62, 0}, "{ShipmentItems.Qty}", Strong, Align::Right, Picture::Quantity),
                         line({0, 16.5}, {width, 16.5}, 0.25)}};

@@ -7,8 +7,7 @@ Layout crptPartListing()
     return tableLayout(
         {.title = "Part Listing",
          .landscape = true,
-         .groups = {{.by = "{Status}",
-                     .footing = "{Status} & \": \" & ToText(Count({PartNo}, {Status}), 0) & \" parts\""}},
+         .groups = {{.by = "{Status}", .none = "No status", .counted = "part"}},
          .columns = {{.heading = "Part No.", .source = "{PartNo}", .width = 84},
                      {.heading = "Category", .source = "{Category}", .width = 118},
                      {.heading = "Vendor", .source = "{Vendor}", .width = 88},
@@ -25,7 +24,7 @@ Layout crptPartListing()
                       .width = 52,
                       .picture = Picture::Date,
                       .align = Align::Right}},
-         .grandTotal = "\"All: \" & ToText(RecordCount, 0) & \" parts\"",
+         .grandTotal = "\"All: \" & " + countOf("RecordCount", "part"),
          .textSize = 8,
          .ruled = true});
 }

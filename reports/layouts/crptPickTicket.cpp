@@ -16,12 +16,12 @@ const QString NoLine = "IsNull({PartNo})";
 Section categoryHeader(double width)
 {
     const QString category = "(if {Category} = \"\" then \"(no category)\" else {Category})";
-    return {
-        .kind = Kind::GroupHeader,
-        .height = 20,
-        .objects = {value({0, 5, width, 0}, category + " & (if InRepeatedGroupHeader then \" (continued)\")", Strong),
-                    line({0, 19}, {width, 19})},
-        .suppressIf = NoLine};
+    return {.kind = Kind::GroupHeader,
+            .height = 20,
+            .objects = {wrapping(value({0, 5, width, 0},
+                                       category + " & (if InRepeatedGroupHeader then \" (continued)\")", Strong)),
+                        line({0, 19}, {width, 19})},
+            .suppressIf = NoLine};
 }
 
 Section pickLine(double width)
@@ -30,7 +30,7 @@ Section pickLine(double width)
             .name = "secDetail",
             .height = 20,
             .objects = {box({4, 4.5, 10, 10}, {}, 0.8, House::Ink),
-                        wrapping(value({26, 3.5, 86, 0}, "{BinLocation}", Strong), 4),
+                        wrapping(value({26, 3.5, 86, 0}, "{BinLocation}", Strong)),
                         wrapping(value({118, 3.5, 212, 0}, "{PartNo}", Normal)),
                         value({336, 3.5, 36, 0}, "{ItemNumber}", Normal, Align::Right),
                         value({378, 3.5, 70, 0}, "{Qty}", Strong, Align::Right, Picture::Quantity),
@@ -42,9 +42,7 @@ Section totals(double width)
 {
     return {.kind = Kind::ReportFooter,
             .height = 24,
-            .objects = {value({26, 6, 300, 0},
-                              "ToText(Count({PartNo}), 0) & (if Count({PartNo}) = 1 then \" line\" else \" lines\")",
-                              Normal),
+            .objects = {value({26, 6, 300, 0}, countOf("Count({PartNo})", "line"), Normal),
                         value({358, 6, 90, 0}, "Sum({Qty})", Strong, Align::Right, Picture::Quantity),
                         line({358, 3}, {448, 3}, 0.8, House::Ink), line({0, 3}, {width, 3}, 0.25)}};
 }

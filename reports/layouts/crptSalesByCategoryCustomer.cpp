@@ -3,5 +3,5 @@
 
 Layout crptSalesByCategoryCustomer()
 {
-    return salesComparison("Sales By Category", {{.by = "{Category}"}});
+    return salesComparison("Sales By Category", {{.by = "{Category}", .none = "No category"}});
 }

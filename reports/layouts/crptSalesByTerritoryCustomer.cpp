@@ -3,9 +3,5 @@
 
 Layout crptSalesByTerritoryCustomer()
 {
-    return salesComparison(
-        "Sales By Territory",
-        {{.by = "{Territory}",
-          .heading = "if IsNull({Territory}) then \"No territory\" else {Territory}",
-          .footing = "\"Total \" & (if IsNull({Territory}) then \"no territory\" else {Territory})"}});
+    return salesComparison("Sales By Territory", {{.by = "{Territory}", .none = "No territory"}});
 }

@@ -12,16 +12,19 @@ using Kind = Section::Kind;
 const TextStyle Normal{.size = 9.5, .color = House::Ink};
 const TextStyle Strong{.size = 9.5, .bold = true, .color = House::Ink};
 const QString NothingOpen = "Sum({@IsOpen}, {Customer}) = 0";
+/// Who has paid too much is owed something, and must not read it as a bill.
+const QString DueCaption = "if Sum({@Balance}, {Customer}) < 0 then \"Credit balance\" else \"Amount due\"";
+const QString AmountDue = "Abs(Sum({@Balance}, {Customer}))";
 
 Section statementLine()
 {
     return {.kind = Kind::Detail,
             .name = "secDetail",
             .height = 15,
-            .objects = {value({0, 1.5, 60, 0}, "{Invoice}", Normal),
+            .objects = {wrapping(value({0, 1.5, 60, 0}, "{Invoice}", Normal)),
                         value({66, 1.5, 62, 0}, "{InvoiceDate}", Normal, Align::Left, Picture::Date),
                         value({134, 1.5, 62, 0}, "{DueDate}", Normal, Align::Left, Picture::Date),
-                        value({202, 1.5, 70, 0}, "{Terms}", Normal),
+                        wrapping(value({202, 1.5, 70, 0}, "{Terms}", Normal)),
                         value({278, 1.5, 34, 0}, "{@Age}", Normal, Align::Right, Picture::Whole),
                         value({318, 1.5, 70, 0}, "{Total}", Normal, Align::Right, Picture::Money),
                         value({394, 1.5, 70, 0}, "{Adjustment} + {Received}", Normal, Align::Right, Picture::Money),
@@ -49,9 +52,8 @@ Section amountDue(double width)
     const TextStyle due{.size = 13, .bold = true, .color = House::Ink};
     section.objects.push_back(line({0, 6}, {width, 6}, 0.5));
     section.objects.push_back(box({364, 16, width - 364, 32}, House::Tint, 0.8, House::Ink));
-    section.objects.push_back(text({372, 24, 84, 0}, "Amount due", {.size = 11, .bold = true, .color = House::Ink}));
-    section.objects.push_back(
-        value({456, 23, width - 464, 0}, "Sum({@Balance}, {Customer})", due, Align::Right, Picture::Dollars));
+    section.objects.push_back(value({372, 24, 90, 0}, DueCaption, {.size = 11, .bold = true, .color = House::Ink}));
+    section.objects.push_back(value({462, 23, width - 470, 0}, AmountDue, due, Align::Right, Picture::Dollars));
     return section;
 }
 
@@ -73,14 +75,14 @@ Layout crptStatementReport()
                   .formulas = openInvoiceFormulas(),
                   .groups = {{.by = "{Customer}", .newPageBefore = true, .restartPageCount = true}}};
     const double width = layout.width();
-    const std::vector<Section> head = documentHead(
-        {.title = layout.title,
-         .particulars = {{"As of", value({}, "{?txtAsOfDate}")},
-                         {"Amount due", value({}, "Sum({@Balance}, {Customer})", {}, Align::Right, Picture::Dollars)}},
-         .windowCaption = "Statement for",
-         .windowAddress = customerAddress(),
-         .continuation = "\"Statement for \" & {Customer} & \" as of \" & {?txtAsOfDate}"},
-        width);
+    const std::vector<Section> head =
+        documentHead({.title = layout.title,
+                      .particulars = {{"As of", value({}, "{?txtAsOfDate}")},
+                                      {"", value({}, AmountDue, {}, Align::Right, Picture::Dollars), DueCaption}},
+                      .windowCaption = "Statement for",
+                      .windowAddress = customerAddress(),
+                      .continuation = "\"Statement for \" & {Customer} & \" as of \" & {?txtAsOfDate}"},
+                     width);
     Section columns = documentColumns(
         {text({0, 0, 60, 0}, "Invoice"), text({66, 0, 62, 0}, "Date"), text({134, 0, 62, 0}, "Due"),
          text({202, 0, 70, 0}, "Terms"), text({278, 0, 34, 0}, "Days", {}, Align::Right),

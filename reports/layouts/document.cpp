@@ -15,7 +15,7 @@ constexpr double CaptionWidth = 62;
 void addAddress(Section &section, double x, double width, const QString &caption, const QString &address)
 {
     section.objects.push_back(text({x, WindowTop - 12, width, 0}, caption, Small));
-    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal), 10));
+    section.objects.push_back(wrapping(value({x, WindowTop, width, AddressHeight}, address, Normal)));
 }
 
 void addLetterhead(Section &section)
@@ -59,7 +59,10 @@ std::vector<Section> documentHead(const DocumentHead &head, double width)
                                  {.size = 18, .bold = true, .color = House::Ink}, Align::Right));
     double y = 30;
     for (const Particular &particular : head.particulars) {
-        first.objects.push_back(text({right, y + 1, CaptionWidth, 0}, particular.caption, Small));
+        const QRectF captionPlace(right, y + 1, CaptionWidth, 0);
+        first.objects.push_back(particular.captionSource.isEmpty()
+                                    ? text(captionPlace, particular.caption, Small)
+                                    : value(captionPlace, particular.captionSource, Small));
         LayoutObject object = particular.value;
         object.place = {right + CaptionWidth, y, width - right - CaptionWidth, 12.5};
         object.overflow = Overflow::Shrink;
@@ -83,7 +86,7 @@ std::vector<Section> documentHead(const DocumentHead &head, double width)
 
     Section next{.kind = Section::Kind::PageHeader, .name = "secNextHead", .suppressIf = "PageNumber = 1"};
     next.objects = {text({0, 0, width / 2, 0}, letterhead().name, {.size = 11, .bold = true, .color = House::Ink}),
-                    value({width / 2, 0, width / 2, 0}, head.continuation, Strong, Align::Right)};
+                    wrapping(value({width / 2, 0, width / 2, 0}, head.continuation, Strong, Align::Right))};
     next.height = 24;
     return {first, next};
 }

@@ -17,7 +17,8 @@ QString shipToAddress();   ///< of the fields ShipTo, ShipToAddress1 ... ShipToZ
 struct Particular
 {
     QString caption;
-    LayoutObject value; ///< placed by the head
+    LayoutObject value;         ///< placed by the head
+    QString captionSource = {}; ///< a formula text in place of the caption
 };
 
 struct DocumentHead

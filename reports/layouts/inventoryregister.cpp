@@ -31,7 +31,29 @@ std::vector<NamedFormula> registerFormulas()
             {"Beginning", "if {Memo} = \"*Beginning Balance\" then {Qty} else 0"},
             {"In", "if {Memo} <> \"*Beginning Balance\" and {Qty} > 0 then {Qty} else 0"},
             {"Out", "if {Memo} <> \"*Beginning Balance\" and {Qty} < 0 then -{Qty} else 0"},
-            {"Value", "{Qty} * {Cost}"}};
+            {"Value", "{Qty} * {Cost}"},
+            {"Shown", "if Trim({PartNo}) = \"\" and IsNull({Qty}) then 0 else 1"}};
+}
+
+std::vector<TextParameter> registerParameters()
+{
+    return {{"txtBeginDate"}, {"txtEndDate"}, {"txtCategory"}};
+}
+
+QString registerSubtitle()
+{
+    return "\"From \" & {?txtBeginDate} & \" to \" & {?txtEndDate} & \", value at present cost\" & "
+           "(if {?txtCategory} <> \"\" then \", category \" & {?txtCategory} & \" only\")";
+}
+
+void hideBareDocuments(Layout &layout)
+{
+    for (Section &section : layout.sections) {
+        if (section.kind == Section::Kind::Detail)
+            section.suppressIf = "{@Shown} = 0";
+        else if (section.kind == Section::Kind::GroupHeader || section.kind == Section::Kind::GroupFooter)
+            section.suppressIf = "Sum({@Shown}, " + layout.groups[section.group].by + ") = 0";
+    }
 }
 
 std::vector<Column> registerTotalColumns(const QString &innerField, const QString &innerHeading)
@@ -57,11 +79,10 @@ std::vector<Column> registerTotalColumns(const QString &innerField, const QStrin
 Layout inventoryRegister(const QString &title, const TableGroup &outer, const QString &innerField,
                          const QString &innerHeading)
 {
-    const QString subtitle = "\"From \" & {?txtBeginDate} & \" to \" & {?txtEndDate} & \", value at present cost\"";
     Layout layout =
         tableLayout({.title = title,
-                     .subtitle = subtitle,
-                     .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
+                     .subtitle = registerSubtitle(),
+                     .parameters = registerParameters(),
                      .formulas = registerFormulas(),
                      .runningTotals = {{.name = "Balance", .of = "{Qty}", .resetAt = 1}},
                      .groups = {outer, {.by = innerField, .footing = "\"Ending balance \" & " + innerField}},
@@ -86,5 +107,6 @@ Layout inventoryRegister(const QString &title, const TableGroup &outer, const QS
     layout.sections.push_back(line);
     layout.sections.push_back(take("secGroupFooter1", "secTotalsOfGroup"));
     layout.sections.push_back(take("secGrandTotal", "secTotalsGrandTotal"));
+    hideBareDocuments(layout);
     return layout;
 }

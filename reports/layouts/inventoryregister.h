@@ -12,3 +12,8 @@ Layout inventoryRegister(const QString &title, const TableGroup &outer, const QS
 std::vector<Column> registerTotalColumns(const QString &innerField, const QString &innerHeading);
 /// The formulas those columns and the details are made of.
 std::vector<NamedFormula> registerFormulas();
+/// The period's two dates, and the category where the register is limited to one.
+std::vector<TextParameter> registerParameters();
+QString registerSubtitle();
+/// An adjustment without lines comes as one row without part and quantity: it takes no line, and no heading by itself.
+void hideBareDocuments(Layout &layout);

@@ -58,7 +58,8 @@ Section titleSection(const TableReport &report, double width)
         text({0, 0, width * 0.6, 0}, report.title, {.size = 15, .bold = true, .color = House::Ink}),
         text({width * 0.6, 3, width * 0.4, 0}, letterhead().name, {.size = 10, .color = House::Faint}, Align::Right)};
     if (!report.subtitle.isEmpty())
-        section.objects.push_back(value({0, 20, width, 0}, report.subtitle, {.size = 9, .color = House::Faint}));
+        section.objects.push_back(
+            wrapping(value({0, 20, width, 0}, report.subtitle, {.size = 9, .color = House::Faint})));
     section.height = report.subtitle.isEmpty() ? 28 : 40;
     return section;
 }
@@ -113,9 +114,8 @@ Section headsSection(const TableReport &report, const std::vector<QRectF> &place
 
 LayoutObject cell(const Column &column, QRectF place, double y, const QString &source, const TextStyle &style)
 {
-    LayoutObject object = value({place.x(), y, place.width(), 0}, source, style, alignOf(column), column.picture);
-    object.overflow = column.overflow;
-    return object;
+    const LayoutObject object = value({place.x(), y, place.width(), 0}, source, style, alignOf(column), column.picture);
+    return column.picture == Picture::General ? wrapping(object) : object;
 }
 
 bool hasTotal(const Column &column)
@@ -123,12 +123,18 @@ bool hasTotal(const Column &column)
     return column.total || !column.totalSource.isEmpty();
 }
 
-QString totalOf(const Column &column, const QString &groupBy)
+/// A formula text over the whole report or, with a group's field, over the group.
+QString within(const QString &groupBy, const QString &source)
 {
-    const QString within = groupBy.isEmpty() ? QString() : ", " + groupBy;
-    if (!column.totalSource.isEmpty())
-        return QString(column.totalSource).replace("%1", within);
-    return "Sum(" + column.source + within + ")";
+    return QString(source).replace("%1", groupBy.isEmpty() ? QString() : ", " + groupBy);
+}
+
+LayoutObject totalCell(const Column &column, QRectF place, const QString &groupBy, const TextStyle &style)
+{
+    const QString source = column.totalSource.isEmpty() ? "Sum(" + column.source + "%1)" : column.totalSource;
+    LayoutObject object = cell(column, place, 2.5, within(groupBy, source), style);
+    object.suppressIf = within(groupBy, column.blankTotalIf);
+    return object;
 }
 
 /// A line of totals under rules: the caption left of the first summed column, the sums in their columns.
@@ -143,9 +149,9 @@ std::vector<LayoutObject> totalLine(const TableReport &report, const std::vector
             continue;
         firstTotal = std::min(firstTotal, places[i].x());
         objects.push_back(line({places[i].x(), 1}, {places[i].right(), 1}, thickness));
-        objects.push_back(cell(report.columns[i], places[i], 2.5, totalOf(report.columns[i], groupBy), style));
+        objects.push_back(totalCell(report.columns[i], places[i], groupBy, style));
     }
-    objects.push_back(value({0, 2.5, std::max(0.0, firstTotal - report.gap), 0}, caption, style));
+    objects.push_back(wrapping(value({0, 2.5, std::max(0.0, firstTotal - report.gap), 0}, caption, style)));
     return objects;
 }
 
@@ -161,31 +167,55 @@ Section groupHeader(const TableReport &report, int level, double width)
     const bool isOuter = level + 1 < int(report.groups.size());
     const TextStyle style{.size = report.textSize + (isOuter ? 2.0 : 0.5), .bold = true, .color = House::Ink};
     const double wide = group.beside.isEmpty() ? width : width * 0.55;
-    const QString heading = group.heading.isEmpty() ? "ToText(" + group.by + ")" : group.heading;
     Section section{.kind = Section::Kind::GroupHeader,
                     .group = level,
                     .name = "secGroupHeader" + QString::number(level + 1),
                     .height = lineHeight(style.size) + (isOuter ? 7 : 4)};
-    section.objects = {value({0, 3, wide, 0}, heading + " & (if InRepeatedGroupHeader then \" (continued)\")", style)};
+    section.objects = {
+        wrapping(value({0, 3, wide, 0}, group.heading + " & (if InRepeatedGroupHeader then \" (continued)\")", style))};
     if (!group.beside.isEmpty())
-        section.objects.push_back(value({wide, 3.5, width - wide, 0}, group.beside,
-                                        {.size = report.textSize, .color = House::Faint}, Align::Right));
+        section.objects.push_back(wrapping(value({wide, 3.5, width - wide, 0}, group.beside,
+                                                 {.size = report.textSize, .color = House::Faint}, Align::Right)));
     if (isOuter)
         section.objects.push_back(line({0, section.height - 2.5}, {width, section.height - 2.5}));
     return section;
 }
 
+/// The groups with all that was left to be filled in, and the formulas that takes.
+void complete(TableReport &report)
+{
+    for (size_t level = 0; level < report.groups.size(); ++level) {
+        TableGroup &group = report.groups[level];
+        QString name = "ToText(" + group.by + ")";
+        if (!group.none.isEmpty()) {
+            const QString formula = "Group" + QString::number(level + 1);
+            report.formulas.push_back({formula, "Trim(" + group.by + ")"});
+            group.by = "{@" + formula + "}";
+            name = "(if " + group.by + " = \"\" then \"" + group.none + "\" else " + group.by + ")";
+            group.label = name;
+        }
+        if (group.heading.isEmpty())
+            group.heading = name;
+        if (!group.counted.isEmpty())
+            group.footing = name + " & \": \" & " + countOf("Count(" + group.by + ", " + group.by + ")", group.counted);
+        else if (group.footing.isEmpty() && anyTotal(report))
+            group.footing = "\"Total \" & " + name;
+    }
+}
+
 void addGroup(Layout &layout, const TableReport &report, const std::vector<QRectF> &places, int level)
 {
     const TableGroup &group = report.groups[level];
-    layout.groups.push_back({.by = group.by, .newPageBefore = group.newPageBefore, .keepTogether = group.keepTogether});
+    layout.groups.push_back({.by = group.by,
+                             .label = group.label,
+                             .newPageBefore = group.newPageBefore,
+                             .keepTogether = group.keepTogether});
     const QString number = QString::number(level + 1);
     if (group.header)
-        layout.sections.push_back(groupHeader(report, level, layout.width()));
-    if (group.footer && (anyTotal(report) || !group.footing.isEmpty())) {
-        const QString caption = group.footing.isEmpty() ? "\"Total \" & ToText(" + group.by + ")" : group.footing;
+        layout.sections.push_back(groupHeader(report, level, layout.columnWidth()));
+    if (group.footer && !group.footing.isEmpty()) {
         Section section{.kind = Section::Kind::GroupFooter, .group = level, .name = "secGroupFooter" + number};
-        section.objects = totalLine(report, places, caption, group.by, 0.5);
+        section.objects = totalLine(report, places, group.footing, group.by, 0.5);
         section.height = lineHeight(report.textSize) + 7;
         layout.sections.push_back(section);
     }
@@ -236,6 +266,11 @@ LayoutObject named(const QString &name, LayoutObject object)
     return object;
 }
 
+QString countOf(const QString &count, const QString &thing)
+{
+    return "ToText(" + count + ", 0) & (if " + count + " = 1 then \" " + thing + "\" else \" " + thing + "s\")";
+}
+
 Section nothingSection(double width, const QString &words)
 {
     return {.kind = Section::Kind::ReportFooter,
@@ -257,15 +292,17 @@ Section pageFooter(double width, const QString &title)
                         value({width * 0.7, 8, width * 0.3, 0}, "PageNofM", style, Align::Right)}};
 }
 
-Layout tableLayout(const TableReport &report)
+Layout tableLayout(TableReport report)
 {
+    complete(report);
     Layout layout{.title = report.title,
                   .landscape = report.landscape,
+                  .columns = report.across,
                   .parameters = report.parameters,
                   .formulas = report.formulas,
                   .runningTotals = report.runningTotals,
                   .exportAsTable = report.exportAsTable};
-    const double width = report.width > 0 ? report.width : layout.width();
+    const double width = report.width > 0 ? report.width : layout.columnWidth();
     const std::vector<QRectF> places = columnPlaces(report, width);
     layout.sections.push_back(titleSection(report, layout.width()));
     layout.sections.push_back(headsSection(report, places, width));

@@ -21,10 +21,17 @@ LayoutObject value(QRectF place, const QString &source, const TextStyle &style =
                    Picture picture = Picture::General);
 LayoutObject line(QPointF from, QPointF to, double thickness = 0.5, const QColor &color = House::Rule);
 LayoutObject box(QRectF place, const QColor &fill = {}, double thickness = 0.5, const QColor &color = House::Rule);
+/// More lines than the longest text of a column takes, so that nobody meets an ellipsis: two numbers that begin alike
+/// must stay apart. Only a memo can be longer.
+constexpr int AllLines = 24;
+
 /// The same object, its text broken into lines where it is too long for one.
-LayoutObject wrapping(LayoutObject object, int maxLines = 3);
+LayoutObject wrapping(LayoutObject object, int maxLines = AllLines);
 /// The same object under a name, for routines.
 LayoutObject named(const QString &name, LayoutObject object);
+
+/// Formula text of a number of things: "1 part", "12 parts".
+QString countOf(const QString &count, const QString &thing);
 
 /// What stands in place of the rows where there are none.
 Section nothingSection(double width, const QString &words = "There is nothing in this selection.");
@@ -32,7 +39,7 @@ Section nothingSection(double width, const QString &words = "There is nothing in
 /// Printed on the left the document's title and the moment of printing, on the right "Page n of m".
 Section pageFooter(double width, const QString &title);
 
-/// A column of a tabular report.
+/// A column of a tabular report. Words too long for it go on below.
 struct Column
 {
     QString heading;
@@ -45,9 +52,10 @@ struct Column
     /// In place of the sum: a formula text in which each "%1" becomes ", {group field}" in a group footer and nothing
     /// in the grand total, as in "Sum({Sales}%1) - Sum({Cost}%1)".
     QString totalSource = {};
-    Overflow overflow = Overflow::Shorten;
     /// Leaves the cell of a detail row empty where it yields True.
     QString blankIf = {};
+    /// The same for the total, with "%1" as in `totalSource`.
+    QString blankTotalIf = {};
     /// A second heading above; neighbouring columns with the same one share it, centred over a rule.
     QString over = {};
 };
@@ -56,10 +64,16 @@ struct Column
 struct TableGroup
 {
     QString by;
-    QString heading = {}; ///< formula text of the heading; empty: the value of `by`
+    /// What to call the group of the rows without a text in the field `by`, be it Null or blank: "No territory".
+    /// Unset, each of these makes a group of its own without a name.
+    QString none = {};
+    QString heading = {}; ///< formula text of the heading; empty: the group's name
     QString beside = {};  ///< formula text that stands small at the right end of the heading line
-    /// Formula text of the total line's caption; empty: "Total " and the value of `by`, if any column has a total.
+    /// Formula text of the total line's caption; empty: "Total " and the group's name, if any column has a total.
     QString footing = {};
+    /// What the rows are, for a line that counts them in place of totals: "part" gives "Active: 12 parts".
+    QString counted = {};
+    QString label = {}; ///< formula text for the group tree; empty: the value of `by`
     bool header = true;
     bool footer = true;
     bool newPageBefore = false;
@@ -83,6 +97,7 @@ struct TableReport
     QString grandTotal = "\"Grand total\""; ///< formula text of the caption; empty: no grand total line
     double textSize = 8.5;
     double width = 0;   ///< of the table where few columns would stand too far apart; 0: as wide as the page
+    int across = 1;     ///< how many times the table stands side by side on the page, filled one after the other
     double gap = 6;     ///< between columns
     bool ruled = false; ///< a hairline under each row leads the eye along many columns
     bool exportAsTable = false;
@@ -90,7 +105,7 @@ struct TableReport
 
 /// The layout of such a report. Its sections are named secTitle, secHeads, secDetail, secGrandTotal, secGroupHeader1...
 /// and secGroupFooter1... for routines and for later changes.
-Layout tableLayout(const TableReport &report);
+Layout tableLayout(TableReport report);
 
 /// A section of the layout by name. A missing one is a programming error.
 Section &sectionNamed(Layout &layout, const QString &name);

@@ -8,7 +8,7 @@ std::vector<NamedFormula> openInvoiceFormulas()
             {"Invoiced", "if {@IsOpen} = 0 then 0 else {Total}"},
             {"Adjusted", "if {@IsOpen} = 0 then 0 else {Adjustment}"},
             {"Received", "if {@IsOpen} = 0 then 0 else {Received}"},
-            {"Age", "CDate({?txtAsOfDate}) - {InvoiceDate}"},
+            {"Age", "CDate({?txtAsOfDate}) - Date({InvoiceDate})"},
             {"Current", "if {@Age} <= 30 then {@Balance} else 0"},
             {"Over30", "if {@Age} > 30 and {@Age} <= 60 then {@Balance} else 0"},
             {"Over60", "if {@Age} > 60 and {@Age} <= 90 then {@Balance} else 0"},

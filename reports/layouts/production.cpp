@@ -42,6 +42,7 @@ Layout productionLayout(const QString &title, const TableGroup &group, const Col
                       {"Explanation", "\"Average of \" & {?txtMonths} & \" months' sales x \" & {?txtReq} & "
                                       "\" + committed - on hand, never below 0, in whole units\""},
                       {"SuppressPart", "false"},
+                      {"Shown", "if {@SuppressRow} then 0 else 1"},
                       {"ShownSold", "if {@SuppressRow} then 0 else {SumQtySold}"},
                       {"ShownAverage", "if {@SuppressRow} then 0 else {@Average}"},
                       {"ShownWanted", "if {@SuppressRow} then 0 else {@Wanted}"},
@@ -53,5 +54,9 @@ Layout productionLayout(const QString &title, const TableGroup &group, const Col
                      ingredient("Committed", "Committed", "{SumQtyCommitted}"),
                      ingredient("On hand", "OnHand", "{SumQtyOnHand}"), requirement},
          .suppressDetail = "{@SuppressRow}"});
+    // A group none of whose rows is shown would be a heading over nothing.
+    for (const char *section : {"secGroupHeader1", "secGroupFooter1"})
+        sectionNamed(layout, section).suppressIf = "{@SuppressPart} or Sum({@Shown}, " + group.by + ") = 0";
+    sectionNamed(layout, "secNothing").suppressIf = "Sum({@Shown}) > 0";
     return layout;
 }

@@ -10,7 +10,10 @@ class Catalogue : public testing::TestWithParam<QString>
 void fillTexts(Report &report)
 {
     for (const TextParameter &parameter : report.layout().parameters)
-        report.object(parameter.name).SetText(parameter.name.contains("Date") ? "12/31/2011" : "30");
+        report.object(parameter.name)
+            .SetText(parameter.name.contains("Date")    ? "12/31/2011"
+                     : parameter.name.contains("Total") ? "$1,234,567.89"
+                                                        : "30");
 }
 
 TEST_P(Catalogue, ReportsStandWellOnTheirPages)
@@ -25,6 +28,33 @@ TEST_P(Catalogue, ReportsStandWellOnTheirPages)
             EXPECT_TRUE(pages.page(page)->texts().join('|').contains("Page "));
         }
         EXPECT_TRUE(pages.page(0)->texts().join('|').contains(report->layout().title, Qt::CaseInsensitive));
+    }
+}
+
+/// Texts that differ at their end alone must not look alike on paper.
+TEST_P(Catalogue, ReportsCutNoTextShort)
+{
+    for (const QString &word : {QString("WIDE-"), QString("7"), QString("several words ")}) {
+        std::vector<Value> row;
+        for (const DatasetField &field : reportDesign(GetParam()).dataset)
+            row.push_back(isText(field.type)
+                              ? Value(word.repeated(30).left(field.type == FieldType::Text100 ? 100 : 50))
+                          : isDate(field.type) ? Value(Date(2011, 3, 30))
+                                               : Value(1));
+        MadeRows rows(fieldsOf(GetParam()), {row, row});
+        Report report = newReport(GetParam());
+        report.SetDataSource(rows);
+        report.ReadRecords();
+        fillTexts(report);
+        for (const char *text : {"txtInvoiceNumber", "txtTerms", "txtCategory"}) {
+            for (const TextParameter &parameter : report.layout().parameters)
+                if (parameter.name == text)
+                    report.object(text).SetText(word.repeated(30).left(50));
+        }
+        for (int page = 0; page < report.pages().pageCount(); ++page) {
+            EXPECT_EQ(pageFaults(*report.pages().page(page), report.layout().margins), QStringList());
+            EXPECT_EQ(report.pages().page(page)->texts().filter(QChar(0x2026)), QStringList());
+        }
     }
 }
 

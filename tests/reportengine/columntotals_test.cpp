@@ -15,7 +15,7 @@ public:
     {
         for (const PageItem &item : page.items) {
             const Section *section = sectionOf(item);
-            const int column = qRound(item.rect.right());
+            const int column = item.object ? qRound(item.object->place.right()) : 0;
             if (section && item.object->content.contains("{#"))
                 m_running.insert(column);
             if (!section || !isSummed(item) || m_running.contains(column))
