@@ -5,7 +5,7 @@
 #include "data/schema/schema.h"
 #include "tools/check/findings.h"
 
-QStringList checkDatabase(const QString &path)
+QStringList checkDatabase(const QString &path, const QString &config)
 {
     ConnectionOptions options;
     options.file = path;
@@ -17,6 +17,10 @@ QStringList checkDatabase(const QString &path)
         check::checkColumns(connection, findings);
         check::checkRelations(connection, findings);
         check::checkInvoices(connection, findings);
+        check::checkLedger(connection, findings);
+        check::checkEndings(connection, findings);
+        if (!config.isEmpty())
+            check::checkConfig(config, connection, findings);
     }
     return findings.lines();
 }

@@ -27,6 +27,7 @@ constexpr const char *Help =
     "           --until YYYY-MM-DD  the last day of its three years; today if left out\n"
     "       tamrick-db load FILE TABLE CSV      adds rows; the first line names the columns\n"
     "       tamrick-db check FILE               says what is wrong in it, table by table\n"
+    "           --config CONFIG     and in the settings file that goes with it\n"
     "       tamrick-db share FILE               for a FILE that several machines will use\n"
     "       tamrick-db export FILE TABLE        writes a table as CSV\n"
     "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
@@ -70,7 +71,10 @@ void load(const Arguments &arguments, QTextStream &out)
 
 int check(const Arguments &arguments, QTextStream &out)
 {
-    const QStringList findings = checkDatabase(arguments.plain()[0]);
+    const std::optional<QString> config = arguments.value("--config");
+    if (config && config->isEmpty())
+        throw ToolError{QStringLiteral("--config takes a file")};
+    const QStringList findings = checkDatabase(arguments.plain()[0], config.value_or(QString()));
     out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
     return findings.isEmpty() ? 0 : 1;
 }
@@ -131,7 +135,7 @@ const std::vector<Command> &commands()
         {"create", 1, "one FILE", {}, done(create)},
         {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo)},
         {"load", 3, "FILE, TABLE and CSV", {}, done(load)},
-        {"check", 1, "one FILE", {}, check},
+        {"check", 1, "one FILE", {"--config="}, check},
         {"share", 1, "one FILE", {}, done(share)},
         {"export", 2, "FILE and TABLE", {}, done(exportRows)},
         {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},

@@ -86,7 +86,23 @@ TEST_F(CheckTest, NamesTheTableAndTheRowsOfEachFault)
         {"UPDATE Invoice SET Shipment = '' WHERE ID = 7", "Invoice: Shipment is no list of IDs"},
         {"UPDATE Invoice SET Shipment = NULL WHERE ID = 7", "Invoice: Shipment is no list of IDs"},
         {"UPDATE Invoice SET Shipment = Shipment || ', 1' WHERE ID = 70",
-         "Invoice: shipments on the list that another invoice has too: ID 70\n"},
+         "Shipment: billed twice: ID 1 on the invoices "},
+        {"UPDATE ShipmentItems SET Qty = Qty + 10000 WHERE rowid = 1",
+         "OrderItem: more shipped than ordered: OrderID 1 line 1: ordered "},
+        {"UPDATE AvailInv SET Avail = Avail + 7 WHERE rowid = 1",
+         "AvailInv: figures that documents do not account for, until a rebuild: "},
+        {"DELETE FROM AvailInv WHERE rowid = 1", " has 0, a rebuild gives "},
+        {"UPDATE Customer SET Terms = NULL WHERE rowid = 3",
+         "Customer: no Terms (Null), which ends the program in the "},
+        {"UPDATE Customer SET Days = 9999999 WHERE rowid = 3", "Customer: Days that lead beyond the last date"},
+        {"UPDATE Customer SET Customer = 'O''Brien' WHERE rowid = 3",
+         "Customer: an apostrophe in Customer, which ends the program where it is used: O'Brien\n"},
+        {"UPDATE Orders SET ShipToZip = NULL WHERE ID = 7",
+         "Orders: no ShipToZip (Null), which ends the program where the order is shipped: ID 7\n"},
+        {"UPDATE Orders SET ID = 40000 WHERE ID = 7",
+         "Orders: IDs above 32767, whose orders no longer open (error 6): ID 40000\n"},
+        {"UPDATE Invoice SET Total = NULL WHERE ID = 7", "Invoice: no Total (Null)"},
+        {"UPDATE AvailInv SET Avail = NULL WHERE rowid = 1", "AvailInv: no Avail (Null), which ends the program at "},
         {"UPDATE Invoice SET Customer = 'Nobody' WHERE ID = 7", "Invoice: customers that are not in Customer: ID 7\n"},
         {"UPDATE Invoice SET Invoice = '8' WHERE ID = 7", "Invoice: numbers that stand there twice: 8\n"},
         {"UPDATE Invoice SET InvoiceDate = NULL WHERE ID = 7", "Invoice: no InvoiceDate (Null)"},
@@ -120,15 +136,40 @@ TEST_F(CheckTest, BearsWhatTheProgramItselfMayLeaveBehind)
     const char *const changes[] = {
         "UPDATE Orders SET Status = 'Closed'", // by hand
         "INSERT INTO AdjustmentHeader (Date, Warehouse) SELECT Date, Warehouse FROM AdjustmentHeader WHERE ID = 1",
-        "INSERT INTO Invoice (Invoice, Customer, InvoiceDate, Shipment, Total) SELECT 'A1', Customer, InvoiceDate, "
-        "'0', 5 "
-        "FROM Invoice WHERE ID = 1",
-        "UPDATE AvailInv SET Avail = -7",
-        "INSERT INTO Orders (Customer, Warehouse, Status) SELECT lower(Customer), Warehouse, 'Open' FROM Orders WHERE "
-        "ID = 1",
+        "INSERT INTO Invoice (Invoice, Customer, InvoiceDate, DueDate, Terms, Shipment, Total) SELECT 'A1', Customer, "
+        "InvoiceDate, DueDate, Terms, '0', 5 FROM Invoice WHERE ID = 1",
+        // shipped since the ledger was rebuilt
+        "UPDATE AvailInv SET Avail = Avail + 2 * (SELECT sum(l.Qty) FROM ShipmentItems AS l JOIN OrderItem AS i ON "
+        "i.OrderID = l.OrderID AND i.ItemNumber = l.OrderLineItem JOIN Orders AS o ON o.ID = i.OrderID WHERE "
+        "l.ShipmentID "
+        ">= 2300 AND o.Warehouse = Whse AND i.PartNo = Part) WHERE EXISTS (SELECT 1 FROM ShipmentItems AS l JOIN "
+        "OrderItem AS i ON i.OrderID = l.OrderID AND i.ItemNumber = l.OrderLineItem JOIN Orders AS o ON o.ID = "
+        "i.OrderID "
+        "WHERE l.ShipmentID >= 2300 AND o.Warehouse = Whse AND i.PartNo = Part)",
+        "UPDATE Orders SET Customer = lower(Customer) WHERE ID = 1",
     };
     for (const char *change : changes)
         EXPECT_EQ(checkAfter(change).out, "ok\n") << change;
+}
+
+TEST_F(CheckTest, HoldsTheSettingsAgainstTheDatabase)
+{
+    const QByteArray head = "Settings\nDatabase,\"x\"\nWarehouse,", tail = "\nReserved,0\nPrices,YES\nSeconds,1.5\n";
+    const QByteArray known =
+        open(path("sound.db"))->OpenRecordset("SELECT Warehouse FROM Warehouse").Fields(0).text().toUtf8();
+    const auto with = [&](const QByteArray &settings) {
+        return run({"check", path("sound.db"), "--config", fileWith("config.txt", settings)});
+    };
+    EXPECT_EQ(with(head + '"' + known.toUpper() + '"' + tail).out, "ok\n");
+    EXPECT_EQ(with(head + tail).out, "ok\n") << "no default is fine";
+    EXPECT_EQ(
+        with(head + "Moon" + tail).out,
+        "config.txt: the default warehouse is not an active one, which ends order entry (error 383): Moon does not "
+        "exist\n");
+    EXPECT_EQ(with(head + "Moon").out.section(':', 0, 1),
+              "config.txt: ends too early, which ends the program at its start");
+    EXPECT_EQ(run({"check", path("sound.db"), "--config", path("missing.txt")}).status, 1);
+    EXPECT_EQ(run({"check", path("sound.db"), "--config"}).status, 1);
 }
 
 TEST_F(CheckTest, ReportsAFileThatIsDamagedInside)

@@ -31,6 +31,12 @@ bool checkStructure(Connection &connection, Findings &findings);
 void checkColumns(Connection &connection, Findings &findings);
 /// Rows that refer to what is not there, keys that repeat, and the like.
 void checkRelations(Connection &connection, Findings &findings);
+/// What ends the program when it comes upon it: Nulls and apostrophes where it bears none, IDs beyond 16 bits.
+void checkEndings(Connection &connection, Findings &findings);
+/// The settings file against the database: error 53 and the like when it cannot be read.
+void checkConfig(const QString &config, Connection &connection, Findings &findings);
+/// The ledger against what its documents post and a rebuild makes of them.
+void checkLedger(Connection &connection, Findings &findings);
 /// Invoices against the shipments that they list.
 void checkInvoices(Connection &connection, Findings &findings);
 

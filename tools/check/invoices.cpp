@@ -14,7 +14,7 @@ struct ShipmentFacts
     QString customer;
     double freight = 0, adjustment = 0, lines = 0;
     bool invoiced = false;
-    bool listed = false; ///< an invoice names it
+    QString invoice = {}; ///< the ID of the one that names it
 };
 
 using Shipments = QHash<int, ShipmentFacts>;
@@ -81,11 +81,12 @@ public:
                 complete = false;
                 continue;
             }
-            if (shipment->listed)
-                report(id, QStringLiteral("shipments on the list that another invoice has too"));
+            if (!shipment->invoice.isEmpty())
+                m_findings.add(QStringLiteral("Shipment"), QStringLiteral("billed twice"),
+                               QStringLiteral("ID %1 on the invoices %2 and %3").arg(token, shipment->invoice, id));
             if (shipment->customer.compare(customer, Qt::CaseInsensitive) != 0)
                 report(id, QStringLiteral("shipments on the list that went to another customer"));
-            shipment->listed = true;
+            shipment->invoice = id;
             freight += shipment->freight;
             adjustment += shipment->adjustment;
             lines += shipment->lines;
@@ -118,7 +119,7 @@ void checkInvoices(Connection &connection, Findings &findings)
     std::sort(ids.begin(), ids.end());
     for (int id : ids) {
         const ShipmentFacts &facts = shipments[id];
-        if (facts.invoiced == facts.listed)
+        if (facts.invoiced == !facts.invoice.isEmpty())
             continue;
         findings.add(QStringLiteral("Shipment"),
                      facts.invoiced ? QStringLiteral("marked as invoiced, and on no invoice")

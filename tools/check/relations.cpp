@@ -73,6 +73,14 @@ constexpr Rule Rules[] = {
      "SELECT 'ShipmentID ' || s.ID FROM ShipmentItems AS i JOIN Shipment AS s ON s.ID = i.ShipmentID WHERE i.OrderID "
      "IS NOT s.OrderID"},
 
+    {"OrderItem", "more shipped than ordered",
+     "SELECT 'OrderID ' || i.OrderID || ' line ' || i.ItemNumber || ': ordered ' || printf('%.10g', i.Qty) || ', "
+     "shipped "
+     "' || s.Qty || ' by shipments ' || s.IDs FROM OrderItem AS i JOIN (SELECT OrderID, OrderLineItem, sum(Qty) AS "
+     "Qty, "
+     "group_concat(ShipmentID, ', ') AS IDs FROM ShipmentItems GROUP BY OrderID, OrderLineItem) AS s ON s.OrderID = "
+     "i.OrderID AND s.OrderLineItem = i.ItemNumber WHERE s.Qty > i.Qty AND i.Qty >= 0"},
+
     {"Invoice", "numbers that stand there twice", "SELECT Invoice FROM Invoice GROUP BY Invoice HAVING count(*) > 1"},
     {"Invoice", "customers that are not in Customer",
      "SELECT 'ID ' || ID FROM Invoice AS i WHERE NOT EXISTS (SELECT 1 FROM Customer AS c WHERE c.Customer = "

@@ -144,7 +144,7 @@ struct Company
     std::vector<Payment> payments;
     std::vector<Adjustment> adjustments;
     std::vector<Transfer> transfers;
-    std::vector<int> avail;  ///< by warehouse * number of parts + part, as the running updates leave it
+    std::vector<int> avail;  ///< by warehouse * number of parts + part, as a rebuild leaves it
     std::vector<bool> moved; ///< the pairs that have a row
 
     size_t pair(int warehouse, int part) const { return size_t(warehouse) * parts.size() + size_t(part); }

@@ -55,20 +55,26 @@ public:
         }
     }
 
-    /// Shipments are posted with the sign they have; drop shipments are not posted at all.
-    void postShipments()
+    /// Leaves the ledger as a rebuild does: shipments with minus, drop shipments too, and the outgoing halves of
+    /// transfers added back.
+    void rebuildLedger()
     {
+        std::vector<int> sign(m_company.adjustments.size(), 1);
+        for (const Transfer &transfer : m_company.transfers)
+            sign[size_t(transfer.from)] = -1;
+        for (size_t i = 0; i < sign.size(); ++i) {
+            for (const StockLine &line : m_company.adjustments[i].lines)
+                post(m_company.pair(m_company.adjustments[i].warehouse, line.part), sign[i] * line.qty);
+        }
         for (const Shipment &shipment : m_company.shipments) {
             const Order &order = m_company.orders[size_t(shipment.order)];
-            if (order.dropShip)
-                continue;
             for (const ShipmentLine &line : shipment.lines)
-                post(m_company.pair(order.warehouse, order.lines[size_t(line.line)].part), line.qty);
+                post(m_company.pair(order.warehouse, order.lines[size_t(line.line)].part), -line.qty);
         }
     }
 
 private:
-    /// One running update of the ledger. A pair has a row from its first update on, also when it is back at 0.
+    /// A pair has a row from its first movement on, also when it is back at 0.
     void post(size_t pair, int qty)
     {
         m_company.avail[pair] += qty;
@@ -112,11 +118,8 @@ private:
     /// Stores an adjustment with these lines and returns its position.
     int add(int warehouse, QDate day, std::vector<StockLine> lines)
     {
-        for (const StockLine &line : lines) {
-            const size_t pair = m_company.pair(warehouse, line.part);
-            m_unsold[pair] += line.qty;
-            post(pair, line.qty);
-        }
+        for (const StockLine &line : lines)
+            m_unsold[m_company.pair(warehouse, line.part)] += line.qty;
         const QDateTime saved(day, QTime(8, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
         m_company.adjustments.push_back({warehouse, saved, std::move(lines)});
         return int(m_company.adjustments.size()) - 1;
@@ -165,7 +168,7 @@ void makeStock(Company &company, Random &random)
         if (++weeks % 13 == 0)
             stock.count(day);
     }
-    stock.postShipments();
+    stock.rebuildLedger();
 }
 
 } // namespace demo
