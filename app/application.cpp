@@ -23,6 +23,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     setApplicationName(QStringLiteral("tamrick"));
     setAppearance(*this);
     installEventFilter(&m_pressGuard);
+    installEventFilter(&m_handbookKey);
 #ifndef Q_OS_WIN
     // The base library's file dialog keeps folders and sizes in a settings file; this program's settings are in
     // config.txt alone, and nobody writes to it.

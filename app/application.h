@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/handbook.h"
 #include "toolkit/controls/pressguard.h"
 #include <QApplication>
 #include <functional>
@@ -28,5 +29,6 @@ private:
     void handle(const RuntimeError &error);
 
     PressGuard m_pressGuard;
+    HandbookKey m_handbookKey;
     int m_depth = 0; ///< events being delivered, one inside the other
 };

@@ -1,0 +1,86 @@
+#include "tests/support/desk.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QWindow>
+
+namespace {
+
+class HandbookTest : public DeskTest
+{
+};
+
+TEST_F(HandbookTest, OpensByF1FromEveryWindow)
+{
+    const QString folder = QCoreApplication::applicationDirPath() + "/docs/handbook";
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QFile page(folder + "/index.html");
+    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
+    QTextBrowser browser; // takes the place of the system's
+    QDesktopServices::setUrlHandler("file", &browser, "setSource");
+    const auto opened = [&browser] {
+        const QString file = browser.source().toLocalFile();
+        browser.setSource({});
+        return file;
+    };
+    const auto press = [](QWidget *window, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window->window()->windowHandle(), Qt::Key_F1, modifiers);
+    };
+    QWidget window;
+    window.show();
+    press(&window);
+    EXPECT_EQ(opened(), page.fileName());
+    press(&window, Qt::ControlModifier);
+    EXPECT_EQ(opened(), QString());
+
+    QMessageBox box;
+    QTimer::singleShot(0, &box, [&] {
+        press(&box);
+        box.close();
+    });
+    box.exec();
+    EXPECT_EQ(opened(), page.fileName()) << "over a box too";
+    page.remove();
+    press(&window);
+    EXPECT_EQ(opened(), QString()) << "nothing to open";
+    QDesktopServices::unsetUrlHandler("file");
+}
+
+QString handbook()
+{
+    QFile page(QStringLiteral(TAMRICK_TEST_DATA) + "/../docs/handbook/index.html");
+    EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+    return QString::fromUtf8(page.readAll());
+}
+
+TEST(Handbook, RefersToNothingThatIsMissing)
+{
+    const QString text = handbook();
+    const QDir folder(QStringLiteral(TAMRICK_TEST_DATA) + "/../docs/handbook");
+    static const QRegularExpression references("(?:href|src)=\"([^\"]*)\"");
+    int count = 0;
+    for (const auto &match : references.globalMatch(text)) {
+        const QString target = match.captured(1);
+        EXPECT_TRUE(target.startsWith('#') ? text.contains("id=\"" + target.mid(1) + "\"") : folder.exists(target))
+            << target.toStdString();
+        ++count;
+    }
+    EXPECT_GT(count, 10);
+}
+
+TEST(Handbook, ExplainsTheErrorsThatUsersMeet)
+{
+    const QString text = handbook();
+    for (const char *number : {"5", "6", "7", "9", "13", "53", "62", "94", "383", "482", "3024", "3075", "3218"})
+        EXPECT_TRUE(text.contains(QRegularExpression(QString("<td>([0-9]+, )*%1(, [0-9]+)*</td>").arg(number))))
+            << number;
+}
+
+} // namespace
