@@ -151,14 +151,12 @@ TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
     std::vector<std::vector<Value>> rows;
     for (int i = 0; i < 60000; ++i)
         rows.push_back({QString::number(i / 7000), QString::number(i / 40)});
-    show(reportOver(tableLayout({.title = "Long",
-                                 .groups = {{.by = "{Region}"}, {.by = "{Customer}"}},
-                                 .columns = {{.heading = "Name",
-                                              .source = "\"A name to be wrapped \" & {Customer}",
-                                              .width = 60,
-                                              .overflow = Overflow::Wrap},
-                                             {.heading = "Region", .source = "{Region}", .width = 600}}}),
-                    MadeRows({"Region", "Customer"}, rows), datasetOf("Region T, Customer T")));
+    show(reportOver(
+        tableLayout({.title = "Long",
+                     .groups = {{.by = "{Region}"}, {.by = "{Customer}"}},
+                     .columns = {{.heading = "Name", .source = "\"A name to be wrapped \" & {Customer}", .width = 60},
+                                 {.heading = "Region", .source = "{Region}", .width = 600}}}),
+        MadeRows({"Region", "Customer"}, rows), datasetOf("Region T, Customer T")));
     QAbstractItemModel *groups = find<QTreeView>("groupTree")->model();
     const QAbstractItemModelTester tester(groups, QAbstractItemModelTester::FailureReportingMode::Fatal);
     QTRY_VERIFY(!find<QLabel>("pageTotal")->text().contains('+'));
@@ -178,8 +176,9 @@ std::unique_ptr<Report> longNames(Overflow overflow)
         rows.push_back({i % 4 ? "Short" : "The Old Machine Works of Eastern Pennsylvania", i / 8});
     Layout layout = tableLayout({.title = "Names",
                                  .groups = {{.by = "{Qty}"}},
-                                 .columns = {{.heading = "Customer", .source = "{Customer}", .overflow = overflow},
+                                 .columns = {{.heading = "Customer", .source = "{Customer}"},
                                              {.heading = "Qty", .source = "{Qty}", .width = 500}}});
+    sectionNamed(layout, "secDetail").objects.front().overflow = overflow;
     return reportOver(std::move(layout), MadeRows({"Customer", "Qty"}, rows), datasetOf("Customer T, Qty N"));
 }
 
