@@ -2,6 +2,7 @@
 
 #include "reportengine/output/outcome.h"
 #include <QPageLayout>
+#include <vector>
 
 class Report;
 
@@ -15,10 +16,9 @@ bool isExportName(const QString &path);
 /// Which of a report's pages stand in a PDF file, how often, and on what paper.
 struct PdfSheets
 {
-    int from = 0;           ///< index of the first page
-    int to = -1;            ///< of the last; -1: the report's last
-    int copies = 1;         ///< one whole after the other
-    QPageLayout paper = {}; ///< pages are fitted to it where it is not their own size; not valid: the report's
+    std::vector<int> pages = {}; ///< indices, in the order wanted; none: the whole report
+    int copies = 1;              ///< one whole after the other
+    QPageLayout paper = {};      ///< pages are fitted to it where it is not their own size; not valid: the report's
 };
 
 Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets = {}, const Progress &progress = {});

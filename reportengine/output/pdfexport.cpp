@@ -60,12 +60,12 @@ Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, co
     if (!painter.isActive())
         return Outcome::failed("The pages could not be drawn.");
     place.apply(painter);
-    const int last = sheets.to < 0 ? pages.pageCount() - 1 : std::min(sheets.to, pages.pageCount() - 1);
-    const int perCopy = last - sheets.from + 1;
+    const int perCopy = sheets.pages.empty() ? pages.pageCount() : int(sheets.pages.size());
     for (int i = 0; i < perCopy * sheets.copies; ++i) {
         if (i > 0 && !writer.newPage())
             return Outcome::failed("The pages could not be drawn.");
-        paintPage(*pages.page(sheets.from + i % perCopy), painter);
+        const int inCopy = i % perCopy;
+        paintPage(*pages.page(sheets.pages.empty() ? inCopy : sheets.pages[inCopy]), painter);
         if (progress && !progress(i + 1, perCopy * sheets.copies))
             return Outcome::cancelled();
     }
@@ -92,8 +92,8 @@ Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, c
             return painted;
     }
     // Entries point at pages by their number in the whole report.
-    const bool isWhole = sheets.from == 0 && sheets.to < 0;
-    const std::vector<PdfOutlineEntry> outline = isWhole ? outlineOf(report.pages()) : std::vector<PdfOutlineEntry>();
+    const std::vector<PdfOutlineEntry> outline =
+        sheets.pages.empty() ? outlineOf(report.pages()) : std::vector<PdfOutlineEntry>();
     if (!outline.empty() && !addPdfOutline(*file.device(), outline))
         return file.failure();
     return file.commit();

@@ -64,17 +64,17 @@ void printOut(Report &report)
         throw runtimeError(482, {}, outcome.reason);
 }
 
-Outcome printPages(Report &report, QPrinter &printer, int from, int to, const Progress &progress)
+Outcome printPages(Report &report, QPrinter &printer, const std::vector<int> &pages, const Progress &progress)
 {
     settleDatabase();
     if (!printer.outputFileName().isEmpty()) {
-        const PdfSheets sheets{.from = from, .to = to, .copies = printer.copyCount(), .paper = printer.pageLayout()};
+        const PdfSheets sheets{.pages = pages, .copies = printer.copyCount(), .paper = printer.pageLayout()};
         const Outcome outcome = writePdf(report, printer.outputFileName(), sheets, progress);
         if (outcome)
             showStatus("Printed to " + printer.outputFileName());
         return outcome;
     }
-    const SystemPrint print = printTo(printer, report, from, to, progress);
+    const SystemPrint print = printTo(printer, report, pages, progress);
     if (print.outcome)
         showStatus(print.told);
     return print.outcome;

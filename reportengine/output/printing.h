@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reportengine/output/outcome.h"
+#include <vector>
 
 class QPrinter;
 class Report;
@@ -8,9 +9,9 @@ class Report;
 /// Prints a report without a prompt, in two copies, to where documents go. Error 482 when that fails.
 void printOut(Report &report);
 
-/// Prints pages `from` to `to` (from 0, both inclusive) as the printer was told: its paper, orientation, copies and
+/// Prints pages (by index, in the order given; none: all) as the printer was told: its paper, orientation, copies and
 /// whatever else its dialog has set; into a PDF file when it was told a file's name.
-Outcome printPages(Report &report, QPrinter &printer, int from, int to, const Progress &progress = {});
+Outcome printPages(Report &report, QPrinter &printer, const std::vector<int> &pages, const Progress &progress = {});
 
 /// Where PrintOut sends documents, and what a test puts in its place. Answers whether it was done.
 using PrintDestination = std::function<bool(Report &report, int copies)>;

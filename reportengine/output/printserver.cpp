@@ -73,9 +73,12 @@ PrintServer::Job PrintServer::submit(const QString &queue, const QString &pdfPat
 {
     if (!m_connection)
         return {.reason = m_failure};
-    const QByteArray wanted = queue.toUtf8();
+    // A printer may come as one of its users' several settings: "Office/draft".
+    const QByteArray name = queue.section('/', 0, 0).toUtf8();
+    const QByteArray instance = queue.section('/', 1).toUtf8();
     Destinations found;
-    found.list = cupsGetNamedDest(m_connection.get(), queue.isEmpty() ? nullptr : wanted.constData(), nullptr);
+    found.list = cupsGetNamedDest(m_connection.get(), name.isEmpty() ? nullptr : name.constData(),
+                                  instance.isEmpty() ? nullptr : instance.constData());
     if (!found.list)
         return {.reason = queue.isEmpty() ? "There is no default printer." : "The printer " + queue + " is gone."};
     found.count = 1;

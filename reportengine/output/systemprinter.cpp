@@ -59,8 +59,11 @@ PrintServer::Options optionsOf(const QPrinter &printer)
     // The toolkit's dialog leaves names and values in turn under this key, and has no public name for it.
     constexpr auto DialogOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
     const QStringList chosen = printer.printEngine()->property(DialogOptions).toStringList();
-    for (qsizetype i = 0; i + 1 < chosen.size(); i += 2)
-        options.push_back({chosen[i].toUtf8(), chosen[i + 1].toUtf8()});
+    for (qsizetype i = 0; i + 1 < chosen.size(); i += 2) {
+        // The file holds the wanted pages alone; the server must not choose among them again.
+        if (chosen[i] != "page-ranges")
+            options.push_back({chosen[i].toUtf8(), chosen[i + 1].toUtf8()});
+    }
     return options;
 }
 
@@ -81,10 +84,10 @@ SystemPrint printToDefault(Report &report, int copies)
     return ended(job, report.layout().title);
 }
 
-SystemPrint printTo(QPrinter &printer, Report &report, int from, int to, const Progress &progress)
+SystemPrint printTo(QPrinter &printer, Report &report, const std::vector<int> &pages, const Progress &progress)
 {
     const QTemporaryDir folder;
-    const PdfSheets sheets{.from = from, .to = to, .paper = printer.pageLayout()};
+    const PdfSheets sheets{.pages = pages, .paper = printer.pageLayout()};
     if (Outcome written = writePdf(report, pathIn(folder), sheets, progress); !written)
         return {.outcome = written};
     const PrintServer server;

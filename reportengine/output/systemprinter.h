@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reportengine/output/outcome.h"
+#include <vector>
 
 class QPrinter;
 class Report;
@@ -19,5 +20,5 @@ struct SystemPrint
 /// Prints the whole report to the default printer, each copy whole before the next.
 SystemPrint printToDefault(Report &report, int copies);
 
-/// Prints pages `from` to `to` with all that was set in the printer.
-SystemPrint printTo(QPrinter &printer, Report &report, int from, int to, const Progress &progress);
+/// Prints pages (by index; none: all) with all that was set in the printer.
+SystemPrint printTo(QPrinter &printer, Report &report, const std::vector<int> &pages, const Progress &progress);

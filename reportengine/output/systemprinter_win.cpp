@@ -13,7 +13,8 @@
 namespace {
 
 /// Draws the sheets one after another, each copy whole before the next begins.
-Outcome paintSheets(QPrinter &printer, Report &report, int from, int to, int copies, const Progress &progress)
+Outcome paintSheets(QPrinter &printer, Report &report, const std::vector<int> &pages, int copies,
+                    const Progress &progress)
 {
     const Outcome refused = Outcome::failed("The printer refused the job.");
     QPainter painter;
@@ -23,11 +24,12 @@ Outcome paintSheets(QPrinter &printer, Report &report, int from, int to, int cop
     const SheetPlace place(report.layout(), printer.pageLayout());
     painter.scale(unit, unit);
     place.apply(painter);
-    const int perCopy = to - from + 1;
+    const int perCopy = pages.empty() ? report.pages().pageCount() : int(pages.size());
     for (int i = 0; i < perCopy * copies; ++i) {
         if (i > 0 && !printer.newPage())
             return refused;
-        paintPage(*report.pages().page(from + i % perCopy), painter);
+        const int inCopy = i % perCopy;
+        paintPage(*report.pages().page(pages.empty() ? inCopy : pages[inCopy]), painter);
         if (progress && !progress(i + 1, perCopy * copies)) {
             printer.abort();
             return Outcome::cancelled();
@@ -50,17 +52,16 @@ SystemPrint printToDefault(Report &report, int copies)
     printer.setCopyCount(copies);
     printer.setCollateCopies(true);
     printer.setPageLayout(ownPaper(report.layout()));
-    return printTo(printer, report, 0, report.pages().pageCount() - 1, {});
+    return printTo(printer, report, {}, {});
 }
 
-SystemPrint printTo(QPrinter &printer, Report &report, int from, int to, const Progress &progress)
+SystemPrint printTo(QPrinter &printer, Report &report, const std::vector<int> &pages, const Progress &progress)
 {
     printer.setDocName(report.layout().title);
     printer.setFullPage(true);
-    const int last = std::min(to, report.pages().pageCount() - 1);
     // A printer that can't repeat a job is given every copy.
     const int copies = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
-    return {.outcome = paintSheets(printer, report, from, last, copies, progress),
+    return {.outcome = paintSheets(printer, report, pages, copies, progress),
             .told = report.layout().title + " sent to " + printer.printerName()};
 }
 #endif

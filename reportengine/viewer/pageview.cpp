@@ -18,6 +18,7 @@ constexpr int Gap = 12;  ///< pixels around each page
 constexpr int Step = 40; ///< pixels an arrow key scrolls
 // Paper is white whatever the desktop's colours are, and so are the marks on it of one kind.
 const QColor Desk(0xb8, 0xbe, 0xc6);
+const QColor DarkDesk(0x3a, 0x40, 0x47);
 const QColor PaperShadow(0x8a, 0x90, 0x98);
 const QColor Found(255, 232, 120);
 const QColor FoundNow(255, 165, 60);
@@ -210,7 +211,8 @@ void PageView::paintMarks(QPainter &painter, int page, const Page &content) cons
 void PageView::paintEvent(QPaintEvent *)
 {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), Desk);
+    const bool isDark = palette().color(QPalette::Window).lightness() < 128;
+    painter.fillRect(viewport()->rect(), isDark ? DarkDesk : Desk);
     if (!m_report)
         return;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
@@ -221,7 +223,7 @@ void PageView::paintEvent(QPaintEvent *)
         if (paper.top() >= viewport()->height())
             break;
         const std::shared_ptr<const Page> content = pages.page(page);
-        painter.fillRect(paper.translated(2, 2), PaperShadow);
+        painter.fillRect(paper.translated(2, 2), isDark ? QColor(Qt::black) : PaperShadow);
         painter.fillRect(paper, Qt::white);
         painter.save();
         painter.setClipRect(paper);

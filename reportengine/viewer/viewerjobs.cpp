@@ -11,6 +11,7 @@
 #include "toolkit/controls/statusline.h"
 #include <QDir>
 #include <QFileDialog>
+#include <QPageRanges>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -78,6 +79,24 @@ QString askForFile(QWidget *parent, const QString &name)
     return {};
 }
 
+/// The pages the dialog was told, by index; a range may be one of several ("2-3,5") and leave the report.
+std::vector<int> wantedPages(const QPrintDialog &dialog, int pages, int currentPage)
+{
+    if (dialog.printRange() == QAbstractPrintDialog::CurrentPage)
+        return {currentPage};
+    QPageRanges ranges = dialog.printer()->pageRanges();
+    if (dialog.printRange() == QAbstractPrintDialog::PageRange && ranges.isEmpty())
+        ranges.addRange(std::min(dialog.fromPage(), dialog.toPage()), std::max(dialog.fromPage(), dialog.toPage()));
+    std::vector<int> wanted;
+    for (int page = 0; page < pages; ++page) {
+        if (ranges.isEmpty() || ranges.contains(page + 1))
+            wanted.push_back(page);
+    }
+    if (dialog.printer()->pageOrder() == QPrinter::LastPageFirst)
+        std::ranges::reverse(wanted);
+    return wanted;
+}
+
 /// Reports bring their margins with them: no others are added unless the user wants some.
 void setPaper(QPrinter &printer, const Report &report, const QPageLayout &paper)
 {
@@ -113,16 +132,9 @@ void printByDialog(QWidget *parent, Report &report, int currentPage, const QPage
     dialog.setFromTo(1, pages);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    int from = 0;
-    int to = pages - 1;
-    if (dialog.printRange() == QAbstractPrintDialog::CurrentPage) {
-        from = to = currentPage;
-    } else if (dialog.printRange() == QAbstractPrintDialog::PageRange) {
-        from = std::clamp(dialog.fromPage() - 1, 0, pages - 1);
-        to = std::clamp(dialog.toPage() - 1, from, pages - 1);
-    }
+    const std::vector<int> wanted = wantedPages(dialog, pages, currentPage);
     const Outcome outcome = runLongJob(parent, "Printing " + report.layout().title, [&](const Progress &progress) {
-        return printPages(report, printer, from, to, progress);
+        return printPages(report, printer, wanted, progress);
     });
     tell(outcome, {}, "The report could not be printed.", "Print");
 }

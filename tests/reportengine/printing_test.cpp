@@ -110,7 +110,7 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
     printer.setPrinterName("Office");
     printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
     printer.setCopyCount(3);
-    EXPECT_TRUE(printPages(*report, printer, 1, 2));
+    EXPECT_TRUE(printPages(*report, printer, {1, 2}));
     EXPECT_EQ(server.jobs(), QStringList{"1 Office: Packing Slip"});
     const QString info = told("pdfinfo", {server.jobFile(1)});
     EXPECT_TRUE(info.contains(QRegularExpression("Pages:\\s+2\\n"))) << info.toStdString();
@@ -123,19 +123,19 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
         return QRegularExpression("xMin=\"([\\d.]+)\"[^>]*>Packing<").match(words).captured(1).toDouble();
     };
     printer.setPageLayout({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
-    EXPECT_TRUE(printPages(*report, printer, 0, 0));
+    EXPECT_TRUE(printPages(*report, printer, {0}));
     printer.setPageLayout({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(61.2, 0, 0, 0)});
-    EXPECT_TRUE(printPages(*report, printer, 0, 0));
+    EXPECT_TRUE(printPages(*report, printer, {0}));
     EXPECT_NEAR(leftOf(3), 61.2 + 0.9 * leftOf(2), 1);
 
     printer.setPrinterName("Full");
-    const Outcome refused = printPages(*report, printer, 0, 0);
+    const Outcome refused = printPages(*report, printer, {0});
     EXPECT_EQ(refused.state, Outcome::State::Failed);
     EXPECT_FALSE(refused.reason.isEmpty());
 
     int told = 0;
     const Progress stop = [&](int, int) { return ++told < 2; };
-    EXPECT_EQ(printPages(*report, printer, 0, 3, stop).state, Outcome::State::Cancelled);
+    EXPECT_EQ(printPages(*report, printer, {}, stop).state, Outcome::State::Cancelled);
     EXPECT_EQ(server.jobs().size(), 3);
 }
 

@@ -468,21 +468,31 @@ TEST_F(ViewerTest, ALongExportShowsHowFarItIsAndCanBeStopped)
     setStatusPlace({});
 }
 
-TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPage)
+TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPageAndRangesOfPages)
 {
-    const PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
+    PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
     show(sampleReport("crptSalesByPart", 300));
     press("nextPage");
-    answer<QPrintDialog>("printDialog", [](QPrintDialog &dialog) {
-        EXPECT_EQ(dialog.printer()->printerName(), "Office");
-        dialog.findChild<QRadioButton *>("printCurrentPage")->setChecked(true);
-        dialog.accept();
-    });
-    press("print");
-    ASSERT_EQ(server.jobs(), QStringList{"1 Office: Sales By Part"});
-    const QString text = told("pdftotext", {server.jobFile(1), "-"});
-    EXPECT_TRUE(text.contains("Page 2 of")) << text.toStdString();
-    EXPECT_FALSE(text.contains("Page 1 of"));
+    const auto printed = [&](const char *choice, int job) {
+        answer<QPrintDialog>("printDialog", [choice](QPrintDialog &dialog) {
+            EXPECT_EQ(dialog.printer()->printerName(), "Office");
+            dialog.findChild<QLineEdit *>("pagesLineEdit")->setText("5,2-3");
+            dialog.findChild<QRadioButton *>(choice)->click();
+            dialog.accept();
+        });
+        press("print");
+        QStringList pages;
+        auto numbers = QRegularExpression("Page (\\d+) of").globalMatch(told("pdftotext", {server.jobFile(job), "-"}));
+        while (numbers.hasNext())
+            pages.append(numbers.next().captured(1));
+        return pages;
+    };
+    EXPECT_EQ(printed("printCurrentPage", 1), QStringList{"2"});
+    EXPECT_EQ(printed("pagesRadioButton", 2), (QStringList{"2", "3", "5"}));
+    server.stop(); // which writes down what it knows of its jobs
+    QFile attributes(server.jobFile(2).replace("/d", "/c").chopped(4));
+    ASSERT_TRUE(attributes.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(attributes.readAll().contains("page-ranges")) << "the server would choose among the chosen again";
 }
 
 TEST_F(ViewerTest, WritesWhatIsAskedOfIt)
