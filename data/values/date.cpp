@@ -1,6 +1,7 @@
 #include "data/values/date.h"
 
 #include "data/values/clock.h"
+#include "data/values/runtimeerror.h"
 
 namespace {
 
@@ -129,6 +130,14 @@ std::optional<Date> Date::fromIso(QStringView text)
     if (!date.isValid() || !time.isValid())
         return std::nullopt;
     return Date(QDateTime(date, time, Qt::UTC));
+}
+
+Date Date::addDays(double days) const
+{
+    const Date sum(m_serial + days);
+    if (!(sum.m_serial > Least - 1 && sum.m_serial < Beyond))
+        throw runtimeError(6);
+    return sum;
 }
 
 Date Date::addMonths(int months) const

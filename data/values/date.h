@@ -26,6 +26,9 @@ public:
     QDate date() const;
     QTime time() const;
 
+    /// The year that is meant by one written with up to two digits: 1930 to 2029.
+    static constexpr int fullYear(int year) { return year < 30 ? 2000 + year : 1900 + year; }
+
     /// "3/30/2011", or "3/30/2011 2:05:09 PM" with a time part, or the time alone for the day 0.
     QString toText() const;
     /// "2011-03-30 14:05:09", the form in which the engine stores it (always with the time).
@@ -33,7 +36,8 @@ public:
     /// Reads what toIso writes, the time part being optional; nothing when it is no such text.
     static std::optional<Date> fromIso(QStringView text);
 
-    Date addDays(int days) const { return Date(m_serial + days); }
+    /// That many days later, fractions being times of day; beyond the years 100 to 9999 error 6.
+    Date addDays(double days) const;
     /// Keeps the day and clamps it to the last day of the month reached.
     Date addMonths(int months) const;
 

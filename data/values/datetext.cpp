@@ -97,13 +97,9 @@ int monthOf(QStringView word)
     return 0;
 }
 
-/// A year as written: up to two digits mean 1930 to 2029.
 int yearOf(const Token &token)
 {
-    const int year = token.number();
-    if (token.text.size() > 2)
-        return year;
-    return year < 30 ? 2000 + year : 1900 + year;
+    return token.text.size() > 2 ? token.number() : Date::fullYear(token.number());
 }
 
 /// The platform's dates run from the year 100 to 9999; an invalid date stands for none.

@@ -1,9 +1,14 @@
 #include "toolkit/controls/dtpicker.h"
 
+#include "data/values/conversions.h"
 #include "data/values/runtimeerror.h"
+#include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
@@ -14,6 +19,8 @@ DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
     setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
     setDate(Date::today().date());
     setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::PreventContextMenu); // its Cut, Delete and Paste would leave half a date
+    lineEdit()->setAcceptDrops(false);
     lineEdit()->installEventFilter(this);
     connect(this, &QDateEdit::dateChanged, this, [this] { m_timePart = 0; });
 }
@@ -29,32 +36,203 @@ void DTPicker::setValue(const Value &value)
         throw runtimeError(35787);
     const Date assigned = value.toDate();
     const QDate day = assigned.date();
-    if (day < minimumDate() || day > maximumDate())
+    if (!isInRange(day))
         throw runtimeError(380);
+    m_draft.reset();
     setDate(day);
     m_timePart = assigned.serial() - Date(day).serial();
 }
 
 void DTPicker::keyPressEvent(QKeyEvent *event)
 {
-    const int part = currentSectionIndex();
-    if (event->text() == QLatin1String("/")) {
-        // Behind a digit that completes its part, as the 4 of "4/30/2010" does, the slash is passed already.
-        if (!std::exchange(m_movedOn, false) && part + 1 < sectionCount())
-            setSelectedSection(sectionAt(part + 1));
-        return;
+    if (handleKey(*event))
+        event->accept();
+    else
+        event->ignore();
+}
+
+/// Qt's own handling of typed texts completes them as it sees fit, so none of it is used.
+bool DTPicker::handleKey(const QKeyEvent &event)
+{
+    const bool alt = event.modifiers() & Qt::AltModifier;
+    const bool plain = !(event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
+    if (event.matches(QKeySequence::Copy))
+        QApplication::clipboard()->setText(text());
+    else if (event.matches(QKeySequence::Paste))
+        read(QApplication::clipboard()->text());
+    else if (event.key() == Qt::Key_F4 || (alt && event.key() == Qt::Key_Down))
+        openCalendar();
+    else if (plain && event.text().size() == 1 && DateDraft::types(event.text()[0]))
+        type(event.text()[0]);
+    else if (!plain)
+        return false;
+    else
+        switch (event.key()) {
+        case Qt::Key_Left:
+            goTo(std::max(partAtCaret() - 1, 0));
+            break;
+        case Qt::Key_Right:
+            goTo(std::min(partAtCaret() + 1, DateDraft::Parts - 1));
+            break;
+        case Qt::Key_Home:
+            goTo(0);
+            break;
+        case Qt::Key_End:
+            goTo(DateDraft::Parts - 1);
+            break;
+        case Qt::Key_Up:
+            stepBy(1);
+            break;
+        case Qt::Key_Down:
+            stepBy(-1);
+            break;
+        case Qt::Key_Backspace:
+            if (m_draft) {
+                m_draft->eraseDigit();
+                showDraft();
+            }
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            endDraft();
+            return false;
+        default:
+            return false;
+        }
+    return true;
+}
+
+void DTPicker::type(QChar character)
+{
+    if (m_draft && m_draft->isComplete() && character.isDigit())
+        endDraft();
+    if (!m_draft) {
+        m_former = value();
+        m_draft.emplace(date());
+        m_draft->goTo(partAtCaret());
     }
-    QDateEdit::keyPressEvent(event);
-    const bool digit = !event->text().isEmpty() && event->text()[0].isDigit();
-    m_movedOn = digit && currentSectionIndex() != part;
-    if (m_movedOn || event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
-        setSelectedSection(currentSection());
+    m_draft->type(character);
+    showDraft();
+    if (m_draft->isComplete() && !m_draft->date().isValid())
+        endDraft();
+}
+
+/// Holds the date typed so far wherever it is one, and shows the typed text, the part that the next digit replaces
+/// selected.
+void DTPicker::showDraft()
+{
+    const DateDraft draft = *m_draft;
+    const QDate day = draft.date();
+    setDate(isInRange(day) ? day : m_former.date());
+    const QSignalBlocker shownOnly(lineEdit());
+    lineEdit()->setText(draft.text());
+    if (draft.typed() > 0)
+        lineEdit()->setCursorPosition(draft.start() + draft.length());
+    else
+        lineEdit()->setSelection(draft.start(), draft.length());
+}
+
+/// Keeps what was typed if there is such a day, else the date before that.
+void DTPicker::endDraft()
+{
+    if (!m_draft)
+        return;
+    const QDate day = std::exchange(m_draft, std::nullopt)->date();
+    const bool refused = !isInRange(day);
+    const int part = partAtCaret();
+    if (refused)
+        QApplication::beep();
+    if (refused || day == m_former.date())
+        setValue(m_former);
+    else
+        setDate(day);
+    const QSignalBlocker shownOnly(lineEdit());
+    lineEdit()->setText(textFromDateTime(dateTime()));
+    goTo(refused ? 0 : part);
+}
+
+bool DTPicker::isInRange(QDate day) const
+{
+    return day >= minimumDate() && day <= maximumDate(); // an invalid one is before all others
+}
+
+int DTPicker::partAtCaret() const
+{
+    return int(lineEdit()->text().left(lineEdit()->cursorPosition()).count(u'/'));
+}
+
+void DTPicker::goTo(int part)
+{
+    if (m_draft) {
+        m_draft->goTo(part);
+        showDraft();
+    } else {
+        setSelectedSection(sectionAt(part));
+    }
+}
+
+/// Takes over a date that was copied elsewhere; of what is no date nothing.
+void DTPicker::read(const QString &text)
+{
+    endDraft();
+    static const QRegularExpression asTyped(QStringLiteral("^\\d{1,2}[-/.]\\d{1,2}[-/.](\\d{1,2}|\\d{4})$"));
+    const QString line = text.trimmed();
+    if (asTyped.match(line).hasMatch()) {
+        for (const QChar character : line)
+            type(character);
+        endDraft();
+    } else if (const std::optional<Date> day = dateFromText(line); day && isInRange(day->date())) {
+        setDate(day->date());
+    } else {
+        QApplication::beep();
+    }
+    goTo(0);
+}
+
+void DTPicker::stepBy(int steps)
+{
+    endDraft();
+    setCurrentSectionIndex(partAtCaret());
+    QDateEdit::stepBy(steps);
+}
+
+/// Qt opens the calendar for a press on the arrow only.
+void DTPicker::openCalendar()
+{
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.editable = true;
+    option.subControls = QStyle::SC_All;
+    const QRect arrow = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+    const QPointF place = arrow.center();
+    QMouseEvent press(QEvent::MouseButtonPress, place, mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    mousePressEvent(&press);
+}
+
+void DTPicker::mousePressEvent(QMouseEvent *event)
+{
+    m_pressBringsFocus = false;
+    endDraft();
+    QDateEdit::mousePressEvent(event);
+}
+
+void DTPicker::focusGained()
+{
+    goTo(0);
+    emit gotFocus();
 }
 
 void DTPicker::focusInEvent(QFocusEvent *event)
 {
-    m_movedOn = false;
     QDateEdit::focusInEvent(event);
+    m_pressBringsFocus = event->reason() == Qt::MouseFocusReason;
+}
+
+void DTPicker::focusOutEvent(QFocusEvent *event)
+{
+    endDraft();
+    QDateEdit::focusOutEvent(event);
 }
 
 void DTPicker::wheelEvent(QWheelEvent *event)
@@ -74,10 +252,20 @@ bool DTPicker::focusNextPrevChild(bool next)
 
 bool DTPicker::eventFilter(QObject *watched, QEvent *event)
 {
-    // A click selects the part of the date under the mouse, so that digits replace it.
-    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease && !lineEdit()->hasSelectedText()) {
-        m_movedOn = false;
-        setSelectedSection(currentSection());
+    if (watched != lineEdit())
+        return QDateEdit::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        if (!m_pressBringsFocus)
+            endDraft();
+        return m_pressBringsFocus;
+    case QEvent::MouseMove:
+        return true;                 // no selection across the parts
+    case QEvent::MouseButtonRelease: // a click selects the part under the mouse, so that digits replace it
+        if (!std::exchange(m_pressBringsFocus, false))
+            goTo(partAtCaret());
+        return true;
+    default:
+        return QDateEdit::eventFilter(watched, event);
     }
-    return QDateEdit::eventFilter(watched, event);
 }

@@ -2,11 +2,14 @@
 
 #include "data/values/date.h"
 #include "data/values/value.h"
+#include "toolkit/controls/datedraft.h"
 #include "toolkit/controls/programfocus.h"
 #include <QDateEdit>
+#include <optional>
 
-/// A date field in the short US form with a calendar to pick from. Always holds a date, with no time part after
-/// a user's pick. Month, day and year are typed separately, each over the old one.
+/// A date field in the short US form with a calendar to pick from, which F4 and Alt+Down open. Always holds a date,
+/// with no time part after a user's pick. Month, day and year are typed one behind the other over the old ones; a date
+/// that does not exist is refused when it is complete or left, and the former one stays.
 class DTPicker : public QDateEdit, public FocusListener
 {
     Q_OBJECT
@@ -18,8 +21,10 @@ public:
     /// Null is error 35787; a date before 1601 or after 9999 is error 380.
     void setValue(const Value &value);
 
-    void focusGained() override { emit gotFocus(); }
+    /// Selects the month, so that typing begins there however the focus came.
+    void focusGained() override;
     void focusLost() override { emit lostFocus(); }
+    void stepBy(int steps) override;
 
 signals:
     void gotFocus();
@@ -28,11 +33,25 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool handleKey(const QKeyEvent &event);
+    void type(QChar character);
+    void showDraft();
+    void endDraft();
+    void goTo(int part);
+    void read(const QString &text);
+    void openCalendar();
+    bool isInRange(QDate day) const;
+    int partAtCaret() const;
+
     double m_timePart = 0;
-    bool m_movedOn = false; ///< the last digit completed its part, and the cursor went on to the next by itself
+    std::optional<DateDraft> m_draft; ///< while a date is being typed
+    Date m_former;                    ///< the date before that
+    bool m_pressBringsFocus = false;  ///< and must leave the month selected then
 };
