@@ -1,7 +1,11 @@
 #include "tests/toolkit/controlform.h"
 
 #include "data/values/conversions.h"
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QClipboard>
 #include <QImage>
+#include <QMimeData>
 
 namespace {
 class FieldsTest : public DeskTest
@@ -110,6 +114,144 @@ TEST_F(FieldsTest, ADatePickerStartsTodayAndRefusesWhatIsNoDate)
     EXPECT_EQ(errorNumberOf([&] { picker.setValue("soon"); }), 13);
     EXPECT_EQ(errorNumberOf([&] { picker.setValue(Date(1492, 10, 12)); }), 380);
     EXPECT_EQ(picker.value(), Date(2011, 3, 30));
+}
+
+TEST_F(FieldsTest, ADateTypedIsReadAsWrittenOrRefused)
+{
+    const struct
+    {
+        const char *typed, *expected;
+    } cases[] = {
+        {"4/9/2025", "4/9/2025"},
+        {"4/9/25", "4/9/2025"},
+        {"3-30-2011", "3/30/2011"},
+        {"3/30/11", "3/30/2011"},
+        {"3.30.2011", "3/30/2011"},
+        {"12312010", "12/31/2010"},
+        {"4/9/30", "4/9/1930"},
+        {"4", "4/15/2012"},
+        {"/20", "3/20/2012"},
+        {"2/29/2012", "2/29/2012"},
+        {"2/30/2012", "3/15/2012"},
+        {"2/30/12", "3/15/2012"},
+        {"13/4/2011", "3/15/2012"},
+        {"1/1/1500", "3/15/2012"},
+        {"12/31/9999", "12/31/9999"},
+        {"4/9/254/10/25", "4/10/2025"},
+        {"4/9/2512/10/25", "12/10/2025"},
+        {"4/9/20255/10/2026", "5/10/2026"},
+    };
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    for (const auto &date : cases) {
+        form->it->setValue(Date(2012, 3, 15));
+        driver.click("away");
+        driver.key(Qt::Key_Tab);
+        driver.keys(date.typed);
+        driver.key(Qt::Key_Tab);
+        EXPECT_EQ(form->it->value().toText(), date.expected) << date.typed;
+        EXPECT_EQ(driver.text("it"), date.expected) << date.typed;
+    }
+}
+
+TEST_F(FieldsTest, ARefusedDateLeavesTheFormerOneWithItsTime)
+{
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    const Date noon(Date(2011, 3, 9).serial() + 0.5);
+    form->it->setValue(noon);
+    driver.click("it");
+    driver.keys("2/30/2012");
+    EXPECT_EQ(form->it->value(), noon) << "at once, when the year is complete";
+    EXPECT_EQ(driver.text("it"), "3/9/2011");
+}
+
+TEST_F(FieldsTest, TypingBeginsAtTheMonthHoweverTheFocusCame)
+{
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    auto *line = form->it->findChild<QLineEdit *>();
+    const std::function<void()> ways[] = {
+        [&] { driver.key(Qt::Key_Tab); },
+        [&] { driver.key(Qt::Key_Backtab, Qt::ShiftModifier); },
+        [&] {
+            QTest::mouseClick(line, Qt::LeftButton, {}, {line->width() - 4, 8});
+        },
+        [&] {
+            form->it->setFocus();
+            settle();
+        },
+    };
+    for (const auto &enter : ways) {
+        form->it->setValue(Date(2011, 3, 30));
+        driver.click("away");
+        enter();
+        EXPECT_EQ(line->selectedText(), "3");
+        driver.keys("5");
+        EXPECT_EQ(form->it->value().toText(), "5/30/2011");
+    }
+}
+
+TEST_F(FieldsTest, F4AndAltDownOpenTheCalendar)
+{
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    driver.click("it");
+    for (const auto &[key, modifiers] :
+         {std::pair(Qt::Key_F4, Qt::NoModifier), std::pair(Qt::Key_Down, Qt::AltModifier)}) {
+        driver.key(key, modifiers);
+        ASSERT_TRUE(form->it->calendarWidget()->isVisible());
+        QTest::keyClick(form->it->calendarWidget(), Qt::Key_Escape);
+        form->it->calendarWidget()->window()->close();
+        QApplication::setActiveWindow(mdi.get());
+    }
+}
+
+TEST_F(FieldsTest, ACopiedDateIsTakenOverOnlyIfItIsOne)
+{
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    form->it->setValue(Date(2011, 3, 30));
+    driver.click("it");
+    for (const auto &[copied, expected] : {std::pair("4/9/25\n", "4/9/2025"), std::pair("March 30, 2011", "3/30/2011"),
+                                           std::pair("2/29/01", "3/30/2011"), std::pair("soon", "3/30/2011")}) {
+        QApplication::clipboard()->setText(copied);
+        driver.key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(form->it->value().toText(), expected) << copied;
+    }
+}
+
+TEST_F(FieldsTest, OneLineBoxesTakePastedAndDroppedTextUpToItsFirstLineEnd)
+{
+    TextBox text;
+    ComboBox combo(ComboBox::Style::Editable);
+    for (QLineEdit *box : std::initializer_list<QLineEdit *>{&text, combo.lineEdit()}) {
+        QApplication::clipboard()->setText("one\r\ntwo\n");
+        box->setText("[]");
+        box->setCursorPosition(1);
+        QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(box->text(), "[one]");
+
+        box->setText("[]");
+        QMimeData dragged;
+        dragged.setText("three\nfour");
+        QDragEnterEvent enter({0, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box, &enter);
+        QDropEvent drop({0, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box, &drop);
+        EXPECT_EQ(box->text(), "three[]");
+
+        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {2, 2}, {2, 2});
+        QCoreApplication::sendEvent(box, &rightClick);
+        box->clear();
+        QWidget *menu = QApplication::activePopupWidget();
+        ASSERT_TRUE(menu);
+        for (QAction *entry : menu->actions())
+            if (entry->text().startsWith("&Paste"))
+                entry->trigger();
+        menu->close();
+        EXPECT_EQ(box->text(), "one");
+    }
 }
 
 TEST_F(FieldsTest, ArrowKeysStepThePartOfTheDateUnderTheCaret)

@@ -3,6 +3,7 @@
 #include "data/values/runtimeerror.h"
 #include "toolkit/controls/combolist.h"
 #include "toolkit/controls/combotypeahead.h"
+#include "toolkit/controls/onelinetext.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -29,6 +30,8 @@ int keyAsciiOf(const QKeyEvent &event)
     default:
         break;
     }
+    if (event.modifiers() == Qt::ControlModifier && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)
+        return event.key() - Qt::Key_A + 1;
     const QString text = event.text();
     return text.isEmpty() || event.modifiers().testFlag(Qt::AltModifier) ? 0 : text.at(0).unicode();
 }
@@ -58,6 +61,7 @@ void ComboBox::makeEditable()
     // Qt would select an entry that equals the typed text as soon as the box is left; typing never selects.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::textEdited, this, &ComboBox::change);
+    takeOneLineOnly(lineEdit());
     lineEdit()->installEventFilter(this);
 }
 

@@ -1,7 +1,10 @@
 #include "toolkit/controls/textbox.h"
 
+#include "toolkit/controls/onelinetext.h"
+
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
+    takeOneLineOnly(this);
     // A text that the program puts in shows from its beginning, however long it is.
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (!hasFocus())
