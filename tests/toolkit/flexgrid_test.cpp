@@ -248,6 +248,43 @@ TEST_F(FlexGridTest, LeavingTheCellByTabOrMouseCommits)
     EXPECT_EQ(events().filter("afterEdit"), (Events{"afterEdit 1,1 5", "afterEdit 2,1 6", "afterEdit 3,1 7"}));
 }
 
+TEST_F(FlexGridTest, WhatLooksSelectedIsTheCurrentRowWhateverIsPressed)
+{
+    const auto selected = [this] {
+        const QModelIndexList rows = grid->selectionModel()->selectedRows();
+        return rows.size() == 1 ? rows.first().row() + 1 : -1;
+    };
+    driver->clickCell("it", 2, 0);
+    events();
+    const QPoint empty(grid->viewport()->width() - 3, grid->viewport()->height() - 3);
+    ASSERT_FALSE(grid->indexAt(empty).isValid());
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, empty);
+    driver->key(Qt::Key_Space, Qt::ControlModifier);
+    driver->keys("3");
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      grid->visualRect(grid->model()->index(1, 0)).center());
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(selected(), 2);
+    EXPECT_EQ(events(), Events()) << "no letter typed goes to another row either";
+    grid->removeItem(2);
+    EXPECT_EQ(selected(), grid->row());
+}
+
+TEST_F(FlexGridTest, LeftAndRightCommitAnEditAndMoveOn)
+{
+    grid->setEditableColumn(1);
+    driver->clickCell("it", 1, 1);
+    driver->keys("7");
+    driver->key(Qt::Key_Right);
+    EXPECT_EQ(grid->textMatrix(1, 1), "7");
+    EXPECT_EQ(grid->col(), 2);
+    driver->key(Qt::Key_Left);
+    driver->keys("8");
+    driver->key(Qt::Key_Left);
+    EXPECT_EQ(grid->textMatrix(1, 1), "8");
+    EXPECT_EQ(grid->col(), 0);
+}
+
 TEST_F(FlexGridTest, OtherColumnsCannotBeEditedAndBeforeEditMayForbid)
 {
     grid->setEditableColumn(1);

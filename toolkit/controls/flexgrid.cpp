@@ -223,6 +223,18 @@ QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     return QTableView::moveCursor(action, modifiers);
 }
 
+QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex &index, const QEvent *) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                           : QItemSelectionModel::NoUpdate;
+}
+
+void FlexGrid::mousePressEvent(QMouseEvent *event)
+{
+    if (indexAt(event->position().toPoint()).isValid())
+        QTableView::mousePressEvent(event);
+}
+
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const int clicked = indexAt(event->position().toPoint()).row() + 1;

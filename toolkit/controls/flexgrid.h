@@ -26,6 +26,9 @@ public:
     void addItem(const QStringList &cells);
     void removeItem(int row);
 
+    /// Qt goes to the row that begins with letters typed; here nothing goes there.
+    void keyboardSearch(const QString &) override {}
+
     /// A cell's text; outside the grid error 381.
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString &text);
@@ -56,6 +59,9 @@ signals:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    /// What looks selected is the current row, always; where there is no row, a press changes nothing.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
+    void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;

@@ -1,8 +1,10 @@
 #include "toolkit/controls/griddelegate.h"
 
+#include "toolkit/controls/onelinetext.h"
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 
 void GridDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
@@ -35,13 +37,21 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     painter->restore();
 }
 
+QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto *box = qobject_cast<QLineEdit *>(editor))
+        takeOneLineOnly(box);
+    return editor;
+}
+
 bool GridDelegate::eventFilter(QObject *editor, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(editor, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    const bool arrow = key->key() >= Qt::Key_Left && key->key() <= Qt::Key_Down;
     if (!enter && !arrow)
         return QStyledItemDelegate::eventFilter(editor, event);
     auto *cell = qobject_cast<QWidget *>(editor);

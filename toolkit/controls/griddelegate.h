@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-/// Edits a grid's cells in place: arrows up and down commit and move on, like Enter and Tab. Shows where one can type:
+/// Edits a grid's cells in place: the arrows commit and move on, like Enter and Tab. Shows where one can type:
 /// the editable column is tinted, and a grid that has one frames its current cell.
 class GridDelegate : public QStyledItemDelegate
 {
@@ -10,6 +10,7 @@ class GridDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
