@@ -107,7 +107,7 @@ frmCreateInvoices::Conditions frmCreateInvoices::conditionsOf(const QString &cus
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT Terms, Days FROM Customer WHERE Customer = '" + customer + "'");
     const double days = Val(rs.Fields("Days").joined());
-    const Conditions conditions{Date(dtDate->value().serial() + days).toText(), rs.Fields("Terms").text()};
+    const Conditions conditions{dtDate->value().addDays(days).toText(), rs.Fields("Terms").text()};
     rs.Close();
     return conditions;
 }

@@ -212,7 +212,8 @@ void frmShipmentEntry::saveLines()
         items.Fields("Qty") = vsfgItems->textMatrix(row, ThisShipment);
         items.Update();
         if (!warehouse.isEmpty())
-            UpdateAvailInv(warehouse, vsfgItems->textMatrix(row, PartNo), CInt(number(row, ThisShipment)));
+            UpdateAvailInv(warehouse, vsfgItems->textMatrix(row, PartNo),
+                           CInt(vsfgItems->textMatrix(row, ThisShipment)));
     }
     items.Close();
 }

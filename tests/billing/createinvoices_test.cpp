@@ -129,4 +129,15 @@ TEST_F(CreateInvoices, CostOfShipmentsIsTodaysAndZeroWithoutLines)
     EXPECT_EQ(errorNumberOf([] { GetShipmentCost(""); }), 3075);
 }
 
+TEST_F(CreateInvoices, TermsBeyondTheCalendarFailBeforeANumberIsSpent)
+{
+    addShipment(addOrder("A-1", "Acme Rail", {{"AX-100", 10, 4.75}}), Date(2011, 3, 4), {4});
+    database.execute("UPDATE Customer SET Days = 99999999 WHERE Customer = 'Acme Rail'");
+    expectRuntimeError(6, [] { run(); });
+    Forms::unloadAll();
+    settle();
+    database.execute("UPDATE Customer SET Days = 30 WHERE Customer = 'Acme Rail'");
+    run();
+    EXPECT_EQ(database.rows("SELECT ID FROM Invoice"), QStringList{"1"});
+}
 } // namespace

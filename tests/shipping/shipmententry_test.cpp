@@ -281,4 +281,14 @@ TEST_F(ShipmentEntry, FreightThatIsNoAmountFailsBeforeAnythingIsStored)
     EXPECT_EQ(addShipment("1", Date(2011, 3, 5), {}), "2") << "the number is spent";
 }
 
+TEST_F(ShipmentEntry, TheLedgerGetsTheCellsTextAsANumberNotItsFirstDigits)
+{
+    addOrder("A-1", "Acme Rail", {{"AX-100", 2000, 4.75}, {"BR-200", 10, 2.2}});
+    FormDriver user = begin("Acme Rail");
+    user.typeCell("vsfgItems", 1, 3, "1,200");
+    user.typeCell("vsfgItems", 2, 3, "5-");
+    save(user);
+    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|1200", "Main|BR-200|-5"}));
+    EXPECT_EQ(database.rows("SELECT Qty FROM ShipmentItems"), (QStringList{"1200", "-5"}));
+}
 } // namespace
