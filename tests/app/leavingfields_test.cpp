@@ -245,6 +245,30 @@ TEST_P(LeavingFields, AClickOnAnotherWindowTakesTheFocusWithOneLostFocus)
     }
 }
 
+TEST_F(CompanyTest, CtrlWClosesNoFormAndIsACharacterLikeAnyOtherInATypeAheadBox)
+{
+    FormDriver form("frmInventoryAdjust");
+    form.control<ComboBox>("cmbWarehouse")->setFocus();
+    Hand hand(mdi.get());
+    hand.key(Qt::Key_W, Qt::ControlModifier);
+    settle();
+    ASSERT_TRUE(form.isLoaded());
+    hand.keys("N");
+    EXPECT_EQ(form.text("cmbWarehouse"), "") << "searched with what was typed before it";
+}
+
+TEST_F(CompanyTest, TheAboutWindowKeepsItsSize)
+{
+    FormDriver about("frmAbout");
+    auto *window = qobject_cast<QMdiSubWindow *>(about.form()->parentWidget());
+    const QRect before = window->geometry();
+    Hand hand(mdi.get());
+    hand.doubleClick(window, Hand::titleOf(window));
+    hand.drag(window, window->rect().bottomRight() - QPoint(1, 1), window->rect().bottomRight() + QPoint(80, 60));
+    EXPECT_EQ(window->geometry(), before);
+    EXPECT_FALSE(window->isMaximized());
+}
+
 INSTANTIATE_TEST_SUITE_P(Program, LeavingFields, testing::ValuesIn(fields()),
                          [](const auto &field) { return QString(field.param.title).replace(' ', '_').toStdString(); });
 } // namespace
