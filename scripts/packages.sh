@@ -28,7 +28,17 @@ needs() {
     rm -f "$log"
 }
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libgtest-dev libbenchmark-dev
+# The tests start a PostgreSQL cluster of their own; the package is not to start one besides. To be called before it is
+# installed.
+without_main_cluster() {
+    local conf=/etc/postgresql-common/createcluster.conf
+    dpkg-query -W postgresql-15 >/dev/null 2>&1 || [ -e "$conf" ] && return 0
+    local root=()
+    [ "$(id -u)" -eq 0 ] || root=(sudo)
+    "${root[@]}" mkdir -p "${conf%/*}" && echo "create_main_cluster = false" | "${root[@]}" tee "$conf" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libpq-dev libgtest-dev libbenchmark-dev
     libxlsxwriter-dev liborcus-dev libgsf-1-dev libcups2-dev mdbtools-dev fontconfig fonts-dejavu-core fonts-liberation)
-test_packages=(poppler-utils cups-daemon locales procps)
+test_packages=(postgresql-15 poppler-utils cups-daemon locales procps)
 package_packages=(debhelper dpkg-dev lintian)

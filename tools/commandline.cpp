@@ -1,6 +1,7 @@
 #include "tools/commandline.h"
 
 #include "data/dao/createdatabase.h"
+#include "data/engines/engines.h"
 #include "data/schema/schema.h"
 #include "data/values/clock.h"
 #include "data/values/runtimeerror.h"
@@ -118,6 +119,7 @@ struct Command
     const char *takes; ///< the same in words
     QStringList options;
     std::function<int(const Arguments &, QTextStream &)> run;
+    bool takesUris = false; ///< of databases on a server, where it takes a FILE
 };
 
 /// For a command that has done what it was told if it did not throw.
@@ -132,12 +134,12 @@ std::function<int(const Arguments &, QTextStream &)> done(void (*run)(const Argu
 const std::vector<Command> &commands()
 {
     static const std::vector<Command> all = {
-        {"create", 1, "one FILE", {}, done(create)},
-        {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo)},
-        {"load", 3, "FILE, TABLE and CSV", {}, done(load)},
+        {"create", 1, "one FILE", {}, done(create), true},
+        {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo), true},
+        {"load", 3, "FILE, TABLE and CSV", {}, done(load), true},
         {"check", 1, "one FILE", {"--config="}, check},
         {"share", 1, "one FILE", {}, done(share)},
-        {"export", 2, "FILE and TABLE", {}, done(exportRows)},
+        {"export", 2, "FILE and TABLE", {}, done(exportRows), true},
         {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
         {"restore", 2, "BACKUP and TO", {}, done(restore)},
         {"takeover", 2, "OLD.mdb and NEW", {"--keep"}, takeover},
@@ -165,6 +167,9 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
         const Arguments arguments(name, rest, command.options);
         if (arguments.plain().size() != command.count)
             throw ToolError{QStringLiteral("%1 takes %2").arg(name, QLatin1String(command.takes))};
+        const auto &plain = arguments.plain();
+        if (!command.takesUris && !std::all_of(plain.begin(), plain.end(), engines::isFile))
+            throw ToolError{QStringLiteral("%1 works on files, not on a server's database").arg(name)};
         return command.run(arguments, out);
     }
     const QString last = names.takeLast();

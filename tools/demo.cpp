@@ -5,7 +5,6 @@
 #include "data/schema/schema.h"
 #include "tools/demo/company.h"
 #include "tools/demo/writetables.h"
-#include <QFile>
 
 namespace {
 
@@ -52,7 +51,7 @@ void createDemo(const QString &path, const DemoOptions &options)
     try {
         fill(path, options);
     } catch (...) {
-        QFile::remove(path);
+        discardDatabase(path);
         throw;
     }
 }

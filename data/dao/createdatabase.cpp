@@ -6,3 +6,8 @@ void createDatabase(const QString &path, const QString &password, const QByteArr
 {
     engines::create(path, password, salt);
 }
+
+void discardDatabase(const QString &path)
+{
+    engines::discard(path);
+}

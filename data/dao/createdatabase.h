@@ -6,4 +6,8 @@
 /// of them without rows. Error 3204 when the file exists, 3044 for a folder that does not; a failure leaves no
 /// file behind. In a folder whose files belong to its group, the group may write to it. A `salt` for the password makes
 /// the file the same each time; without one it is drawn at random.
+///
+/// The path may be the URI of a database on a server, with the same errors and promises; see docs/server.md.
 void createDatabase(const QString &path, const QString &password, const QByteArray &salt = {});
+/// Takes away a database that was just made and is not wanted after all.
+void discardDatabase(const QString &path);

@@ -53,8 +53,8 @@ bool DatabaseData::tryExecute(const QString &sql)
     if (translation->copies)
         m_engine->prepareToCopyRows();
     const auto transaction = m_engine->begin(doing);
-    // With the write lock held the tables stay as they are.
-    if (!catalogIsCurrent())
+    // With a file's write lock held the tables stay as they are.
+    if (!m_engine->catalogIsCurrent())
         return false;
     run(translation, doing);
     transaction->commit();

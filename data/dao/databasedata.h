@@ -32,7 +32,7 @@ public:
     Query prepareQuery(const QString &sql);
     static Doing reading(const jetsql::Translation &translation, const QString &sql);
     /// False after another process made or dropped a table.
-    bool catalogIsCurrent() { return m_engine->catalogIsCurrent(); }
+    bool catalogIsCurrent() { return m_engine->catalogIsSurelyCurrent(); }
     engine::Connection &engine() { return *m_engine; }
 
     /// Must be called before anything is written: open recordsets read what they still have to show, since a

@@ -16,12 +16,29 @@ QHash<QString, QString> entriesOf(const QString &connect)
     return entries;
 }
 
+/// The sessions that are open, by all that they were opened with.
+QHash<QString, std::weak_ptr<DatabaseData>> &sessions()
+{
+    static QHash<QString, std::weak_ptr<DatabaseData>> open;
+    return open;
+}
+
 } // namespace
 
 std::unique_ptr<Database> DBEngine::OpenDatabase(const QString &name, bool exclusive, bool readOnly,
                                                  const QString &connect)
 {
     const QHash<QString, QString> entries = entriesOf(connect);
+    // Tables that a session has for itself must be seen through every Database of this program, so that a second
+    // opening gives the same session.
+    const QString key = name + u'\n' + connect + (exclusive ? u'x' : u's') + (readOnly ? u'r' : u'w');
+    if (engines::hasPrivateTables(name)) {
+        if (auto session = sessions().value(key).lock())
+            return std::make_unique<Database>(std::move(session));
+    }
     auto engine = engines::open({name, entries.value(QStringLiteral("pwd")), exclusive, readOnly, entries});
-    return std::make_unique<Database>(std::make_shared<DatabaseData>(std::move(engine)));
+    auto session = std::make_shared<DatabaseData>(std::move(engine));
+    if (engines::hasPrivateTables(name))
+        sessions().insert(key, session);
+    return std::make_unique<Database>(std::move(session));
 }

@@ -16,7 +16,8 @@ void RecordsetData::adopt(Query query)
     m_translation = std::move(query.translation);
     m_rows = std::move(query.rows);
     m_reading = DatabaseData::reading(*m_translation, m_reading.statement);
-    m_store = ReadAheadRows(m_rows->columns());
+    // The row's number stands behind the columns of one that can be changed.
+    m_store = ReadAheadRows(columnCount() + (m_translation->updatableTable.isEmpty() ? 0 : 1));
 }
 
 RecordsetData::~RecordsetData()

@@ -60,8 +60,11 @@ public:
 
     /// All tables but the system's own, in the order in which they were made.
     virtual Catalog readCatalog() = 0;
-    /// False after somebody made, changed or dropped a table since the catalogue was read.
+    /// False after somebody made, changed or dropped a table since the catalogue was read, as far as that can be told
+    /// without waiting.
     virtual bool catalogIsCurrent() = 0;
+    /// The same, and waits to know for sure.
+    virtual bool catalogIsSurelyCurrent() { return catalogIsCurrent(); }
 
     /// The rows of a SELECT with values for its parameters. Raises what can be told before the first row is asked for.
     virtual std::unique_ptr<Rows> open(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing) = 0;

@@ -15,7 +15,6 @@ public:
     /// True when the first call found, or may have failed for, other tables than the statement was translated for.
     virtual bool metOtherTables() const { return false; }
 
-    virtual int columns() const = 0;
     /// A column of the current row as the engine hands it out; valid until the next row.
     virtual Cell cell(int column) const = 0;
 

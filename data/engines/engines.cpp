@@ -1,23 +1,51 @@
 #include "data/engines/engines.h"
 
+#include "data/engines/postgres/bulkrows.h"
+#include "data/engines/postgres/createdatabase.h"
+#include "data/engines/postgres/engine.h"
 #include "data/engines/sqlite/bulkrows.h"
 #include "data/engines/sqlite/copyfile.h"
 #include "data/engines/sqlite/createfile.h"
 #include "data/engines/sqlite/engine.h"
+#include <QFile>
+
+bool engines::hasPrivateTables(const QString &name)
+{
+    return postgres::isUri(name);
+}
+
+bool engines::isFile(const QString &name)
+{
+    return !postgres::isUri(name);
+}
+
+void engines::discard(const QString &name)
+{
+    if (postgres::isUri(name))
+        postgres::dropDatabase(name);
+    else
+        QFile::remove(name);
+}
 
 std::unique_ptr<engine::Connection> engines::open(const engine::Options &options)
 {
+    if (postgres::isUri(options.name))
+        return std::make_unique<postgres::Engine>(options);
     return std::make_unique<SqliteEngine>(options);
 }
 
 std::unique_ptr<engine::BulkRows> engines::bulkRows(const QString &name, const QString &password,
                                                     engine::BulkRows::State state)
 {
+    if (postgres::isUri(name))
+        return std::make_unique<postgres::BulkRows>(name, password, state);
     return std::make_unique<SqliteBulkRows>(name, password, state);
 }
 
 void engines::create(const QString &name, const QString &password, const QByteArray &salt)
 {
+    if (postgres::isUri(name))
+        return postgres::createDatabase(name, password, salt);
     createFile(name, password, salt);
 }
 

@@ -3,8 +3,15 @@
 #include "data/engine/bulkrows.h"
 #include "data/engine/connection.h"
 
-/// Finds the engine that a database's name belongs to.
+/// Finds the engine that a database's name belongs to: a URI to a server's, everything else to files.
 namespace engines {
+
+/// Whether a session has scratch tables of its own there.
+bool hasPrivateTables(const QString &name);
+/// True for the name of a file.
+bool isFile(const QString &name);
+/// Takes away a database that was just made and is not wanted.
+void discard(const QString &name);
 
 std::unique_ptr<engine::Connection> open(const engine::Options &options);
 std::unique_ptr<engine::BulkRows> bulkRows(const QString &name, const QString &password, engine::BulkRows::State state);

@@ -82,6 +82,7 @@ Translation description(const CreateTable &create, const Catalog &catalog)
     requireNew(create.table.Name, catalog);
     Translation result = action(StatementKind::CreateTable, create.table.Name);
     result.newTable = create.table;
+    result.newTable.keyed = true;
     return result;
 }
 

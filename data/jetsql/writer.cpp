@@ -338,7 +338,10 @@ private:
         const std::vector<SortKey> asked = keys;
         for (size_t i = 0; i < m_select.items.size(); ++i)
             add(i, false);
-        return u'*' + placed(asked, keys) + " FROM (SELECT " + distinct() + numberedItems() + tail() + ") AS made";
+        // Where rows are distinct by keys, the first of each shows its own texts.
+        const QString order = m_dialect.comparesByKeys() ? orderClause(sortKeys()) : QString();
+        return u'*' + placed(asked, keys) + " FROM (SELECT " + distinct() + numberedItems() + tail() + order +
+               ") AS made";
     }
 
     /// Of the result column that an ORDER BY beside DISTINCT names; typing has seen to it that one is.
@@ -398,7 +401,7 @@ QString writtenSelectInto(const Dialect &dialect, const Select &select, const Ta
     for (int i = 0; i < int(newTable.columns.size()); ++i)
         all.push_back(i);
     SelectWriter writer(dialect, select);
-    writer.insertionOrder = select.sources.size() == 1;
+    writer.insertionOrder = select.sources.size() == 1 || dialect.numbersJoinedRows();
     return insertHead(newTable, all) + writer.text();
 }
 
@@ -407,7 +410,7 @@ QString written(const Dialect &dialect, const Insert &insert)
     const QString head = insertHead(*insert.def, insert.targets);
     if (insert.select) {
         SelectWriter writer(dialect, *insert.select);
-        writer.insertionOrder = insert.select->sources.size() == 1;
+        writer.insertionOrder = insert.select->sources.size() == 1 || dialect.numbersJoinedRows();
         for (const int target : insert.targets)
             writer.targets.push_back(insert.def->columns[target]);
         return head + writer.text();

@@ -45,13 +45,13 @@ TableDef permanent(const char *name, std::vector<ColumnDef> columns)
                             column.type == ColumnType::Currency || column.type == ColumnType::YesNo;
         column.defaultZero = counts && !column.autoNumber;
     }
-    return {QString::fromLatin1(name), std::move(columns)};
+    return {QString::fromLatin1(name), std::move(columns), true};
 }
 
 /// A table that one report fills: what it does not fill is Null.
 TableDef scratch(const char *name, std::vector<ColumnDef> columns)
 {
-    return {QString::fromLatin1(name), std::move(columns)};
+    return {QString::fromLatin1(name), std::move(columns), true};
 }
 
 /// Records known by their names; the other tables carry those names as text.

@@ -22,6 +22,7 @@ class TableDef
 public:
     QString Name;
     std::vector<ColumnDef> columns;
+    bool keyed = false; ///< its AutoNumber, if it has one, is its key
 
     /// Position of a column by its name in any case, or -1.
     int indexOf(QAnyStringView column) const;

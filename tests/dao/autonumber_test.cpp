@@ -13,11 +13,19 @@ int take(Database &database, bool keep)
     return number;
 }
 
-class AutoNumberTest : public testing::TestWithParam<const char *>
+struct Way
+{
+    EngineKind engine;
+    const char *connect;
+};
+
+class AutoNumberTest : public testing::TestWithParam<Way>
 {
 protected:
-    DatabaseFile file;
-    std::unique_ptr<Database> database = file.open(GetParam());
+    std::unique_ptr<Database> open() { return file.open(GetParam().connect); }
+
+    DatabaseFile file{GetParam().engine};
+    std::unique_ptr<Database> database = open();
 };
 
 TEST_P(AutoNumberTest, IsKnownBeforeTheUpdateAndSpentWithoutOne)
@@ -39,20 +47,23 @@ TEST_P(AutoNumberTest, IsKnownBeforeTheUpdateAndSpentWithoutOne)
 
 TEST_P(AutoNumberTest, GoesOnBehindNumbersOfOtherConnectionsStatementsAndTools)
 {
-    const auto other = file.open(GetParam());
+    const auto other = open();
     EXPECT_EQ(take(*database, false), 1);
     EXPECT_EQ(take(*other, true), 2);
-    other->Execute("INSERT INTO Orders (OrderNumber) VALUES ('x')"); // takes 3
+    runNow(*other, "INSERT INTO Orders (OrderNumber) VALUES ('x')"); // takes 3
     EXPECT_EQ(take(*database, true), 4);
-    other->Execute("INSERT INTO Orders (ID, OrderNumber) VALUES (50, 'y')");
+    database->settle();
+    runNow(*other, "INSERT INTO Orders (ID, OrderNumber) VALUES (50, 'y')");
     EXPECT_EQ(take(*database, true), 51);
-    PlainConnection(file.path()).run("INSERT INTO Orders (ID) VALUES (70)");
+    file.plain("INSERT INTO \"Orders\" (\"ID\") VALUES (70)");
     EXPECT_EQ(take(*database, false), 71);
-    PlainConnection(file.path()).run("INSERT INTO Orders (OrderNumber) VALUES ('z')"); // takes 72
+    file.plain("INSERT INTO \"Orders\" (\"OrderNumber\") VALUES ('z')"); // takes 72
     EXPECT_EQ(take(*database, true), 73);
-    PlainConnection(file.path()).run("UPDATE Orders SET ID = 90 WHERE ID = 2; DELETE FROM Orders WHERE ID = 73");
+    file.plain("UPDATE \"Orders\" SET \"ID\" = 90 WHERE \"ID\" = 2; DELETE FROM \"Orders\" WHERE \"ID\" = 73");
     EXPECT_EQ(take(*database, true), 91);
-    PlainConnection(file.path()).run("DELETE FROM sqlite_sequence");
+    database->settle();
+    if (!file.isOnServer())
+        file.plain("DELETE FROM sqlite_sequence");
     EXPECT_EQ(take(*database, true), 92);
 }
 
@@ -62,7 +73,7 @@ TEST_P(AutoNumberTest, StaysSpentWhenTheFileIsClosedAndItsRowsAreGone)
     EXPECT_EQ(take(*database, false), 2);
     database->Execute("DELETE * FROM Orders");
     database.reset();
-    database = file.open(GetParam());
+    database = open();
     EXPECT_EQ(take(*database, true), 3);
 }
 
@@ -94,7 +105,15 @@ TEST_P(AutoNumberTest, NumbersTheRowsOfTablesMadeByStatements)
     EXPECT_EQ(copy.Fields("ID").value(), Value(2));
 }
 
-INSTANTIATE_TEST_SUITE_P(Journals, AutoNumberTest, testing::Values(";journal=log", ";journal=rollback"),
-                         [](const auto &info) { return info.index == 0 ? "Log" : "Rollback"; });
+std::string nameOf(const testing::TestParamInfo<Way> &info)
+{
+    static const std::array names{"OnLog", "OnRollback", "OnPostgres"};
+    return names[info.index];
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, AutoNumberTest,
+                         testing::Values(Way{EngineKind::Sqlite, ";journal=log"},
+                                         Way{EngineKind::Sqlite, ";journal=rollback"}, Way{EngineKind::Postgres, ""}),
+                         nameOf);
 
 } // namespace

@@ -2,29 +2,42 @@
 
 #include "data/dao/createdatabase.h"
 #include "data/dao/database.h"
+#include "tests/support/enginesundertest.h"
 #include "tests/support/printers.h"
-#include <QTemporaryDir>
+#include <QFileInfo>
 #include <sqlite3.h>
 
-/// A new database in a folder of its own, gone with the object.
+/// A new database of one engine, gone with the object.
 class DatabaseFile
 {
 public:
     static constexpr auto Password = "secret";
 
-    DatabaseFile() { createDatabase(path(), Password); }
-
-    QString path() const { return m_folder.filePath("company.db"); }
-    QString folder() const { return m_folder.path(); }
-
-    /// `options` are entries of the connect string besides the password.
-    std::unique_ptr<Database> open(const QString &options = {}) const
+    explicit DatabaseFile(EngineKind engine = EngineKind::Sqlite) : m_engine(engine), m_place(DatabasePlace::on(engine))
     {
-        return DBEngine::OpenDatabase(path(), false, false, options + ";pwd=" + Password);
+        createDatabase(path(), Password);
     }
 
+    QString path() const { return m_place->name(); }
+    QString folder() const { return QFileInfo(path()).path(); }
+    bool isOnServer() const { return m_engine != EngineKind::Sqlite; }
+
+    /// Opens it in a session of its own. `options` are entries of the connect string besides the password.
+    std::unique_ptr<Database> open(const QString &options = {}) const
+    {
+        return DBEngine::OpenDatabase(m_place->nameForAnother(), false, false, options + ";pwd=" + Password);
+    }
+    /// The ways in which the engine is used.
+    QStringList ways() const
+    {
+        return isOnServer() ? QStringList{""} : QStringList{";journal=log", ";journal=rollback"};
+    }
+    /// Runs a statement as another tool does: the first value, "no row", or the error.
+    QString plain(const QString &sql) const { return m_place->plain(sql); }
+
 private:
-    QTemporaryDir m_folder;
+    EngineKind m_engine;
+    std::unique_ptr<DatabasePlace> m_place;
 };
 
 /// A connection to a file without any of this program's ways, as another tool opens it.
@@ -57,6 +70,13 @@ public:
 private:
     sqlite3 *m_handle = nullptr;
 };
+
+/// Runs a statement and waits until it is done: a server's is sent and answered later.
+inline void runNow(Database &database, const QString &sql)
+{
+    database.Execute(sql);
+    database.settle();
+}
 
 /// The text of one column of every row, joined by blanks; "-" for Null.
 inline QString column(Database &database, const QString &sql, int position = 0)

@@ -3,9 +3,11 @@
 
 namespace {
 
-class StreamingTest : public testing::Test
+class StreamingRows
 {
 protected:
+    explicit StreamingRows(EngineKind engine) : file(engine) {}
+
     /// Parts "1" to "count" in one statement's time each ten thousand.
     void addParts(int count)
     {
@@ -31,7 +33,19 @@ protected:
     std::unique_ptr<Database> database = file.open();
 };
 
-TEST_F(StreamingTest, KeepsItsRowsWhateverIsWrittenDuringTheWalk)
+class StreamingTest : public testing::TestWithParam<EngineKind>, protected StreamingRows
+{
+protected:
+    StreamingTest() : StreamingRows(GetParam()) {}
+};
+
+class FileStreamingTest : public testing::Test, protected StreamingRows
+{
+protected:
+    FileStreamingTest() : StreamingRows(EngineKind::Sqlite) {}
+};
+
+TEST_P(StreamingTest, KeepsItsRowsWhateverIsWrittenDuringTheWalk)
 {
     addParts(5);
     const struct
@@ -57,7 +71,7 @@ TEST_F(StreamingTest, KeepsItsRowsWhateverIsWrittenDuringTheWalk)
     }
 }
 
-TEST_F(StreamingTest, ARowDeletedAheadOfTheWalkIsFoundDeleted)
+TEST_P(StreamingTest, ARowDeletedAheadOfTheWalkIsFoundDeleted)
 {
     addParts(3);
     Recordset rows = database->OpenRecordset("SELECT * FROM Part ORDER BY PartNo");
@@ -70,7 +84,7 @@ TEST_F(StreamingTest, ARowDeletedAheadOfTheWalkIsFoundDeleted)
     EXPECT_EQ(rows.Fields("PartNo").text(), "3");
 }
 
-TEST_F(StreamingTest, EveryRowOfALargeWalkComesThroughWhenItIsChangedOnTheWay)
+TEST_P(StreamingTest, EveryRowOfALargeWalkComesThroughWhenItIsChangedOnTheWay)
 {
     const int count = 20000;
     addParts(count);
@@ -90,21 +104,7 @@ TEST_F(StreamingTest, EveryRowOfALargeWalkComesThroughWhenItIsChangedOnTheWay)
               Value(sum));
 }
 
-TEST_F(StreamingTest, TheLogStaysSmallWhenStatementsRunDuringAWalk)
-{
-    const int count = 20000;
-    addParts(count);
-    qint64 largest = 0;
-    for (Recordset rows = database->OpenRecordset("SELECT PartNo FROM Part"); !rows.Eof(); rows.MoveNext()) {
-        database->Execute("UPDATE FebInventory SET Qty = Qty + 1");
-        largest = std::max(largest, QFileInfo(file.path() + "-wal").size());
-    }
-    EXPECT_EQ(column(*database, "SELECT Qty FROM FebInventory"), QString::number(count));
-    // Each statement logs a page of 4 kB: without the log being reset, 80 MB.
-    EXPECT_LT(largest, 32 << 20);
-}
-
-TEST_F(StreamingTest, ARecordsetOpenedToAddRowsReadsNone)
+TEST_P(StreamingTest, ARecordsetOpenedToAddRowsReadsNone)
 {
     addParts(3);
     // Reading any of its rows fails, in a division by zero.
@@ -120,7 +120,21 @@ TEST_F(StreamingTest, ARecordsetOpenedToAddRowsReadsNone)
     EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "1 2 3 4");
 }
 
-TEST_F(StreamingTest, NoLockOutlivesTheSettling)
+TEST_F(FileStreamingTest, TheLogStaysSmallWhenStatementsRunDuringAWalk)
+{
+    const int count = 20000;
+    addParts(count);
+    qint64 largest = 0;
+    for (Recordset rows = database->OpenRecordset("SELECT PartNo FROM Part"); !rows.Eof(); rows.MoveNext()) {
+        database->Execute("UPDATE FebInventory SET Qty = Qty + 1");
+        largest = std::max(largest, QFileInfo(file.path() + "-wal").size());
+    }
+    EXPECT_EQ(column(*database, "SELECT Qty FROM FebInventory"), QString::number(count));
+    // Each statement logs a page of 4 kB: without the log being reset, 80 MB.
+    EXPECT_LT(largest, 32 << 20);
+}
+
+TEST_F(FileStreamingTest, NoLockOutlivesTheSettling)
 {
     database.reset();
     database = file.open(";journal=rollback");
@@ -133,5 +147,7 @@ TEST_F(StreamingTest, NoLockOutlivesTheSettling)
     EXPECT_EQ(errorNumberOf([&] { other->Execute("UPDATE Part SET Cost = 3"); }), 0);
     EXPECT_EQ(walk(rows, "PartNo").count(' '), 999);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, StreamingTest, allEngines(), nameOfEngine);
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "tests/jetsql/corpus.h"
 
-#include "data/engines/sqlite/tables.h"
 #include <QFile>
 #include <stdexcept>
 
@@ -16,7 +15,7 @@ QStringList linesOf(const QString &name)
 
 } // namespace
 
-std::vector<corpus::Case> corpus::cases()
+std::vector<corpus::Case> corpus::cases(bool onServer)
 {
     std::vector<Case> cases;
     int number = 0;
@@ -24,6 +23,10 @@ std::vector<corpus::Case> corpus::cases()
         ++number;
         if (line.startsWith(u"# "))
             cases.push_back({line.sliced(2), number, {}});
+        else if (line.startsWith(u"^ ") && onServer)
+            cases.back().steps.back().expected.last() = u'|' + line.sliced(1);
+        else if (line.startsWith(u"^ "))
+            continue;
         else if (line.size() > 1 && line.at(1) == u' ' && QStringView(u">~|+=!").contains(line.front()))
             cases.back().steps.back().expected.append(line);
         else if (!line.trimmed().isEmpty())
@@ -42,7 +45,7 @@ QByteArrayList corpus::companyInserts()
         } else if (head.isEmpty()) {
             // A line "Table: Column | Column", then a line of values for each row.
             const qsizetype colon = line.indexOf(u':');
-            head = "INSERT INTO " + Tables::quoted(line.first(colon)) + " ([" +
+            head = "INSERT INTO [" + line.first(colon).toUtf8() + "] ([" +
                    cells(line.sliced(colon + 1)).join("], [").toUtf8() + "]) VALUES (";
         } else {
             QStringList values;

@@ -8,6 +8,7 @@
 //   > the result's columns, or ~ some of them      | a row, in the result's order
 //   + the columns of the table made                = how many rows were written
 //   ! the run-time error
+//   ^ the row above as a server shows it: another spelling of a group of equal texts
 // Each case runs on the company of company.txt as if it were the first.
 namespace corpus {
 
@@ -24,8 +25,8 @@ struct Case
     std::vector<Step> steps;
 };
 
-std::vector<Case> cases();
-/// What fills the company's tables, in SQLite's own words.
+std::vector<Case> cases(bool onServer = false);
+/// What fills the company's tables, in words that SQLite and the program's own dialect have in common.
 QByteArrayList companyInserts();
 
 /// The parts of a line between its bars.

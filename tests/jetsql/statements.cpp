@@ -2,36 +2,41 @@
 #include "tests/jetsql/corpus.h"
 #include "tests/jetsql/sqlcompany.h"
 
-#include "data/engines/sqlite/connection.h"
 #include <QFile>
 
 namespace {
 
-/// The company in a file, reached as the program reaches it.
-class FiledCompany
+/// The company in a database of one engine, reached as the program reaches it.
+class StoredCompany
 {
 public:
-    FiledCompany()
-    {
-        ConnectionOptions options;
-        options.file = m_file.path();
-        options.journal = Journal::Rollback;
-        Connection connection(options);
-        connection.run("BEGIN; " + corpus::companyInserts().join(';') + "; COMMIT", {});
-    }
+    explicit StoredCompany(EngineKind engine) : m_engine(engine) {}
 
     /// The company as it was in the beginning.
-    std::unique_ptr<Database> openCopy() const
+    std::unique_ptr<Database> open()
     {
-        const QString copy = m_file.folder() + "/copy.db";
-        QFile::remove(copy);
-        EXPECT_TRUE(QFile::copy(m_file.path(), copy));
-        return DBEngine::OpenDatabase(copy, false, false,
-                                      QStringLiteral(";journal=rollback;pwd=") + DatabaseFile::Password);
+        const bool isFile = m_engine == EngineKind::Sqlite;
+        if (!isFile || !m_filled)
+            m_copy = std::make_unique<DatabaseFile>(m_engine);
+        if (isFile && m_filled) {
+            QFile::remove(m_copy->path());
+            EXPECT_TRUE(QFile::copy(m_filled->path(), m_copy->path()));
+            return m_copy->open(";journal=rollback");
+        }
+        auto database = m_copy->open(";journal=rollback");
+        for (const QByteArray &insert : corpus::companyInserts())
+            database->Execute(QString::fromUtf8(insert));
+        if (!isFile)
+            return database;
+        database.reset();
+        m_filled = std::exchange(m_copy, std::make_unique<DatabaseFile>(m_engine));
+        return open();
     }
 
 private:
-    DatabaseFile m_file;
+    EngineKind m_engine;
+    std::unique_ptr<DatabaseFile> m_filled; ///< a file to copy from
+    std::unique_ptr<DatabaseFile> m_copy;
 };
 
 bool isQuery(const QString &statement)
@@ -54,7 +59,7 @@ QStringList outcome(Database &database, const QString &statement, const QString 
             if (isQuery(statement))
                 database.OpenRecordset(statement).Eof();
             else
-                database.Execute(statement);
+                runNow(database, statement);
             return {};
         }
         QStringList lines{head};
@@ -96,13 +101,17 @@ TEST(Statements, BringWhatTheCorpusSays)
     }
 }
 
-TEST(Statements, BringTheSameThroughADatabaseThatHasRunOthersBefore)
+class StoredStatements : public testing::TestWithParam<EngineKind>
 {
-    const FiledCompany company;
+};
+
+TEST_P(StoredStatements, BringTheSameThroughADatabaseThatHasRunOthersBefore)
+{
+    StoredCompany company(GetParam());
     std::unique_ptr<Database> database;
-    for (const corpus::Case &one : corpus::cases()) {
+    for (const corpus::Case &one : corpus::cases(GetParam() != EngineKind::Sqlite)) {
         if (!database)
-            database = company.openCopy();
+            database = company.open();
         bool changed = false;
         for (const corpus::Step &step : one.steps) {
             QStringList expected = step.expected;
@@ -119,3 +128,6 @@ TEST(Statements, BringTheSameThroughADatabaseThatHasRunOthersBefore)
             database.reset();
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, StoredStatements, testing::Values(EngineKind::Sqlite, EngineKind::Postgres),
+                         nameOfEngine);

@@ -1,8 +1,7 @@
 #include "data/engines/sqlite/rows.h"
 
 SqliteRows::SqliteRows(Connection &connection, Statement statement, Doing doing)
-    : m_connection(connection), m_statement(std::move(statement)), m_doing(std::move(doing)),
-      m_columns(sqlite3_column_count(m_statement.handle()))
+    : m_connection(connection), m_statement(std::move(statement)), m_doing(std::move(doing))
 {
 }
 
@@ -17,7 +16,6 @@ bool SqliteRows::next()
     if (!m_begun) {
         // Before anything else is asked: SQLite tells the reason of its latest failure only.
         m_metOtherTables = m_statement.sawOtherTables();
-        m_columns = sqlite3_column_count(m_statement.handle());
         m_begun = true;
     }
     if (code == SQLITE_ROW)

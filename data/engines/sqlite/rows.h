@@ -12,14 +12,12 @@ public:
 
     bool next() override;
     bool metOtherTables() const override { return m_metOtherTables; }
-    int columns() const override { return m_columns; }
     Cell cell(int column) const override { return m_statement.cell(column); }
 
 private:
     Connection &m_connection;
     Statement m_statement;
     Doing m_doing;
-    int m_columns;
     bool m_begun = false;
     bool m_metOtherTables = false;
 };

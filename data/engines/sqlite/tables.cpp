@@ -118,7 +118,9 @@ Catalog Tables::readCatalog(Connection &connection)
             finishTable();
             table.Name = name;
         }
-        table.columns.push_back(columnFrom(columns.text(1), columns.text(2), columns.text(3), columns.integer(4) != 0));
+        const bool isKey = columns.integer(4) != 0;
+        table.keyed = table.keyed || isKey;
+        table.columns.push_back(columnFrom(columns.text(1), columns.text(2), columns.text(3), isKey));
     }
     if (code != SQLITE_DONE)
         connection.raise(code, reading);

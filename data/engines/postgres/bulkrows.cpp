@@ -1,0 +1,176 @@
+#include "data/engines/postgres/bulkrows.h"
+
+#include "data/engines/postgres/errors.h"
+#include "data/engines/postgres/queue.h"
+#include "data/engines/postgres/tables.h"
+
+namespace postgres {
+
+namespace {
+
+const Doing Defining{Doing::Defining, {}, QStringLiteral("bulk load")};
+constexpr int LockMilliseconds = 8000;
+
+QByteArray listOf(const QStringList &columns)
+{
+    QByteArrayList names;
+    for (const QString &column : columns)
+        names += quoted(column);
+    return names.join(", ");
+}
+
+/// Adds rows one by one.
+class Inserting : public engine::RowSink
+{
+public:
+    Inserting(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
+        : m_queue(connection, uri), m_doing{Doing::Writing, table.Name, "bulk load into " + table.Name}
+    {
+        QByteArrayList places;
+        for (qsizetype i = 1; i <= columns.size(); ++i)
+            places += '$' + QByteArray::number(i);
+        m_sql = "INSERT INTO " + quoted(table.Name) + " (" + listOf(columns) + ") VALUES (" + places.join(", ") + ')';
+    }
+
+    void add(std::span<const Value> row) override
+    {
+        Parameters parameters;
+        for (const Value &value : row)
+            parameters.push_back(parameterOf(value));
+        m_queue.ask(m_sql, parameters, m_doing);
+    }
+
+private:
+    Queue m_queue;
+    Doing m_doing;
+    QByteArray m_sql;
+};
+
+/// Gathers rows and sends them in large pieces: the session can be in one copy only, and several tables may be filled
+/// side by side.
+class Copying : public engine::RowSink
+{
+public:
+    Copying(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
+        : m_connection(connection), m_uri(uri), m_doing{Doing::Writing, table.Name, "bulk load into " + table.Name},
+          m_sql("COPY " + quoted(table.Name) + " (" + listOf(columns) + ") FROM STDIN")
+    {
+    }
+
+    ~Copying() override
+    {
+        // The last piece belongs to the load like those before it. What fails here fails the commit.
+        try {
+            send();
+        } catch (const RuntimeError &) {
+            PQclear(PQexec(m_connection, "SELECT jet_raise(3000)"));
+        }
+    }
+
+    void add(std::span<const Value> row) override
+    {
+        bool first = true;
+        for (const Value &value : row) {
+            if (!first)
+                m_lines += '\t';
+            first = false;
+            put(parameterOf(value));
+        }
+        m_lines += '\n';
+        if (m_lines.size() > PieceSize)
+            send();
+    }
+
+private:
+    static constexpr qsizetype PieceSize = 1 << 20;
+
+    void put(const std::optional<QByteArray> &value)
+    {
+        if (!value) {
+            m_lines += "\\N";
+            return;
+        }
+        for (const char c : *value) {
+            switch (c) {
+            case '\\':
+                m_lines += "\\\\";
+                break;
+            case '\t':
+                m_lines += "\\t";
+                break;
+            case '\n':
+                m_lines += "\\n";
+                break;
+            case '\r':
+                m_lines += "\\r";
+                break;
+            default:
+                m_lines += c;
+            }
+        }
+    }
+
+    void send()
+    {
+        if (m_lines.isEmpty())
+            return;
+        const Result begun(PQexec(m_connection, m_sql.constData()));
+        if (PQresultStatus(begun.get()) != PGRES_COPY_IN)
+            throw errorFor(begun.get(), m_uri.text, m_doing);
+        PQputCopyData(m_connection, m_lines.constData(), int(m_lines.size()));
+        PQputCopyEnd(m_connection, nullptr);
+        m_lines.clear();
+        std::optional<RuntimeError> failure;
+        while (const Result result{PQgetResult(m_connection)}) {
+            if (PQresultStatus(result.get()) != PGRES_COMMAND_OK && !failure)
+                failure = errorFor(result.get(), m_uri.text, m_doing);
+        }
+        if (failure)
+            throw *failure;
+    }
+
+    PGconn *m_connection;
+    Uri m_uri;
+    Doing m_doing;
+    QByteArray m_sql, m_lines;
+};
+
+} // namespace
+
+BulkRows::BulkRows(const QString &uri, const QString &password, State state)
+    : m_uri(uri), m_handle(openSession(m_uri)), m_state(state)
+{
+    setUp(m_handle.get(), m_uri, LockMilliseconds);
+    checkPassword(m_handle.get(), m_uri, password);
+    m_tables = Tables::readCatalog(m_handle.get(), m_uri);
+    run(m_handle.get(), "SET synchronous_commit = on; BEGIN", m_uri, Defining);
+    if (m_state == State::New) {
+        for (const Schema::Index &index : Schema::indexes())
+            run(m_handle.get(), "DROP INDEX IF EXISTS " + quoted(index.name), m_uri, Defining);
+    }
+}
+
+BulkRows::~BulkRows() = default;
+
+std::unique_ptr<engine::RowSink> BulkRows::into(const TableDef &table, const QStringList &columns)
+{
+    if (m_state == State::New)
+        return std::make_unique<Copying>(m_handle.get(), m_uri, table, columns);
+    return std::make_unique<Inserting>(m_handle.get(), m_uri, table, columns);
+}
+
+void BulkRows::commit()
+{
+    for (const Schema::Index &index : Schema::indexes()) {
+        const TableDef *table = m_state == State::New ? m_tables.find(index.table) : nullptr;
+        if (table)
+            run(m_handle.get(), Tables::createStatement(index, *table), m_uri, Defining);
+    }
+    const Result committed = run(m_handle.get(), "COMMIT", m_uri, Defining);
+    if (qstrcmp(PQcmdStatus(committed.get()), "COMMIT") != 0) // a row was refused, and nothing is there
+        throw RuntimeError(3022, runtimeError(3022).description(), QStringLiteral("bulk load"));
+    // Plans depend on what the server knows about the tables.
+    run(m_handle.get(), "ANALYZE", m_uri, Defining);
+}
+
+} // namespace postgres

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+namespace postgres {
+
+/// Makes a database on a server with all permanent tables, their indexes, and what statements call; whoever may log in
+/// may use it. One that is there already is taken if it is empty. Error 3204 where it is not; a failure leaves nothing
+/// behind.
+void createDatabase(const QString &uri, const QString &password, const QByteArray &salt);
+
+/// Takes a database away. What fails is left to the administrator: it is called where another error is on its way.
+void dropDatabase(const QString &uri);
+
+} // namespace postgres

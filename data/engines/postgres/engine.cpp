@@ -1,0 +1,229 @@
+#include "data/engines/postgres/engine.h"
+
+#include "data/engines/postgres/dialect.h"
+#include "data/engines/postgres/errors.h"
+#include "data/engines/postgres/rowedit.h"
+#include "data/engines/postgres/rows.h"
+#include "data/engines/postgres/tables.h"
+
+namespace postgres {
+
+namespace {
+
+/// Transactions sent before the answers are waited for: what a lost session can cost at most.
+constexpr int MostBehind = 1000;
+constexpr int LockMilliseconds = 8000;
+/// Sessions share this lock; one that opens the database exclusively holds it alone.
+constexpr char OpenLock[] = "7103";
+
+void lockDatabase(PGconn *connection, const Uri &uri, bool exclusive)
+{
+    const QByteArray function = exclusive ? "pg_try_advisory_lock(" : "pg_try_advisory_lock_shared(";
+    const Result taken = run(connection, "SELECT " + function + OpenLock + ')', uri, {Doing::Opening, {}, {}});
+    if (qstrcmp(PQgetvalue(taken.get(), 0, 0), "t") != 0)
+        throw runtimeError(3045, {withoutPassword(uri.text)});
+}
+
+/// The scratch tables that reports only empty, for this session alone.
+QByteArray makeScratchTables()
+{
+    QByteArrayList statements;
+    for (const TableDef &table : Schema::keptScratchTables())
+        statements += Tables::createStatements(table, engine::Key::AutoNumberIsKey);
+    return statements.join("; ");
+}
+
+} // namespace
+
+class Engine::Transaction : public engine::Transaction
+{
+public:
+    Transaction(Engine &engine, const Doing &doing) : m_engine(engine), m_doing(doing), m_number(engine.m_transaction)
+    {
+    }
+
+    ~Transaction() override
+    {
+        if (!isOpen())
+            return;
+        m_engine.m_transaction = 0;
+        try {
+            m_engine.release();
+            m_engine.m_queue.send("ROLLBACK", {}, m_doing);
+        } catch (const RuntimeError &) {
+            // The session is lost, and the transaction with it.
+        }
+    }
+
+    void commit() override
+    {
+        if (!isOpen())
+            return;
+        m_engine.commit(m_doing);
+    }
+
+private:
+    bool isOpen() const { return m_engine.m_transaction == m_number && m_engine.holdsTransaction(); }
+
+    Engine &m_engine;
+    Doing m_doing;
+    int m_number;
+};
+
+Engine::Engine(const engine::Options &options)
+    : m_uri(options.name), m_handle(openSession(m_uri)), m_queue(m_handle.get(), m_uri)
+{
+    const QString busy = options.entries.value(QStringLiteral("busy"));
+    setUp(m_handle.get(), m_uri, busy.isEmpty() ? LockMilliseconds : busy.toInt());
+    checkPassword(m_handle.get(), m_uri, options.password);
+    lockDatabase(m_handle.get(), m_uri, options.exclusive);
+    run(m_handle.get(), makeScratchTables(), m_uri, {Doing::Opening, {}, {}});
+    run(m_handle.get(), QByteArray("LISTEN ") + Tables::Channel, m_uri, {Doing::Opening, {}, {}});
+    if (options.readOnly)
+        run(m_handle.get(), "SET default_transaction_read_only = on", m_uri, {Doing::Opening, {}, {}});
+}
+
+const jetsql::Dialect &Engine::dialect() const
+{
+    return postgres::dialect();
+}
+
+Catalog Engine::readCatalog()
+{
+    release();
+    m_queue.flush();
+    m_queue.forgetStatements();
+    m_tablesChanged = false;
+    m_catalog = Tables::readCatalog(m_handle.get(), m_uri);
+    return m_catalog;
+}
+
+bool Engine::catalogIsCurrent()
+{
+    PQconsumeInput(m_handle.get());
+    while (PGnotify *notice = PQnotifies(m_handle.get())) {
+        m_tablesChanged = m_tablesChanged || notice->be_pid != PQbackendPID(m_handle.get());
+        PQfreemem(notice);
+    }
+    return !m_tablesChanged;
+}
+
+bool Engine::catalogIsSurelyCurrent()
+{
+    // What others have told comes with the next answer.
+    release();
+    m_queue.ask("SELECT 1", {}, {});
+    return catalogIsCurrent();
+}
+
+std::unique_ptr<engine::Rows> Engine::open(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+{
+    Parameters parameters;
+    for (const Value &value : values)
+        parameters.push_back(parameterOf(value));
+    return std::make_unique<Rows>(*this, sql, std::move(parameters), doing);
+}
+
+std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::vector<QString> &columns)
+{
+    return std::make_unique<RowEdit>(*this, table, columns);
+}
+
+qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
+{
+    const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    release();
+    const Result taken = m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
+                                     {QString(table.Name + u'_' + column + QLatin1String("_numbers")).toUtf8(),
+                                      table.Name.toUtf8(), column.toUtf8()},
+                                     writing);
+    return qint32(cellOf(taken.get(), 0, 0).integer());
+}
+
+std::unique_ptr<engine::Transaction> Engine::begin(const Doing &doing)
+{
+    release();
+    m_queue.send("BEGIN", {}, doing);
+    m_transaction = ++m_lastTransaction;
+    m_failures = m_queue.failures();
+    return std::make_unique<Transaction>(*this, doing);
+}
+
+void Engine::commit(const Doing &doing)
+{
+    release();
+    m_transaction = 0;
+    m_queue.send("COMMIT", {}, doing);
+    ++m_sent;
+    if (!m_uri.behind || doing.kind == Doing::Defining || m_sent >= MostBehind)
+        flush();
+}
+
+void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+{
+    Parameters parameters;
+    for (const Value &value : values)
+        parameters.push_back(parameterOf(value));
+    release();
+    m_queue.send(sql, parameters, doing);
+    // Nothing else looks at the rows of a session's own table, and the planner would know nothing of them.
+    if (std::exchange(m_copies, false) && Tables::isPrivate(doing.table))
+        m_queue.send("ANALYZE " + quoted(doing.table), {}, doing);
+}
+
+void Engine::define(const QByteArray &sql, const QString &table, const Doing &doing)
+{
+    release();
+    m_queue.send(sql, {}, doing);
+    if (!Tables::isPrivate(table))
+        m_queue.send(QByteArray("NOTIFY ") + Tables::Channel, {}, doing);
+}
+
+void Engine::createTable(const TableDef &table, engine::Key key, const Doing &doing)
+{
+    for (const QByteArray &sql : Tables::createStatements(table, key))
+        define(sql, table.Name, doing);
+}
+
+void Engine::createIndex(const Schema::Index &index, const Doing &doing)
+{
+    if (const TableDef *table = m_catalog.find(index.table)) {
+        Schema::Index stored = index;
+        stored.table = table->Name;
+        define(Tables::createStatement(stored, *table), table->Name, doing);
+    }
+}
+
+void Engine::dropTable(const TableDef &table, const Doing &doing)
+{
+    define("DROP TABLE " + quoted(table.Name), table.Name, doing);
+}
+
+void Engine::release()
+{
+    if (m_walking)
+        m_walking->readAhead();
+}
+
+void Engine::flush()
+{
+    m_sent = 0;
+    // Before a walk begins, everything is answered.
+    if (!m_walking)
+        m_queue.flush();
+}
+
+void Engine::settle()
+{
+    // A commit that is to be on the disk takes those before it along. One of nothing would not be written at all.
+    const Doing settling{Doing::Writing, {}, QStringLiteral("settle")};
+    release();
+    if (holdsTransaction()) // a row between Edit and Update stays locked
+        return flush();
+    for (const char *sql : {"BEGIN", "SET LOCAL synchronous_commit = on",
+                            "SELECT pg_logical_emit_message(true, 'tamrick', '')", "COMMIT"})
+        m_queue.send(sql, {}, settling);
+    flush();
+}
+
+} // namespace postgres

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "data/engine/connection.h"
+#include "data/engines/postgres/queue.h"
+
+namespace postgres {
+
+class Rows;
+
+/// A database on a server as the layers above speak to it, in one session for the life of the program. Nothing
+/// reconnects: a session that is lost is error 3043.
+class Engine : public engine::Connection
+{
+public:
+    /// Opens a URI and checks the password of the database, which is another one than the server's. "behind=no" in the
+    /// URI has every statement waited for. The entry "busy" is the milliseconds for which a lock is waited for. Errors
+    /// 3024, 3031, 3044, 3045, 3051, 3343.
+    explicit Engine(const engine::Options &options);
+
+    const jetsql::Dialect &dialect() const override;
+    Catalog readCatalog() override;
+    bool catalogIsCurrent() override;
+    bool catalogIsSurelyCurrent() override;
+    std::unique_ptr<engine::Rows> open(const QByteArray &sql, const std::vector<Value> &values,
+                                       const Doing &doing) override;
+    std::unique_ptr<engine::RowEdit> edit(const TableDef &table, const std::vector<QString> &columns) override;
+    qint32 takeAutoNumber(const TableDef &table, const QString &column) override;
+    void prepareToWrite() override {}
+    void prepareToCopyRows() override { m_copies = true; }
+    std::unique_ptr<engine::Transaction> begin(const Doing &doing) override;
+    void execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing) override;
+    void createTable(const TableDef &table, engine::Key key, const Doing &doing) override;
+    void createIndex(const Schema::Index &index, const Doing &doing) override;
+    void dropTable(const TableDef &table, const Doing &doing) override;
+    void flush() override;
+    void settle() override;
+
+    // For the rows and transactions of this engine.
+    Queue &queue() { return m_queue; }
+    /// The walk whose rows are still coming in.
+    void setWalking(Rows *rows) { m_walking = rows; }
+    /// Makes way for another statement: what a walk has left is read into memory.
+    void release();
+    /// Whether a transaction stands open, as between Edit and Update.
+    bool holdsTransaction() const { return m_transaction > 0 && m_failures == m_queue.failures(); }
+
+private:
+    class Transaction;
+
+    void commit(const Doing &doing);
+    void define(const QByteArray &sql, const QString &table, const Doing &doing);
+
+    Uri m_uri;
+    Handle m_handle;
+    Queue m_queue;
+    Rows *m_walking = nullptr;
+    int m_transaction = 0; ///< the open one, counted from 1; 0 for none
+    int m_lastTransaction = 0;
+    int m_failures = 0; ///< of the queue, when the open transaction began
+    int m_sent = 0;     ///< transactions that nobody has waited for
+    bool m_copies = false;
+    bool m_tablesChanged = false; ///< by another session, since the catalogue was read
+    Catalog m_catalog;
+};
+
+} // namespace postgres

@@ -1,0 +1,115 @@
+#include "data/engines/postgres/errors.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+QString detailOf(const Doing &doing, const QString &words)
+{
+    return doing.statement.isEmpty() ? words : doing.statement + "\nPostgreSQL: " + words;
+}
+
+RuntimeError lockError(const QString &uri, const Doing &doing, const QString &detail)
+{
+    switch (doing.kind) {
+    case Doing::Opening:
+        return runtimeError(3045, {uri}, detail);
+    case Doing::Writing:
+        return runtimeError(3218, {}, detail);
+    default:
+        return runtimeError(3211, {doing.table}, detail);
+    }
+}
+
+RuntimeError lost(const QString &detail)
+{
+    return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
+}
+
+/// What a SQLSTATE means to a user.
+RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Doing &doing, const QString &detail)
+{
+    const bool opening = doing.kind == Doing::Opening;
+    if (state == "28P01" || state == "28000")
+        return runtimeError(3031, {}, detail);
+    if (state == "3D000")
+        return runtimeError(3024, {uri}, detail);
+    if (state == "53300" || state == "57P03")
+        return runtimeError(3045, {uri}, detail);
+    if (state == "42501")
+        return opening ? runtimeError(3051, {uri}, detail) : runtimeError(3027, {}, detail);
+    if (state == "25006")
+        return runtimeError(3027, {}, detail);
+    if (opening && (state == "42P01" || state == "42883"))
+        return runtimeError(3343, {uri}, detail);
+    if (state == "42P01") // dropped by another session in this moment
+        return runtimeError(doing.kind == Doing::Defining ? 3376 : 3078, {doing.table}, detail);
+    if (state == "55P03" || state == "40P01" || state == "40001")
+        return lockError(uri, doing, detail);
+    if (state == "23505")
+        return runtimeError(3022, {}, detail);
+    if (state == "22001")
+        return runtimeError(3163, {}, detail);
+    if (state == "22003")
+        return runtimeError(6, {}, detail);
+    if (state == "22012")
+        return runtimeError(11, {}, detail);
+    if (state == "53100")
+        return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
+    if (state.startsWith("57P") || state.startsWith("08"))
+        return lost(detail);
+    if (state == "54001" || state == "54011" || state == "54023")
+        return RuntimeError(3360, QStringLiteral("Query is too complex."), detail);
+    return RuntimeError(
+        3000,
+        QStringLiteral("Reserved error (%1); there is no message for this error.").arg(QString::fromLatin1(state)),
+        detail);
+}
+
+} // namespace
+
+QString postgres::withoutPassword(const QString &uri)
+{
+    static const QRegularExpression inAuthority(QStringLiteral("(//[^/@:]*):[^/@]*@"));
+    static const QRegularExpression inQuery(QStringLiteral("([?&]password=)[^&]*"));
+    return QString(uri).replace(inAuthority, QStringLiteral("\\1@")).replace(inQuery, QStringLiteral("\\1"));
+}
+
+RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, const Doing &doing)
+{
+    const QByteArray state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+    const QString words = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
+    const QString more = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL));
+    const QString detail = detailOf(doing, words + (more.isEmpty() ? QString() : u'\n' + more));
+    if (state.isEmpty()) // libpq's own: the connection broke
+        return lost(detailOf(doing, QString::fromUtf8(PQresultErrorMessage(result)).trimmed()));
+    // A function of the dialect says by its message which error it means.
+    if (state == "JT000") {
+        const RuntimeError error = runtimeError(words.mid(4).toInt());
+        return RuntimeError(error.number(), error.description(), detail);
+    }
+    return errorOfState(state, withoutPassword(uri), doing, detail);
+}
+
+RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const Doing &doing)
+{
+    const QString words = QString::fromUtf8(PQerrorMessage(connection)).trimmed();
+    const QString shown = withoutPassword(uri);
+    const QString detail = detailOf(doing, withoutPassword(words));
+    if (doing.kind != Doing::Opening)
+        return lost(detail);
+    if (PQconnectionNeedsPassword(connection))
+        return runtimeError(3031, {}, detail);
+    // Only the words tell the state of a failed opening: "FATAL:  28P01: password authentication failed ...".
+    static const QRegularExpression state(QStringLiteral("(?:FATAL|ERROR): +([0-9A-Z]{5}):"));
+    const QRegularExpressionMatch found = state.match(words);
+    if (found.hasMatch())
+        return errorOfState(found.captured(1).toLatin1(), shown, doing, detail);
+    return runtimeError(3044, {shown}, detail);
+}
+
+bool postgres::isForOtherTables(const PGresult *result)
+{
+    const QByteArray state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+    return state == "42P01" || state == "42703" || state == "0A000";
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "data/engine/doing.h"
+#include "data/values/runtimeerror.h"
+#include <libpq-fe.h>
+
+namespace postgres {
+
+/// A URI as errors may show it: without a password.
+QString withoutPassword(const QString &uri);
+
+/// The run-time error a user sees for a failed result; the server's own words are kept in the detail.
+RuntimeError errorFor(const PGresult *result, const QString &uri, const Doing &doing);
+/// The same for a connection that is lost, or could not be opened.
+RuntimeError errorFor(PGconn *connection, const QString &uri, const Doing &doing);
+
+/// Whether a result failed for tables that are not as the statement was written for.
+bool isForOtherTables(const PGresult *result);
+
+} // namespace postgres

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "data/engine/lrucache.h"
+#include "data/engines/postgres/session.h"
+#include <deque>
+
+namespace postgres {
+
+/// A value as a statement's parameter: text, or nothing for Null. Error 3421 for a text with a NUL in it, which the
+/// server cannot hold.
+std::optional<QByteArray> parameterOf(const Value &value);
+using Parameters = std::vector<std::optional<QByteArray>>;
+
+/// Sends statements to the server and takes its answers, in order.
+///
+/// What returns nothing is sent without being waited for. The server stops at the first failure and passes over
+/// everything behind it up to the next point at which answers are asked for; so what it then holds is exactly what
+/// statement by statement would have left, only the error comes later. Whatever needs an answer is sent behind the
+/// queue and answered in the same round trip.
+class Queue
+{
+public:
+    Queue(PGconn *connection, const Uri &uri) : m_connection(connection), m_uri(uri) {}
+    Queue(const Queue &) = delete;
+    Queue &operator=(const Queue &) = delete;
+
+    /// Sends a statement behind the others.
+    void send(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    /// The same, and waits for all answers; gives the statement's own.
+    Result ask(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    /// Waits for the answers to everything sent. Raises the first failure, behind which nothing was done.
+    void flush();
+    bool isEmpty() const { return m_expected.empty(); }
+
+    /// Sends a SELECT behind the others, whose rows are then fetched one by one until there is none. Nothing else may
+    /// be sent in between.
+    void walk(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    /// The next row, or nothing behind the last.
+    Result fetch();
+    /// Throws away the rows that are left.
+    void endWalk();
+    /// Whether the latest failure was one for tables that are not as the statement was written for.
+    bool failedForOtherTables() const { return m_failedForOtherTables; }
+
+    /// To be called when tables have changed: statements are prepared anew.
+    void forgetStatements() { m_forget = true; }
+    /// How often a failure has ended what was being done, an open transaction included.
+    int failures() const { return m_failures; }
+    /// Round trips so far: how often the server was waited for.
+    qint64 trips() const { return m_trips; }
+
+private:
+    /// What the server will answer to: a statement, or a point at which answers were asked for.
+    struct Expected
+    {
+        Doing doing;
+        bool sync = false;
+    };
+
+    void enter();
+    void leave();
+    QByteArray prepared(const QByteArray &sql, const Doing &doing);
+    void sync();
+    void push();
+    void takeArrived();
+    void takeAnswer();
+    void note(Result result);
+    [[noreturn]] void raise();
+    [[noreturn]] void raiseLost(const Doing &doing);
+
+    PGconn *m_connection;
+    Uri m_uri;
+    std::deque<Expected> m_expected;
+    QHash<QByteArray, QByteArray> m_names; ///< of prepared statements, by their texts
+    int m_lastName = 0;
+    bool m_forget = false;
+    Result m_answer; ///< the latest statement's
+    std::optional<RuntimeError> m_failure;
+    bool m_failedForOtherTables = false;
+    int m_failures = 0;
+    qint64 m_trips = 0;
+};
+
+} // namespace postgres

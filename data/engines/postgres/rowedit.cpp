@@ -1,0 +1,91 @@
+#include "data/engines/postgres/rowedit.h"
+
+#include "data/engines/postgres/dialect.h"
+#include "data/engines/postgres/engine.h"
+#include "data/engines/postgres/rows.h"
+#include "data/engines/postgres/tables.h"
+
+namespace postgres {
+
+RowEdit::RowEdit(Engine &engine, const TableDef &table, const std::vector<QString> &columns)
+    : m_engine(engine), m_table(table), m_name(quoted(table.Name)), m_rowColumn(quoted(rowColumn(table))),
+      m_findable(!Tables::isPrivate(table.Name) || rowColumn(table) != Tables::RowColumn)
+{
+    QByteArrayList names;
+    for (const QString &column : columns)
+        names += column.isEmpty() ? QByteArray("NULL") : quoted(column);
+    m_readSql = "SELECT " + names.join(", ") + " FROM " + m_name + " WHERE " + m_rowColumn + " = $1";
+}
+
+std::unique_ptr<engine::Rows> RowEdit::read(qint64 row, bool locked, const Doing &doing)
+{
+    m_engine.release();
+    makeRowsFindable(doing);
+    Result result = m_engine.queue().ask(locked ? m_readSql + " FOR UPDATE" : m_readSql, {QByteArray::number(row)},
+                                         locked ? Doing{Doing::Writing, doing.table, doing.statement} : doing);
+    if (PQntuples(result.get()) == 0)
+        return nullptr;
+    return std::make_unique<SingleRow>(std::move(result));
+}
+
+/// Most tables of a session's own are filled and walked; only those whose rows are looked for one by one need this.
+void RowEdit::makeRowsFindable(const Doing &doing)
+{
+    if (m_findable)
+        return;
+    m_engine.queue().send("CREATE INDEX IF NOT EXISTS " + quoted("ix" + m_table.Name + "_row") + " ON " + m_name +
+                              " (" + m_rowColumn + ')',
+                          {}, doing);
+    m_findable = true;
+}
+
+qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing)
+{
+    if (m_addSql.isEmpty()) {
+        QByteArrayList names, places;
+        for (const ColumnDef &column : m_table.columns) {
+            names += quoted(column.name);
+            places += '$' + QByteArray::number(places.size() + 1);
+        }
+        m_addSql = "INSERT INTO " + m_name + " (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')';
+    }
+    Parameters parameters;
+    for (const std::optional<Value> &value : values)
+        parameters.push_back(parameterOf(*value));
+    const int number = m_table.indexOf(rowColumn(m_table));
+    const auto transaction = m_engine.begin(doing);
+    if (!tell || number >= 0) {
+        m_engine.queue().send(m_addSql, parameters, doing);
+        transaction->commit();
+        return number >= 0 ? values[size_t(number)]->toLong() : 0;
+    }
+    const Result added = m_engine.queue().ask(m_addSql + " RETURNING " + m_rowColumn, parameters, doing);
+    transaction->commit();
+    return cellOf(added.get(), 0, 0).integer();
+}
+
+bool RowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing)
+{
+    QByteArrayList settings;
+    Parameters parameters;
+    for (size_t i = 0; i < values.size(); ++i) {
+        if (!values[i])
+            continue;
+        parameters.push_back(parameterOf(*values[i]));
+        settings += quoted(m_table.columns[i].name) + " = $" + QByteArray::number(qsizetype(parameters.size()));
+    }
+    parameters.push_back(QByteArray::number(row));
+    const QByteArray sql = "UPDATE " + m_name + " SET " + settings.join(", ") + " WHERE " + m_rowColumn + " = $" +
+                           QByteArray::number(qsizetype(parameters.size()));
+    m_engine.release();
+    if (m_engine.holdsTransaction()) { // the row is locked, and so is there
+        m_engine.queue().send(sql, parameters, doing);
+        return true;
+    }
+    const auto transaction = m_engine.begin(doing);
+    const Result changed = m_engine.queue().ask(sql, parameters, doing);
+    transaction->commit();
+    return qstrcmp(PQcmdTuples(changed.get()), "0") != 0;
+}
+
+} // namespace postgres

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "data/engines/postgres/queue.h"
+
+namespace postgres {
+
+class Engine;
+
+/// Single rows of one table, found by their numbers.
+class RowEdit : public engine::RowEdit
+{
+public:
+    RowEdit(Engine &engine, const TableDef &table, const std::vector<QString> &columns);
+
+    std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const Doing &doing) override;
+    qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing) override;
+    bool change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing) override;
+
+private:
+    void makeRowsFindable(const Doing &doing);
+
+    Engine &m_engine;
+    TableDef m_table;
+    QByteArray m_name, m_rowColumn;
+    QByteArray m_readSql;
+    QByteArray m_addSql; ///< made for the first row
+    bool m_findable;     ///< whether the rows' numbers have an index
+};
+
+} // namespace postgres

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "data/engine/readaheadrows.h"
+#include "data/engines/postgres/queue.h"
+
+namespace postgres {
+
+class Engine;
+
+/// A column of a result's row.
+Cell cellOf(const PGresult *result, int row, int column);
+
+/// The rows of one SELECT, fetched one by one as they are asked for. A session answers one statement at a time: when
+/// anything else is asked, the rest is read into memory first.
+class Rows : public engine::Rows
+{
+public:
+    Rows(Engine &engine, QByteArray sql, Parameters parameters, Doing doing);
+    ~Rows() override;
+
+    bool next() override;
+    bool metOtherTables() const override { return m_metOtherTables; }
+    Cell cell(int column) const override;
+
+    /// Reads what is left; the current row stays where it is.
+    void readAhead();
+
+private:
+    enum class State { Unread, Walking, Stored, Done };
+
+    bool begin();
+    bool fetch();
+
+    Engine &m_engine;
+    QByteArray m_sql;
+    Parameters m_parameters;
+    Doing m_doing;
+    State m_state = State::Unread;
+    bool m_metOtherTables = false;
+    Result m_row;
+    ReadAheadRows m_store{0};
+};
+
+/// The one row of a result that is here.
+class SingleRow : public engine::Rows
+{
+public:
+    explicit SingleRow(Result row) : m_row(std::move(row)) {}
+    bool next() override { return false; }
+    Cell cell(int column) const override { return cellOf(m_row.get(), 0, column); }
+
+private:
+    Result m_row;
+};
+
+} // namespace postgres

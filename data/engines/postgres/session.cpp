@@ -1,0 +1,118 @@
+#include "data/engines/postgres/session.h"
+
+#include "data/engine/passwordhash.h"
+#include "data/engines/postgres/errors.h"
+#include "data/engines/postgres/functions.h"
+#include <QDeadlineTimer>
+#include <QUrl>
+#include <QUrlQuery>
+#include <poll.h>
+
+namespace {
+
+constexpr int OpeningMilliseconds = 10000;
+/// The first functions that statements need.
+constexpr int OldestServer = 130000;
+
+const Doing Opening{Doing::Opening, {}, {}};
+
+/// Waits for what a connection being opened waits for; false when the time is over.
+bool waitFor(PGconn *connection, PostgresPollingStatusType wanted, const QDeadlineTimer &deadline)
+{
+    pollfd socket{PQsocket(connection), short(wanted == PGRES_POLLING_READING ? POLLIN : POLLOUT), 0};
+    return poll(&socket, 1, int(deadline.remainingTime())) > 0;
+}
+
+} // namespace
+
+postgres::Uri::Uri(const QString &name) : text(name)
+{
+    const qsizetype mark = name.indexOf(u'?');
+    if (mark < 0)
+        return;
+    QUrlQuery query(name.sliced(mark + 1));
+    behind = query.queryItemValue(QStringLiteral("behind")) != u"no";
+    query.removeAllQueryItems(QStringLiteral("behind"));
+    text = name.first(mark) + (query.isEmpty() ? QString() : u'?' + query.toString(QUrl::FullyEncoded));
+}
+
+bool postgres::isUri(const QString &name)
+{
+    return name.startsWith(QLatin1String("postgresql://")) || name.startsWith(QLatin1String("postgres://"));
+}
+
+postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
+{
+    const QByteArray text = uri.text.toUtf8(), other = database.toUtf8();
+    // What the URI says itself stands behind these and overrules them. A server that has gone without a word is noticed
+    // within a minute.
+    const char *keys[] = {"application_name",
+                          "client_encoding",
+                          "keepalives_idle",
+                          "keepalives_interval",
+                          "keepalives_count",
+                          "tcp_user_timeout",
+                          "dbname",
+                          other.isEmpty() ? nullptr : "dbname",
+                          nullptr};
+    const char *values[] = {"tamrick", "UTF8", "30", "10", "3", "60000", text.constData(), other.constData(), nullptr};
+    Handle handle(PQconnectStartParams(keys, values, 1));
+    if (!handle)
+        throw std::bad_alloc();
+    PQsetErrorVerbosity(handle.get(), PQERRORS_VERBOSE); // so that a refusal tells its state
+    const QDeadlineTimer deadline(OpeningMilliseconds);
+    PostgresPollingStatusType wanted = PGRES_POLLING_WRITING;
+    while (PQstatus(handle.get()) != CONNECTION_BAD && wanted != PGRES_POLLING_OK && wanted != PGRES_POLLING_FAILED &&
+           waitFor(handle.get(), wanted, deadline))
+        wanted = PQconnectPoll(handle.get());
+    if (PQstatus(handle.get()) != CONNECTION_OK || wanted != PGRES_POLLING_OK)
+        throw errorFor(handle.get(), uri.text, Opening);
+    if (PQserverVersion(handle.get()) < OldestServer)
+        throw runtimeError(3343, {withoutPassword(uri.text)}, QStringLiteral("The server is older than version 13."));
+    return handle;
+}
+
+postgres::Result postgres::run(PGconn *connection, const QByteArray &sql, const Uri &uri, const Doing &doing)
+{
+    Result result(PQexec(connection, sql.constData()));
+    if (PQstatus(connection) != CONNECTION_OK)
+        throw errorFor(connection, uri.text, {Doing::Reading, doing.table, doing.statement});
+    const ExecStatusType status = PQresultStatus(result.get());
+    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK)
+        throw errorFor(result.get(), uri.text, doing);
+    return result;
+}
+
+void postgres::setUp(PGconn *connection, const Uri &uri, int lockMilliseconds)
+{
+    run(connection,
+        "SET client_min_messages = error; SET jit = off; SET max_parallel_workers_per_gather = 0; "
+        "SET work_mem = '48MB'; SET DateStyle = 'ISO, MDY'; SET extra_float_digits = 1; "
+        "SET standard_conforming_strings = on; SET search_path = public; SET synchronous_commit = off; "
+        "SET lock_timeout = " +
+            QByteArray::number(lockMilliseconds),
+        uri, Opening);
+}
+
+void postgres::checkPassword(PGconn *connection, const Uri &uri, const QString &password)
+{
+    const Result gate = run(connection,
+                            "SELECT encode(\"Salt\", 'hex'), \"Rounds\", encode(\"Hash\", 'hex'), \"Version\""
+                            " FROM \"MSysPassword\"",
+                            uri, Opening);
+    const auto field = [&gate](int column) { return QByteArray(PQgetvalue(gate.get(), 0, column)); };
+    if (PQntuples(gate.get()) != 1 || field(3).toInt() != FunctionsVersion)
+        throw runtimeError(3343, {withoutPassword(uri.text)});
+    if (passwordHash(password, QByteArray::fromHex(field(0)), field(1).toInt()) != QByteArray::fromHex(field(2)))
+        throw runtimeError(3031);
+}
+
+QByteArray postgres::quoted(const QString &name)
+{
+    return jetsql::quotedName(name).toUtf8();
+}
+
+QByteArray postgres::literal(const QString &text)
+{
+    return jetsql::quotedText(text).toUtf8();
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/engine/connection.h"
+#include <libpq-fe.h>
+
+namespace postgres {
+
+struct Closer
+{
+    void operator()(PGconn *connection) const { PQfinish(connection); }
+    void operator()(PGresult *result) const { PQclear(result); }
+};
+using Handle = std::unique_ptr<PGconn, Closer>;
+using Result = std::unique_ptr<PGresult, Closer>;
+
+/// A URI taken apart into libpq's part and what this program adds to it.
+struct Uri
+{
+    explicit Uri(const QString &text);
+
+    QString text;       ///< for libpq
+    bool behind = true; ///< false by "behind=no": every statement is waited for
+};
+
+/// True for the name of a database on a server.
+bool isUri(const QString &name);
+
+/// Opens a session. `database` replaces the URI's database where it is not empty. Errors 3024, 3031, 3044, 3045.
+Handle openSession(const Uri &uri, const QString &database = {});
+
+/// Runs statements that need no parameters, outside of the queue, and gives the last one's result.
+Result run(PGconn *connection, const QByteArray &sql, const Uri &uri, const Doing &doing);
+
+/// Makes the session one of this program: the settings that its statements rely on.
+void setUp(PGconn *connection, const Uri &uri, int lockMilliseconds);
+
+/// Error 3031 for a wrong password of the database, 3343 for one that is none of this program's, or another version's.
+void checkPassword(PGconn *connection, const Uri &uri, const QString &password);
+
+/// A name between double quotes, a text between single ones.
+QByteArray quoted(const QString &name);
+QByteArray literal(const QString &text);
+
+} // namespace postgres

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/engines/postgres/session.h"
+
+/// The tables as they stand on the server: their declarations give the catalogue back.
+namespace postgres::Tables {
+
+/// The column that the engine adds where no AutoNumber numbers the rows.
+inline constexpr QLatin1String RowColumn("_row");
+/// The channel on which sessions tell each other that a shared table was made or dropped.
+inline constexpr char Channel[] = "tamrick_tables";
+
+/// Scratch tables are a session's own, so that two workstations running a report never meet in one.
+bool isPrivate(const QString &table);
+
+/// The statements that make a table, in order.
+QByteArrayList createStatements(const TableDef &table, engine::Key key);
+QByteArray createStatement(const Schema::Index &index, const TableDef &table);
+/// What the planner has to know about texts that have no index: how many different ones there are.
+QByteArrayList statisticsFor(const TableDef &table);
+
+/// All tables that the session sees but the system's own, in the order in which they were made.
+Catalog readCatalog(PGconn *connection, const Uri &uri);
+
+} // namespace postgres::Tables

@@ -1,0 +1,91 @@
+#include "tests/support/enginesundertest.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <array>
+#include <libpq-fe.h>
+#include <sqlite3.h>
+
+namespace {
+
+class File : public DatabasePlace
+{
+public:
+    QString name() const override { return m_folder.filePath("company.db"); }
+    QString nameForAnother() const override { return name(); }
+
+    QString plain(const QString &sql) const override
+    {
+        sqlite3 *handle = nullptr;
+        sqlite3_open(name().toUtf8().constData(), &handle);
+        QString text = "no row";
+        const auto first = [](void *text, int, char **values, char **) {
+            if (auto &result = *static_cast<QString *>(text); result == "no row")
+                result = values[0] ? QString::fromUtf8(values[0]) : "Null";
+            return 0;
+        };
+        char *failure = nullptr;
+        if (sqlite3_exec(handle, sql.toUtf8().constData(), first, &text, &failure) != SQLITE_OK)
+            text = QString::fromUtf8(failure);
+        sqlite3_free(failure);
+        sqlite3_close(handle);
+        return text;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+class OnServer : public DatabasePlace
+{
+public:
+    explicit OnServer(bool behind)
+        : m_behind(behind), m_database(QString("t%1_%2").arg(QCoreApplication::applicationPid()).arg(++Count))
+    {
+    }
+    ~OnServer() override { run("postgres", "DROP DATABASE IF EXISTS " + m_database + " WITH (FORCE)"); }
+
+    QString name() const override { return uriOf(m_database) + (m_behind ? "" : "&behind=no"); }
+    QString nameForAnother() const override { return name() + QString("&application_name=another%1").arg(++Count); }
+    QString plain(const QString &sql) const override { return run(m_database, sql); }
+
+private:
+    /// The server that ctest has started for the tests, through its socket.
+    static QString uriOf(const QString &database)
+    {
+        return "postgresql://tamrick@/" + database + "?host=" TAMRICK_TEST_SERVER;
+    }
+
+    static QString run(const QString &database, const QString &sql)
+    {
+        PGconn *connection = PQconnectdb(uriOf(database).toUtf8().constData());
+        PGresult *result = PQexec(connection, sql.toUtf8().constData());
+        QString text = "no row";
+        if (PQresultStatus(result) != PGRES_TUPLES_OK && PQresultStatus(result) != PGRES_COMMAND_OK)
+            text = QString::fromUtf8(PQerrorMessage(connection));
+        else if (PQntuples(result) > 0)
+            text = PQgetisnull(result, 0, 0) ? "Null" : QString::fromUtf8(PQgetvalue(result, 0, 0));
+        PQclear(result);
+        PQfinish(connection);
+        return text;
+    }
+
+    static inline int Count = 0;
+    bool m_behind;
+    QString m_database;
+};
+
+} // namespace
+
+std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info)
+{
+    static const std::array names{"OnSqlite", "OnPostgres", "OnPostgresPlain"};
+    return names[size_t(info.param)];
+}
+
+std::unique_ptr<DatabasePlace> DatabasePlace::on(EngineKind engine)
+{
+    if (engine == EngineKind::Sqlite)
+        return std::make_unique<File>();
+    return std::make_unique<OnServer>(engine == EngineKind::Postgres);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <gtest/gtest.h>
+#include <memory>
+
+/// The engines that a suite runs on, for TEST_P.
+enum class EngineKind {
+    Sqlite,
+    Postgres,
+    PostgresPlain ///< every statement waited for
+};
+
+inline auto allEngines()
+{
+    return testing::Values(EngineKind::Sqlite, EngineKind::Postgres, EngineKind::PostgresPlain);
+}
+
+/// "OnSqlite", "OnPostgres", "OnPostgresPlain"
+std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info);
+
+/// A name for a new database, gone with the object: a file in a folder of its own, or a database on the tests' server.
+class DatabasePlace
+{
+public:
+    virtual ~DatabasePlace() = default;
+    /// What the program opens it by.
+    virtual QString name() const = 0;
+    /// The same for a session of its own, which another one in this process must not share.
+    virtual QString nameForAnother() const = 0;
+    /// Runs a statement as another tool does. Gives the first column of the first row, "no row", or the error.
+    virtual QString plain(const QString &sql) const = 0;
+
+    static std::unique_ptr<DatabasePlace> on(EngineKind engine);
+};
