@@ -8,6 +8,7 @@
 #include "tools/arguments.h"
 #include "tools/backup.h"
 #include "tools/check.h"
+#include "tools/copy.h"
 #include "tools/demo.h"
 #include "tools/export.h"
 #include "tools/load.h"
@@ -31,12 +32,15 @@ constexpr const char *Help =
     "           --config CONFIG     and in the settings file that goes with it\n"
     "       tamrick-db share FILE               for a FILE that several machines will use\n"
     "       tamrick-db export FILE TABLE        writes a table as CSV\n"
+    "       tamrick-db copy FROM TO             copies the company between files and servers, and compares\n"
     "       tamrick-db backup FROM FOLDER       copies a database, also while it is in use\n"
     "           --keep N            removes older copies of it there, down to N with the new\n"
     "       tamrick-db restore BACKUP TO        puts a copy back where no database is\n"
     "       tamrick-db takeover OLD.mdb NEW     takes an old company over into a new database\n"
     "           --keep              keeps it also when rows were refused\n"
-    "       tamrick-db --version                tells its version\n";
+    "       tamrick-db --version                tells its version\n"
+    "create, demo, load, export and copy take the URI of a database on a server as well:\n"
+    "       postgresql://user@host/company\n";
 
 void create(const Arguments &arguments, QTextStream &)
 {
@@ -90,6 +94,13 @@ void exportRows(const Arguments &arguments, QTextStream &out)
     exportTable(arguments.plain()[0], arguments.plain()[1], out);
 }
 
+void copy(const Arguments &arguments, QTextStream &out)
+{
+    refuseExisting(arguments.plain()[1]);
+    const int count = copyCompany(arguments.plain()[0], arguments.plain()[1]);
+    out << count << " rows copied and compared\n";
+}
+
 void backup(const Arguments &arguments, QTextStream &out)
 {
     std::optional<int> keep;
@@ -140,6 +151,7 @@ const std::vector<Command> &commands()
         {"check", 1, "one FILE", {"--config="}, check},
         {"share", 1, "one FILE", {}, done(share)},
         {"export", 2, "FILE and TABLE", {}, done(exportRows), true},
+        {"copy", 2, "FROM and TO", {}, done(copy), true},
         {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
         {"restore", 2, "BACKUP and TO", {}, done(restore)},
         {"takeover", 2, "OLD.mdb and NEW", {"--keep"}, takeover},

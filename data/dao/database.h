@@ -39,6 +39,7 @@ public:
     /// Opens a file shared (`exclusive` False) and writable (`readOnly` False); `connect` is ";pwd=...". It may also
     /// hold "journal=log" or "journal=rollback", which overrule the choice by the kind of disk the file lies on,
     /// and "busy=" with the milliseconds for which a locked file is retried.
+    /// With "snapshot=yes" all that is read is as it stood at the beginning, whatever others write.
     /// Errors 3024, 3031, 3044, 3045, 3051, 3055, 3343.
     static std::unique_ptr<Database> OpenDatabase(const QString &name, bool exclusive, bool readOnly,
                                                   const QString &connect);

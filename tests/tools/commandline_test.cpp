@@ -45,9 +45,10 @@ TEST_F(ToolsTest, EveryWrongCallGivesOneLineAndAFailingStatus)
         QStringList arguments;
         const char *says;
     } rows[] = {
-        {{}, "say create, demo, load, check, share, export, backup, restore or takeover (--help tells more)"},
-        {{""}, "say create, demo, load, check, share, export, backup, restore or takeover (--help tells more)"},
-        {{"frobnicate"}, "say create, demo, load, check, share, export, backup, restore or takeover (--help tells more)"},
+        {{}, "say create, demo, load, check, share, export, copy, backup, restore or takeover (--help tells more)"},
+        {{""}, "say create, demo, load, check, share, export, copy, backup, restore or takeover (--help tells more)"},
+        {{"frobnicate"},
+         "say create, demo, load, check, share, export, copy, backup, restore or takeover (--help tells more)"},
         {{"create"}, "create takes one FILE"},
         {{"create", "a", "b"}, "create takes one FILE"},
         {{"create", ""}, "Not a valid file name."},

@@ -81,6 +81,8 @@ Engine::Engine(const engine::Options &options)
     run(m_handle.get(), QByteArray("LISTEN ") + Tables::Channel, m_uri, {Doing::Opening, {}, {}});
     if (options.readOnly)
         run(m_handle.get(), "SET default_transaction_read_only = on", m_uri, {Doing::Opening, {}, {}});
+    if (options.entries.contains(QStringLiteral("snapshot")))
+        run(m_handle.get(), "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", m_uri, {Doing::Opening, {}, {}});
 }
 
 const jetsql::Dialect &Engine::dialect() const

@@ -40,6 +40,8 @@ private:
 SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connectionOptions(options))
 {
     PasswordGate::check(m_connection, options.password, options.name);
+    if (options.entries.contains(QStringLiteral("snapshot")))
+        m_connection.run("BEGIN", {Doing::Opening, {}, {}});
     m_connection.noteNetwork();
 }
 

@@ -1,0 +1,73 @@
+#include "tools/copy.h"
+
+#include "data/dao/bulkload.h"
+#include "data/dao/createdatabase.h"
+#include "data/dao/database.h"
+#include "data/schema/schema.h"
+#include "tools/toolerror.h"
+
+namespace {
+
+Recordset allRows(Database &database, const TableDef &table)
+{
+    return database.OpenRecordset(QStringLiteral("SELECT * FROM [%1]").arg(table.Name));
+}
+
+int copyRows(Database &source, BulkLoad &target, const TableDef &table)
+{
+    QStringList names;
+    for (const ColumnDef &column : table.columns)
+        names += column.name;
+    BulkLoad::Inserter inserter = target.into(table.Name, names);
+    std::vector<Value> row(table.columns.size());
+    int count = 0;
+    for (Recordset rows = allRows(source, table); !rows.Eof(); rows.MoveNext(), ++count) {
+        for (size_t i = 0; i < row.size(); ++i)
+            row[i] = rows.Fields(names[qsizetype(i)]).value();
+        inserter.add(row);
+    }
+    return count;
+}
+
+void compareRows(Database &source, Database &copy, const TableDef &table)
+{
+    Recordset left = allRows(source, table), right = allRows(copy, table);
+    for (int row = 1; !left.Eof() || !right.Eof(); left.MoveNext(), right.MoveNext(), ++row) {
+        bool same = !left.Eof() && !right.Eof();
+        for (const ColumnDef &column : table.columns)
+            same = same && left.Fields(column.name).value() == right.Fields(column.name).value();
+        if (!same)
+            throw ToolError{QStringLiteral("row %1 of '%2' did not arrive as it is").arg(row).arg(table.Name)};
+    }
+}
+
+int fillAndCompare(const QString &from, const QString &to)
+{
+    const QString password = Schema::Password.toString();
+    // Others may go on working: everything is read as it stood when the copy began.
+    const auto source = DBEngine::OpenDatabase(from, false, true, QStringLiteral(";snapshot=yes;pwd=") + password);
+    int count = 0;
+    {
+        BulkLoad target(to, password, BulkLoad::File::New);
+        for (const TableDef &table : Schema::permanentTables())
+            count += copyRows(*source, target, table);
+        target.commit();
+    }
+    const auto copy = DBEngine::OpenDatabase(to, false, true, QStringLiteral(";pwd=") + password);
+    for (const TableDef &table : Schema::permanentTables())
+        compareRows(*source, *copy, table);
+    return count;
+}
+
+} // namespace
+
+int copyCompany(const QString &from, const QString &to)
+{
+    createDatabase(to, Schema::Password.toString());
+    try {
+        return fillAndCompare(from, to);
+    } catch (...) {
+        discardDatabase(to);
+        throw;
+    }
+}
