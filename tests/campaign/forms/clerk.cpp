@@ -215,6 +215,7 @@ void Clerk::prepare(const QString &file, const QString &connect, int openOrders)
                                              {"Warehouse", "Main"},
                                              {"Status", "Open"},
                                              {"OrderDate", Date::today()},
+                                             {"DueDate", Date::today()},
                                              {"Total", LinesPerOrder * 4.75},
                                              {"ShipTo", ""},
                                              {"ShipToAddress1", ""},
