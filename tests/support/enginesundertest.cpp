@@ -1,6 +1,7 @@
 #include "tests/support/enginesundertest.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <array>
 #include <libpq-fe.h>
@@ -53,7 +54,7 @@ private:
     /// The server that ctest has started for the tests, through its socket.
     static QString uriOf(const QString &database)
     {
-        return "postgresql://tamrick@/" + database + "?host=" TAMRICK_TEST_SERVER;
+        return "postgresql://tamrick@/" + database + "?host=" + QFileInfo(TAMRICK_TEST_SERVER).canonicalFilePath();
     }
 
     static QString run(const QString &database, const QString &sql)
