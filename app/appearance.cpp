@@ -43,6 +43,20 @@ public:
         display.palette.setBrush(QPalette::Base, frame->palette.brush(QPalette::Window));
         QProxyStyle::drawPrimitive(element, &display, painter, widget);
     }
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *entry = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        if (element != CE_MenuBarItem || !entry || !(entry->state & State_Selected)) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        // The base style marks a menu's name only while its menu is down; keys go from name to name before.
+        QStyleOptionMenuItem marked(*entry);
+        marked.state |= State_Sunken;
+        QProxyStyle::drawControl(element, &marked, painter, widget);
+    }
 };
 
 QPalette calmPalette()

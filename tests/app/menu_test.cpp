@@ -201,6 +201,8 @@ TEST_F(MenuByKeys, AltReachesTheMenuFromAFieldWhichTakesNoLetter)
 
     QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
     EXPECT_EQ(mdi->menuBar()->activeAction(), action("File"));
+    const QPoint corner = mdi->menuBar()->actionGeometry(action("File")).topLeft() + QPoint(2, 2);
+    EXPECT_EQ(mdi->menuBar()->grab().toImage().pixelColor(corner), mdi->palette().color(QPalette::Highlight));
     QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
     EXPECT_FALSE(mdi->menuBar()->activeAction());
     EXPECT_EQ(customer.focus(), "cmbCustomer");
