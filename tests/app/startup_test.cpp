@@ -169,6 +169,10 @@ protected:
             QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
         EXPECT_TRUE(QFile::setPermissions(folder.path(), everybody));
         EXPECT_TRUE(QFile::copy(tests + "/../app/tamrick", path("tamrick")));
+        // With the program: its user may be kept from the folder that was built in.
+        EXPECT_TRUE(QDir(folder.path()).mkpath("plugins/generic"));
+        for (const QString &plugin : QDir(tests + "/plugins/generic").entryList(QDir::Files))
+            EXPECT_TRUE(QFile::copy(tests + "/plugins/generic/" + plugin, path("plugins/generic/" + plugin)));
         EXPECT_TRUE(QFile::copy(database.path(), path("sound.db")));
     }
 
@@ -202,7 +206,7 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         environment.insert("QT_QPA_GENERIC_PLUGINS", "answerer");
-        environment.insert("QT_PLUGIN_PATH", tests + "/plugins");
+        environment.insert("QT_PLUGIN_PATH", path("plugins"));
         program.setProcessEnvironment(environment);
         // Nothing is unreadable for root.
         program.setChildProcessModifier([] {
