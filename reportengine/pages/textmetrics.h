@@ -19,7 +19,7 @@ double ascent(const TextStyle &style);
 
 /// The text, or its beginning and an ellipsis if it is too wide.
 QString shortened(const QString &text, const TextStyle &style, double width);
-/// The text in lines no wider than that, broken at blanks and behind hyphens where there are any. What is beyond the last line allowed
-/// ends in an ellipsis.
+/// The text in lines no wider than that, broken at blanks and behind hyphens where there are any. What is beyond the
+/// last line allowed ends in an ellipsis.
 QStringList wrapped(const QString &text, const TextStyle &style, double width, int maxLines);
 } // namespace TextMetrics

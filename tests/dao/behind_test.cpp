@@ -93,6 +93,7 @@ TEST_P(CutSession, LeavesNoGap)
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, BehindTest, allEngines(), nameOfEngine);
-INSTANTIATE_TEST_SUITE_P(Servers, CutSession, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain), nameOfEngine);
+INSTANTIATE_TEST_SUITE_P(Servers, CutSession, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain),
+                         nameOfEngine);
 
 } // namespace
