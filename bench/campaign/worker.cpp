@@ -1,4 +1,4 @@
-#include "tests/campaign/worker.h"
+#include "bench/campaign/worker.h"
 
 #include "data/dao/createdatabase.h"
 #include "data/dao/database.h"

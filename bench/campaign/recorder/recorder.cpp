@@ -1,7 +1,7 @@
 // Preloaded into a program, it writes down every system call by which the program changes the files of one folder, and
 // every line the program says on its standard output. RECORD_FOLDER names the folder, RECORD_TRACE the file to write.
 
-#include "tests/campaign/recorder/trace.h"
+#include "bench/campaign/recorder/trace.h"
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>

@@ -1,6 +1,6 @@
-#include "tests/campaign/forms/books.h"
-#include "tests/campaign/forms/clerk.h"
-#include "tests/campaign/forms/power.h"
+#include "bench/campaign/forms/books.h"
+#include "bench/campaign/forms/clerk.h"
+#include "bench/campaign/forms/power.h"
 #include "tests/support/jetwriter.h"
 #include "toolkit/forms/mainmod.h"
 #include <QCommandLineParser>
@@ -53,7 +53,7 @@ void checkFile(Campaign &campaign, bool killed)
 {
     QProcess check;
     check.setProcessChannelMode(QProcess::MergedChannels);
-    check.start(QCoreApplication::applicationDirPath() + "/../tools/tamrick-db", {"check", campaign.file});
+    check.start(QCoreApplication::applicationDirPath() + "/../../tools/tamrick-db", {"check", campaign.file});
     if (!check.waitForFinished(-1) || check.exitStatus() != QProcess::NormalExit)
         campaign.faults += "tamrick-db check did not run";
     const QStringList findings = QString::fromUtf8(check.readAll()).split('\n', Qt::SkipEmptyParts);

@@ -1,5 +1,5 @@
-#include "tests/campaign/ledger.h"
-#include "tests/campaign/worker.h"
+#include "bench/campaign/ledger.h"
+#include "bench/campaign/worker.h"
 #include "tests/support/checkpointgap.h"
 #include <QCommandLineParser>
 #include <QCoreApplication>

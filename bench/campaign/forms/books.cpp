@@ -1,6 +1,6 @@
-#include "tests/campaign/forms/books.h"
+#include "bench/campaign/forms/books.h"
 
-#include "tests/campaign/forms/clerk.h"
+#include "bench/campaign/forms/clerk.h"
 #include "toolkit/forms/mainmod.h"
 #include <QMap>
 #include <QSet>

@@ -1,4 +1,4 @@
-#include "tests/campaign/forms/power.h"
+#include "bench/campaign/forms/power.h"
 
 #include "data/values/runtimeerror.h"
 #include "toolkit/forms/mainmod.h"

@@ -1,4 +1,4 @@
-#include "tests/campaign/forms/clerk.h"
+#include "bench/campaign/forms/clerk.h"
 
 #include "app/application.h"
 #include "app/forms.h"

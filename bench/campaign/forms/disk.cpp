@@ -1,4 +1,4 @@
-#include "tests/campaign/forms/disk.h"
+#include "bench/campaign/forms/disk.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "tests/pictures/studio.h"
+#include "bench/pictures/studio.h"
 #include "tests/support/desk.h"
 
 #include <QComboBox>

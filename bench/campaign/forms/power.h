@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/campaign/forms/books.h"
-#include "tests/campaign/forms/disk.h"
+#include "bench/campaign/forms/books.h"
+#include "bench/campaign/forms/disk.h"
 #include <QRandomGenerator>
 
 /// Power failures at any moment of a recorded run of the program, on the disk as the recorded system calls allow it to

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/campaign/recorder/trace.h"
+#include "bench/campaign/recorder/trace.h"
 #include <QByteArray>
 #include <QMap>
 #include <QString>

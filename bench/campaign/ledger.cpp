@@ -1,6 +1,6 @@
-#include "tests/campaign/ledger.h"
+#include "bench/campaign/ledger.h"
 
-#include "tests/campaign/worker.h"
+#include "bench/campaign/worker.h"
 #include <sqlite3.h>
 
 namespace {
