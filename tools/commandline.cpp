@@ -1,8 +1,6 @@
 #include "tools/commandline.h"
 
-#include "data/dao/createdatabase.h"
 #include "data/engines/engines.h"
-#include "data/schema/schema.h"
 #include "data/values/clock.h"
 #include "data/values/runtimeerror.h"
 #include "tools/arguments.h"
@@ -12,8 +10,8 @@
 #include "tools/demo.h"
 #include "tools/export.h"
 #include "tools/load.h"
+#include "tools/newdatabase.h"
 #include "tools/oneline.h"
-#include "tools/partfile.h"
 #include "tools/share.h"
 #include "tools/takeover/takeover.h"
 #include "tools/toolerror.h"
@@ -44,8 +42,7 @@ constexpr const char *Help =
 
 void create(const Arguments &arguments, QTextStream &)
 {
-    refuseExisting(arguments.plain()[0]);
-    createDatabase(arguments.plain()[0], Schema::Password.toString());
+    NewDatabase(arguments.plain()[0]).publish();
 }
 
 QDate dateOf(const QString &option, const QString &text)
@@ -63,7 +60,6 @@ void demo(const Arguments &arguments, QTextStream &)
     options.seed = arguments.number("--seed", 0, std::numeric_limits<qulonglong>::max()).value_or(options.seed);
     const std::optional<QString> until = arguments.value("--until");
     options.until = until ? dateOf(QStringLiteral("--until"), *until) : Clock::now().date();
-    refuseExisting(arguments.plain()[0]);
     createDemo(arguments.plain()[0], options);
 }
 
@@ -96,7 +92,6 @@ void exportRows(const Arguments &arguments, QTextStream &out)
 
 void copy(const Arguments &arguments, QTextStream &out)
 {
-    refuseExisting(arguments.plain()[1]);
     const int count = copyCompany(arguments.plain()[0], arguments.plain()[1]);
     out << count << " rows copied and compared\n";
 }

@@ -1,9 +1,9 @@
 #include "tools/copy.h"
 
 #include "data/dao/bulkload.h"
-#include "data/dao/createdatabase.h"
 #include "data/dao/database.h"
 #include "data/schema/schema.h"
+#include "tools/newdatabase.h"
 #include "tools/toolerror.h"
 
 namespace {
@@ -63,11 +63,8 @@ int fillAndCompare(const QString &from, const QString &to)
 
 int copyCompany(const QString &from, const QString &to)
 {
-    createDatabase(to, Schema::Password.toString());
-    try {
-        return fillAndCompare(from, to);
-    } catch (...) {
-        discardDatabase(to);
-        throw;
-    }
+    NewDatabase copy(to);
+    const int count = fillAndCompare(from, copy.name());
+    copy.publish();
+    return count;
 }

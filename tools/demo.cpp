@@ -1,10 +1,10 @@
 #include "tools/demo.h"
 
 #include "data/dao/bulkload.h"
-#include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
 #include "tools/demo/company.h"
 #include "tools/demo/writetables.h"
+#include "tools/newdatabase.h"
 
 namespace {
 
@@ -24,11 +24,11 @@ demo::Company makeCompany(const DemoOptions &options, demo::Random &random)
     return company;
 }
 
-void fill(const QString &path, const DemoOptions &options)
+void fill(const QString &name, const DemoOptions &options)
 {
     demo::Random random(options.seed);
     const demo::Company company = makeCompany(options, random);
-    BulkLoad file(path, Schema::Password.toString(), BulkLoad::File::New);
+    BulkLoad file(name, Schema::Password.toString(), BulkLoad::File::New);
     demo::writeWarehouses(company, file, random);
     demo::writeCustomers(company, file, random);
     demo::writeParts(company, file, random);
@@ -46,12 +46,7 @@ void createDemo(const QString &path, const DemoOptions &options)
 {
     // A random salt would be the one thing in the file that differs from run to run.
     const QByteArray salt = "demo" + QByteArray::number(options.seed);
-    createDatabase(path, Schema::Password.toString(), salt);
-    // Half a company is worth nothing.
-    try {
-        fill(path, options);
-    } catch (...) {
-        discardDatabase(path);
-        throw;
-    }
+    NewDatabase database(path, salt);
+    fill(database.name(), options);
+    database.publish();
 }

@@ -1,10 +1,12 @@
 #include "tools/partfile.h"
 
+#include "data/engines/sqlite/filesystem.h"
+#include "data/values/runtimeerror.h"
 #include "tools/toolerror.h"
+#include <QDir>
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
-#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -20,30 +22,33 @@ void removeWithCompanions(const QString &path)
         QFile::remove(path + QLatin1String(companion));
 }
 
-/// Bytes, and the names in a folder, are written to the disk when the system sees fit, unless it is told to.
-void sync(const QString &path)
+/// Bytes are written to the disk when the system sees fit, unless it is told to.
+void syncContent(QFile &file)
 {
 #ifdef Q_OS_UNIX
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        return;
-    ::fsync(file);
-    ::close(file);
+    if (!file.open(QIODevice::ReadOnly) || ::fsync(file.handle()) != 0)
+        throw ToolError{QStringLiteral("'%1' does not reach the disk").arg(file.fileName())};
+    file.close();
 #else
-    Q_UNUSED(path);
+    Q_UNUSED(file);
 #endif
 }
 
-} // namespace
-
+/// Whatever lies there, database or not, is somebody's.
 void refuseExisting(const QString &path)
 {
     if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())
         throw ToolError{QStringLiteral("'%1' is there already and stays as it is").arg(path)};
 }
 
+} // namespace
+
 PartFile::PartFile(const QString &name) : m_name(name), m_path(name + QStringLiteral(".part"))
 {
+    if (name.trimmed().isEmpty())
+        throw runtimeError(3055);
+    if (!QFileInfo(name).dir().exists())
+        throw runtimeError(3044, {name});
     refuseExisting(name);
     for (const char *companion : Companions)
         refuseExisting(name + QLatin1String(companion));
@@ -65,10 +70,10 @@ PartFile::~PartFile()
 
 void PartFile::publish()
 {
-    sync(m_path);
     QFile file(m_path);
+    syncContent(file);
     if (!file.rename(m_name))
         throw ToolError{QStringLiteral("cannot name '%1': %2").arg(m_name, file.errorString())};
     m_published = true;
-    sync(QFileInfo(m_name).absolutePath());
+    syncFolderOf(m_name);
 }

@@ -8,7 +8,8 @@ class PartFile
 {
 public:
     /// Begins with an empty file. A ToolError when something of that name is there already, or leftovers of a database
-    /// of that name, which the engine would take for a part of the new one.
+    /// of that name, which the engine would take for a part of the new one; errors 3055 for an empty name
+    /// and 3044 for a folder that does not exist.
     explicit PartFile(const QString &name);
     PartFile(const PartFile &) = delete;
     PartFile &operator=(const PartFile &) = delete;
@@ -22,6 +23,3 @@ private:
     QString m_name, m_path;
     bool m_published = false;
 };
-
-/// Whatever lies there, database or not, is somebody's: a ToolError.
-void refuseExisting(const QString &path);

@@ -4,17 +4,21 @@
 #include <QCoreApplication>
 #include <QFile>
 
-Letterhead letterhead()
+Letterhead letterheadIn(const QString &file)
 {
     Letterhead result{"Tamrick", {}};
-    const QString path = QCoreApplication::applicationDirPath() + "/letterhead.txt";
-    if (!QFile::exists(path))
+    if (!QFile::exists(file))
         return result;
-    QStringList lines = settingsText(path).split('\n');
+    QStringList lines = settingsText(file).split('\n');
     for (QString &line : lines)
         line = line.trimmed();
     lines.removeAll({});
     if (!lines.isEmpty())
         result = {lines.first(), lines.mid(1)};
     return result;
+}
+
+Letterhead letterhead()
+{
+    return letterheadIn(QCoreApplication::applicationDirPath() + "/letterhead.txt");
 }

@@ -2,11 +2,14 @@
 
 #include <QStringList>
 
-/// The house, as the file `letterhead.txt` beside the program has it: the name in the first line, address lines below.
-/// Without the file the house name alone; error 75 for one that cannot be read.
+/// The house: its name, and address lines below.
 struct Letterhead
 {
     QString name;
     QStringList lines;
 };
+/// As the file has it, the name in its first line. Without the file the house name alone; error 75 for one that
+/// cannot be read.
+Letterhead letterheadIn(const QString &file);
+/// As `letterhead.txt` beside the program has it.
 Letterhead letterhead();

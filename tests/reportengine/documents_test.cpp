@@ -1,7 +1,10 @@
 #include "data/values/conversions.h"
 #include "reportengine/pages/valuetext.h"
+#include "reports/layouts/letterhead.h"
 #include "tests/reportengine/reportfixture.h"
 #include <QRegularExpression>
+#include <QTemporaryDir>
+#include <sys/stat.h>
 
 namespace {
 
@@ -28,6 +31,39 @@ TEST(Invoice, ShowsWhatTheRoutineFilledInAndEveryField)
           "Acme Building Supply|100 Industrial Parkway North|Springfield, IL 60601", "Acme Building Supply Dock",
           "4700", "UPS Ground", "BR-1040-0", "Brackets", "YOUR-70000", "Page 1 of 1"})
         EXPECT_TRUE(text.contains(shown)) << shown << " in " << text.toStdString();
+}
+
+TEST(LetterheadFile, IsTakenAsItStandsOrIsAnErrorAtOnce)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("letterhead.txt");
+    const auto write = [&](const QByteArray &content) {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    };
+    const struct
+    {
+        const char *what;
+        std::function<bool()> make;
+        const char *lines; ///< the error where it is a number
+    } rows[] = {
+        {"none", [] { return true; }, "Tamrick"},
+        {"a sound one", [&] { return write(" Höhn Fittings \r\n\r\n1 Canal Road\nDayton, OH"); },
+         "Höhn Fittings|1 Canal Road|Dayton, OH"},
+        {"nothing in it", [&] { return write("\n"); }, "Tamrick"},
+        {"a line of 50 MB", [&] { return write(QByteArray(50'000'000, 'x')); }, "75"},
+        {"a pipe", [&] { return mkfifo(QFile::encodeName(path).constData(), 0600) == 0; }, "75"},
+        {"a device", [&] { return QFile::link("/dev/zero", path); }, "75"},
+        {"a folder", [&] { return QDir().mkdir(path); }, "75"},
+    };
+    for (const auto &row : rows) {
+        QFile::remove(path);
+        ASSERT_TRUE(row.make()) << row.what;
+        Letterhead head;
+        const int error = errorNumberOf([&] { head = letterheadIn(path); });
+        EXPECT_EQ(error ? QString::number(error) : (QStringList(head.name) + head.lines).join('|'), row.lines)
+            << row.what;
+    }
 }
 
 /// The amounts down the right side in the order of printing, each with the words before it ("" for an invoice line).

@@ -107,7 +107,10 @@ TEST_F(BackupTest, WhatCannotBeDoneIsOneLineAndLeavesNothing)
         {{"restore", good, path("taken.db")}, "/taken.db' is there already"},
         {{"restore", good, path("log.db")}, "/log.db-wal' is there already"},
         {{"restore", good, path("half.db")}, "if nothing is running, remove it"},
-        {{"restore", good, path("nowhere/new.db")}, "cannot write"},
+        {{"restore", good, path("nowhere/new.db")}, "is not a valid path"},
+        {{"create", path("half.db")}, "if nothing is running, remove it"},
+        {{"demo", path("half.db")}, "if nothing is running, remove it"},
+        {{"copy", good, path("half.db")}, "if nothing is running, remove it"},
     };
     for (const auto &row : rows) {
         const Outcome outcome = run(row.arguments);

@@ -1,12 +1,11 @@
 #include "tools/takeover/takeover.h"
 
 #include "data/dao/bulkload.h"
-#include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
 #include "tools/check.h"
+#include "tools/newdatabase.h"
 #include "tools/oneline.h"
-#include "tools/partfile.h"
 #include "tools/takeover/comparison.h"
 #include "tools/takeover/jetprocess.h"
 #include "tools/toolerror.h"
@@ -156,23 +155,21 @@ bool takeOver(const QString &old, const QString &to, bool keep, QTextStream &rep
 {
     if (!QFileInfo(old).isFile() || !QFileInfo(old).isReadable())
         throw ToolError{QStringLiteral("cannot read '%1'").arg(old)};
-    PartFile part(to);
-    QFile::remove(part.path()); // the empty one: it is made anew here
-    createDatabase(part.path(), Schema::Password.toString());
+    NewDatabase part(to);
     bool whole = false;
     try {
         reportUsers(old, report);
-        BulkLoad load(part.path(), Schema::Password.toString(), BulkLoad::File::New);
+        BulkLoad load(part.name(), Schema::Password.toString(), BulkLoad::File::New);
         Taker taker(load, report);
         readJetSafely(old, isWanted, taker);
         taker.reportMissing();
         load.commit();
-        const bool same = compareWithOld(old, part.path(), taker.refused(), report);
+        const bool same = compareWithOld(old, part.name(), taker.refused(), report);
         whole = taker.lostNothing() && same;
     } catch (const ToolError &error) {
         throw ToolError{QStringLiteral("'%1': %2").arg(old, error.message)};
     }
-    for (const QString &finding : checkDatabase(part.path()))
+    for (const QString &finding : checkDatabase(part.name()))
         report << "check: " << finding << '\n';
     if (whole || keep)
         part.publish();
