@@ -1,9 +1,12 @@
 #include "tools/backup.h"
 
 #include "data/dao/copydatabase.h"
+#include "data/engines/engines.h"
 #include "data/engines/sqlite/filesystem.h"
 #include "data/schema/schema.h"
 #include "data/values/clock.h"
+#include "tools/copy.h"
+#include "tools/newdatabase.h"
 #include "tools/partfile.h"
 #include "tools/toolerror.h"
 #include <QDir>
@@ -12,12 +15,23 @@
 
 namespace {
 
+/// The file that a copy of the database is called after.
+QFileInfo fileNameOf(const QString &database)
+{
+    if (engines::isFile(database))
+        return QFileInfo(database);
+    const QString name = engines::databaseName(database);
+    if (name.isEmpty())
+        throw ToolError{QStringLiteral("the URI names no database")};
+    return QFileInfo(QString(name).replace(u'/', u'_') + QStringLiteral(".db"));
+}
+
 /// The backups of one database in one folder.
 class Backups
 {
 public:
-    Backups(const QString &database, const QString &folder)
-        : m_folder(folder), m_stem(QFileInfo(database).completeBaseName()), m_suffix(QFileInfo(database).suffix())
+    Backups(const QFileInfo &file, const QString &folder)
+        : m_folder(folder), m_stem(file.completeBaseName()), m_suffix(file.suffix())
     {
         if (!m_suffix.isEmpty())
             m_suffix.prepend(u'.');
@@ -60,6 +74,25 @@ private:
     QString m_stem, m_suffix;
 };
 
+void copyFile(const QString &from, const QString &to)
+{
+    PartFile part(to);
+    // What the original is kept from, the copy is kept from too.
+    QFile::setPermissions(part.path(), QFile::permissions(from) | QFile::ReadOwner | QFile::WriteOwner);
+    copyDatabase(from, part.path(), Schema::Password.toString());
+    part.publish();
+}
+
+void copyFromServer(const QString &from, const QString &to)
+{
+    NewDatabase copy(to);
+    // Who may read what on the server says nothing about users of this machine.
+    QFile::setPermissions(copy.name(), QFile::ReadOwner | QFile::WriteOwner);
+    fillCompany(from, copy.name());
+    requireSoundDatabase(copy.name(), Schema::Password.toString());
+    copy.publish();
+}
+
 } // namespace
 
 QString backupDatabase(const QString &from, const QString &folder, std::optional<int> keep)
@@ -67,7 +100,7 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
     // Not made here: it may be the mount point of a disk that is missing tonight.
     if (!QFileInfo(folder).isDir())
         throw ToolError{QStringLiteral("'%1' is no folder").arg(folder)};
-    const Backups backups(from, folder);
+    const Backups backups(fileNameOf(from), folder);
     QLockFile lock(backups.lockPath());
     lock.setStaleLockTime(0);
     if (!lock.tryLock())
@@ -77,11 +110,10 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
     backups.removeParts();
 
     const QString path = backups.pathAt(Clock::now());
-    PartFile part(path);
-    // What the original is kept from, the copy is kept from too.
-    QFile::setPermissions(part.path(), QFile::permissions(from) | QFile::ReadOwner | QFile::WriteOwner);
-    copyDatabase(from, part.path(), Schema::Password.toString());
-    part.publish();
+    if (engines::isFile(from))
+        copyFile(from, path);
+    else
+        copyFromServer(from, path);
     if (keep)
         backups.removeOlderThan(path, *keep - 1);
     return path;
@@ -89,6 +121,11 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
 
 void restoreDatabase(const QString &backup, const QString &to)
 {
+    if (!engines::isFile(to)) {
+        requireSoundDatabase(backup, Schema::Password.toString());
+        copyCompany(backup, to);
+        return;
+    }
     PartFile part(to);
     copyDatabase(backup, part.path(), Schema::Password.toString());
     shareWithGroup(part.path());

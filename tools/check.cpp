@@ -1,11 +1,17 @@
 #include "tools/check.h"
 
+#include "data/engines/engines.h"
 #include "data/engines/sqlite/connection.h"
 #include "data/engines/sqlite/passwordgate.h"
 #include "data/schema/schema.h"
 #include "tools/check/findings.h"
+#include "tools/copy.h"
+#include "tools/newdatabase.h"
+#include <QTemporaryDir>
 
-QStringList checkDatabase(const QString &path, const QString &config)
+namespace {
+
+QStringList checkFile(const QString &path, const QString &config)
 {
     ConnectionOptions options;
     options.file = path;
@@ -23,4 +29,28 @@ QStringList checkDatabase(const QString &path, const QString &config)
             check::checkConfig(config, connection, findings);
     }
     return findings.lines();
+}
+
+QStringList checkOnServer(const QString &uri, const QString &config)
+{
+    engine::Options options;
+    options.name = uri;
+    options.password = Schema::Password.toString();
+    options.readOnly = true;
+    check::Findings findings;
+    if (!check::checkTables(engines::open(options)->readCatalog(), findings))
+        return findings.lines();
+    // The server itself holds the columns to their types. What the rows say about each other is asked of a copy, as
+    // they stand at one moment: the rules are written once, in the file's own SQL.
+    const QTemporaryDir folder;
+    const NewDatabase copy(folder.filePath(QStringLiteral("company.db")));
+    fillCompany(uri, copy.name());
+    return checkFile(copy.name(), config);
+}
+
+} // namespace
+
+QStringList checkDatabase(const QString &name, const QString &config)
+{
+    return engines::isFile(name) ? checkFile(name, config) : checkOnServer(name, config);
 }

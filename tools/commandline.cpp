@@ -37,7 +37,7 @@ constexpr const char *Help =
     "       tamrick-db takeover OLD.mdb NEW     takes an old company over into a new database\n"
     "           --keep              keeps it also when rows were refused\n"
     "       tamrick-db --version                tells its version\n"
-    "create, demo, load, export and copy take the URI of a database on a server as well:\n"
+    "FILE, FROM, TO and NEW may be the URI of a database on a server as well (not for share):\n"
     "       postgresql://user@host/company\n";
 
 void create(const Arguments &arguments, QTextStream &)
@@ -125,7 +125,7 @@ struct Command
     const char *takes; ///< the same in words
     QStringList options;
     std::function<int(const Arguments &, QTextStream &)> run;
-    bool takesUris = false; ///< of databases on a server, where it takes a FILE
+    std::vector<qsizetype> uris = {}; ///< which of them may be a database on a server
 };
 
 /// For a command that has done what it was told if it did not throw.
@@ -140,16 +140,16 @@ std::function<int(const Arguments &, QTextStream &)> done(void (*run)(const Argu
 const std::vector<Command> &commands()
 {
     static const std::vector<Command> all = {
-        {"create", 1, "one FILE", {}, done(create), true},
-        {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo), true},
-        {"load", 3, "FILE, TABLE and CSV", {}, done(load), true},
-        {"check", 1, "one FILE", {"--config="}, check},
+        {"create", 1, "one FILE", {}, done(create), {0}},
+        {"demo", 1, "a FILE and options behind it", {"--scale=", "--seed=", "--until="}, done(demo), {0}},
+        {"load", 3, "FILE, TABLE and CSV", {}, done(load), {0}},
+        {"check", 1, "one FILE", {"--config="}, check, {0}},
         {"share", 1, "one FILE", {}, done(share)},
-        {"export", 2, "FILE and TABLE", {}, done(exportRows), true},
-        {"copy", 2, "FROM and TO", {}, done(copy), true},
-        {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup)},
-        {"restore", 2, "BACKUP and TO", {}, done(restore)},
-        {"takeover", 2, "OLD.mdb and NEW", {"--keep"}, takeover},
+        {"export", 2, "FILE and TABLE", {}, done(exportRows), {0}},
+        {"copy", 2, "FROM and TO", {}, done(copy), {0, 1}},
+        {"backup", 2, "FROM and FOLDER", {"--keep="}, done(backup), {0}},
+        {"restore", 2, "BACKUP and TO", {}, done(restore), {1}},
+        {"takeover", 2, "OLD.mdb and NEW", {"--keep"}, takeover, {1}},
     };
     return all;
 }
@@ -174,9 +174,12 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
         const Arguments arguments(name, rest, command.options);
         if (arguments.plain().size() != command.count)
             throw ToolError{QStringLiteral("%1 takes %2").arg(name, QLatin1String(command.takes))};
-        const auto &plain = arguments.plain();
-        if (!command.takesUris && !std::all_of(plain.begin(), plain.end(), engines::isFile))
-            throw ToolError{QStringLiteral("%1 works on files, not on a server's database").arg(name)};
+        for (qsizetype place = 0; place < command.count; ++place) {
+            if (!engines::isFile(arguments.plain()[place]) &&
+                std::find(command.uris.begin(), command.uris.end(), place) == command.uris.end())
+                throw ToolError{QStringLiteral("%1 takes a file there, not a server's database: %2")
+                                    .arg(name, QLatin1String(command.takes))};
+        }
         return command.run(arguments, out);
     }
     const QString last = names.takeLast();

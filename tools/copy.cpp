@@ -41,7 +41,9 @@ void compareRows(Database &source, Database &copy, const TableDef &table)
     }
 }
 
-int fillAndCompare(const QString &from, const QString &to)
+} // namespace
+
+int fillCompany(const QString &from, const QString &to)
 {
     const QString password = Schema::Password.toString();
     // Others may go on working: everything is read as it stood when the copy began.
@@ -59,12 +61,10 @@ int fillAndCompare(const QString &from, const QString &to)
     return count;
 }
 
-} // namespace
-
 int copyCompany(const QString &from, const QString &to)
 {
     NewDatabase copy(to);
-    const int count = fillAndCompare(from, copy.name());
+    const int count = fillCompany(from, copy.name());
     copy.publish();
     return count;
 }

@@ -10,13 +10,13 @@ NewDatabase::NewDatabase(const QString &name, const QByteArray &salt) : m_name(n
         m_name = m_file.emplace(name).path();
         QFile::remove(m_name); // the empty one, which only took the name: the database is made anew
     }
-    createDatabase(m_name, Schema::Password.toString(), salt);
+    m_made = createDatabase(m_name, Schema::Password.toString(), salt);
 }
 
 NewDatabase::~NewDatabase()
 {
     if (!m_published && !m_file)
-        discardDatabase(m_name);
+        discardDatabase(m_name, m_made);
 }
 
 void NewDatabase::publish()

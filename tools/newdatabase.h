@@ -1,10 +1,12 @@
 #pragma once
 
+#include "data/engine/made.h"
 #include "tools/partfile.h"
 #include <optional>
 
 /// A database of the program's tables that is being made and filled, and goes away with the object unless it gets to
-/// its end: on a server under its own name, as a file under that of a part.
+/// its end: on a server under its own name, as a file under that of a part. One that stood on the server before, empty,
+/// is then empty again.
 class NewDatabase
 {
 public:
@@ -21,5 +23,6 @@ public:
 private:
     std::optional<PartFile> m_file; ///< of a file
     QString m_name;
+    engine::Made m_made = engine::Made::Database;
     bool m_published = false;
 };

@@ -6,3 +6,8 @@ void copyDatabase(const QString &from, const QString &to, const QString &passwor
 {
     engines::copy(from, to, password);
 }
+
+void requireSoundDatabase(const QString &file, const QString &password)
+{
+    engines::requireSound(file, password);
+}

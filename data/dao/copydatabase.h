@@ -7,3 +7,6 @@
 /// the disk, in one file that needs no other beside it. Errors as at opening a database; 3049 for a damaged one, with
 /// what is wrong; 3026 for a full disk. The caller takes away what a failure leaves of the copy.
 void copyDatabase(const QString &from, const QString &to, const QString &password);
+
+/// Checks a database file as copyDatabase checks its copy, with the same errors.
+void requireSoundDatabase(const QString &file, const QString &password);

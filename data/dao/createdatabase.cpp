@@ -2,12 +2,12 @@
 
 #include "data/engines/engines.h"
 
-void createDatabase(const QString &path, const QString &password, const QByteArray &salt)
+engine::Made createDatabase(const QString &path, const QString &password, const QByteArray &salt)
 {
-    engines::create(path, password, salt);
+    return engines::create(path, password, salt);
 }
 
-void discardDatabase(const QString &path)
+void discardDatabase(const QString &path, engine::Made made)
 {
-    engines::discard(path);
+    engines::discard(path, made);
 }

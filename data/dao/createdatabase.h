@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/engine/made.h"
 #include <QString>
 
 /// Makes a database with all permanent tables, the scratch tables that reports only empty, and their indexes, all
@@ -7,7 +8,8 @@
 /// file behind. In a folder whose files belong to its group, the group may write to it. A `salt` for the password makes
 /// the file the same each time; without one it is drawn at random.
 ///
-/// The path may be the URI of a database on a server, with the same errors and promises; see docs/server.md.
-void createDatabase(const QString &path, const QString &password, const QByteArray &salt = {});
-/// Takes away a database that was just made and is not wanted after all.
-void discardDatabase(const QString &path);
+/// The path may be the URI of a database on a server, with the same errors and promises; see docs/server.md. There an
+/// empty database is taken as well; the result tells whether it was.
+engine::Made createDatabase(const QString &path, const QString &password, const QByteArray &salt = {});
+/// Takes away what was just made and is not wanted after all.
+void discardDatabase(const QString &path, engine::Made made);

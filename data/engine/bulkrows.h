@@ -12,7 +12,7 @@ class RowSink
 {
 public:
     virtual ~RowSink() = default;
-    /// Adds one row. A row refused leaves the others of the load standing.
+    /// Adds one row. In a file, a row refused leaves the others of the load standing; on a server the load is lost.
     virtual void add(std::span<const Value> row) = 0;
 };
 

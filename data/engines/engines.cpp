@@ -3,6 +3,7 @@
 #include "data/engines/postgres/bulkrows.h"
 #include "data/engines/postgres/createdatabase.h"
 #include "data/engines/postgres/engine.h"
+#include "data/engines/postgres/session.h"
 #include "data/engines/sqlite/bulkrows.h"
 #include "data/engines/sqlite/copyfile.h"
 #include "data/engines/sqlite/createfile.h"
@@ -19,10 +20,15 @@ bool engines::isFile(const QString &name)
     return !postgres::isUri(name);
 }
 
-void engines::discard(const QString &name)
+QString engines::databaseName(const QString &uri)
+{
+    return postgres::databaseName(postgres::Uri(uri));
+}
+
+void engines::discard(const QString &name, engine::Made made)
 {
     if (postgres::isUri(name))
-        postgres::dropDatabase(name);
+        postgres::discardDatabase(name, made);
     else
         QFile::remove(name);
 }
@@ -42,14 +48,20 @@ std::unique_ptr<engine::BulkRows> engines::bulkRows(const QString &name, const Q
     return std::make_unique<SqliteBulkRows>(name, password, state);
 }
 
-void engines::create(const QString &name, const QString &password, const QByteArray &salt)
+engine::Made engines::create(const QString &name, const QString &password, const QByteArray &salt)
 {
     if (postgres::isUri(name))
         return postgres::createDatabase(name, password, salt);
     createFile(name, password, salt);
+    return engine::Made::Database;
 }
 
 void engines::copy(const QString &from, const QString &to, const QString &password)
 {
     copyFile(from, to, password);
+}
+
+void engines::requireSound(const QString &file, const QString &password)
+{
+    requireSoundFile(file, password);
 }

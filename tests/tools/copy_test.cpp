@@ -1,31 +1,153 @@
+#include "data/engines/engines.h"
 #include "data/schema/schema.h"
+#include "data/values/clock.h"
 #include "tests/support/enginesundertest.h"
+#include "tests/support/jetwriter.h"
 #include "tests/tools/toolstest.h"
+#include <QDir>
 
 namespace {
 
-using CopyTest = ToolsTest;
+/// Databases on the tests' own server, and files.
+class CopyTest : public ToolsTest
+{
+protected:
+    void expectSameRows(const QString &one, const QString &other) const
+    {
+        for (const TableDef &table : Schema::permanentTables())
+            EXPECT_TRUE(run({"export", one, table.Name}).out == run({"export", other, table.Name}).out)
+                << table.Name.toStdString();
+    }
+    void demo(const QString &name) const { ASSERT_EQ(run({"demo", name, "--until", "2011-03-30"}).err, ""); }
+    /// Makes the second server's database, empty; the first one must be there.
+    void makeEmpty() const
+    {
+        const QString made = server->plain("CREATE DATABASE " + engines::databaseName(other->name()));
+        ASSERT_EQ(made, "no row");
+    }
+    QString tablesIn(const DatabasePlace &place) const
+    {
+        return place.plain("SELECT (SELECT count(*) FROM pg_class WHERE relnamespace = 'public'::regnamespace)"
+                           " + (SELECT count(*) FROM pg_proc WHERE pronamespace = 'public'::regnamespace)");
+    }
+
+    std::unique_ptr<DatabasePlace> server = DatabasePlace::on(EngineKind::Postgres);
+    std::unique_ptr<DatabasePlace> other = DatabasePlace::on(EngineKind::Postgres);
+};
 
 TEST_F(CopyTest, MovesACompanyToAServerAndBackAsItIs)
 {
-    const auto server = DatabasePlace::on(EngineKind::Postgres);
-    ASSERT_EQ(run({"demo", path("a.db"), "--until", "2011-03-30"}).status, 0);
+    demo(path("a.db"));
     const Outcome there = run({"copy", path("a.db"), server->name()});
     EXPECT_EQ(there.err, "");
     EXPECT_TRUE(there.out.endsWith(" rows copied and compared\n")) << there.out.toStdString();
     EXPECT_EQ(run({"copy", server->name(), path("b.db")}).out, there.out);
-    for (const TableDef &table : Schema::permanentTables()) {
-        const QString rows = run({"export", path("a.db"), table.Name}).out;
-        EXPECT_EQ(run({"export", server->name(), table.Name}).out, rows) << table.Name.toStdString();
-        EXPECT_EQ(run({"export", path("b.db"), table.Name}).out, rows) << table.Name.toStdString();
-    }
+    expectSameRows(path("a.db"), server->name());
+    expectSameRows(path("a.db"), path("b.db"));
     EXPECT_EQ(run({"check", path("b.db")}).out, run({"check", path("a.db")}).out);
 
     // Nothing is written over, and what cannot be finished leaves nothing.
     EXPECT_EQ(run({"copy", server->name(), path("b.db")}).status, 1);
     EXPECT_EQ(run({"copy", path("a.db"), server->name()}).err, "tamrick-db: Database already exists.\n");
     EXPECT_EQ(run({"copy", path("none.db"), path("c.db")}).status, 1);
-    EXPECT_FALSE(QFile::exists(path("c.db")));
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), (QStringList{"a.db", "b.db"}));
+}
+
+TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
+{
+    demo(server->name());
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir("kept"));
+    const QString stem = "kept/" + engines::databaseName(server->name());
+    fileWith(stem + "-2010-01-01-000000.db", "older");
+    fileWith(stem + "-2010-01-02-000000.db.part-journal", "killed");
+    Clock::setSource([] { return QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)); });
+    const Outcome outcome = run({"backup", server->name(), path("kept"), "--keep=1"});
+    Clock::setSource({});
+    const QString made = path(stem + "-2011-03-30-140509.db");
+    EXPECT_EQ(outcome.out + outcome.err, made + '\n');
+    EXPECT_EQ(QDir(path("kept")).entryList(QDir::Files), QStringList{QFileInfo(made).fileName()});
+    EXPECT_EQ(QFile::permissions(made) & 0x77, 0);
+
+    EXPECT_EQ(run({"restore", made, path("file.db")}).err, "");
+    EXPECT_EQ(run({"restore", made, other->name()}).err, "");
+    expectSameRows(server->name(), path("file.db"));
+    expectSameRows(server->name(), other->name());
+    EXPECT_EQ(run({"restore", made, other->name()}).err, "tamrick-db: Database already exists.\n");
+    EXPECT_EQ(run({"check", other->name()}).out, "ok\n");
+
+    // A session's own number goes on where the other's ended.
+    open(other->name())->Execute("INSERT INTO Payments (Amount) VALUES (1)");
+    EXPECT_EQ(other->plain("SELECT count(*) FROM \"Payments\" GROUP BY \"ID\" ORDER BY 1 DESC"), "1");
+}
+
+TEST_F(CopyTest, CheckFindsOnAServerWhatItFindsInAFile)
+{
+    demo(server->name());
+    server->plain("UPDATE \"Invoice\" SET \"Shipment\" = 'x' WHERE \"ID\" = 7");
+    server->plain("INSERT INTO \"Customer\" (\"Customer\", \"Terms\") VALUES ('O''Hara', 'Net')");
+    const Outcome found = run({"check", server->name()});
+    EXPECT_EQ(found.status, 1);
+    EXPECT_EQ(found.err, "");
+    EXPECT_TRUE(
+        found.out.contains("Invoice: Shipment is no list of IDs, which ends the program in the sales reports: ID 7\n"));
+    EXPECT_TRUE(found.out.contains("an apostrophe in Customer, which ends the program where it is used: O'Hara\n"));
+    ASSERT_EQ(run({"copy", server->name(), path("copy.db")}).err, "");
+    EXPECT_EQ(found.out, run({"check", path("copy.db")}).out);
+
+    server->plain("ALTER TABLE \"Part\" DROP COLUMN \"Cost\"; DROP TABLE \"Payments\"");
+    EXPECT_EQ(run({"check", server->name()}).out, "Part: missing columns: Cost\nPayments: the table is missing\n");
+}
+
+TEST_F(CopyTest, AnOldCompanyGoesOverToAServerOrLeavesNothingThere)
+{
+    JetWriter old(JetWriter::Jet4);
+    old.add("Payments", {{"ID", JetWriter::Long}, {"Amount", JetWriter::Double}}, {{41, 10.0}, {7, 20.5}});
+    const QString sound = fileWith("old.mdb", old.file());
+    const Outcome outcome = run({"takeover", sound, server->name()});
+    EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.contains("Payments: both sides agree: 2 rows, ID 48"));
+    EXPECT_EQ(server->plain("SELECT string_agg(\"ID\" || ' ' || \"Amount\", ',' ORDER BY \"ID\") FROM \"Payments\""),
+              "7 20.5,41 10");
+
+    old.add("AvailInv", {{"Avail", JetWriter::Text}}, {{"none"}, {"7"}});
+    const QString refused = fileWith("refused.mdb", old.file());
+    EXPECT_EQ(run({"takeover", refused, other->name()}).status, 1);
+    const QString name = engines::databaseName(other->name());
+    EXPECT_EQ(server->plain("SELECT count(*) FROM pg_database WHERE datname = '" + name + '\''), "0");
+    EXPECT_EQ(run({"takeover", refused, other->name(), "--keep"}).status, 1);
+    EXPECT_EQ(other->plain("SELECT sum(\"Avail\") FROM \"AvailInv\""), "7");
+}
+
+TEST_F(CopyTest, AnEmptyDatabaseThatStoodThereIsLeftEmptyByAFailure)
+{
+    ASSERT_EQ(run({"create", server->name()}).err, "");
+    makeEmpty();
+    const QString empty = tablesIn(*other);
+    fileWith("junk.db", "no database at all");
+    fileWith("junk.mdb", "no database at all");
+    for (const QStringList &call : {QStringList{"copy", path("junk.db"), other->name()},
+                                    {"restore", path("junk.db"), other->name()},
+                                    {"takeover", path("junk.mdb"), other->name()}}) {
+        EXPECT_EQ(run(call).status, 1);
+        EXPECT_EQ(tablesIn(*other), empty) << call[0].toStdString();
+    }
+    demo(other->name());
+    EXPECT_EQ(other->plain("SELECT count(*) > 1000 FROM \"Orders\""), "t");
+}
+
+TEST_F(CopyTest, WhereOnlyAFileWillDoAUriIsRefused)
+{
+    const QString uri = "postgresql://clerk@nowhere/company";
+    for (const QStringList &call : {QStringList{"share", uri},
+                                    {"backup", "a.db", uri},
+                                    {"restore", uri, "a.db"},
+                                    {"takeover", uri, "a.db"},
+                                    {"load", "a.db", "Orders", uri}}) {
+        const Outcome outcome = run(call);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.err.startsWith("tamrick-db: " + call[0] + " takes a file there, not a server's database"))
+            << outcome.err.toStdString();
+    }
 }
 
 } // namespace

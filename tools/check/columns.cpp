@@ -45,22 +45,9 @@ QString faultOf(const ColumnDef &column)
 
 } // namespace
 
-bool checkStructure(Connection &connection, Findings &findings)
+bool checkTables(const Catalog &catalog, Findings &findings)
 {
-    const Doing reading{Doing::Reading, {}, QStringLiteral("integrity check")};
-    Statement integrity = connection.prepare("PRAGMA integrity_check", reading);
-    int code;
     bool sound = true;
-    while ((code = integrity.step()) == SQLITE_ROW) {
-        if (integrity.text(0) == u"ok")
-            continue;
-        sound = false;
-        findings.add(QStringLiteral("File"), QStringLiteral("damaged"), integrity.text(0));
-    }
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
-
-    const Catalog catalog = Tables::readCatalog(connection);
     // A table or column that is missing would stop the queries of the later steps.
     for (const auto *tables : {&Schema::permanentTables(), &Schema::keptScratchTables()}) {
         for (const TableDef &expected : *tables) {
@@ -79,6 +66,24 @@ bool checkStructure(Connection &connection, Findings &findings)
         }
     }
     return sound;
+}
+
+bool checkStructure(Connection &connection, Findings &findings)
+{
+    const Doing reading{Doing::Reading, {}, QStringLiteral("integrity check")};
+    Statement integrity = connection.prepare("PRAGMA integrity_check", reading);
+    int code;
+    bool sound = true;
+    while ((code = integrity.step()) == SQLITE_ROW) {
+        if (integrity.text(0) == u"ok")
+            continue;
+        sound = false;
+        findings.add(QStringLiteral("File"), QStringLiteral("damaged"), integrity.text(0));
+    }
+    if (code != SQLITE_DONE)
+        connection.raise(code, reading);
+
+    return checkTables(Tables::readCatalog(connection), findings) && sound;
 }
 
 void checkColumns(Connection &connection, Findings &findings)

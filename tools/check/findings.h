@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+class Catalog;
 class Connection;
 
 namespace check {
@@ -27,6 +28,8 @@ private:
 // The steps.
 /// The file's own structure, and tables and columns that are missing; false when it is useless to go on.
 bool checkStructure(Connection &connection, Findings &findings);
+/// The part of it that looks for tables and columns.
+bool checkTables(const Catalog &catalog, Findings &findings);
 /// Values that a column's type cannot hold, as another tool may have stored them.
 void checkColumns(Connection &connection, Findings &findings);
 /// Rows that refer to what is not there, keys that repeat, and the like.

@@ -1,15 +1,18 @@
 #include "tools/takeover/takeover.h"
 
 #include "data/dao/bulkload.h"
+#include "data/engines/engines.h"
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
 #include "tools/check.h"
+#include "tools/copy.h"
 #include "tools/newdatabase.h"
 #include "tools/oneline.h"
 #include "tools/takeover/comparison.h"
 #include "tools/takeover/jetprocess.h"
 #include "tools/toolerror.h"
 #include <QDir>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -149,30 +152,47 @@ void reportUsers(const QString &old, QTextStream &report)
     }
 }
 
+/// Fills a new file. True when every row has gone over and both sides agree.
+bool takeInto(const QString &file, const QString &old, QTextStream &report)
+{
+    bool whole = false;
+    try {
+        reportUsers(old, report);
+        BulkLoad load(file, Schema::Password.toString(), BulkLoad::File::New);
+        Taker taker(load, report);
+        readJetSafely(old, isWanted, taker);
+        taker.reportMissing();
+        load.commit();
+        const bool same = compareWithOld(old, file, taker.refused(), report);
+        whole = taker.lostNothing() && same;
+    } catch (const ToolError &error) {
+        throw ToolError{QStringLiteral("'%1': %2").arg(old, error.message)};
+    }
+    for (const QString &finding : checkDatabase(file))
+        report << "check: " << finding << '\n';
+    return whole;
+}
+
 } // namespace
 
 bool takeOver(const QString &old, const QString &to, bool keep, QTextStream &report)
 {
     if (!QFileInfo(old).isFile() || !QFileInfo(old).isReadable())
         throw ToolError{QStringLiteral("cannot read '%1'").arg(old)};
-    NewDatabase part(to);
-    bool whole = false;
-    try {
-        reportUsers(old, report);
-        BulkLoad load(part.name(), Schema::Password.toString(), BulkLoad::File::New);
-        Taker taker(load, report);
-        readJetSafely(old, isWanted, taker);
-        taker.reportMissing();
-        load.commit();
-        const bool same = compareWithOld(old, part.name(), taker.refused(), report);
-        whole = taker.lostNothing() && same;
-    } catch (const ToolError &error) {
-        throw ToolError{QStringLiteral("'%1': %2").arg(old, error.message)};
+    NewDatabase database(to);
+    bool whole;
+    if (engines::isFile(to)) {
+        whole = takeInto(database.name(), old, report);
+    } else {
+        // A row that a server refuses takes all others along, so a file comes before.
+        const QTemporaryDir folder;
+        const NewDatabase file(folder.filePath(QStringLiteral("company.db")));
+        whole = takeInto(file.name(), old, report);
+        if (whole || keep)
+            fillCompany(file.name(), database.name());
     }
-    for (const QString &finding : checkDatabase(part.name()))
-        report << "check: " << finding << '\n';
     if (whole || keep)
-        part.publish();
+        database.publish();
     else
         report << "Not everything has gone over, so nothing is kept (--keep keeps it)\n";
     return whole;

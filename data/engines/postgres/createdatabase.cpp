@@ -5,7 +5,6 @@
 #include "data/engines/postgres/functions.h"
 #include "data/engines/postgres/session.h"
 #include "data/engines/postgres/tables.h"
-#include <QUrl>
 
 namespace {
 
@@ -64,11 +63,6 @@ Handle existing(const Uri &uri)
     }
 }
 
-QByteArray databaseOf(const QString &uri)
-{
-    return quoted(QUrl(uri).path().mid(1));
-}
-
 bool isEmpty(PGconn *connection, const Uri &uri)
 {
     const Result tables =
@@ -76,27 +70,46 @@ bool isEmpty(PGconn *connection, const Uri &uri)
     return PQntuples(tables.get()) == 0;
 }
 
+/// Makes a database empty again that was filled here.
+QByteArray dropTables()
+{
+    QByteArrayList tables{"\"MSysPassword\""};
+    for (const TableDef &table : Schema::permanentTables())
+        tables += quoted(table.Name);
+    return "DROP TABLE IF EXISTS " + tables.join(", ") +
+           "; DROP SEQUENCE IF EXISTS jet_row; DO $$ DECLARE name regprocedure; BEGIN "
+           "FOR name IN SELECT oid FROM pg_proc WHERE pronamespace = 'public'::regnamespace AND proname LIKE 'jet\\_%' "
+           "LOOP EXECUTE 'DROP FUNCTION ' || name; END LOOP; END $$";
+}
+
 } // namespace
 
-void postgres::dropDatabase(const QString &name)
+void postgres::discardDatabase(const QString &name, engine::Made made)
 {
     try {
         const Uri uri(name);
-        run(openSession(uri, Maintenance).get(), "DROP DATABASE IF EXISTS " + databaseOf(name), uri, Defining);
+        if (made == engine::Made::Tables)
+            run(openSession(uri).get(), "SET client_min_messages = error; " + dropTables(), uri, Defining);
+        else
+            run(openSession(uri, Maintenance).get(), "DROP DATABASE IF EXISTS " + quoted(databaseName(uri)), uri,
+                Defining);
     } catch (const RuntimeError &) {
     }
 }
 
-void postgres::createDatabase(const QString &name, const QString &password, const QByteArray &salt)
+engine::Made postgres::createDatabase(const QString &name, const QString &password, const QByteArray &salt)
 {
     const Uri uri(name);
     if (const Handle there = existing(uri)) {
         if (!isEmpty(there.get(), uri))
             throw RuntimeError(3204, QStringLiteral("Database already exists."), withoutPassword(name));
-        return fill(there.get(), uri, password, salt);
+        fill(there.get(), uri, password, salt);
+        return engine::Made::Tables;
     }
+    if (databaseName(uri).isEmpty())
+        throw runtimeError(3055, {});
     const Handle maker = openSession(uri, Maintenance);
-    const QByteArray database = databaseOf(name);
+    const QByteArray database = quoted(databaseName(uri));
     // Letters are compared by keys of the program's own; the server needs no idea of any language.
     run(maker.get(), "CREATE DATABASE " + database + " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'",
         uri, Defining);
@@ -106,4 +119,5 @@ void postgres::createDatabase(const QString &name, const QString &password, cons
         run(maker.get(), "DROP DATABASE " + database, uri, Defining);
         throw;
     }
+    return engine::Made::Database;
 }

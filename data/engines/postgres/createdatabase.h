@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/engine/made.h"
 #include <QString>
 
 namespace postgres {
@@ -7,9 +8,10 @@ namespace postgres {
 /// Makes a database on a server with all permanent tables, their indexes, and what statements call; whoever may log in
 /// may use it. One that is there already is taken if it is empty. Error 3204 where it is not; a failure leaves nothing
 /// behind.
-void createDatabase(const QString &uri, const QString &password, const QByteArray &salt);
+engine::Made createDatabase(const QString &uri, const QString &password, const QByteArray &salt);
 
-/// Takes a database away. What fails is left to the administrator: it is called where another error is on its way.
-void dropDatabase(const QString &uri);
+/// Takes away what createDatabase has made, and nothing else. What fails is left to the administrator: it is called
+/// where another error is on its way.
+void discardDatabase(const QString &uri, engine::Made made);
 
 } // namespace postgres

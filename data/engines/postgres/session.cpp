@@ -41,6 +41,17 @@ bool postgres::isUri(const QString &name)
     return name.startsWith(QLatin1String("postgresql://")) || name.startsWith(QLatin1String("postgres://"));
 }
 
+QString postgres::databaseName(const Uri &uri)
+{
+    const std::unique_ptr<PQconninfoOption, void (*)(PQconninfoOption *)> options(
+        PQconninfoParse(uri.text.toUtf8().constData(), nullptr), PQconninfoFree);
+    for (const PQconninfoOption *option = options.get(); option && option->keyword; ++option) {
+        if (qstrcmp(option->keyword, "dbname") == 0)
+            return QString::fromUtf8(option->val);
+    }
+    return {};
+}
+
 postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
 {
     const QByteArray text = uri.text.toUtf8(), other = database.toUtf8();

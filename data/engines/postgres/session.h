@@ -24,6 +24,8 @@ struct Uri
 
 /// True for the name of a database on a server.
 bool isUri(const QString &name);
+/// The database that a URI names, empty where it leaves that to other settings of libpq.
+QString databaseName(const Uri &uri);
 
 /// Opens a session. `database` replaces the URI's database where it is not empty. Errors 3024, 3031, 3044, 3045.
 Handle openSession(const Uri &uri, const QString &database = {});

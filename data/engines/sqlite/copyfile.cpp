@@ -23,18 +23,18 @@ ConnectionOptions target(const QString &path)
     return options;
 }
 
-/// Raises the first thing that the engine finds wrong in the copy, in words about the database it was made from.
-void checkCopy(Connection &copy, const QString &from)
+/// Raises the first thing that the engine finds wrong; of a copy, in words about the database it was made from.
+void quickCheck(Connection &file, const QString &name)
 {
-    const Doing checking{Doing::Reading, {}, QStringLiteral("quick check of a copy")};
-    Statement check = copy.prepare("PRAGMA quick_check(1)", checking);
+    const Doing checking{Doing::Reading, {}, QStringLiteral("quick check")};
+    Statement check = file.prepare("PRAGMA quick_check(1)", checking);
     const int code = check.step();
     if (code == SQLITE_ROW && check.text(0) == u"ok")
         return;
     if (code != SQLITE_ROW && (code & 0xff) != SQLITE_CORRUPT)
-        copy.raise(code, checking);
+        file.raise(code, checking);
     const QString found = code == SQLITE_ROW ? check.text(0) : QStringLiteral("it cannot be read to its end");
-    throw RuntimeError(3049, QStringLiteral("'%1' is damaged: %2").arg(from, found));
+    throw RuntimeError(3049, QStringLiteral("'%1' is damaged: %2").arg(name, found));
 }
 
 } // namespace
@@ -46,5 +46,12 @@ void copyFile(const QString &from, const QString &to, const QString &password)
     Connection copy(target(to));
     original.copyInto(copy);
     PasswordGate::check(copy, password, from);
-    checkCopy(copy, from);
+    quickCheck(copy, from);
+}
+
+void requireSoundFile(const QString &file, const QString &password)
+{
+    Connection connection(source(file));
+    PasswordGate::check(connection, password, file);
+    quickCheck(connection, file);
 }
