@@ -7,7 +7,9 @@
 
 namespace {
 
-constexpr int Catalogue = 2, Maps = 3, MapBytes = 64;
+constexpr int Catalogue = 2, Maps = 3, CatalogueRows = 4, MapBytes = 64;
+/// Each table tells of some; a reader has to pass over them.
+constexpr int Indexes = 2;
 
 template <typename T> QByteArray little(T number)
 {
@@ -73,10 +75,11 @@ JetWriter::Type typeOf(const ColumnDef &column)
 
 } // namespace
 
-JetWriter::JetWriter(Version version) : m_version(version)
+JetWriter::JetWriter(Version version, int codePage) : m_version(version), m_codePage(codePage)
 {
-    for (char kind : {0, 1, 2, 1}) // header, free pages, catalogue, maps
+    for (char kind : {0, 1, 2, 1, 1}) // header, free pages, catalogue, maps, the catalogue's first rows
         newPage(kind);
+    put(m_pages[CatalogueRows], 4, little(quint32(Catalogue)));
     m_maps = 1; // the catalogue's own
     place(Maps, QByteArray(5 + MapBytes, '\0'));
 }
@@ -128,12 +131,14 @@ void JetWriter::writeTable(int definition, const std::vector<Column> &columns, c
     const int map = definition == Catalogue ? 0 : m_maps - 1;
     const auto variable =
         std::count_if(columns.begin(), columns.end(), [](const Column &c) { return !isFixed(c.type); });
-    QByteArray &page = m_pages[size_t(definition)];
-    put(page, jet3 ? 12 : 16, little(qint32(told < 0 ? int(rows.size()) : told)));
-    put(page, jet3 ? 23 : 43, little(quint16(variable)));
-    put(page, jet3 ? 25 : 45, little(quint16(columns.size())));
-    put(page, jet3 ? 35 : 55, little(quint32(Maps << 8 | map)));
-    put(page, jet3 ? 39 : 59, little(quint32(Maps << 8 | map)));
+    QByteArray head(jet3 ? 43 : 63, '\0');
+    put(head, jet3 ? 12 : 16, little(qint32(told < 0 ? int(rows.size()) : told)));
+    put(head, jet3 ? 23 : 43, little(quint16(variable)));
+    put(head, jet3 ? 25 : 45, little(quint16(columns.size())));
+    put(head, jet3 ? 31 : 51, little(quint32(Indexes)));
+    put(head, jet3 ? 35 : 55, little(quint32(Maps << 8 | map)));
+    put(head, jet3 ? 39 : 59, little(quint32(Maps << 8 | map)));
+    head += QByteArray(Indexes * (jet3 ? 8 : 12), '\0');
     QByteArray entries, names;
     int offset = 0, number = 0, place = 0;
     for (const Column &column : columns) {
@@ -154,12 +159,51 @@ void JetWriter::writeTable(int definition, const std::vector<Column> &columns, c
         place += !isFixed(column.type);
         ++number;
     }
-    put(page, jet3 ? 43 : 63, entries + names);
+    writeDefinition(definition, head + entries + names);
+}
+
+/// The first page holds what it can; the others follow, each with the place of the next one in its head.
+void JetWriter::writeDefinition(int definition, const QByteArray &bytes)
+{
+    constexpr int Head = 8;
+    put(m_pages[size_t(definition)], Head, bytes.sliced(Head, std::min<qsizetype>(bytes.size(), pageSize()) - Head));
+    int last = definition;
+    for (qsizetype done = pageSize(); done < bytes.size(); done += pageSize() - Head) {
+        const int page = newPage(2);
+        put(m_pages.back(), Head, bytes.mid(done, pageSize() - Head));
+        put(m_pages[size_t(last)], 4, little(quint32(page)));
+        last = page;
+    }
+}
+
+/// Which pages are a table's: a bit each behind the first of them or, where the row of the map is too short for that,
+/// on pages that the row names.
+void JetWriter::writeMap(const std::vector<int> &pages, int map)
+{
+    const auto set = [](QByteArray &bits, int bit) { bits[bit / 8] = char(bits[bit / 8] | 1 << bit % 8); };
+    QByteArray row(5 + MapBytes, '\0');
+    if (pages.back() - pages.front() < MapBytes * 8) {
+        put(row, 1, little(quint32(pages.front())));
+        for (int page : pages)
+            set(row, 5 * 8 + page - pages.front());
+    } else {
+        const int bits = (pageSize() - 4) * 8;
+        row[0] = 1;
+        for (int first = 0; first <= pages.back(); first += bits) {
+            put(row, 1 + first / bits * 4, little(quint32(newPage(5))));
+            for (int page : pages) {
+                if (page >= first && page < first + bits)
+                    set(m_pages.back(), 4 * 8 + page - first);
+            }
+        }
+    }
+    const int list = m_version == Jet3 ? 8 : 12;
+    put(m_pages[Maps], qFromLittleEndian<quint16>(m_pages[Maps].constData() + list + 2 + 2 * map), row);
 }
 
 void JetWriter::writeRows(int definition, const std::vector<Column> &columns, const std::vector<Row> &rows, int map)
 {
-    std::vector<int> pages;
+    std::vector<int> pages(definition == Catalogue ? 1 : 0, CatalogueRows);
     const auto pageFor = [&](qsizetype size) {
         if (pages.empty() || !fits(pages.back(), size)) {
             pages.push_back(newPage(1));
@@ -177,17 +221,8 @@ void JetWriter::writeRows(int definition, const std::vector<Column> &columns, co
             place(pageFor(4), little(quint32(0)), 0x4000);
         place(pageFor(bytes.size()), bytes, moved ? 0x8000 : 0);
     }
-    if (pages.empty())
-        return;
-    QByteArray bits(MapBytes, '\0');
-    for (int page : pages) {
-        const int bit = page - pages.front();
-        Q_ASSERT(bit < MapBytes * 8);
-        bits[bit / 8] = char(bits[bit / 8] | 1 << bit % 8);
-    }
-    const int list = m_version == Jet3 ? 8 : 12;
-    const int at = qFromLittleEndian<quint16>(m_pages[Maps].constData() + list + 2 + 2 * map);
-    put(m_pages[Maps], at, '\0' + little(quint32(pages.front())) + bits);
+    if (!pages.empty())
+        writeMap(pages, map);
 }
 
 QByteArray JetWriter::rowOf(const std::vector<Column> &columns, const Row &row)
@@ -214,7 +249,7 @@ QByteArray JetWriter::rowOf(const std::vector<Column> &columns, const Row &row)
     offsets.push_back(int(bytes.size()));
     for (int i = count; i >= 0; --i)
         bytes += m_version == Jet3 ? QByteArray(1, char(offsets[size_t(i)])) : little(quint16(offsets[size_t(i)]));
-    if (m_version == Jet4)
+    if (m_version != Jet3)
         return bytes + little(quint16(count)) + mask;
     // One byte an offset: the jumps tell from which column on another 256 is to be added. The length counts them in.
     const auto length = bytes.size() + 1 + mask.size();
@@ -253,8 +288,16 @@ QByteArray JetWriter::fixedBytes(Type type, const Value &value) const
 
 QByteArray JetWriter::textBytes(const QString &text) const
 {
-    if (m_version == Jet3)
-        return QString(text).replace(QChar(0x20ac), QChar(0x80)).toLatin1(); // the code page's place of the euro
+    if (m_version == Jet3) {
+        QString placed = text;
+        for (QChar &c : placed) {
+            if (m_codePage == 1251 && c.unicode() >= 0x410 && c.unicode() < 0x450)
+                c = QChar(c.unicode() - 0x410 + 0xc0);
+            else if (c == u'\u20ac')
+                c = QChar(0x80);
+        }
+        return placed.toLatin1();
+    }
     const QByteArray plain(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
     if (text.size() < 3 || std::any_of(text.begin(), text.end(), [](QChar c) { return (c.unicode() & 255) == 0; }))
         return plain;
@@ -300,9 +343,9 @@ QByteArray JetWriter::file(quint32 key)
 
     QByteArray &header = m_pages[0];
     header[0] = 0;
-    put(header, 4, "Standard Jet DB");
-    header[0x14] = m_version == Jet3 ? 0 : 1;
-    put(header, 0x3c, little(quint16(1252)));
+    put(header, 4, m_version == Accdb ? "Standard ACE DB" : "Standard Jet DB");
+    header[0x14] = char(m_version); // in later generations of .accdb it goes up to 6
+    put(header, 0x3c, little(quint16(m_codePage)));
     put(header, 0x3e, little(key));
     put(header, 0x42, key ? QByteArray("secret") : QByteArray());
     const int secret = m_version == Jet3 ? 126 : 128; // from 0x18 on, under a fixed key

@@ -7,12 +7,14 @@
 
 class Database;
 
-/// Writes old databases for tests: tables, columns and rows as they lie in Jet 3 and Jet 4 files, as far as a reader
-/// needs them. Each table has a deleted row in it, and every fifth row was moved away from its place.
+/// Writes old databases for tests: tables, columns and rows as they lie in Jet 3 and Jet 4 files, and in the later ones
+/// called .accdb, as far as a reader needs them. Each table has a deleted row in it, and every fifth row was moved away
+/// from its place. A definition goes on over several pages where one does not hold it, and the map of a large table's
+/// pages lies on pages of its own.
 class JetWriter
 {
 public:
-    enum Version { Jet3, Jet4 };
+    enum Version { Jet3, Jet4, Accdb };
     enum Type {
         YesNo = 1,
         Byte,
@@ -34,7 +36,8 @@ public:
     };
     using Row = std::vector<Value>;
 
-    explicit JetWriter(Version version);
+    /// `codePage` is that of a Jet 3 file's texts: 1252 or 1251.
+    explicit JetWriter(Version version, int codePage = 1252);
 
     /// `told` is the count of rows that the definition tells; the true one if left out.
     void add(const QString &name, const std::vector<Column> &columns, const std::vector<Row> &rows, int told = -1);
@@ -42,11 +45,13 @@ public:
     void addLink(const QString &name) { m_objects.push_back({Value(0), Value(name), Value(6), Value(0), {}}); }
     /// The whole file; with a key every page is encoded by it, as where a password was set on an encoded database.
     QByteArray file(quint32 key = 0);
+    int pageSize() const { return m_version == Jet3 ? 2048 : 4096; }
 
 private:
-    int pageSize() const { return m_version == Jet3 ? 2048 : 4096; }
     int newPage(char kind);
     void writeTable(int definition, const std::vector<Column> &columns, const std::vector<Row> &rows, int told);
+    void writeDefinition(int definition, const QByteArray &bytes);
+    void writeMap(const std::vector<int> &pages, int map);
     void writeRows(int definition, const std::vector<Column> &columns, const std::vector<Row> &rows, int map);
     QByteArray rowOf(const std::vector<Column> &columns, const Row &row);
     QByteArray fixedBytes(Type type, const Value &value) const;
@@ -56,6 +61,7 @@ private:
     bool fits(int page, qsizetype bytes) const;
 
     Version m_version;
+    int m_codePage;
     std::vector<QByteArray> m_pages;
     std::vector<Row> m_objects; ///< the rows of the catalogue
     int m_maps = 0;             ///< of the pages of tables, a row each on the page of maps

@@ -228,6 +228,36 @@ private:
     bool m_searching = false;
 };
 
+/// Only counts.
+class Counter : public JetSink
+{
+public:
+    void begin(const JetTable &) override {}
+    void row(const std::vector<JetCell> &) override { ++rows; }
+    void end(qint64) override {}
+
+    qint64 rows = 0;
+};
+
+/// The list of all tables is a table too. The library passes over what it cannot read of it, and with it over tables.
+void countCatalogue(MdbHandle *mdb, qint64 pages, JetSink &sink)
+{
+    MdbCatalogEntry entry = {};
+    entry.mdb = mdb;
+    entry.object_type = MDB_TABLE;
+    entry.table_pg = 2; // where it lies in every file
+    const Definition definition(mdb_read_table(&entry));
+    if (!definition || !mdb_read_columns(definition.get()))
+        throw ToolError{QStringLiteral("the list of its tables cannot be read: it is encrypted or damaged")};
+    Counter counter;
+    const qint64 damaged = Rows(mdb, definition.get(), pages).readInto(counter);
+    JetTable table;
+    table.name = JetCatalogue;
+    table.rows = definition->num_rows;
+    sink.begin(table);
+    sink.end(std::max(damaged, table.rows - counter.rows));
+}
+
 void readTable(MdbHandle *mdb, MdbCatalogEntry *entry, qint64 pages, bool wanted, JetSink &sink)
 {
     JetTable table;
@@ -260,6 +290,7 @@ void readJet(const QString &path, const std::function<bool(const QString &table)
     if (!mdb_read_catalog(mdb.get(), MDB_ANY))
         throw ToolError{QStringLiteral("the list of its tables cannot be read: it is encrypted or damaged")};
     const qint64 pages = QFileInfo(path).size() / mdb->fmt->pg_size;
+    countCatalogue(mdb.get(), pages, sink);
     for (uint i = 0; i < mdb->num_catalog; ++i) {
         auto *entry = static_cast<MdbCatalogEntry *>(g_ptr_array_index(mdb->catalog, i));
         if (mdb_is_user_table(entry) || entry->object_type == MDB_LINKED_TABLE)

@@ -15,6 +15,9 @@ struct JetTable
     bool linked = false; ///< the rows lie in another file
 };
 
+/// The name of the list of all tables. It comes as a table without rows, so that damage to it is told.
+inline constexpr QLatin1String JetCatalogue("MSysObjects");
+
 /// What a column of a row holds, as a value of the type that it had there. Nothing for what is there and cannot be
 /// read: a picture, an attachment, a date beyond the calendar, a damaged memo.
 using JetCell = std::optional<Value>;

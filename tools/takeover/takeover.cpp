@@ -75,6 +75,10 @@ public:
 
     void end(qint64 damaged) override
     {
+        if (m_old.name == JetCatalogue && damaged > 0) {
+            say(QStringLiteral("the list of the tables is damaged: some may be missing below"));
+            ++m_lost;
+        }
         if (!m_match)
             return;
         for (size_t i = 0; i < m_holding.size(); ++i)
@@ -93,6 +97,8 @@ public:
 
     void reportMissing()
     {
+        if (m_found.isEmpty())
+            throw ToolError{QStringLiteral("it has no table of a company")};
         for (const TableDef &table : Schema::permanentTables()) {
             if (!m_found.contains(table.Name))
                 m_report << table.Name << ": the table is missing and stays empty\n";
@@ -122,7 +128,7 @@ private:
 
     void reportStranger()
     {
-        if (!m_old.name.startsWith(QLatin1String("tmp"), Qt::CaseInsensitive))
+        if (m_old.name != JetCatalogue && !m_old.name.startsWith(QLatin1String("tmp"), Qt::CaseInsensitive))
             say(m_old.linked ? QStringLiteral("a table of another file, not taken")
                              : QStringLiteral("not taken, %1 rows").arg(m_old.rows));
     }
