@@ -1,7 +1,7 @@
 #include "data/engines/postgres/queue.h"
 
 #include "data/engines/postgres/errors.h"
-#include <poll.h>
+#include "data/engines/postgres/socketwait.h"
 
 namespace {
 
@@ -101,9 +101,7 @@ void Queue::push()
             raiseLost(m_expected.back().doing);
         if (left == 0)
             return;
-        pollfd socket{PQsocket(m_connection), POLLIN | POLLOUT, 0};
-        poll(&socket, 1, -1);
-        if (socket.revents & ~POLLOUT) {
+        if (waitForSocket(m_connection, Input | Output, -1) & Input) {
             if (!PQconsumeInput(m_connection))
                 raiseLost(m_expected.back().doing);
             takeArrived();

@@ -3,10 +3,10 @@
 #include "data/engine/passwordhash.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/functions.h"
+#include "data/engines/postgres/socketwait.h"
 #include <QDeadlineTimer>
 #include <QUrl>
 #include <QUrlQuery>
-#include <poll.h>
 
 namespace {
 
@@ -19,8 +19,8 @@ const Doing Opening{Doing::Opening, {}, {}};
 /// Waits for what a connection being opened waits for; false when the time is over.
 bool waitFor(PGconn *connection, PostgresPollingStatusType wanted, const QDeadlineTimer &deadline)
 {
-    pollfd socket{PQsocket(connection), short(wanted == PGRES_POLLING_READING ? POLLIN : POLLOUT), 0};
-    return poll(&socket, 1, int(deadline.remainingTime())) > 0;
+    const postgres::Readiness readiness = wanted == PGRES_POLLING_READING ? postgres::Input : postgres::Output;
+    return postgres::waitForSocket(connection, readiness, int(deadline.remainingTime())) != 0;
 }
 
 } // namespace
