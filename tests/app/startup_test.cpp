@@ -234,6 +234,9 @@ TEST_F(ProgramStart, EndsInABoxWhateverIsWrongWithSettingsOrDatabase)
         return chmod(QFile::encodeName(path(name)).constData(), 0) == 0;
     };
     std::unique_ptr<Database> holder;
+    QFile page(QStringLiteral(TAMRICK_TEST_DATA "/../docs/handbook/index.html"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString handbook = QString::fromUtf8(page.readAll());
     const struct
     {
         const char *what;
@@ -274,6 +277,7 @@ TEST_F(ProgramStart, EndsInABoxWhateverIsWrongWithSettingsOrDatabase)
         {"a database that may not be read", [&] { forbid("company.db"); }, 3051},
         {"a database that another one has for itself",
          [&] { holder = DBEngine::OpenDatabase(path("company.db"), true, false, DatabaseConnect); }, 3045},
+        {"a server that is not there", [&] { configure("postgresql://clerk@/company?host=/nowhere"); }, 3044},
     };
     for (const auto &row : cases) {
         for (const QFileInfo &info :
@@ -294,6 +298,8 @@ TEST_F(ProgramStart, EndsInABoxWhateverIsWrongWithSettingsOrDatabase)
         EXPECT_TRUE(outcome.shown.startsWith(begin)) << row.what << ": " << outcome.shown.left(300).toStdString();
         EXPECT_EQ(outcome.status, row.error ? 1 : 0) << row.what;
         EXPECT_LT(outcome.shown.size(), 1100) << row.what;
+        const QRegularExpression explained(QString("<tr><td>([0-9]+, )*%1(, [0-9]+)*</td>").arg(row.error));
+        EXPECT_TRUE(row.error == 0 || handbook.contains(explained)) << row.error << " is not in the handbook";
     }
 }
 

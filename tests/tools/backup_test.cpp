@@ -2,6 +2,8 @@
 
 #include "data/values/clock.h"
 #include <QLockFile>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -122,6 +124,28 @@ TEST_F(BackupTest, WhatCannotBeDoneIsOneLineAndLeavesNothing)
         EXPECT_EQ(kept(), QStringList());
     }
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before);
+}
+
+TEST_F(BackupTest, ADiskThatTakesNoMoreLeavesNothingHalf)
+{
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = signal(SIGXFSZ, SIG_IGN);
+    for (const QStringList &call : {QStringList{"backup", path("company.db"), path("kept"), "--keep=1"},
+                                    {"restore", path("company.db"), path("kept/new.db")},
+                                    {"copy", path("company.db"), path("kept/new.db")},
+                                    {"create", path("kept/new.db")},
+                                    {"demo", path("kept/new.db")}}) {
+        fileWith("kept/company-2010-01-01-000000.db", "an older one");
+        const rlimit small{50'000, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        const Outcome outcome = run(call);
+        setrlimit(RLIMIT_FSIZE, &before);
+        EXPECT_EQ(outcome.status, 1) << call[0].toStdString();
+        EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.toStdString();
+        EXPECT_EQ(kept(), QStringList{"company-2010-01-01-000000.db"}) << call[0].toStdString();
+    }
+    signal(SIGXFSZ, handler);
 }
 
 TEST_F(BackupTest, RightsFollowTheDataAndTheGroupWorksOnOneFile)
