@@ -53,6 +53,25 @@ TEST_F(CopyTest, MovesACompanyToAServerAndBackAsItIs)
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), (QStringList{"a.db", "b.db"}));
 }
 
+TEST_F(CopyTest, WhatIsReadForACopyStaysOfOneMomentWhileOthersWrite)
+{
+    for (const QString &name : {path("company.db"), server->name()}) {
+        ASSERT_EQ(run({"create", name}).err, "");
+        const auto clerk = open(name);
+        clerk->Execute("INSERT INTO Warehouse (Warehouse) VALUES ('Main')");
+        const auto count = [](Database &database, const char *table) {
+            return database.OpenRecordset(QString("SELECT Count(*) FROM ") + table).Fields(0).value();
+        };
+        const auto copy = DBEngine::OpenDatabase(name, false, true, ";snapshot=yes;pwd=QZV");
+        EXPECT_EQ(count(*copy, "Warehouse"), Value(1));
+        clerk->Execute("INSERT INTO Warehouse (Warehouse) VALUES ('East')");
+        clerk->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
+        EXPECT_EQ(count(*clerk, "Part"), Value(1));
+        EXPECT_EQ(count(*copy, "Warehouse"), Value(1));
+        EXPECT_EQ(count(*copy, "Part"), Value(0));
+    }
+}
+
 TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
 {
     demo(server->name());
