@@ -38,14 +38,16 @@ QStringList checkOnServer(const QString &uri, const QString &config)
     options.password = Schema::Password.toString();
     options.readOnly = true;
     check::Findings findings;
-    if (!check::checkTables(engines::open(options)->readCatalog(), findings))
+    const auto connection = engines::open(options);
+    check::checkServer(*connection, findings);
+    if (!check::checkTables(connection->readCatalog(), findings))
         return findings.lines();
     // The server itself holds the columns to their types. What the rows say about each other is asked of a copy, as
     // they stand at one moment: the rules are written once, in the file's own SQL.
     const QTemporaryDir folder;
     const NewDatabase copy(folder.filePath(QStringLiteral("company.db")));
     fillCompany(uri, copy.name());
-    return checkFile(copy.name(), config);
+    return findings.lines() + checkFile(copy.name(), config);
 }
 
 } // namespace

@@ -186,6 +186,14 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
     throw ToolError{QStringLiteral("say %1 or %2 (--help tells more)").arg(names.join(QStringLiteral(", ")), last)};
 }
 
+/// What an error's box would say. Who works on a server is told the server's own words besides.
+QString wordsOf(const RuntimeError &error, const QStringList &arguments)
+{
+    const QString own = error.detail().section(QStringLiteral("PostgreSQL: "), -1).trimmed();
+    const bool onServer = !std::all_of(arguments.begin(), arguments.end(), engines::isFile);
+    return onServer && !own.isEmpty() ? error.description() + QStringLiteral(" (%1)").arg(own) : error.description();
+}
+
 /// One line, whatever names and texts of a file the message repeats.
 void tell(QTextStream &err, const QString &message)
 {
@@ -206,7 +214,7 @@ int runCommand(const QStringList &arguments, QTextStream &out, QTextStream &err)
     } catch (const ToolError &error) {
         tell(err, error.message);
     } catch (const RuntimeError &error) {
-        tell(err, error.description());
+        tell(err, wordsOf(error, arguments));
     } catch (const std::bad_alloc &) {
         tell(err, QStringLiteral("out of memory"));
     }

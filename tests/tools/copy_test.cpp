@@ -48,7 +48,8 @@ TEST_F(CopyTest, MovesACompanyToAServerAndBackAsItIs)
 
     // Nothing is written over, and what cannot be finished leaves nothing.
     EXPECT_EQ(run({"copy", server->name(), path("b.db")}).status, 1);
-    EXPECT_EQ(run({"copy", path("a.db"), server->name()}).err, "tamrick-db: Database already exists.\n");
+    EXPECT_EQ(run({"copy", path("a.db"), server->name()}).err,
+              "tamrick-db: Database already exists. (" + server->name() + ")\n");
     EXPECT_EQ(run({"copy", path("none.db"), path("c.db")}).status, 1);
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), (QStringList{"a.db", "b.db"}));
 }
@@ -91,7 +92,8 @@ TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
     EXPECT_EQ(run({"restore", made, other->name()}).err, "");
     expectSameRows(server->name(), path("file.db"));
     expectSameRows(server->name(), other->name());
-    EXPECT_EQ(run({"restore", made, other->name()}).err, "tamrick-db: Database already exists.\n");
+    EXPECT_EQ(run({"restore", made, other->name()}).err,
+              "tamrick-db: Database already exists. (" + other->name() + ")\n");
     EXPECT_EQ(run({"check", other->name()}).out, "ok\n");
 
     // A session's own number goes on where the other's ended.
@@ -113,8 +115,12 @@ TEST_F(CopyTest, CheckFindsOnAServerWhatItFindsInAFile)
     ASSERT_EQ(run({"copy", server->name(), path("copy.db")}).err, "");
     EXPECT_EQ(found.out, run({"check", path("copy.db")}).out);
 
-    server->plain("ALTER TABLE \"Part\" DROP COLUMN \"Cost\"; DROP TABLE \"Payments\"");
-    EXPECT_EQ(run({"check", server->name()}).out, "Part: missing columns: Cost\nPayments: the table is missing\n");
+    server->plain("ALTER TABLE \"Part\" DROP COLUMN \"Cost\"; DROP TABLE \"Payments\"; DROP INDEX \"ixPart\";"
+                  "DROP FUNCTION jet_power");
+    EXPECT_EQ(run({"check", server->name()}).out,
+              "Server: functions are missing, which ends the program where it needs them: jet_power\n"
+              "Server: indexes are missing, which makes the program slow: ixPart; ixPaymentsInvoice; ixPaymentsDate\n"
+              "Part: missing columns: Cost\nPayments: the table is missing\n");
 }
 
 TEST_F(CopyTest, AnOldCompanyGoesOverToAServerOrLeavesNothingThere)

@@ -4,6 +4,9 @@
 
 class Catalog;
 class Connection;
+namespace engine {
+class Connection;
+}
 
 namespace check {
 
@@ -30,6 +33,8 @@ private:
 bool checkStructure(Connection &connection, Findings &findings);
 /// The part of it that looks for tables and columns.
 bool checkTables(const Catalog &catalog, Findings &findings);
+/// What the statements need inside of a server besides tables: functions and indexes.
+void checkServer(engine::Connection &connection, Findings &findings);
 /// Values that a column's type cannot hold, as another tool may have stored them.
 void checkColumns(Connection &connection, Findings &findings);
 /// Rows that refer to what is not there, keys that repeat, and the like.
