@@ -22,6 +22,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(QStringLiteral("tamrick"));
     setAppearance(*this);
+    setBeforeBoxes(settleDatabase);
     installEventFilter(&m_pressGuard);
     installEventFilter(&m_handbookKey);
 #ifndef Q_OS_WIN

@@ -17,7 +17,7 @@ frmCreateInvoices::frmCreateInvoices()
     : Form("frmCreateInvoices", "Create Invoices"), cmbCustomer(addList("cmbCustomer")), dtCutoff(addDate("dtCutoff")),
       dtDate(addDate("dtDate")), btnPrint(addButton("btnPrint", "Print")), btnCancel(addButton("btnCancel", "Cancel"))
 {
-    cmbCustomer->setTypeAhead();
+    setTypeAhead(cmbCustomer);
     connect(btnPrint, &QPushButton::clicked, this, &frmCreateInvoices::btnPrint_Click);
     connect(btnCancel, &QPushButton::clicked, this, &frmCreateInvoices::unload);
     layOut();

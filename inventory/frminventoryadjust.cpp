@@ -10,7 +10,7 @@ frmInventoryAdjust::frmInventoryAdjust()
     : StockForm("frmInventoryAdjust", "Inventory Adjustment", "Adjustment Information", "Inventory Adjustment"),
       cmbWarehouse(addList("cmbWarehouse"))
 {
-    cmbWarehouse->setTypeAhead();
+    setTypeAhead(cmbWarehouse);
     connect(cmbWarehouse, &ComboBox::lostFocus, this, &frmInventoryAdjust::cmbWarehouse_LostFocus);
     layOut({{"Warehouse", cmbWarehouse}});
 }

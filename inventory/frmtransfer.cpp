@@ -9,8 +9,8 @@ frmTransfer::frmTransfer()
     : StockForm("frmTransfer", "Transfer Inventory", "Transfer Information", "Inventory to Transfer"),
       cmbFrom(addList("cmbFrom")), cmbTo(addList("cmbTo"))
 {
-    cmbFrom->setTypeAhead();
-    cmbTo->setTypeAhead();
+    setTypeAhead(cmbFrom);
+    setTypeAhead(cmbTo);
     connect(cmbFrom, &ComboBox::lostFocus, this, &frmTransfer::cmbFrom_LostFocus);
     connect(cmbTo, &ComboBox::lostFocus, this, &frmTransfer::cmbTo_LostFocus);
     layOut({{"From", cmbFrom}, {"To", cmbTo}});

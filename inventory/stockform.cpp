@@ -20,7 +20,7 @@ StockForm::StockForm(const QString &name, const QString &caption, const QString 
       btnDelete(addButton("btnDelete", "Delete")), btnSave(addButton("btnSave", "Save and Close")),
       btnExit(addButton("btnExit", "Exit")), vsfgAdjustment(addGrid("vsfgAdjustment")), lblTotal(addLabel("lblTotal"))
 {
-    cmbPart->setTypeAhead();
+    setTypeAhead(cmbPart);
     connect(txtID, &TextBox::lostFocus, this, &StockForm::txtID_LostFocus);
     connect(btnUpdate, &QPushButton::clicked, this, &StockForm::btnUpdate_Click);
     connect(btnDelete, &QPushButton::clicked, this, &StockForm::btnDelete_Click);

@@ -47,7 +47,7 @@ void frmOrderEntry::makeControls()
     btnVoidOrder = addButton("btnVoidOrder", "Void Order");
 
     for (ComboBox *box : {cmbCustomer, cmbWarehouse, cmbPart})
-        box->setTypeAhead();
+        setTypeAhead(box);
 }
 
 void frmOrderEntry::connectEvents()

@@ -37,8 +37,8 @@ frmOrderNavigator::frmOrderNavigator()
       Frame3(addFrame("Frame3", "Line Items")), vsfgItems(addGrid("vsfgItems"))
 {
     layOut();
-    cmbWarehouse->setTypeAhead();
-    cmbCustomer->setTypeAhead();
+    setTypeAhead(cmbWarehouse);
+    setTypeAhead(cmbCustomer);
     connect(btnFind, &QPushButton::clicked, this, &frmOrderNavigator::UpdateGrids);
     connect(btnClear, &QPushButton::clicked, this, &frmOrderNavigator::btnClear_Click);
     connect(btnAddNew, &QPushButton::clicked, this, [] { Load("frmOrderEntry"); });

@@ -36,8 +36,8 @@ frmShipmentEntry::frmShipmentEntry()
     txtShipVia->setText("UPS Ground");
     for (TextBox *box : {txtShipTo, txtAddress1, txtAddress2, txtCity, txtState, txtZip})
         box->setReadOnly(true); // the order's, for display only
-    cmbCustomer->setTypeAhead();
-    cmbOrder->setTypeAhead();
+    setTypeAhead(cmbCustomer);
+    setTypeAhead(cmbOrder);
     vsfgItems->setEditableColumn(ThisShipment);
     connect(cmbCustomer, &ComboBox::change, this, &frmShipmentEntry::cmbCustomer_Change);
     connect(cmbCustomer, &ComboBox::click, this, &frmShipmentEntry::cmbCustomer_Click);

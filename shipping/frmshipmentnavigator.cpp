@@ -20,7 +20,7 @@ frmShipmentNavigator::frmShipmentNavigator()
       dtEndDate(addDate("dtEndDate")), btnFind(addButton("btnFind", "Find")), btnClear(addButton("btnClear", "Clear")),
       btnExit(addButton("btnExit", "Exit")), vsfgShipments(addGrid("vsfgShipments")), vsfgItems(addGrid("vsfgItems"))
 {
-    cmbCustomer->setTypeAhead();
+    setTypeAhead(cmbCustomer);
     connect(btnFind, &QPushButton::clicked, this, &frmShipmentNavigator::btnFind_Click);
     connect(btnClear, &QPushButton::clicked, this, &frmShipmentNavigator::btnClear_Click);
     connect(btnExit, &QPushButton::clicked, this, &frmShipmentNavigator::unload);

@@ -71,7 +71,7 @@ frmCustomerRegister::frmCustomerRegister()
     : ReportDialog("frmCustomerRegister", "Customer Register", "btnPrint", "Print")
 {
     cmbCustomer = addList("cmbCustomer");
-    cmbCustomer->setTypeAhead();
+    setTypeAhead(cmbCustomer);
     cmbCustomer->setMinimumWidth(240);
     m_fields->add("Customer:", cmbCustomer);
     dtBeginDate = addDate("dtBeginDate");

@@ -5,7 +5,7 @@ SelectionDialog::SelectionDialog(const QString &name, const QString &label)
     : ReportDialog(name, "Report Selection", "btnPrint", "Print")
 {
     cmbReport = addList("cmbReport");
-    cmbReport->setTypeAhead();
+    setTypeAhead(cmbReport);
     cmbReport->setMinimumWidth(240);
     m_fields->add(label, cmbReport);
     connect(m_start, &QPushButton::clicked, this, [this] { btnPrint_Click(); });

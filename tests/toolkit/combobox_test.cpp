@@ -204,18 +204,6 @@ TEST_F(ComboBoxTest, KeyPressTellsCharactersAndNotMovingKeysAndMaySwallowThem)
     EXPECT_EQ(box->text(), "a");
 }
 
-TEST_F(ComboBoxTest, ClearingEmptiesListAndText)
-{
-    ComboBox *box = editable();
-    box->setListIndex(1);
-    events();
-    box->clearList();
-    EXPECT_EQ(box->listCount(), 0);
-    EXPECT_EQ(box->text(), "");
-    EXPECT_EQ(box->listIndex(), -1);
-    EXPECT_EQ(events(), Events());
-}
-
 TEST_F(ComboBoxTest, ALongListIsSearchedFromTheTopInAnyCase)
 {
     QStringList entries;

@@ -2,7 +2,6 @@
 
 #include "data/values/runtimeerror.h"
 #include "toolkit/controls/combolist.h"
-#include "toolkit/controls/combotypeahead.h"
 #include "toolkit/controls/onelinetext.h"
 #include <QApplication>
 #include <QKeyEvent>
@@ -145,24 +144,9 @@ void ComboBox::append(const QStringList &items)
     m_assigning = false;
 }
 
-void ComboBox::clearList()
-{
-    const QScopedValueRollback assigning(m_assigning, true);
-    m_list->clear();
-    if (m_style == Style::Editable)
-        clearEditText();
-}
-
 int ComboBox::findString(const QString &prefix) const
 {
     return m_list->findPrefix(prefix);
-}
-
-void ComboBox::setTypeAhead(bool on)
-{
-    disconnect(m_typeAhead);
-    if (on)
-        m_typeAhead = connect(this, &ComboBox::keyPress, this, [this](int &key) { ComboTypeAhead(*this, key); });
 }
 
 /// Wide enough for entries longer than the box, up to twice its width. Only those of most characters are measured:

@@ -36,12 +36,8 @@ public:
     void addItem(const Value &item);
     /// Appends many at once.
     void addItems(const QStringList &items);
-    void clearList();
     /// Index of the first entry that starts with `prefix`, any case, or -1.
     int findString(const QString &prefix) const;
-
-    /// Hands every typed character to ComboTypeAhead.
-    void setTypeAhead(bool on = true);
 
     void showPopup() override;
     void hidePopup() override;
@@ -75,7 +71,6 @@ private:
 
     const Style m_style;
     ComboList *m_list;
-    QMetaObject::Connection m_typeAhead;
     bool m_assigning = false; ///< the program changes the index, which raises its events itself
     bool m_clickDone = false; ///< the user's change of the index has raised `click` already
 };

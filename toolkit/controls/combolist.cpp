@@ -23,13 +23,6 @@ void ComboList::append(const QStringList &items)
     endInsertRows();
 }
 
-void ComboList::clear()
-{
-    beginResetModel();
-    m_items.clear();
-    endResetModel();
-}
-
 int ComboList::find(const QString &text) const
 {
     for (int i = 0; i < m_items.size(); ++i)

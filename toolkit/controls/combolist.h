@@ -15,7 +15,6 @@ public:
 
     QString at(int index) const { return m_items.value(index); }
     void append(const QStringList &items);
-    void clear();
     /// First entry of exactly that text, or that starts with it, in any case; -1 when there is none.
     int find(const QString &text) const;
     int findPrefix(const QString &prefix, int from = 0) const;

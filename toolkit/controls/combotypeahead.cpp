@@ -2,7 +2,6 @@
 
 #include "data/values/clock.h"
 #include "toolkit/controls/combobox.h"
-#include "toolkit/forms/mainmod.h"
 #include <QPointer>
 
 namespace {
@@ -17,12 +16,12 @@ struct Search
 Search search;
 } // namespace
 
-void ComboTypeAhead(ComboBox &combo, int &keyAscii)
+void ComboTypeAhead(ComboBox &combo, int &keyAscii, double seconds)
 {
     // After midnight the idle time is negative, which counts as not expired. Backspace, Esc and Enter are characters
     // like any other: collected, found nowhere, and in the way until the search expires. Both are meant.
     const double idle = Clock::secondsSinceMidnight() - search.lastKeyTime;
-    const bool expired = idle >= gTypeAheadSeconds;
+    const bool expired = idle >= seconds;
     if (search.lastCombo == &combo && !expired) {
         search.searchText += QChar(keyAscii);
     } else {

@@ -1,7 +1,6 @@
 #include "toolkit/controls/msgbox.h"
 
 #include "data/values/runtimeerror.h"
-#include "toolkit/forms/mainmod.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
@@ -13,6 +12,7 @@
 
 namespace {
 int shown = 0;
+std::function<void()> beforeBoxes = [] {};
 
 /// The window a box belongs to. A list that just dropped down may still be the active one, and goes with its form.
 QWidget *windowBehind()
@@ -99,13 +99,13 @@ protected:
 
 void MsgBox(const QString &prompt, const QString &title)
 {
-    settleDatabase();
+    beforeBoxes();
     Box(prompt, title, QMessageBox::Ok).answer();
 }
 
 bool MsgBoxYesNo(const QString &prompt, const QString &title)
 {
-    settleDatabase();
+    beforeBoxes();
     return Question(prompt, title).answer() == QMessageBox::Yes;
 }
 
@@ -113,11 +113,16 @@ void showRuntimeError(const RuntimeError &error)
 {
     const QString prompt = QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description());
     try {
-        settleDatabase();
+        beforeBoxes();
     } catch (const RuntimeError &) {
         // One error has ended the program already; that the disk fails too would only hide it.
     }
     Box(prompt, {}, QMessageBox::Ok).answer();
+}
+
+void setBeforeBoxes(std::function<void()> action)
+{
+    beforeBoxes = std::move(action);
 }
 
 int messageBoxesShown()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class RuntimeError;
 
@@ -10,6 +11,8 @@ void MsgBox(const QString &prompt, const QString &title = {});
 bool MsgBoxYesNo(const QString &prompt, const QString &title);
 /// The run-time error box: "Run-time error 'N':", a blank line, the description.
 void showRuntimeError(const RuntimeError &error);
+/// What has to be done before any box is shown, since people act on what a box says.
+void setBeforeBoxes(std::function<void()> action);
 /// How many boxes were shown so far. A mouse press that brought one up while it moved the focus is not a click.
 int messageBoxesShown();
 

@@ -1,7 +1,9 @@
 #include "toolkit/forms/form.h"
 
 #include "data/values/runtimeerror.h"
+#include "toolkit/controls/combotypeahead.h"
 #include "toolkit/controls/frame.h"
+#include "toolkit/forms/mainmod.h"
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 
@@ -70,6 +72,11 @@ void Form::setTabOrder(const QList<QWidget *> &order)
     m_tabOrder = order;
     for (int i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+void Form::setTypeAhead(ComboBox *box)
+{
+    connect(box, &ComboBox::keyPress, box, [box](int &key) { ComboTypeAhead(*box, key, gTypeAheadSeconds); });
 }
 
 TextBox *Form::addText(const char *name)

@@ -65,6 +65,9 @@ protected:
     /// A combo box the user never sees, holding a list parallel to a visible one.
     ComboBox *addHiddenList(const char *name);
 
+    /// Lets typed characters search the box: hands each to ComboTypeAhead, with `gTypeAheadSeconds` as it stands then.
+    static void setTypeAhead(ComboBox *box);
+
     /// Puts the focus through the widgets in this order. To be called when all stand in their layouts.
     void setTabOrder(const QList<QWidget *> &order);
     /// Sets the focus as a program does: error 5 when the widget can't take it. A form that is minimised is restored.
