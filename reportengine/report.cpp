@@ -1,7 +1,6 @@
 #include "reportengine/report.h"
 
 #include "data/dao/recordset.h"
-#include "reportengine/output/printing.h"
 #include "reportengine/pages/compiledlayout.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/rows/recordsetrows.h"
@@ -102,11 +101,6 @@ void Report::setFormulaText(int index, const QString &text)
     d->layout.formulas.at(index - 1).text = text;
     d->pages.reset();
     d->compiled.reset();
-}
-
-void Report::PrintOut()
-{
-    printOut(*this);
 }
 
 const Layout &Report::layout() const

@@ -51,10 +51,6 @@ public:
     /// Replaces the text of the index-th formula, from 1. What is wrong with it shows when the records are read.
     void setFormulaText(int index, const QString &text);
 
-    /// Prints without a prompt, two copies, to the system's default printer; with no printer on the machine as a
-    /// PDF into `printed/` beside the program. Error 482 when printing fails.
-    void PrintOut();
-
     const Layout &layout() const;
     const Dataset &dataset() const;
     /// The rows as they were read, in the recordset's order.

@@ -1,4 +1,6 @@
 #include "reports/handover.h"
+
+#include "reportengine/output/printing.h"
 #include "reportengine/viewer/viewer.h"
 #include "reports/layouts/catalogue.h"
 #include "toolkit/controls/mousepointer.h"
@@ -47,7 +49,7 @@ void HandOver::deliver(const QString &title)
         showIn(*static_cast<Viewer *>(Load("Viewer")), title);
         break;
     case Output::Printer:
-        m_report->PrintOut();
+        PrintOut(*m_report);
         break;
     }
     m_data->Close();

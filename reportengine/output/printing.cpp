@@ -54,7 +54,7 @@ void setPrintDestination(PrintDestination wanted)
     destination() = std::move(wanted);
 }
 
-void printOut(Report &report)
+void PrintOut(Report &report)
 {
     settleDatabase();
     const Outcome outcome = !destination()                  ? printToSystem(report, Copies)

@@ -6,8 +6,9 @@
 class QPrinter;
 class Report;
 
-/// Prints a report without a prompt, in two copies, to where documents go. Error 482 when that fails.
-void printOut(Report &report);
+/// Prints a report without a prompt, two copies, to the system's default printer; with no printer on the machine as a
+/// PDF into `printed/` beside the program. Error 482 when printing fails.
+void PrintOut(Report &report);
 
 /// Prints pages (by index, in the order given; none: all) as the printer was told: its paper, orientation, copies and
 /// whatever else its dialog has set; into a PDF file when it was told a file's name.

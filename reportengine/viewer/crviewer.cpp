@@ -6,7 +6,6 @@
 #include "reportengine/viewer/findbar.h"
 #include "reportengine/viewer/grouptreemodel.h"
 #include "reportengine/viewer/longjob.h"
-#include "reportengine/viewer/viewer.h"
 #include "reportengine/viewer/viewerbar.h"
 #include "reportengine/viewer/viewerjobs.h"
 #include "toolkit/controls/mousepointer.h"
@@ -92,7 +91,7 @@ void CRViewer::connectBar()
 QString CRViewer::reportName() const
 {
     const QString title = parentWidget()->windowTitle();
-    return title == Viewer::Caption ? m_report->layout().title : title;
+    return title == Caption ? m_report->layout().title : title;
 }
 
 void CRViewer::connectFindBar()

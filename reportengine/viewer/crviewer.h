@@ -18,6 +18,9 @@ class CRViewer : public QWidget
 {
     Q_OBJECT
 public:
+    /// The title of the window around as long as nobody gives it one that tells the report.
+    static constexpr const char *Caption = "Report Viewer";
+
     explicit CRViewer(QWidget *parent);
     ~CRViewer() override;
 

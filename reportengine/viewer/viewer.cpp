@@ -2,7 +2,7 @@
 
 #include "reportengine/viewer/crviewer.h"
 
-Viewer::Viewer() : Form("Viewer", Caption), m_viewer(add<CRViewer>("CRViewer"))
+Viewer::Viewer() : Form("Viewer", CRViewer::Caption), m_viewer(add<CRViewer>("CRViewer"))
 {
     setFocusProxy(m_viewer);
     resize(860, 640);

@@ -12,9 +12,6 @@ class Viewer : public Form
 {
     Q_OBJECT
 public:
-    /// The window's title as long as nobody gives it one that tells the report.
-    static constexpr const char *Caption = "Report Viewer";
-
     Viewer();
 
     /// Hands the report over; the viewer holds it from then on.

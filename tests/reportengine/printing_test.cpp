@@ -39,11 +39,11 @@ TEST_F(Printing, SendsTwoCopiesWhereDocumentsGo)
         copies = wanted;
         return true;
     });
-    sampleReport("crptPackingSlip", 3)->PrintOut();
+    PrintOut(*sampleReport("crptPackingSlip", 3));
     EXPECT_EQ(title, "Packing Slip");
     EXPECT_EQ(copies, 2);
     setPrintDestination([](Report &, int) { return false; });
-    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
+    EXPECT_EQ(errorNumberOf([] { PrintOut(*sampleReport("crptPackingSlip", 3)); }), 482);
 }
 
 struct Machine
@@ -84,7 +84,7 @@ TEST_F(Printing, CountsAsDoneOnlyWithAJobOnTheServerOrWithoutAnyPrinter)
         SCOPED_TRACE(machine.is);
         status.clear();
         const PrivatePrintServer server(machine.queues);
-        EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), machine.error);
+        EXPECT_EQ(errorNumberOf([] { PrintOut(*sampleReport("crptPackingSlip", 3)); }), machine.error);
         EXPECT_EQ(server.jobs(), machine.jobs);
         EXPECT_EQ(*machine.status ? status.left(qstrlen(machine.status)) : status, machine.status);
         EXPECT_EQ(printedFolder().entryList(QDir::Files).size(), machine.kept);
@@ -97,7 +97,7 @@ TEST_F(Printing, FailsOnAServerThatCannotBeReached)
 {
     PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
     server.stop();
-    EXPECT_EQ(errorNumberOf([] { sampleReport("crptPackingSlip", 3)->PrintOut(); }), 482);
+    EXPECT_EQ(errorNumberOf([] { PrintOut(*sampleReport("crptPackingSlip", 3)); }), 482);
     EXPECT_FALSE(printedFolder().exists());
 }
 

@@ -55,7 +55,7 @@ TEST_F(GoingOut, WhateverTheFileHoldsIsSyncedBeforeABoxADocumentOrAnExport)
              QTimer::singleShot(0, qApp, notice);
              MsgBoxYesNo("Sure?", "Title");
          }},
-        {"document", [&] { report.PrintOut(); }},
+        {"document", [&] { PrintOut(report); }},
         {"export",
          [&] {
              EXPECT_TRUE(exportReport(report, folder.filePath("slip.csv")));
