@@ -127,7 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     try {
         const auto sheets = READER(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
-        for (const Workbook::Sheet &sheet : sheets) {
+        for (const Sheet &sheet : sheets) {
             for (int row = 1; row < 20; ++row) {
                 try {
                     sheet.at(row, row % 7).joined();

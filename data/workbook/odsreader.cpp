@@ -31,7 +31,7 @@ class OdsReader
 public:
     explicit OdsReader(const QByteArray &content) : m_xml(content) {}
 
-    std::vector<Workbook::Sheet> read()
+    std::vector<Sheet> read()
     {
         readContent();
         return std::move(m_sheets);
@@ -69,7 +69,7 @@ private:
     }
 
     /// `count` places from `first` on, none of them beyond the last one.
-    static Workbook::Range rangeOf(int first, int count, int last)
+    static Sheet::Range rangeOf(int first, int count, int last)
     {
         if (first > last || count > last - first + 1)
             throw DamagedFile();
@@ -89,7 +89,7 @@ private:
         m_row = rows.last + 1;
     }
 
-    void readCell(Workbook::Range rows, Workbook::Range columns)
+    void readCell(Sheet::Range rows, Sheet::Range columns)
     {
         const QString type = m_xml.attributeText("office:value-type");
         const bool isError = m_xml.attributeText("calcext:value-type") == "error";
@@ -173,14 +173,14 @@ private:
     }
 
     XmlPart m_xml;
-    std::vector<Workbook::Sheet> m_sheets;
+    std::vector<Sheet> m_sheets;
     int m_row = 1;
     int m_blanks = 0;
 };
 
 } // namespace
 
-std::vector<Workbook::Sheet> readOds(const QByteArray &content)
+std::vector<Sheet> readOds(const QByteArray &content)
 {
     Package package(content);
     const auto document = package.part("content.xml");

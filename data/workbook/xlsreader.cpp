@@ -47,10 +47,10 @@ class XlsReader
 public:
     explicit XlsReader(QByteArray stream) : m_stream(std::move(stream)) {}
 
-    std::vector<Workbook::Sheet> read()
+    std::vector<Sheet> read()
     {
         readGlobals();
-        std::vector<Workbook::Sheet> sheets;
+        std::vector<Sheet> sheets;
         // More records than the stream has room for: sheets that lie in one another are read again and again.
         m_recordsLeft = m_stream.size() / SmallestRecord;
         for (const auto &[place, type] : m_sheets) {
@@ -244,7 +244,7 @@ private:
     QStringList m_texts;
     QList<NumberKind> m_kinds;                     ///< by cell format
     std::vector<std::pair<quint32, int>> m_sheets; ///< where each begins, and its type
-    Workbook::Sheet m_sheet;                       ///< the one being read
+    Sheet m_sheet;                                 ///< the one being read
     qsizetype m_recordsLeft = 0;
     int m_formulaRow = 0;
     int m_formulaColumn = 0;
@@ -252,7 +252,7 @@ private:
 
 } // namespace
 
-std::vector<Workbook::Sheet> readXls(const QByteArray &content)
+std::vector<Sheet> readXls(const QByteArray &content)
 {
     const CompoundFile compound(content);
     auto stream = compound.stream("Workbook");

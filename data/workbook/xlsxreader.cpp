@@ -94,14 +94,14 @@ class XlsxReader
 public:
     explicit XlsxReader(const QByteArray &content) : m_package(content) {}
 
-    std::vector<Workbook::Sheet> read()
+    std::vector<Sheet> read()
     {
         const QString workbook = targetOf(relationsOf(m_package, {}), "officeDocument");
         const Relations relations = relationsOf(m_package, workbook);
         const QStringList sheetParts = readWorkbook(workbook, relations);
         readStrings(targetOf(relations, "sharedStrings"));
         readStyles(targetOf(relations, "styles"));
-        std::vector<Workbook::Sheet> sheets;
+        std::vector<Sheet> sheets;
         QSet<QString> known;
         for (const QString &part : sheetParts) {
             if (!part.isEmpty()) {
@@ -251,12 +251,12 @@ private:
     double m_firstDay = 0;
     QStringList m_strings;
     QList<NumberKind> m_kinds; ///< by cell format
-    Workbook::Sheet m_sheet;   ///< the one being read
+    Sheet m_sheet;             ///< the one being read
 };
 
 } // namespace
 
-std::vector<Workbook::Sheet> readXlsx(const QByteArray &content)
+std::vector<Sheet> readXlsx(const QByteArray &content)
 {
     return XlsxReader(content).read();
 }

@@ -1,0 +1,39 @@
+#include "data/workbook/sheet.h"
+
+#include "data/values/runtimeerror.h"
+#include "data/workbook/damagedfile.h"
+
+namespace {
+
+constexpr int MostRuns = 5'000'000;
+
+/// The last entry of a map that begins at a key or before it.
+template <class Map> auto entryAt(Map &map, int key)
+{
+    auto entry = map.upper_bound(key);
+    return entry == map.begin() ? map.end() : --entry;
+}
+
+} // namespace
+
+void Sheet::fill(Range rows, Range columns, Cell cell)
+{
+    if (++m_runs > MostRuns)
+        throw DamagedFile();
+    Band &band = m_bands.try_emplace(m_bands.end(), rows.first)->second;
+    band.last = rows.last;
+    band.runs.insert_or_assign(band.runs.end(), columns.first, Run{columns.last, std::move(cell)});
+}
+
+Value Sheet::at(int row, int column) const
+{
+    const auto band = entryAt(m_bands, row);
+    if (band == m_bands.end() || band->second.last < row)
+        return {};
+    const auto run = entryAt(band->second.runs, column);
+    if (run == band->second.runs.end() || run->second.last < column)
+        return {};
+    if (run->second.cell.isError)
+        throw runtimeError(13);
+    return run->second.cell.value;
+}
