@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/jetsql/translator.h"
+#include "data/jetsql/translation.h"
 
 /// Which column of a result a name means.
 namespace FieldName {

@@ -1,6 +1,5 @@
 #include "data/jetsql/placemarks.h"
 
-#include "data/jetsql/translator.h"
 #include "data/schema/schema.h"
 #include "data/values/conversions.h"
 

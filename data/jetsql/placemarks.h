@@ -1,11 +1,9 @@
 #pragma once
 
 #include "data/jetsql/dialect.h"
-#include "data/jetsql/place.h"
+#include "data/jetsql/translation.h"
 
 namespace jetsql {
-
-struct Translation;
 
 /// Marks the constants of a resolved and typed statement that the writer passes on without looking at their values:
 /// those compared with a column of their kind, and those assigned to one. All others stay what they are, among them

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/jetsql/ast.h"
-#include "data/jetsql/translator.h"
+#include "data/jetsql/translation.h"
 
 namespace jetsql {
 

@@ -1,7 +1,8 @@
 #include "data/engines/sqlite/errors.h"
 
-#include "data/engines/sqlite/connection.h"
+#include "data/engine/doing.h"
 #include "data/engines/sqlite/functions.h"
+#include <sqlite3.h>
 
 namespace {
 
