@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/demo.h"
+#include "tools/demo/options.h"
 #include "tools/demo/random.h"
 #include <QStringList>
 
