@@ -1,6 +1,5 @@
 #include "data/dao/database.h"
 
-#include "data/dao/databasedata.h"
 #include "data/dao/recordsetdata.h"
 
 Database::Database(std::shared_ptr<DatabaseData> data) : m_data(std::move(data)) {}
@@ -13,7 +12,7 @@ void Database::Execute(const QString &sql)
 
 Recordset Database::OpenRecordset(const QString &sql)
 {
-    return Recordset(m_data->open(sql));
+    return Recordset(std::make_unique<RecordsetData>(m_data, sql));
 }
 
 const std::vector<TableDef> &Database::TableDefs() const

@@ -1,7 +1,5 @@
 #include "data/dao/databasedata.h"
 
-#include "data/dao/recordsetdata.h"
-
 using jetsql::StatementKind;
 
 DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
@@ -108,19 +106,14 @@ void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doi
     const TableDef *table = m_catalog.find(translation.targetTable);
     if (!table)
         throw runtimeError(3376, {translation.targetTable}, doing.statement);
-    for (const RecordsetData *recordset : m_recordsets) {
-        if (recordset->reads(table->Name))
+    for (const OpenRows *rows : m_openRows) {
+        if (rows->reads(table->Name))
             throw runtimeError(3211, {table->Name}, doing.statement);
     }
     m_engine->dropTable(*table, doing);
 }
 
-std::unique_ptr<RecordsetData> DatabaseData::open(const QString &sql)
-{
-    return std::make_unique<RecordsetData>(shared_from_this(), sql, prepareQuery(sql));
-}
-
-Query DatabaseData::prepareQuery(const QString &sql)
+OpenQuery DatabaseData::prepareQuery(const QString &sql)
 {
     Translated translated = translate(sql);
     if (translated->kind != StatementKind::Select)
@@ -141,18 +134,18 @@ Doing DatabaseData::reading(const jetsql::Translation &translation, const QStrin
     return {Doing::Reading, translation.columns.empty() ? QString() : translation.columns[0].sourceTable, sql};
 }
 
-void DatabaseData::prepareToWrite(const QString &table, RecordsetData *writer)
+void DatabaseData::prepareToWrite(const QString &table, OpenRows *writer)
 {
     if (m_editor != writer)
         takeRow(m_editor); // each statement is committed for itself, so that the lock ends before it
-    for (RecordsetData *recordset : m_recordsets)
-        recordset->prepareForWrite(table, recordset == writer);
+    for (OpenRows *rows : m_openRows)
+        rows->prepareForWrite(table, rows == writer);
     m_engine->prepareToWrite();
     ++m_writes[table.toCaseFolded()];
     m_unsettled = true;
 }
 
-void DatabaseData::holdRow(RecordsetData *editor, const Doing &doing)
+void DatabaseData::holdRow(OpenRows *editor, const Doing &doing)
 {
     takeRow(m_editor);
     prepareToWrite(doing.table, editor);
@@ -160,7 +153,7 @@ void DatabaseData::holdRow(RecordsetData *editor, const Doing &doing)
     m_editor = editor;
 }
 
-std::unique_ptr<engine::Transaction> DatabaseData::takeRow(const RecordsetData *editor)
+std::unique_ptr<engine::Transaction> DatabaseData::takeRow(const OpenRows *editor)
 {
     if (!editor || editor != m_editor)
         return {};
@@ -168,9 +161,9 @@ std::unique_ptr<engine::Transaction> DatabaseData::takeRow(const RecordsetData *
     return std::move(m_rowLock);
 }
 
-void DatabaseData::detach(RecordsetData *recordset)
+void DatabaseData::detach(OpenRows *rows)
 {
-    std::erase(m_recordsets, recordset);
+    std::erase(m_openRows, rows);
 }
 
 void DatabaseData::settle()
@@ -182,8 +175,8 @@ void DatabaseData::settle()
 void DatabaseData::settleAll()
 {
     // A recordset left half walked would hold other processes up in the rollback journal's mode.
-    for (RecordsetData *recordset : m_recordsets)
-        recordset->readAhead();
+    for (OpenRows *rows : m_openRows)
+        rows->readAhead();
     m_engine->settle();
     m_unsettled = false;
 }

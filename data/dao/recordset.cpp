@@ -4,27 +4,29 @@
 
 QString Field::Name() const
 {
-    return m_data->column(m_column).name;
+    return m_data->walk.column(m_column).name;
 }
 
 ColumnType Field::Type() const
 {
-    return m_data->column(m_column).type;
+    return m_data->walk.column(m_column).type;
 }
 
 int Field::Size() const
 {
-    return m_data->column(m_column).size;
+    return m_data->walk.column(m_column).size;
 }
 
 Value Field::value() const
 {
-    return m_data->value(m_column);
+    if (const auto pending = m_data->change.value(m_column))
+        return *pending;
+    return m_data->walk.value(m_column);
 }
 
 const Field &Field::operator=(const Value &value) const
 {
-    m_data->assign(m_column, value);
+    m_data->change.assign(m_column, value);
     return *this;
 }
 
@@ -42,45 +44,48 @@ RecordsetData &Recordset::data() const
 
 bool Recordset::Bof() const
 {
-    return data().isEmpty();
+    return data().walk.isEmpty();
 }
 bool Recordset::Eof() const
 {
-    return data().atEnd();
+    return data().walk.atEnd();
 }
 
 Field Recordset::Fields(QAnyStringView name) const
 {
-    return {&data(), data().columnNamed(name)};
+    return {&data(), data().walk.columnNamed(name)};
 }
 
 Field Recordset::Fields(int position) const
 {
-    if (position < 0 || position >= data().columnCount())
+    if (position < 0 || position >= data().walk.columnCount())
         throw runtimeError(3265);
     return {m_data.get(), position};
 }
 
 int Recordset::fieldCount() const
 {
-    return data().columnCount();
+    return data().walk.columnCount();
 }
 
 void Recordset::AddNew()
 {
-    data().addNew();
+    data().change.addNew();
 }
 void Recordset::Edit()
 {
-    data().edit();
+    data().change.edit();
 }
 void Recordset::Update()
 {
-    data().update();
+    data().change.update();
 }
 void Recordset::MoveNext()
 {
-    data().moveNext();
+    RecordsetData &rows = data();
+    if (!rows.walk.atEnd())
+        rows.change.drop();
+    rows.walk.moveNext();
 }
 
 void Recordset::Close()
