@@ -266,9 +266,23 @@ TEST_F(TakeoverTest, ADamagedFileIsOneClearLineAndNeverACrash)
             }
         }
     }
-    for (const QByteArray &strange : {QByteArray(), QByteArray("not a database"), QByteArray(5000, 'x')}) {
+    JetWriter writer(Version::Accdb);
+    writer.add("Widgets", {{"Name", JetWriter::Text}}, {{"a"}});
+    const QByteArray others = writer.file();
+    QByteArray newer = others, encrypted = others;
+    newer[0x14] = 9;
+    for (qsizetype at = writer.pageSize(); at < encrypted.size(); ++at)
+        encrypted[at] = char(encrypted[at] ^ (at * 7 + 1));
+    const char *none = "no Jet database, or of a version that cannot be read";
+    for (const auto &[strange, says] : {std::pair{QByteArray(), none},
+                                        {QByteArray("not a database"), none},
+                                        {QByteArray(5000, 'x'), none},
+                                        {newer, none},
+                                        {encrypted, "it is encrypted or damaged"},
+                                        {others, "it has no table of a company"}}) {
         const Outcome outcome = takeOver(strange);
         EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.err.contains(says)) << outcome.err.toStdString();
         EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.toStdString();
     }
     EXPECT_TRUE(run({"takeover", path("none.mdb"), path("x.db")}).err.contains("cannot read"));

@@ -284,12 +284,12 @@ void readTable(MdbHandle *mdb, MdbCatalogEntry *entry, qint64 pages, bool wanted
 void readJet(const QString &path, const std::function<bool(const QString &table)> &wanted, JetSink &sink)
 {
     const Handle mdb(mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS));
-    if (!mdb)
+    const qint64 pages = mdb ? QFileInfo(path).size() / mdb->fmt->pg_size : 0;
+    if (pages == 0)
         throw ToolError{QStringLiteral("no Jet database, or of a version that cannot be read")};
     // The password of such a file stands in its header and protects nothing: it is not asked for.
     if (!mdb_read_catalog(mdb.get(), MDB_ANY))
         throw ToolError{QStringLiteral("the list of its tables cannot be read: it is encrypted or damaged")};
-    const qint64 pages = QFileInfo(path).size() / mdb->fmt->pg_size;
     countCatalogue(mdb.get(), pages, sink);
     for (uint i = 0; i < mdb->num_catalog; ++i) {
         auto *entry = static_cast<MdbCatalogEntry *>(g_ptr_array_index(mdb->catalog, i));
