@@ -30,6 +30,7 @@ Layout crptOpenOrders()
                    "ToText({OrderDate}) & (if " +
                    NoLine + " then \"     no lines\")",
                .footing = "\"Total order \" & {OrderNumber}",
+               .label = "{OrderNumber} & \", \" & {Customer}",
                .keepTogether = true}},
          .columns = {
              {.heading = "Item", .source = "{ItemNumber}", .width = 30, .picture = Picture::Whole},

@@ -41,6 +41,7 @@ bool Boxes::eventFilter(QObject *watched, QEvent *event)
 
 void Boxes::answer(QMessageBox *box)
 {
+    m_lastPlace = box->geometry();
     QString wanted;
     if (m_expected.isEmpty()) {
         ADD_FAILURE() << "unexpected box titled " << qPrintable(box->windowTitle()) << ": " << qPrintable(box->text());

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QRect>
 #include <QString>
 
 /// Answers message boxes as a user would, with the mouse. Each box that comes up must be the next one expected; any
@@ -17,6 +18,8 @@ public:
     void expect(const QString &title, const QString &prompt, const QString &button = QStringLiteral("OK"));
     /// Fails the test when an expected box has not come up.
     void verify();
+    /// Where on the screen the last box stood.
+    QRect lastPlace() const { return m_lastPlace; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -28,4 +31,5 @@ private:
     void answer(class QMessageBox *box);
 
     QList<Expected> m_expected;
+    QRect m_lastPlace;
 };

@@ -1,6 +1,7 @@
 #include "toolkit/controls/msgbox.h"
 
 #include "data/values/runtimeerror.h"
+#include "toolkit/controls/programfocus.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
@@ -23,10 +24,11 @@ QWidget *windowBehind()
     return window;
 }
 
-/// The form whose routine asks: the one with the focus, or else the active one.
+/// The form whose routine asks: that of the field being left, or the one with the focus, or else the active one.
 QWidget *formAsking(QWidget *window)
 {
-    for (QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
+    QWidget *left = ProgramFocus::leaving();
+    for (QWidget *widget = left ? left : QApplication::focusWidget(); widget; widget = widget->parentWidget())
         if (qobject_cast<QMdiSubWindow *>(widget))
             return widget;
     const auto *area = window ? window->findChild<QMdiArea *>() : nullptr;

@@ -10,7 +10,7 @@ namespace {
 struct State
 {
     QPointer<QWidget> holder;
-    bool leaving = false;           ///< a LostFocus routine runs
+    QPointer<QWidget> leaving;      ///< whose LostFocus routine runs
     QSet<const QObject *> controls; ///< all that can hold the focus
 };
 
@@ -38,7 +38,7 @@ void settleIn(const QWidget *window)
     const QPointer<QWidget> former = std::exchange(state().holder, nullptr);
     auto *left = former && former->isEnabled() ? dynamic_cast<FocusListener *>(former.data()) : nullptr;
     if (left) {
-        const QScopedValueRollback leaving(state().leaving, true);
+        const QScopedValueRollback leaving(state().leaving, former);
         left->focusLost();
         control = controlWithQtFocusIn(window);
     }
@@ -65,6 +65,11 @@ void ProgramFocus::removeAllIn(const QWidget *form)
 QWidget *ProgramFocus::holder()
 {
     return state().holder;
+}
+
+QWidget *ProgramFocus::leaving()
+{
+    return state().leaving;
 }
 
 void ProgramFocus::settle()

@@ -27,6 +27,8 @@ void removeAllIn(const QWidget *form);
 
 /// The control that holds the focus; null when none has gained it yet.
 QWidget *holder();
+/// The control whose LostFocus routine runs; null while none does.
+QWidget *leaving();
 
 /// Looks where Qt's focus has come to rest and raises what is due. Called when an event has been delivered, and in the
 /// middle of one where its effect depends on the focus: before a mouse press reaches the control under it.
