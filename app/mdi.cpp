@@ -2,6 +2,7 @@
 
 #include "app/appearance.h"
 #include "app/formwindow.h"
+#include "app/freeplace.h"
 #include "app/menu.h"
 #include "app/menukeys.h"
 #include "app/windowstrip.h"
@@ -15,7 +16,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolBar>
 
 namespace {
@@ -119,37 +119,10 @@ void MDI::host(Form *form)
     m_area->addSubWindow(window, window->windowFlags());
     m_strip->add(window);
     const QSize size = sized ? wanted.size() : window->sizeHint();
-    window->setGeometry(placed ? QRect(wanted.topLeft(), size) : freePlace(size, form->isResizable()));
+    const QSize least = form->isResizable() ? window->minimumSizeHint() : size;
+    window->setGeometry(placed ? QRect(wanted.topLeft(), size) : freePlace(m_area, size, least));
     form->focusFirst();
     maximised ? window->showMaximized() : window->show();
-}
-
-/// Where a new window shows whole and hides the fewest title bars: at the top left, or some steps lower and to the
-/// right.
-QRect MDI::freePlace(QSize size, bool mayShrink) const
-{
-    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    constexpr int StepsThatFit = 6, Gap = 4;
-    const QRect room = m_area->viewport()->rect();
-    QRect best;
-    qsizetype fewest = -1;
-    for (int step = 0; step < StepsThatFit; ++step) {
-        QRect place(QPoint(step, step) * (title + Gap), size);
-        if (mayShrink)
-            place = place.intersected(room);
-        else if (step > 0 && !room.contains(place))
-            break;
-        const QList<QMdiSubWindow *> others = m_area->subWindowList();
-        const auto hidden = std::count_if(others.begin(), others.end(), [&](const QMdiSubWindow *other) {
-            return other->isVisible() && !other->isMaximized() &&
-                   place.intersects(QRect(other->pos(), QSize(other->width(), title)));
-        });
-        if (fewest < 0 || hidden < fewest) {
-            best = place;
-            fewest = hidden;
-        }
-    }
-    return best;
 }
 
 void MDI::changeEvent(QEvent *event)

@@ -26,7 +26,6 @@ private:
     void makeMenu();
     void makeFoot();
     void host(Form *form);
-    QRect freePlace(QSize size, bool mayShrink) const;
 
     QMdiArea *m_area;
     WindowStrip *m_strip;

@@ -11,7 +11,6 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
 #include <QWindow>
@@ -85,19 +84,27 @@ TEST_F(WindowsTest, OverAMaximisedFormADialogKeepsItsSizeAndAFormIsMaximisedToo)
 
 TEST_F(WindowsTest, NewWindowsHideNoTitleBarAndStandInSight)
 {
-    const QList<const char *> names{"frmCustomerEntry", "frmSalesByPart", "frmReceivePayment", "frmCreateInvoices"};
-    open("frmPartEntry");
-    open(names[0]);
-    Forms::loaded("frmPartEntry")->unload(); // its place is free again, and that of the customer is not
-    settle();
-    for (const char *name : names) {
-        const QMdiSubWindow *window = open(name);
-        EXPECT_TRUE(area()->viewport()->rect().contains(window->geometry())) << name;
-        for (const QMdiSubWindow *other : area()->subWindowList()) {
-            const QRect title(other->pos(), QSize(other->width(), 20));
-            EXPECT_TRUE(other == window || !window->geometry().intersects(title))
-                << name << " on " << qPrintable(other->windowTitle());
+    QList<const char *> names{"frmCustomerEntry",    "frmOrderEntry", "frmSalesByPart",       "frmReceivePayment",
+                              "frmCreateInvoices",   "frmTransfer",   "frmWarehouseEntry",    "frmPickTicket",
+                              "frmCustomerRegister", "frmAbout",      "frmOpenInvoicesReport"};
+    for (const QSize screen : {QSize(1280, 860), QSize(1024, 768)}) {
+        mdi->resize(screen);
+        open("frmPartEntry");
+        open(names[0]);
+        Forms::loaded("frmPartEntry")->unload(); // its place is free again, and that of the customer is not
+        settle();
+        for (const char *name : names) {
+            const QMdiSubWindow *window = open(name);
+            EXPECT_TRUE(area()->viewport()->rect().contains(window->geometry())) << name;
+            for (const QMdiSubWindow *other : area()->subWindowList()) {
+                const QRect title(other->pos(), QSize(other->width(), 20));
+                EXPECT_TRUE(other == window || !window->geometry().intersects(title))
+                    << name << " on " << qPrintable(other->windowTitle()) << " at " << screen.width();
+            }
         }
+        Forms::unloadAll();
+        settle();
+        names.removeAt(1); // the order form fills the smaller screen
     }
 }
 
@@ -169,16 +176,10 @@ TEST_F(WindowsTest, ABoxStandsOverTheFormThatAsks)
 {
     open("frmPartEntry");
     const QMdiSubWindow *dialog = open("frmSalesByPart");
-    QPoint middle;
-    QTimer::singleShot(0, mdi.get(), [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        ASSERT_TRUE(box);
-        middle = box->geometry().center();
-        box->buttons().constFirst()->click();
-    });
     boxes.expect("Title", "Prompt");
     MsgBox("Prompt", "Title");
     const QPoint aim = dialog->mapToGlobal(dialog->rect().center());
+    const QPoint middle = boxes.lastPlace().center();
     EXPECT_LE(std::abs(middle.x() - aim.x()), 40);
     EXPECT_LE(std::abs(middle.y() - aim.y()), 60);
 }
