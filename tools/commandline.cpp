@@ -109,7 +109,7 @@ void restore(const Arguments &arguments, QTextStream &)
     restoreDatabase(arguments.plain()[0], arguments.plain()[1]);
 }
 
-int takeover(const Arguments &arguments, QTextStream &out)
+int takeover([[maybe_unused]] const Arguments &arguments, [[maybe_unused]] QTextStream &out)
 {
 #ifdef TAMRICK_TAKEOVER
     return takeOver(arguments.plain()[0], arguments.plain()[1], arguments.has("--keep"), out) ? 0 : 1;
