@@ -1,3 +1,4 @@
+#include "bench/fuzz/patience.h"
 #include "tests/jetsql/mutation.h"
 
 #include <cstdio>
@@ -7,6 +8,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     static const SqlCompany company;
+    const Patience patience;
     const QString statement = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
     if (const QString fault = faultOf(company, statement); !fault.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(fault));

@@ -1,12 +1,12 @@
+#include "bench/fuzz/containers.h"
+#include "bench/fuzz/patience.h"
 #include "data/values/runtimeerror.h"
 #include "data/workbook/compoundfile.h"
 #include "data/workbook/damagedfile.h"
 #include "data/workbook/readers.h"
-#include "tests/support/containers.h"
 
 #include <cstdint>
 #include <cstring>
-#include <gsf/gsf-infile-zip.h>
 #include <random>
 
 // Any bytes at all, taken for a workbook of the kind that READER reads. Most changes are made inside the container, to
@@ -16,49 +16,38 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t *data, size_t size, size_t maxSize);
 
 namespace {
 
-void addParts(Parts &parts, GsfInfile *folder, const QString &path, int depth)
-{
-    for (int i = 0; i < std::min(gsf_infile_num_children(folder), 50) && depth < 5; ++i) {
-        const char *name = gsf_infile_name_by_index(folder, i);
-        const GsfInputPtr child(name ? gsf_infile_child_by_index(folder, i) : nullptr);
-        if (!child)
-            continue;
-        const QString full = path + QString::fromUtf8(name);
-        if (GSF_IS_INFILE(child.get()) && gsf_infile_num_children(GSF_INFILE(child.get())) >= 0)
-            addParts(parts, GSF_INFILE(child.get()), full + u'/', depth + 1);
-        else
-            parts[full] = gsfContents(child.get(), 1 << 20);
-    }
-}
-
 /// The parts of a container; none of one that is damaged.
 Parts partsOf(const QByteArray &content)
 {
-    Parts parts;
-    try {
 #ifdef COMPOUND
+    Parts streams;
+    try {
         const CompoundFile file(content);
         for (const char *name : {"Workbook", "Book"}) {
-            if (const auto stream = file.stream(name))
-                parts[name] = *stream;
+            const auto stream = file.stream(name);
+            if (!stream)
+                continue;
+            // What stands behind the end only fills the stream up.
+            qsizetype end = stream->size();
+            while (end > 0 && stream->at(end - 1) == 0)
+                --end;
+            streams[name] = stream->left(end);
         }
-#else
-        const GsfInfilePtr archive(gsf_infile_zip_new(gsfInput(content).get(), nullptr));
-        if (archive)
-            addParts(parts, archive.get(), {}, 0);
-#endif
     } catch (const DamagedFile &) {
         return {};
     }
-    return parts;
+    return streams;
+#else
+    return archiveParts(content);
+#endif
 }
 
 QByteArray containerOf(const Parts &parts)
 {
 #ifdef COMPOUND
-    return compound(parts);
+    return compoundFile(parts);
 #else
-    return zippedAsTheyAre(parts);
+    return archive(parts);
 #endif
 }
 
@@ -125,6 +114,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t *data, size_t size, size_t max
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
+    const Patience patience;
     try {
         const auto sheets = READER(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
         for (const Sheet &sheet : sheets) {

@@ -1,5 +1,6 @@
 #include "tests/jetsql/mutation.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
 
 // The short form of the fuzz target, the same statements in every run.
@@ -23,6 +24,16 @@ TEST(Mutations, OfStatementsNeverReachTheEngineUnparsed)
     }
     // Enough of them get through for the writer to be tried as well as the parser.
     EXPECT_GT(translated, 500);
+}
+
+// What the fuzzer kept since it reached something new.
+TEST(Mutations, OfFormerFuzzingNeverReachTheEngineUnparsed)
+{
+    const SqlCompany company;
+    QFile kept(TAMRICK_TEST_DATA "/../bench/fuzz/corpus/jetsql.txt");
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    for (const QString &statement : QString::fromUtf8(kept.readAll()).split(u'\n', Qt::SkipEmptyParts))
+        EXPECT_EQ(faultOf(company, statement).toStdString(), "") << statement.toStdString();
 }
 
 TEST(Mutations, NestedTooDeepForTheEngineAreTooComplex)

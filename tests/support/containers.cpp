@@ -7,29 +7,18 @@
 namespace {
 
 using MakeContainer = GsfOutfile *(*)(GsfOutput *memory);
-using MakeChild = GsfOutput *(*)(GsfOutfile *container, const char *name);
-
-GsfOutput *child(GsfOutfile *container, const char *name)
-{
-    return gsf_outfile_new_child(container, name, FALSE);
-}
-
-GsfOutput *storedChild(GsfOutfile *container, const char *name)
-{
-    return gsf_outfile_new_child_full(container, name, FALSE, "compression-level", GSF_ZIP_STORED, nullptr);
-}
 
 GsfOutfile *archive(GsfOutput *memory)
 {
     return gsf_outfile_zip_new(memory, nullptr);
 }
 
-QByteArray written(const Parts &parts, MakeContainer container, MakeChild makeChild = child)
+QByteArray written(const Parts &parts, MakeContainer container)
 {
     GsfOutput *memory = gsf_output_memory_new();
     GsfOutfile *folder = container(memory);
     for (auto part = parts.begin(); part != parts.end(); ++part) {
-        GsfOutput *output = makeChild(folder, part.key().toUtf8().constData());
+        GsfOutput *output = gsf_outfile_new_child(folder, part.key().toUtf8().constData(), FALSE);
         gsf_output_write(output, size_t(part->size()), reinterpret_cast<const guint8 *>(part->constData()));
         gsf_output_close(output);
         g_object_unref(output);
@@ -47,11 +36,6 @@ QByteArray written(const Parts &parts, MakeContainer container, MakeChild makeCh
 QByteArray zipped(const Parts &parts)
 {
     return written(parts, archive);
-}
-
-QByteArray zippedAsTheyAre(const Parts &parts)
-{
-    return written(parts, archive, storedChild);
 }
 
 QByteArray compound(const Parts &streams)

@@ -9,7 +9,6 @@ using Parts = QMap<QString, QByteArray>;
 
 // Containers of workbooks, put together of their parts.
 QByteArray zipped(const Parts &parts);
-QByteArray zippedAsTheyAre(const Parts &parts); ///< without making them smaller
 QByteArray compound(const Parts &streams);
 
 // The smallest workbooks with one sheet.
