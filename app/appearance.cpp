@@ -8,6 +8,33 @@
 #include <QProxyStyle>
 
 namespace {
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QColor mixed(const QColor &one, const QColor &other, double shareOfOther)
+{
+    const auto part = [=](double a, double b) { return a + shareOfOther * (b - a); };
+    return QColor::fromRgbF(part(one.redF(), other.redF()), part(one.greenF(), other.greenF()),
+                            part(one.blueF(), other.blueF()));
+}
+
+/// The base style outlines fields with a shade darker than the window, which nobody sees on a dark one.
+void outlineOnDark(const QStyleOption *option, QPainter *painter)
+{
+    if (!isDark(option->palette) || option->state & QStyle::State_HasFocus)
+        return;
+    constexpr double ShareOfGround = 0.65;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(
+        mixed(option->palette.color(QPalette::WindowText), option->palette.color(QPalette::Window), ShareOfGround));
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter->restore();
+}
+
 /// What the base style does otherwise than the platform's controls.
 class ControlStyle : public QProxyStyle
 {
@@ -34,14 +61,24 @@ public:
                        const QWidget *widget) const override
     {
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
-        if (element != PE_PanelLineEdit || !frame || !(frame->state & State_ReadOnly)) {
+        if (element == PE_PanelLineEdit && frame && frame->state & State_ReadOnly) {
+            // A box that only shows something looks like it: no white field to type in.
+            QStyleOptionFrame display(*frame);
+            display.palette.setBrush(QPalette::Base, frame->palette.brush(QPalette::Window));
+            QProxyStyle::drawPrimitive(element, &display, painter, widget);
+        } else {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
-            return;
         }
-        // A box that only shows something looks like it: no white field to type in.
-        QStyleOptionFrame display(*frame);
-        display.palette.setBrush(QPalette::Base, frame->palette.brush(QPalette::Window));
-        QProxyStyle::drawPrimitive(element, &display, painter, widget);
+        if (element == PE_IndicatorCheckBox || (element == PE_PanelLineEdit && frame && frame->lineWidth > 0))
+            outlineOnDark(option, painter);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                            const QWidget *widget) const override
+    {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_SpinBox || control == CC_ComboBox)
+            outlineOnDark(option, painter);
     }
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
@@ -84,11 +121,6 @@ QPalette calmPalette()
     return palette;
 }
 
-bool isDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
-
 /// Desktops don't say so in a palette; white windows with black text throughout are made for that.
 bool isOfHighContrast(const QPalette &palette)
 {
@@ -96,13 +128,6 @@ bool isOfHighContrast(const QPalette &palette)
         if (palette.color(ground) != Qt::white)
             return false;
     return palette.color(QPalette::Text) == Qt::black && palette.color(QPalette::WindowText) == Qt::black;
-}
-
-QColor mixed(const QColor &one, const QColor &other, double shareOfOther)
-{
-    const auto part = [=](double a, double b) { return a + shareOfOther * (b - a); };
-    return QColor::fromRgbF(part(one.redF(), other.redF()), part(one.greenF(), other.greenF()),
-                            part(one.blueF(), other.blueF()));
 }
 
 /// A crate, for title bars and the task bar. packaging/tamrick.svg has the same for the menu.

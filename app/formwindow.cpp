@@ -8,6 +8,17 @@
 #include <QLayout>
 #include <QMdiArea>
 #include <QMenu>
+#include <QStyle>
+
+namespace {
+/// How wide a window is whose title bar shows its title whole, between the icon and two or three marks.
+int widthForTitle(const QMdiSubWindow *window)
+{
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    return metrics.horizontalAdvance(window->windowTitle()) +
+           5 * window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+}
+} // namespace
 
 FormWindow::FormWindow(Form *form)
 {
@@ -19,6 +30,8 @@ FormWindow::FormWindow(Form *form)
         if (entry->shortcuts() == QKeySequence::keyBindings(QKeySequence::Close))
             entry->setShortcut(Qt::CTRL | Qt::Key_F4);
     setWindowFlag(Qt::WindowMaximizeButtonHint, form->isResizable());
+    if (!form->isResizable()) // the others can be drawn wider
+        form->setMinimumWidth(std::max(form->minimumWidth(), widthForTitle(this)));
     if (form->layout() && form->layout()->sizeConstraint() == QLayout::SetFixedSize)
         layout()->setSizeConstraint(QLayout::SetFixedSize);
     connect(this, &QMdiSubWindow::windowStateChanged, this, [this](Qt::WindowStates, Qt::WindowStates state) {

@@ -152,6 +152,8 @@ TEST_P(EveryForm, ShowsItsButtonsAndItsCloseMarkOnTheSmallestScreen)
 TEST_P(EveryForm, FitsTheMainWindowAndShowsEveryLabelAndButtonWhole)
 {
     EXPECT_LE(form->sizeHint().width(), UsualSize.width());
+    const QFontMetrics title(QApplication::font("QMdiSubWindowTitleBar"));
+    EXPECT_GE(form->width(), title.horizontalAdvance(form->windowTitle()) + 80) << "between the icon and three marks";
     for (const QWidget *control : controls()) {
         const bool caption = qobject_cast<const QLabel *>(control) || qobject_cast<const QAbstractButton *>(control);
         if (caption && control->isVisible()) {

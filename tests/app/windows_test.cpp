@@ -7,6 +7,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -214,6 +217,29 @@ TEST(PaletteTest, TextsCanBeReadAlsoInLockedFieldsAndDarkAndHighContrastDesktops
             EXPECT_GE(contrast(palette.color(group, QPalette::WindowText), palette.color(group, QPalette::Window)),
                       4.5);
         }
+    }
+}
+
+TEST(PaletteTest, OnADarkDesktopTheEdgesOfFieldsAndCheckBoxesAreSeen)
+{
+    setAppearance(*qApp);
+    QWidget window;
+    window.setPalette(programPalette({QColor(0x31, 0x36, 0x3b), QColor(0x23, 0x26, 0x29)}));
+    window.resize(200, 200);
+    auto *check = new QCheckBox(&window);
+    auto *text = new QLineEdit(&window);
+    auto *date = new QDateEdit(&window);
+    int top = 0;
+    for (QWidget *control : std::initializer_list<QWidget *>{check, text, date})
+        control->move(0, std::exchange(top, top + 50));
+    const QImage picture = window.grab().toImage();
+    for (const QWidget *control : std::initializer_list<QWidget *>{check, text, date}) {
+        const QPoint left(0, control->height() / 2);
+        double best = 0;
+        for (int x = 0; x < 4; ++x)
+            best = std::max(best, contrast(picture.pixelColor(control->pos() + left + QPoint(x, 0)),
+                                           window.palette().color(QPalette::Window)));
+        EXPECT_GE(best, 2) << control->metaObject()->className();
     }
 }
 } // namespace
