@@ -140,6 +140,17 @@ TEST_F(FieldsTest, ADateTypedIsReadAsWrittenOrRefused)
         {"4/9/254/10/25", "4/10/2025"},
         {"4/9/2512/10/25", "12/10/2025"},
         {"4/9/20255/10/2026", "5/10/2026"},
+        {"4/9/253-30-2011", "3/30/2011"},
+        {"4/9/2504/10/26", "4/10/2026"},
+        {"3/30/111/2/26", "1/2/2026"},
+        {"4/9/254/10/2512/11/26", "12/11/2026"},
+        {"4/9/20254/10/265/11/27", "5/11/2027"},
+        {"123120104/9/25", "4/9/2025"},
+        {"4/9/252/30/26", "3/15/2012"},
+        {"4/9/53/1/6", "3/15/2012"},
+        {"4/9/", "4/9/2012"},
+        {"4-9/25", "4/9/2025"},
+        {"4//9", "4/15/2009"},
     };
     auto *form = ControlForm<DTPicker>::load();
     FormDriver driver("test");
@@ -240,6 +251,14 @@ TEST_F(FieldsTest, OneLineBoxesTakePastedAndDroppedTextUpToItsFirstLineEnd)
         QDropEvent drop({0, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(box, &drop);
         EXPECT_EQ(box->text(), "three[]");
+
+        if (QApplication::clipboard()->supportsSelection()) {
+            QApplication::clipboard()->setText("five\nsix", QClipboard::Selection);
+            box->setText("[]");
+            box->setCursorPosition(1);
+            QTest::mouseClick(box, Qt::MiddleButton, {}, {2, 8});
+            EXPECT_EQ(box->text(), "five[]") << "where the press put the caret";
+        }
 
         QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {2, 2}, {2, 2});
         QCoreApplication::sendEvent(box, &rightClick);

@@ -229,6 +229,12 @@ TEST_F(FlexGridTest, TypingReplacesTheCellAndEachCommitRaisesAfterEdit)
     driver->key(Qt::Key_Escape);
     EXPECT_EQ(grid->textMatrix(2, 1), "20");
     EXPECT_EQ(events(), Events());
+
+    QApplication::clipboard()->setText("5\n6");
+    driver->key(Qt::Key_F2);
+    driver->key(Qt::Key_V, Qt::ControlModifier);
+    driver->key(Qt::Key_Return);
+    EXPECT_EQ(events(), Events{"afterEdit 2,1 5"}) << "of what is pasted the first line";
 }
 
 TEST_F(FlexGridTest, LeavingTheCellByTabOrMouseCommits)
