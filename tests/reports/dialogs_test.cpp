@@ -137,6 +137,22 @@ TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
     EXPECT_EQ(viewers().size(), int(std::size(dialogs)));
 }
 
+TEST_F(Dialogs, TheStatementDialogsRunTheirReports)
+{
+    FormDriver statements("frmStatementReport");
+    statements.setDate("dtDate", "4/30/2010");
+    statements.click("btnOk");
+    EXPECT_EQ(parameter("txtAsOfDate"), "4/30/2010");
+    EXPECT_EQ(report().layout().title, newReport("crptStatementReport").layout().title);
+    EXPECT_FALSE(statements.isLoaded());
+
+    const ProgramFolder program;
+    EXPECT_FALSE(QFile::exists(program.filePath("workbooks.txt")));
+    FormDriver old("frmCustomerStatements");
+    expectRuntimeError(432, [&] { old.click("btnOk"); });
+    EXPECT_EQ(viewers().size(), 1);
+}
+
 TEST_F(Dialogs, ExportFriendlyChoosesTheOtherLayout)
 {
     FormDriver sales("frmSalesByWhsePart");

@@ -18,6 +18,7 @@ protected:
         addPayment(old, "2/1/2010", 30, 5);
         addPayment(old, "4/1/2010", 65);
         addPayment(paid, "3/31/2010", 30, 10);
+        database.execute("UPDATE Invoice SET DueDate = #5/5/2010#");
     }
 
     /// Customer, invoice date, adjusted and received of each row.
@@ -34,9 +35,12 @@ protected:
 
 TEST_F(Receivables, TheListingHasEveryInvoiceAndOnlyThePaymentsUpToTheDay)
 {
+    database.execute("UPDATE Customer SET Phone = '330-1', Fax = '330-2' WHERE Customer = 'Acme Supply'");
     Reports::ShowOpenInvoicesReport("3/31/2010", false, "");
     EXPECT_EQ(accounts(), QStringList({"Acme Supply 1/10/2010 5|30", "Acme Supply 3/1/2010 0|0",
                                        "Baker Tools 3/20/2010 0|0", "Bolt & Sons 1/5/2010 10|30"}));
+    EXPECT_EQ(rows()[0], "Acme Supply|330-1|330-2|1|1/10/2010|5/5/2010|Net 30|0|100|5|30");
+    EXPECT_EQ(database.count("tmpOpenInvoices"), 4);
     EXPECT_EQ(textOf("txtAsOfDate"), "3/31/2010");
     EXPECT_TRUE(isSuppressed("txtOver") && isSuppressed("txtDays"));
     EXPECT_FALSE(isSuppressed("Details"));
@@ -83,8 +87,8 @@ TEST_F(Receivables, StatementsAreForThoseWhoGetThem)
 {
     Reports::ShowStatementReport("3/31/2010");
     const QString address = "Acme Supply|1 First St||Akron|OH|44301|";
-    EXPECT_EQ(rows(), QStringList({address + "1|1/10/2010|1/10/2010|Net 30|0|100|5|30",
-                                   address + "2|3/1/2010|3/1/2010|Net 30|0|50|0|0"}));
+    EXPECT_EQ(rows(), QStringList({address + "1|1/10/2010|5/5/2010|Net 30|0|100|5|30",
+                                   address + "2|3/1/2010|5/5/2010|Net 30|0|50|0|0"}));
     EXPECT_EQ(textOf("txtAsOfDate"), "3/31/2010");
 }
 
@@ -96,7 +100,7 @@ TEST_F(Receivables, TheInvoiceRegisterSumsTheShipmentsOfEach)
     addInvoice("Acme Supply", "3/20/2010", first + ", " + second, 15.5);
     Reports::ShowInvoiceRegister("3/2/2010", "3/20/2010");
     EXPECT_EQ(rows(),
-              QStringList({"Baker Tools|3|3/20/2010|3/20/2010|Net 30|0|70|0|0|0",
+              QStringList({"Baker Tools|3|3/20/2010|5/5/2010|Net 30|0|70|0|0|0",
                            "Acme Supply|5|3/20/2010|3/20/2010|Net 30|" + first + ", " + second + "|15.5|12.5|3|0"}));
     EXPECT_EQ(textOf("txtBeginDate") + textOf("txtEndDate"), "3/2/20103/20/2010");
     EXPECT_EQ(database.count("tmpARTran"), 2);
@@ -106,10 +110,13 @@ TEST_F(Receivables, TheInvoiceRegisterSumsTheShipmentsOfEach)
 
 TEST_F(Receivables, CashReceiptsTellTheInvoiceOfEach)
 {
-    const int stray = addPayment(999, "2/2/2010", 1);
+    const QString stray = QString("%1|||2/2/2010||0|1").arg(addPayment(999, "2/2/2010", 1));
+    addPayment(young, "3/31/2010", 2);
     Reports::ShowCashReceipts("2/1/2010", "3/31/2010");
-    EXPECT_EQ(rows(), QStringList({"1|1|Acme Supply|2/1/2010|100|5|30", QString("%1|||2/2/2010||0|1").arg(stray),
+    EXPECT_EQ(rows(), QStringList({"1|1|Acme Supply|2/1/2010|100|5|30", stray, "5|3|Baker Tools|3/31/2010|70|0|2",
                                    "3|4|Bolt & Sons|3/31/2010|40.001|10|30"}));
+    Reports::ShowCashReceipts("2/2/2010", "3/30/2010");
+    EXPECT_EQ(rows(), QStringList(stray));
 }
 
 TEST_F(Receivables, TheCustomerRegisterTellsInvoicesPaymentsAndAdjustments)
@@ -122,6 +129,10 @@ TEST_F(Receivables, TheCustomerRegisterTellsInvoicesPaymentsAndAdjustments)
         EXPECT_EQ(rows(), expected);
     }
     EXPECT_EQ(textOf("txtCustomer"), "Acme Supply");
+    Reports::ShowCustomerRegister("Acme Supply", "1/11/2010", "2/28/2010");
+    EXPECT_EQ(rows(), expected.mid(1, 2)) << "without the invoices before and after";
+    Reports::ShowCustomerRegister("Acme Supply", "2/2/2010", "3/1/2010");
+    EXPECT_EQ(rows(), expected.mid(3));
     Reports::ShowCustomerRegister("", "1/1/2010", "3/31/2010");
     EXPECT_EQ(rows(), QStringList());
     EXPECT_EQ(errorNumberOf([] { Reports::ShowCustomerRegister("O'Brien", "1/1/2010", "3/31/2010"); }), 3075);

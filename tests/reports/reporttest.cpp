@@ -7,16 +7,9 @@
 #include "toolkit/forms/mainmod.h"
 #include <QCoreApplication>
 
-int insert(const char *table, Fields fields)
+int insert(const char *table, const Cells &cells)
 {
-    auto rows = gDatabase->OpenRecordset(QString("SELECT * FROM ") + table);
-    rows.AddNew();
-    for (const auto &[name, value] : fields)
-        rows.Fields(name) = value;
-    const bool numbered = rows.Fields(0).Name() == "ID";
-    const int id = numbered ? rows.Fields("ID").value().toLong() : 0;
-    rows.Update();
-    return id;
+    return addRow(table, cells).toInt();
 }
 
 int addOrder(const QString &customer, const QString &warehouse, const QString &status)
@@ -70,7 +63,7 @@ int addAdjustment(const QString &warehouse, const QString &date, const QString &
     return id;
 }
 
-QString rowText(const std::vector<Value> &values)
+static QString rowText(const std::vector<Value> &values)
 {
     QStringList texts;
     for (const Value &value : values) {
@@ -153,31 +146,4 @@ bool ReportTest::isSuppressed(const QString &object) const
     }
     ADD_FAILURE() << "no object or section " << object.toStdString();
     return false;
-}
-
-static int compare(const Value &a, const Value &b)
-{
-    if (a.isNull() || b.isNull())
-        return b.isNull() - a.isNull() == 0 ? 0 : (a.isNull() ? -1 : 1);
-    if (a.type() == Value::Type::Text)
-        return QString::compare(a.toText(), b.toText(), Qt::CaseInsensitive);
-    const double left = a.type() == Value::Type::Date ? a.toDate().serial() : a.toDouble();
-    const double right = b.type() == Value::Type::Date ? b.toDate().serial() : b.toDouble();
-    return (left > right) - (left < right);
-}
-
-void ReportTest::expectOrder(const QStringList &fields) const
-{
-    const RowStore &store = report().rows();
-    for (int row = 1; row < store.rowCount(); ++row) {
-        int order = 0;
-        for (const QString &field : fields) {
-            const int index = store.fieldIndex(field);
-            order = compare(store.value(row - 1, index), store.value(row, index));
-            if (order != 0)
-                break;
-        }
-        ASSERT_LE(order, 0) << "rows " << row - 1 << " and " << row << ": " << rows()[row - 1].toStdString() << " / "
-                            << rows()[row].toStdString();
-    }
 }

@@ -10,11 +10,12 @@ class Sales : public ReportTest
 {
 protected:
     /// A shipped line on an order of its own; returns the shipment.
-    int sell(const QString &customer, const QString &part, int qty, double price)
+    int sell(const QString &customer, const QString &part, int qty, double price, const QString &warehouse = "Main",
+             const QString &date = "1/5/2004")
     {
-        const int order = addOrder(customer, "Main");
+        const int order = addOrder(customer, warehouse);
         addLine(order, 1, part, qty, price);
-        const int shipment = addShipment(order, "1/5/2004", true);
+        const int shipment = addShipment(order, date, true);
         ship(shipment, order, 1, qty);
         return shipment;
     }
@@ -80,6 +81,59 @@ TEST_F(Sales, ABeginAfterTheEndSellsNothing)
     EXPECT_EQ(rows(), QStringList());
     Reports::ReportSalesByCustomer("6/1/2004", "5/5/2004");
     EXPECT_EQ(rows(), QStringList("Baker Tools|||||10|6||")) << "the year to date does not look at the begin";
+}
+
+TEST_F(Sales, DetailsAreSortedByPartShippingDateAndCustomer)
+{
+    const struct
+    {
+        const char *part, *customer, *warehouse, *shipped, *invoiced;
+        int qty;
+        const char *row;
+    } sales[] = {
+        {"A-200", "Acme Supply", "Main", "1/1/2004", "5/1/2004", 1, "Main|A-200|Acme Supply|1|1/1/2004|1|10|12"},
+        {"A-100", "Bolt & Sons", "East", "1/9/2004", "5/2/2004", 2, "East|A-100|Bolt & Sons|2|1/9/2004|2|20|12"},
+        {"A-100", "Acme Supply", "Main", "1/10/2004", "5/31/2004", 3, "Main|A-100|Acme Supply|3|1/10/2004|3|30|18"},
+        {"A-100", "Acme Supply", "East", "1/9/2004", "5/3/2004", 4, "East|A-100|Acme Supply|4|1/9/2004|4|40|24"},
+        {"A-100", "Early", "Main", "1/9/2004", "4/30/2004", 5, ""},
+        {"A-100", "Late", "Main", "1/9/2004", "6/1/2004", 6, ""},
+    };
+    for (const auto &sale : sales) {
+        const int shipment = sell(sale.customer, sale.part, sale.qty, 10, sale.warehouse, sale.shipped);
+        addInvoice(sale.customer, sale.invoiced, QString::number(shipment), 0);
+    }
+    const QStringList expected{sales[3].row, sales[1].row, sales[2].row, sales[0].row};
+    for (const auto routine : {Reports::ReportSalesByWhsePart, Reports::ReportSalesByWhsePartExport}) {
+        routine("5/1/2004", "5/31/2004");
+        EXPECT_EQ(rows(), expected);
+    }
+    Reports::ReportSalesByPart("5/1/2004", "5/31/2004");
+    QStringList withoutWarehouse;
+    for (const QString &row : expected)
+        withoutWarehouse += row.section('|', 1);
+    EXPECT_EQ(rows(), withoutWarehouse);
+}
+
+TEST_F(Sales, AComparisonHasARowPerKey)
+{
+    const struct
+    {
+        const char *customer, *part;
+        int qty;
+    } sales[] = {{"Bolt & Sons", "B-100", 1},
+                 {"Acme Supply", "B-100", 2},
+                 {"Bolt & Sons", "A-100", 4},
+                 {"Acme Supply", "A-200", 8},
+                 {"Acme Supply", "A-100", 16}};
+    for (const auto &sale : sales)
+        addInvoice(sale.customer, "5/5/2004", QString::number(sell(sale.customer, sale.part, sale.qty, 10)), 0);
+    Reports::ReportSalesByCategoryCustomer("5/1/2004", "5/31/2004");
+    EXPECT_EQ(rows(), QStringList({"Pumps|Acme Supply|240|192|||240|192||", "Pumps|Bolt & Sons|40|24|||40|24||",
+                                   "Valves|Acme Supply|20|5|||20|5||", "Valves|Bolt & Sons|10|2.5|||10|2.5||"}));
+    Reports::ReportSalesByTerritoryCustomer("5/1/2004", "5/31/2004");
+    EXPECT_EQ(rows(), QStringList({"East|Bolt & Sons|50|26.5|||50|26.5||", "North|Acme Supply|260|197|||260|197||"}));
+    Reports::ReportSalesByCustomer("5/1/2004", "5/31/2004");
+    EXPECT_EQ(rows(), QStringList({"Acme Supply|260|197|||260|197||", "Bolt & Sons|50|26.5|||50|26.5||"}));
 }
 
 TEST_F(Sales, UninvoicedAndUnknownPartsAreNotInTheDetails)

@@ -27,6 +27,8 @@ protected:
 
 TEST_F(Stock, TheRegisterPutsTheBalanceBeforeTheMovementsOfTheBeginDate)
 {
+    const int later = addAdjustment("Main", "2/5/2010", "A-100", 1);
+    const int sibling = addAdjustment("Main", "2/1/2010", "A-200", 3);
     addAdjustment("Main", "1/1/2010", "A-100", 10);
     addAdjustment("Main", "1/5/2010", "A-100", -10);
     const int counted = addAdjustment("Main", "2/1/2010", "A-100", 50);
@@ -36,17 +38,25 @@ TEST_F(Stock, TheRegisterPutsTheBalanceBeforeTheMovementsOfTheBeginDate)
     ship(shipment, order, 1, 8);
     addAdjustment("Main", "3/1/2010", "A-100", 99);
     Reports::ReportAvailableInventory("2/1/2010", "2/28/2010", true, "***All Categories***");
-    EXPECT_EQ(rows(), QStringList({QString("East|A-100|2/1/2010|20|6|Transfer ID - %1").arg(moved),
-                                   "Main|A-100|2/1/2010|0|6|*Beginning Balance",
-                                   QString("Main|A-100|2/1/2010|50|6|Adjustment ID - %1").arg(counted),
-                                   QString("Main|A-100|2/1/2010|-8|6|Shipment ID - %1").arg(shipment),
-                                   QString("Main|A-100|2/1/2010|-20|6|Transfer ID - %1").arg(moved)}));
+    const QStringList expected{QString("East|A-100|2/1/2010|20|6|Transfer ID - %1").arg(moved),
+                               "Main|A-100|2/1/2010|0|6|*Beginning Balance",
+                               QString("Main|A-100|2/1/2010|50|6|Adjustment ID - %1").arg(counted),
+                               QString("Main|A-100|2/1/2010|-8|6|Shipment ID - %1").arg(shipment),
+                               QString("Main|A-100|2/1/2010|-20|6|Transfer ID - %1").arg(moved),
+                               QString("Main|A-100|2/5/2010|1|6|Adjustment ID - %1").arg(later),
+                               QString("Main|A-200|2/1/2010|3|12|Adjustment ID - %1").arg(sibling)};
+    EXPECT_EQ(rows(), expected);
+    EXPECT_EQ(database.count("tmpInventoryRegister"), 8) << "every movement up to the end date";
+    EXPECT_EQ(database.count("tmpInventoryRegister2"), 7);
     EXPECT_TRUE(isSuppressed("secTotals"));
     EXPECT_FALSE(isSuppressed("secDetail"));
+    Reports::ReportAvailableInventoryExport("2/1/2010", "2/28/2010", false, "***All Categories***");
+    EXPECT_EQ(rows(), expected);
 
     Reports::ReportAvailableInventoryByPart("2/2/2010", "2/1/2010", false, "Pumps");
-    EXPECT_EQ(rows(), QStringList({"East|A-100|2/2/2010|20|6|*Beginning Balance",
-                                   "Main|A-100|2/2/2010|22|6|*Beginning Balance"}))
+    EXPECT_EQ(rows(),
+              QStringList({"East|A-100|2/2/2010|20|6|*Beginning Balance", "Main|A-100|2/2/2010|22|6|*Beginning Balance",
+                           "Main|A-200|2/2/2010|3|12|*Beginning Balance"}))
         << "a period that ends before it begins leaves the balances";
     EXPECT_TRUE(isSuppressed("secDetail"));
     EXPECT_FALSE(isSuppressed("secTotals"));
@@ -82,9 +92,47 @@ TEST_F(Stock, InventorySalesStartFromTheCount)
         const int order = orderOf("A-100", 100);
         ship(addShipment(order, dates[i], false), order, 1, 1 << i);
     }
+    addAdjustment("Main", "2/29/2004", "A-100", 50);
+    addAdjustment("Main", "3/1/2004", "A-100", 99);
+    transfer("Main", "East", "2/1/2004", "A-100", 20);
     Reports::ReportInventorySales("2/1/2004", "2/29/2004");
-    EXPECT_EQ(rows(), QStringList({"A-100|6|40|24|6|-31", "unknown||1|||"}));
+    EXPECT_EQ(rows(), QStringList({"A-100|6|40|24|6|19", "unknown||1|||"}));
+    EXPECT_EQ(database.count("tmpTransferHeaderIDs"), 2) << "both halves of the transfer";
     EXPECT_EQ(textOf("txtBeginDate") + " " + textOf("txtEndDate"), "2/1/2004 2/29/2004");
+}
+
+TEST_F(Stock, ProductionSumsTheSoldTheOnHandAndTheCommitted)
+{
+    const TestClock clock("2010-05-15 08:00:00");
+    addAdjustment("Main", "1/1/2010", "A-100", 50);
+    addAdjustment("East", "1/1/2010", "A-200", 4);
+    transfer("Main", "East", "1/2/2010", "A-100", 20);
+    const int sold = orderOf("A-100", 10);
+    addLine(sold, 2, "A-200", 10, 1);
+    const struct
+    {
+        const char *date;
+        bool invoiced;
+        int line, qty;
+    } shipments[] = {{"1/31/2010", true, 1, 1},
+                     {"2/1/2010", true, 1, 2},
+                     {"4/30/2010", true, 2, 5},
+                     {"4/30/2010", true, 1, 3},
+                     {"5/1/2010", true, 1, 4}};
+    for (const auto &shipped : shipments) {
+        const int shipment = addShipment(sold, shipped.date, shipped.invoiced);
+        ship(shipment, sold, shipped.line, shipped.qty);
+        addInvoice("Acme Supply", shipped.date, QString::number(shipment), 10);
+    }
+    const int packed = orderOf("A-100", 7);
+    ship(addShipment(packed, "4/1/2010", false), packed, 1, 6);
+    orderOf("A-200", 9);
+    const QString eastPump = "East|A-100|3|2||20|", eastSmall = "East|A-200|3|2||4|";
+    const QString mainPump = "Main|A-100|3|2|5|20|6", mainSmall = "Main|A-200|3|2|5|-5|9";
+    Reports::ReportProductionByWhsePart(3, 2, false);
+    EXPECT_EQ(rows(), QStringList({eastPump, eastSmall, mainPump, mainSmall}));
+    Reports::ReportProductionByPartWhse(3, 2, false);
+    EXPECT_EQ(rows(), QStringList({eastPump, mainPump, eastSmall, mainSmall}));
 }
 
 TEST_F(Stock, CommittedRepeatsWhatTwoUninvoicedShipmentsShipped)
@@ -147,6 +195,28 @@ TEST_F(Stock, OpenOrdersShowOrderedBesideShipped)
     EXPECT_EQ(lines, QStringList({QString("%1:1|A-100|Pumps||10|7").arg(order),
                                   QString("%1:2|B-100|Valves||5|").arg(order), QString("%1:|||||").arg(empty)}));
     EXPECT_EQ(database.rows("SELECT * FROM tmpShipped"), QStringList(QString("%1|1|7").arg(order)));
+}
+
+TEST_F(Stock, ListingsStandInBlocksByStatus)
+{
+    database.execute("UPDATE Part SET Status = 'InActive' WHERE PartNo = 'A-100'");
+    database.execute("UPDATE Customer SET Status = 'InActive' WHERE Customer = 'Acme Supply'");
+    const struct
+    {
+        void (*routine)();
+        QStringList names;
+    } listings[] = {
+        {Reports::ReportPartListing, {"A-200", "B-100", "A-100", "Z-900"}},
+        {Reports::ReportCustomerListing, {"Baker Tools", "Bolt & Sons", "Acme Supply", "Closed Works"}},
+        {Reports::ReportWarehouseListing, {"East", "Main", "Old Hall"}},
+    };
+    for (const auto &listing : listings) {
+        listing.routine();
+        QStringList names;
+        for (const QString &row : rows())
+            names += row.section('|', 0, 0);
+        EXPECT_EQ(names, listing.names);
+    }
 }
 
 TEST_F(Stock, ControlReportsProveOneDocument)
