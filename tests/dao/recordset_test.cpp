@@ -62,6 +62,8 @@ TEST_P(RecordsetTest, FindsFieldsByEveryNameTheyMayBearAndNoOther)
         {"SELECT Orders.ID, SHIPMENT.ID, Via" + join, "Shipment.ID", 1},
         {"SELECT Orders.ID, SHIPMENT.ID, Via" + join, "ID", -1},
         {"SELECT Orders.ID, SHIPMENT.ID, Via" + join, "shipment.via", 2},
+        {"SELECT Orders.ID, SHIPMENT.ID, Via" + join, "Orders.Via", -1},
+        {"SELECT Orders.ID, SHIPMENT.ID, Via" + join, "Part.Via", -1},
         {"SELECT Orders.ID, Via" + join, "ID", 0},
         {"SELECT Count(ID) AS Anzahl FROM Orders", "ANZAHL", 0},
         {"SELECT Count(ID) FROM Orders", "Expr1000", 0},
