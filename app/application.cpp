@@ -22,7 +22,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(QStringLiteral("tamrick"));
     setAppearance(*this);
-    setBeforeBoxes(settleDatabase);
+    setBeforeBoxes(syncDatabase);
     installEventFilter(&m_pressGuard);
     installEventFilter(&m_handbookKey);
 #ifndef Q_OS_WIN
@@ -40,9 +40,9 @@ bool Application::notify(QObject *receiver, QEvent *event)
     try {
         const bool result = QApplication::notify(receiver, event);
         if (m_depth == 1) {
-            ProgramFocus::settle();
+            ProgramFocus::raiseEvents();
             if (gDatabase)
-                gDatabase->settle(); // the event routine that wrote has ended
+                gDatabase->sync(); // the event routine that wrote has ended
         }
         return result;
     } catch (const RuntimeError &error) {
@@ -73,7 +73,7 @@ void Application::end(int status)
     }
     try {
         if (gDatabase)
-            gDatabase->settle();
+            gDatabase->sync();
     } catch (const RuntimeError &) {
         // Everything is committed already; syncing it is all that failed, and there is nobody left to tell.
     }

@@ -60,7 +60,7 @@ void FormWindow::mousePressEvent(QMouseEvent *event)
 {
     const int boxesBefore = messageBoxesShown();
     mdiArea()->setActiveSubWindow(this);
-    ProgramFocus::settle();
+    ProgramFocus::raiseEvents();
     if (mdiArea()->activeSubWindow() == this && messageBoxesShown() == boxesBefore)
         QMdiSubWindow::mousePressEvent(event);
 }

@@ -12,7 +12,7 @@ void shareDatabase(const QString &path)
     options.journal = Journal::Rollback;
     Connection connection(options);
     PasswordGate::check(connection, Schema::Password.toString(), path);
-    if (connection.usesLog())
+    if (connection.usesWriteAheadLog())
         throw ToolError{QStringLiteral("'%1' is in use; close every program that has it open").arg(path)};
     connection.markShared();
 }

@@ -69,7 +69,7 @@ void saveDocument(Database &database, const QString &name, int number)
     promise(QString("closed %1").arg(id));
     database.Execute(QString("SELECT * INTO tmp%1 FROM Part").arg(name));
     database.Execute(QString("DROP TABLE tmp%1").arg(name));
-    database.settle();
+    database.sync();
 }
 
 } // namespace

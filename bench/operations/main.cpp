@@ -55,7 +55,7 @@ void measure(const std::vector<Operation> &operations, BareEngine &engine, const
         double program = 1e9, bare = 1e9, memory = 0;
         for (int round = 0; round < rounds; ++round) {
             program = std::min(program, operation.program());
-            gDatabase->settle();
+            gDatabase->sync();
             if (!operation.again.isEmpty())
                 gDatabase->Execute(operation.again);
             if (round == 0)

@@ -20,12 +20,12 @@ const std::vector<TableDef> &Database::TableDefs() const
     return m_data->freshCatalog().tables();
 }
 
-void Database::settle()
+void Database::sync()
 {
-    m_data->settle();
+    m_data->sync();
 }
 
-void Database::settleAll()
+void Database::syncAll()
 {
-    m_data->settleAll();
+    m_data->syncAll();
 }

@@ -24,10 +24,10 @@ public:
 
     /// Makes what was committed since the last call survive a power failure. Does nothing when nothing was
     /// written. Called when the event routine that wrote has ended.
-    void settle();
-    /// The same for all that the file holds, also what other processes wrote and have not settled yet. Called before
+    void sync();
+    /// The same for all that the file holds, also what other processes wrote and have not synced yet. Called before
     /// anything leaves the program that may tell of it.
-    void settleAll();
+    void syncAll();
 
 private:
     std::shared_ptr<DatabaseData> m_data;

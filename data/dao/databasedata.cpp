@@ -3,7 +3,7 @@
 using jetsql::StatementKind;
 
 DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
-    : m_engine(std::move(engine)), m_translations(m_engine->dialect())
+    : m_engine(std::move(engine)), m_translationCache(m_engine->dialect())
 {
     readCatalog();
 }
@@ -17,21 +17,21 @@ const Catalog &DatabaseData::freshCatalog()
 
 void DatabaseData::readCatalog()
 {
-    m_translations.clear();
+    m_translationCache.clear();
     m_catalog = m_engine->readCatalog();
 }
 
-Translated DatabaseData::translate(const QString &sql)
+BoundTranslation DatabaseData::translate(const QString &sql)
 {
     try {
-        return m_translations.of(sql, m_catalog);
+        return m_translationCache.of(sql, m_catalog);
     } catch (const RuntimeError &) {
         // Another process may have made the table meanwhile.
         if (catalogIsCurrent())
             throw;
     }
     readCatalog();
-    return m_translations.of(sql, m_catalog);
+    return m_translationCache.of(sql, m_catalog);
 }
 
 void DatabaseData::execute(const QString &sql)
@@ -42,84 +42,85 @@ void DatabaseData::execute(const QString &sql)
 
 bool DatabaseData::tryExecute(const QString &sql)
 {
-    const Translated translation = translate(sql);
+    const BoundTranslation translation = translate(sql);
     if (translation->kind == StatementKind::Select)
         throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
-    const Doing doing{defines ? Doing::Defining : Doing::Writing, translation->targetTable, sql};
+    const ErrorContext context{defines ? ErrorContext::Defining : ErrorContext::Writing, translation->targetTable, sql};
     prepareToWrite(translation->targetTable, nullptr);
     if (translation->copies)
         m_engine->prepareToCopyRows();
-    const auto transaction = m_engine->begin(doing);
+    const auto transaction = m_engine->begin(context);
     // With a file's write lock held the tables stay as they are.
     if (!m_engine->catalogIsCurrent())
         return false;
-    run(translation, doing);
+    run(translation, context);
     transaction->commit();
     if (defines)
         readCatalog();
     return true;
 }
 
-void DatabaseData::run(const Translated &translated, const Doing &doing)
+void DatabaseData::run(const BoundTranslation &translated, const ErrorContext &context)
 {
     switch (translated->kind) {
     case StatementKind::SelectInto:
     case StatementKind::CreateTable:
-        return make(translated, doing);
+        return make(translated, context);
     case StatementKind::DropTable:
-        return drop(*translated.translation, doing);
+        return drop(*translated.translation, context);
     case StatementKind::Delete:
         // Many reports make a table and walk it once; its indexes pay where rows are looked for one by one.
         if (m_withoutIndexes.remove(translated->targetTable.toCaseFolded()))
-            addIndexes(*m_catalog.find(translated->targetTable), doing);
+            addIndexes(*m_catalog.find(translated->targetTable), context);
         [[fallthrough]];
     default:
-        m_engine->execute(translated->sqlWithPlaces, translated.values, doing);
+        m_engine->execute(translated->sqlWithParameters, translated.values, context);
     }
 }
 
-void DatabaseData::make(const Translated &translated, const Doing &doing)
+void DatabaseData::make(const BoundTranslation &translated, const ErrorContext &context)
 {
     const TableDef &table = translated->newTable;
     if (m_catalog.find(table.Name))
-        throw runtimeError(3010, {table.Name}, doing.statement);
+        throw runtimeError(3010, {table.Name}, context.statement);
     const bool filled = translated->kind == StatementKind::SelectInto;
-    m_engine->createTable(table, filled ? engine::Key::None : engine::Key::AutoNumberIsKey, doing);
+    m_engine->createTable(table, filled ? engine::Key::None : engine::Key::AutoNumberIsKey, context);
     if (filled)
-        m_engine->execute(translated->sqlWithPlaces, translated.values, doing);
+        m_engine->execute(translated->sqlWithParameters, translated.values, context);
     m_withoutIndexes.insert(table.Name.toCaseFolded());
 }
 
-void DatabaseData::addIndexes(const TableDef &table, const Doing &doing)
+void DatabaseData::addIndexes(const TableDef &table, const ErrorContext &context)
 {
     for (const Schema::Index &index : Schema::indexes()) {
         const bool fits = std::all_of(index.columns.begin(), index.columns.end(),
                                       [&](const QString &column) { return table.indexOf(column) >= 0; });
         if (fits && index.table.compare(table.Name, Qt::CaseInsensitive) == 0)
-            m_engine->createIndex(index, doing);
+            m_engine->createIndex(index, context);
     }
 }
 
-void DatabaseData::drop(const jetsql::Translation &translation, const Doing &doing)
+void DatabaseData::drop(const jetsql::Translation &translation, const ErrorContext &context)
 {
     const TableDef *table = m_catalog.find(translation.targetTable);
     if (!table)
-        throw runtimeError(3376, {translation.targetTable}, doing.statement);
+        throw runtimeError(3376, {translation.targetTable}, context.statement);
     for (const OpenRows *rows : m_openRows) {
         if (rows->reads(table->Name))
-            throw runtimeError(3211, {table->Name}, doing.statement);
+            throw runtimeError(3211, {table->Name}, context.statement);
     }
-    m_engine->dropTable(*table, doing);
+    m_engine->dropTable(*table, context);
 }
 
 OpenQuery DatabaseData::prepareQuery(const QString &sql)
 {
-    Translated translated = translate(sql);
+    BoundTranslation translated = translate(sql);
     if (translated->kind != StatementKind::Select)
         throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
     try {
-        auto rows = m_engine->open(translated->sqlWithPlaces, translated.values, reading(*translated.translation, sql));
+        auto rows =
+            m_engine->open(translated->sqlWithParameters, translated.values, reading(*translated.translation, sql));
         return {std::move(translated.translation), std::move(rows)};
     } catch (const RuntimeError &) {
         if (catalogIsCurrent())
@@ -129,9 +130,9 @@ OpenQuery DatabaseData::prepareQuery(const QString &sql)
     return prepareQuery(sql);
 }
 
-Doing DatabaseData::reading(const jetsql::Translation &translation, const QString &sql)
+ErrorContext DatabaseData::reading(const jetsql::Translation &translation, const QString &sql)
 {
-    return {Doing::Reading, translation.columns.empty() ? QString() : translation.columns[0].sourceTable, sql};
+    return {ErrorContext::Reading, translation.columns.empty() ? QString() : translation.columns[0].sourceTable, sql};
 }
 
 void DatabaseData::prepareToWrite(const QString &table, OpenRows *writer)
@@ -142,14 +143,14 @@ void DatabaseData::prepareToWrite(const QString &table, OpenRows *writer)
         rows->prepareForWrite(table, rows == writer);
     m_engine->prepareToWrite();
     ++m_writes[table.toCaseFolded()];
-    m_unsettled = true;
+    m_unsynced = true;
 }
 
-void DatabaseData::holdRow(OpenRows *editor, const Doing &doing)
+void DatabaseData::holdRow(OpenRows *editor, const ErrorContext &context)
 {
     takeRow(m_editor);
-    prepareToWrite(doing.table, editor);
-    m_rowLock = m_engine->begin(doing);
+    prepareToWrite(context.table, editor);
+    m_rowLock = m_engine->begin(context);
     m_editor = editor;
 }
 
@@ -166,17 +167,17 @@ void DatabaseData::detach(OpenRows *rows)
     std::erase(m_openRows, rows);
 }
 
-void DatabaseData::settle()
+void DatabaseData::sync()
 {
-    if (m_unsettled)
-        settleAll();
+    if (m_unsynced)
+        syncAll();
 }
 
-void DatabaseData::settleAll()
+void DatabaseData::syncAll()
 {
     // A recordset left half walked would hold other processes up in the rollback journal's mode.
     for (OpenRows *rows : m_openRows)
         rows->readAhead();
-    m_engine->settle();
-    m_unsettled = false;
+    m_engine->sync();
+    m_unsynced = false;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/dao/translations.h"
+#include "data/dao/translationcache.h"
 #include "data/engine/connection.h"
 
 /// A SELECT that the engine has opened, ready to be walked.
@@ -35,11 +35,11 @@ public:
     const Catalog &freshCatalog();
     /// The tables as last read.
     const Catalog &catalog() const { return m_catalog; }
-    void settle();
-    void settleAll();
+    void sync();
+    void syncAll();
 
     OpenQuery prepareQuery(const QString &sql);
-    static Doing reading(const jetsql::Translation &translation, const QString &sql);
+    static ErrorContext reading(const jetsql::Translation &translation, const QString &sql);
     /// False after another process made or dropped a table.
     bool catalogIsCurrent() { return m_engine->catalogIsSurelyCurrent(); }
     engine::Connection &engine() { return *m_engine; }
@@ -50,7 +50,7 @@ public:
     void prepareToWrite(const QString &table, OpenRows *writer);
     /// Locks the file against other writers until the lock is taken back or something else is written, for a row
     /// between Edit and Update: what is read in between is what the Update then replaces.
-    void holdRow(OpenRows *editor, const Doing &doing);
+    void holdRow(OpenRows *editor, const ErrorContext &context);
     /// The lock of that recordset's Edit, to be committed or, by being dropped, given up; or nullptr.
     std::unique_ptr<engine::Transaction> takeRow(const OpenRows *editor);
     /// How often a table was written on this connection, to tell a stale row.
@@ -60,22 +60,22 @@ public:
     void detach(OpenRows *rows);
 
 private:
-    Translated translate(const QString &sql);
+    BoundTranslation translate(const QString &sql);
     void readCatalog();
     /// False when the tables turn out to be others than the statement was translated for.
     bool tryExecute(const QString &sql);
-    void run(const Translated &translated, const Doing &doing);
-    void make(const Translated &translated, const Doing &doing);
-    void drop(const jetsql::Translation &translation, const Doing &doing);
-    void addIndexes(const TableDef &table, const Doing &doing);
+    void run(const BoundTranslation &translated, const ErrorContext &context);
+    void make(const BoundTranslation &translated, const ErrorContext &context);
+    void drop(const jetsql::Translation &translation, const ErrorContext &context);
+    void addIndexes(const TableDef &table, const ErrorContext &context);
 
     std::unique_ptr<engine::Connection> m_engine;
     Catalog m_catalog;
-    Translations m_translations;
+    TranslationCache m_translationCache;
     std::vector<OpenRows *> m_openRows;
     QHash<QString, quint64> m_writes;
     QSet<QString> m_withoutIndexes;     ///< tables made here that have not got their indexes yet
     const OpenRows *m_editor = nullptr; ///< the rows whose recordset holds m_rowLock
     std::unique_ptr<engine::Transaction> m_rowLock;
-    bool m_unsettled = false;
+    bool m_unsynced = false;
 };

@@ -28,7 +28,7 @@ void RowChange::edit()
     const TableDef &table = m_walk.updatableTable().def;
     m_walk.requireRow();
     drop();
-    m_database->holdRow(&m_walk, {Doing::Writing, table.Name, "Edit of " + m_walk.statement()});
+    m_database->holdRow(&m_walk, {ErrorContext::Writing, table.Name, "Edit of " + m_walk.statement()});
     m_walk.noteOwnWrite();
     m_walk.refreshLocked();
     m_walk.requireRow(); // it may be gone since the walk read it
@@ -50,7 +50,7 @@ void RowChange::update()
     if (!m_pending)
         throw runtimeError(3020, {}, m_walk.statement());
     const QString &table = m_walk.updatableTable().def.Name;
-    const Doing writing{Doing::Writing, table, "Update of " + m_walk.statement()};
+    const ErrorContext writing{ErrorContext::Writing, table, "Update of " + m_walk.statement()};
     m_database->prepareToWrite(table, &m_walk);
     m_walk.noteOwnWrite();
     const std::unique_ptr<engine::Transaction> rowLock = m_database->takeRow(&m_walk);
@@ -79,13 +79,13 @@ std::optional<Value> RowChange::value(int position) const
     return m_pending->adding ? std::optional(Value()) : std::nullopt;
 }
 
-void RowChange::insertPending(const Doing &writing)
+void RowChange::insertPending(const ErrorContext &writing)
 {
     engine::RowEdit &rows = *m_walk.updatableTable().rows;
     m_walk.noteAdded(rows.add(m_pending->values, m_walk.walksAddedRows(), writing));
 }
 
-void RowChange::updatePending(const Doing &writing)
+void RowChange::updatePending(const ErrorContext &writing)
 {
     const auto &values = m_pending->values;
     if (std::none_of(values.begin(), values.end(), [](const auto &value) { return value.has_value(); }))

@@ -30,8 +30,8 @@ private:
     };
 
     int tableColumn(int column) const { return m_walk.updatableTable().columns[size_t(column)]; }
-    void insertPending(const Doing &writing);
-    void updatePending(const Doing &writing);
+    void insertPending(const ErrorContext &writing);
+    void updatePending(const ErrorContext &writing);
 
     std::shared_ptr<DatabaseData> m_database;
     RowWalk &m_walk;

@@ -69,7 +69,7 @@ private:
     std::shared_ptr<DatabaseData> m_database;
     std::shared_ptr<const jetsql::Translation> m_translation;
     std::unique_ptr<engine::Rows> m_rows;
-    Doing m_reading;
+    ErrorContext m_reading;
 
     State m_state = State::Unread;
     bool m_empty = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/engine/doing.h"
+#include "data/engine/errorcontext.h"
 #include "data/engine/rows.h"
 #include "data/jetsql/dialect.h"
 #include "data/schema/schema.h"
@@ -42,11 +42,11 @@ public:
 
     /// The row of that number in the recordset's columns, or none where it is gone. `locked`: inside a transaction,
     /// so that it stays as it is until that ends.
-    virtual std::unique_ptr<Rows> read(qint64 row, bool locked, const Doing &doing) = 0;
+    virtual std::unique_ptr<Rows> read(qint64 row, bool locked, const ErrorContext &context) = 0;
     /// Adds a row, a value for each column of the table. Returns its number if `tell` asks for that.
-    virtual qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing) = 0;
+    virtual qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context) = 0;
     /// Changes the columns that have a value. False when the row is gone.
-    virtual bool change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing) = 0;
+    virtual bool change(qint64 row, const std::vector<std::optional<Value>> &values, const ErrorContext &context) = 0;
 };
 
 /// One open database. An engine that need not be waited for may do what returns nothing later, in its order; what
@@ -67,7 +67,8 @@ public:
     virtual bool catalogIsSurelyCurrent() { return catalogIsCurrent(); }
 
     /// The rows of a SELECT with values for its parameters. Raises what can be told before the first row is asked for.
-    virtual std::unique_ptr<Rows> open(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing) = 0;
+    virtual std::unique_ptr<Rows> open(const QByteArray &sql, const std::vector<Value> &values,
+                                       const ErrorContext &context) = 0;
     virtual std::unique_ptr<RowEdit> edit(const TableDef &table, const std::vector<QString> &columns) = 0;
     /// Takes the next number for a table's AutoNumber column. It stands above every number taken before by anybody
     /// and above every one found in the table, and is spent for good, whatever becomes of the row.
@@ -77,16 +78,16 @@ public:
     virtual void prepareToWrite() = 0;
     /// Told before a statement that may write a table's worth of rows.
     virtual void prepareToCopyRows() = 0;
-    virtual std::unique_ptr<Transaction> begin(const Doing &doing) = 0;
-    virtual void execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing) = 0;
-    virtual void createTable(const TableDef &table, Key key, const Doing &doing) = 0;
-    virtual void createIndex(const Schema::Index &index, const Doing &doing) = 0;
-    virtual void dropTable(const TableDef &table, const Doing &doing) = 0;
+    virtual std::unique_ptr<Transaction> begin(const ErrorContext &context) = 0;
+    virtual void execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context) = 0;
+    virtual void createTable(const TableDef &table, Key key, const ErrorContext &context) = 0;
+    virtual void createIndex(const Schema::Index &index, const ErrorContext &context) = 0;
+    virtual void dropTable(const TableDef &table, const ErrorContext &context) = 0;
 
     /// Waits until everything asked for is done.
     virtual void flush() = 0;
     /// Makes what was committed survive a power failure.
-    virtual void settle() = 0;
+    virtual void sync() = 0;
 };
 
 } // namespace engine

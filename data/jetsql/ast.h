@@ -102,7 +102,7 @@ struct Expr
     const Source *from = nullptr; ///< of a Column (resolver)
     int column = -1;              ///< position in its table (resolver)
     ExprType type;                ///< (typing)
-    bool place = false;           ///< of a constant: written as a place for any of its kind (places)
+    bool isParameter = false;     ///< of a constant: written as a parameter (parameter marks)
     int height = 1;               ///< levels of operators and brackets down to its deepest constant or column (parser)
     mutable int visits = 0;       ///< how often a pass has come by
 
@@ -196,6 +196,6 @@ struct DropTable
     QString table;
 };
 
-using Statement = std::variant<Select, Insert, Update, Delete, CreateTable, DropTable>;
+using ParsedStatement = std::variant<Select, Insert, Update, Delete, CreateTable, DropTable>;
 
 } // namespace jetsql

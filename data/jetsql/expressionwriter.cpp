@@ -1,7 +1,7 @@
 #include "data/jetsql/expressionwriter.h"
 
 #include "data/jetsql/errors.h"
-#include "data/jetsql/placemarks.h"
+#include "data/jetsql/parametermarks.h"
 #include "data/jetsql/typing.h"
 #include "data/values/conversions.h"
 
@@ -125,8 +125,8 @@ bool ExpressionWriter::isTextKey(const Expr &expr) const
 Piece ExpressionWriter::literal(const Expr &expr) const
 {
     const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
-    if (expr.place)
-        return {placemark(expr), level};
+    if (expr.isParameter)
+        return {parameterMark(expr), level};
     if (expr.whole)
         return {QString::number(qint64(expr.number)), level};
     QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
@@ -142,11 +142,11 @@ Piece ExpressionWriter::stored(const Expr &expr) const
     case Kind::Null:
         return {m_dialect.null(expr.type)};
     case Kind::Text:
-        return {expr.place ? placemark(expr) : quotedText(expr.name)};
+        return {expr.isParameter ? parameterMark(expr) : quotedText(expr.name)};
     case Kind::Number:
         return literal(expr);
     case Kind::Date:
-        return {expr.place ? placemark(expr) : m_dialect.date(Date(expr.number).toIso())};
+        return {expr.isParameter ? parameterMark(expr) : m_dialect.date(Date(expr.number).toIso())};
     case Kind::Boolean:
         return {m_dialect.boolean(expr.number != 0)};
     case Kind::Column:
@@ -437,7 +437,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
             return plain(expr);
         const std::optional<Date> date = expr.kind == Kind::Text ? dateFromText(expr.name) : std::nullopt;
         if (date)
-            return {expr.place ? placemark(expr) : m_dialect.date(date->toIso())};
+            return {expr.isParameter ? parameterMark(expr) : m_dialect.date(date->toIso())};
         return from.isText() ? call("jet_date_of", plain(expr).text) : call("jet_date", number(expr).text);
     }
     case ColumnType::YesNo:

@@ -263,7 +263,7 @@ private:
     int m_constants = 0;
 };
 
-/// What a constant becomes in a shape. Unicode promises that these characters stand for nothing.
+/// What a constant becomes in a fingerprint. Unicode promises that these characters stand for nothing.
 char16_t standIn(const Token &constant)
 {
     switch (constant.kind) {
@@ -283,21 +283,21 @@ std::vector<Token> tokensOf(const QString &sql)
     return Lexer(sql, Wanted::AllTokens).run();
 }
 
-Outline outlineOf(const QString &sql)
+Fingerprint fingerprintOf(const QString &sql)
 {
-    Outline outline;
-    outline.constants = Lexer(sql, Wanted::Constants).run();
+    Fingerprint fingerprint;
+    fingerprint.constants = Lexer(sql, Wanted::Constants).run();
     if (std::any_of(sql.begin(), sql.end(), [](QChar c) { return c >= u'\uFDD0' && c <= u'\uFDD3'; }))
-        return outline;
-    outline.shape.reserve(sql.size());
+        return fingerprint;
+    fingerprint.key.reserve(sql.size());
     qsizetype at = 0;
-    for (const Token &constant : outline.constants) {
-        outline.shape += QStringView(sql).sliced(at, constant.start - at);
-        outline.shape += QChar(standIn(constant));
+    for (const Token &constant : fingerprint.constants) {
+        fingerprint.key += QStringView(sql).sliced(at, constant.start - at);
+        fingerprint.key += QChar(standIn(constant));
         at = constant.end;
     }
-    outline.shape += QStringView(sql).sliced(at);
-    return outline;
+    fingerprint.key += QStringView(sql).sliced(at);
+    return fingerprint;
 }
 
 } // namespace jetsql

@@ -73,14 +73,14 @@ struct Token
 /// Cuts a statement into tokens, closed by an End token. Never fails.
 std::vector<Token> tokensOf(const QString &sql);
 
-/// A statement with its constants taken out. Statements of one shape have the same tokens, but for the values of
+/// A statement with its constants taken out. Statements of one fingerprint have the same tokens, but for the values of
 /// their constants.
-struct Outline
+struct Fingerprint
 {
-    QString shape;                ///< empty where the statement has characters that stand for constants in a shape
+    QString key;                  ///< empty where the statement has characters that stand for constants in a key
     std::vector<Token> constants; ///< each Text, Number and Date, in order
 };
 
-Outline outlineOf(const QString &sql);
+Fingerprint fingerprintOf(const QString &sql);
 
 } // namespace jetsql

@@ -18,9 +18,9 @@ void requireKeys(size_t count)
 
 } // namespace
 
-Statement Parser::parse()
+ParsedStatement Parser::parse()
 {
-    Statement statement = [this]() -> Statement {
+    ParsedStatement statement = [this]() -> ParsedStatement {
         switch (peek().keyword) {
         case Keyword::Select:
             return std::move(*select());

@@ -14,7 +14,7 @@ public:
 
     /// The one statement. Errors 3075, 3129, 3131, 3132, 3134, 3135, 3138, 3141, 3142, 3144, 3145, 3190, 3290, 3295,
     /// 3360.
-    Statement parse();
+    ParsedStatement parse();
 
 private:
     /// The clause an expression stands in: where it begins, and what ends it when an error is to quote it.

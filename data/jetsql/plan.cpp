@@ -256,7 +256,7 @@ void improve(Select &select)
 
 } // namespace
 
-void improvePlan(Statement &statement)
+void improvePlan(ParsedStatement &statement)
 {
     if (auto *select = std::get_if<Select>(&statement))
         improve(*select);

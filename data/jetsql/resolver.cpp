@@ -30,7 +30,7 @@ class Resolver
 public:
     explicit Resolver(const Catalog &catalog) : m_catalog(catalog) {}
 
-    QStringList run(Statement &statement)
+    QStringList run(ParsedStatement &statement)
     {
         std::visit([this](auto &kind) { resolve(kind); }, statement);
         if (!m_unknown.isEmpty())
@@ -281,7 +281,7 @@ private:
 
 } // namespace
 
-QStringList resolveNames(Statement &statement, const Catalog &catalog)
+QStringList resolveNames(ParsedStatement &statement, const Catalog &catalog)
 {
     return Resolver(catalog).run(statement);
 }

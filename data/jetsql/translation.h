@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/jetsql/place.h"
+#include "data/jetsql/bindparameter.h"
 #include "data/schema/tabledef.h"
 #include <QByteArray>
 #include <QString>
@@ -25,11 +25,11 @@ struct ResultColumn
 struct Translation
 {
     StatementKind kind = StatementKind::Select;
-    QByteArray sql;            ///< one statement of the engine, UTF-8. For SelectInto the INSERT that fills `newTable`.
-    QByteArray sqlWithPlaces;  ///< the same with parameters for the constants that `places` are for
-    std::vector<Place> places; ///< in the order of the parameters
-    std::vector<ResultColumn> columns; ///< of a Select
-    QStringList tablesRead;            ///< the stored tables that a Select reads, wherever in it
+    QByteArray sql; ///< one statement of the engine, UTF-8. For SelectInto the INSERT that fills `newTable`.
+    QByteArray sqlWithParameters;          ///< the same with parameters for the constants that `parameters` are for
+    std::vector<BindParameter> parameters; ///< in the order of the parameters
+    std::vector<ResultColumn> columns;     ///< of a Select
+    QStringList tablesRead;                ///< the stored tables that a Select reads, wherever in it
     /// The stored table a single-table Select can Edit and AddNew in; empty when the result is read-only.
     /// Such a Select has the row's number as one extra last column, beyond `columns`.
     QString updatableTable;

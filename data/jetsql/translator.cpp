@@ -2,8 +2,8 @@
 
 #include "data/jetsql/dialect.h"
 #include "data/jetsql/errors.h"
+#include "data/jetsql/parametermarks.h"
 #include "data/jetsql/parser.h"
-#include "data/jetsql/placemarks.h"
 #include "data/jetsql/plan.h"
 #include "data/jetsql/resolver.h"
 #include "data/jetsql/typing.h"
@@ -121,7 +121,7 @@ template <typename Changing> QString text(const Dialect &dialect, const Changing
 Translation translate(const QString &sql, const Catalog &catalog, const Dialect &dialect, Plan plan)
 {
     Parser parser(sql);
-    Statement statement = parser.parse();
+    ParsedStatement statement = parser.parse();
     const QStringList tablesRead = resolveNames(statement, catalog);
     typeExpressions(statement);
     Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
@@ -131,12 +131,12 @@ Translation translate(const QString &sql, const Catalog &catalog, const Dialect 
     const auto written = [&] {
         return std::visit([&](const auto &kind) { return text(dialect, kind, result); }, statement);
     };
-    result.sql = result.sqlWithPlaces = written().toUtf8();
-    if (!canHavePlaces(sql))
+    result.sql = result.sqlWithParameters = written().toUtf8();
+    if (!canHaveParameters(sql))
         return result;
-    const std::vector<Place> places = markPlaces(statement);
-    if (!places.empty())
-        setPlaces(result, written(), places, dialect);
+    const std::vector<BindParameter> parameters = markParameters(statement);
+    if (!parameters.empty())
+        setParameters(result, written(), parameters, dialect);
     return result;
 }
 

@@ -280,7 +280,7 @@ private:
 
 } // namespace
 
-void typeExpressions(Statement &statement)
+void typeExpressions(ParsedStatement &statement)
 {
     std::visit([](auto &kind) { Typing().type(kind); }, statement);
 }

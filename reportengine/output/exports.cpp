@@ -34,7 +34,7 @@ bool isExportName(const QString &path)
 
 Outcome exportReport(Report &report, const QString &path, const Progress &progress)
 {
-    settleDatabase();
+    syncDatabase();
     const Kind *kind = kindOf(path);
     return kind ? kind->write(report, path, progress) : Outcome::failed("The name must end in .pdf, .xlsx or .csv.");
 }

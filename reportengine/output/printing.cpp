@@ -56,7 +56,7 @@ void setPrintDestination(PrintDestination wanted)
 
 void PrintOut(Report &report)
 {
-    settleDatabase();
+    syncDatabase();
     const Outcome outcome = !destination()                  ? printToSystem(report, Copies)
                             : destination()(report, Copies) ? Outcome()
                                                             : Outcome::failed("refused");
@@ -66,7 +66,7 @@ void PrintOut(Report &report)
 
 Outcome printPages(Report &report, QPrinter &printer, const std::vector<int> &pages, const Progress &progress)
 {
-    settleDatabase();
+    syncDatabase();
     if (!printer.outputFileName().isEmpty()) {
         const PdfSheets sheets{.pages = pages, .copies = printer.copyCount(), .paper = printer.pageLayout()};
         const Outcome outcome = writePdf(report, printer.outputFileName(), sheets, progress);

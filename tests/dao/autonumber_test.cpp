@@ -52,7 +52,7 @@ TEST_P(AutoNumberTest, GoesOnBehindNumbersOfOtherConnectionsStatementsAndTools)
     EXPECT_EQ(take(*other, true), 2);
     runNow(*other, "INSERT INTO Orders (OrderNumber) VALUES ('x')"); // takes 3
     EXPECT_EQ(take(*database, true), 4);
-    database->settle();
+    database->sync();
     runNow(*other, "INSERT INTO Orders (ID, OrderNumber) VALUES (50, 'y')");
     EXPECT_EQ(take(*database, true), 51);
     file.plain("INSERT INTO \"Orders\" (\"ID\") VALUES (70)");
@@ -61,7 +61,7 @@ TEST_P(AutoNumberTest, GoesOnBehindNumbersOfOtherConnectionsStatementsAndTools)
     EXPECT_EQ(take(*database, true), 73);
     file.plain("UPDATE \"Orders\" SET \"ID\" = 90 WHERE \"ID\" = 2; DELETE FROM \"Orders\" WHERE \"ID\" = 73");
     EXPECT_EQ(take(*database, true), 91);
-    database->settle();
+    database->sync();
     if (!file.isOnServer())
         file.plain("DELETE FROM sqlite_sequence");
     EXPECT_EQ(take(*database, true), 92);

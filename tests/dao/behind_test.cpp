@@ -31,7 +31,7 @@ protected:
         return errorNumberOf([&] {
             for (int number = 0; number < Steps; ++number)
                 number == failing ? failure() : step(database, number);
-            database.settle();
+            database.sync();
         });
     }
 
@@ -48,7 +48,7 @@ protected:
         const auto database = file.open();
         database->Execute("DELETE * FROM Part");
         database->Execute("INSERT INTO Part (PartNo) VALUES ('spare')");
-        database->settle();
+        database->sync();
     }
 
     DatabaseFile file{GetParam()};

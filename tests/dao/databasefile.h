@@ -75,7 +75,7 @@ private:
 inline void runNow(Database &database, const QString &sql)
 {
     database.Execute(sql);
-    database.settle();
+    database.sync();
 }
 
 /// The text of one column of every row, joined by blanks; "-" for Null.

@@ -196,19 +196,19 @@ TEST_P(RecordsetTest, LocksARowBetweenEditAndUpdateAndReadsItAnew)
 
         Recordset rows = database->OpenRecordset("SELECT * FROM Part");
         EXPECT_EQ(rows.Fields("Cost").value(), Value(1.0));
-        database->settle();
+        database->sync();
         addOne();
         rows.Edit();
         EXPECT_EQ(rows.Fields("Cost").value(), Value(2.0));
         EXPECT_EQ(errorNumberOf(addOne), 3218);
         rows.Fields("Cost") = 5;
         rows.Update();
-        database->settle();
+        database->sync();
         EXPECT_EQ(errorNumberOf(addOne), 0);
         rows.Edit();
         EXPECT_EQ(errorNumberOf(addOne), 3218);
         rows.MoveNext(); // drops the change and the lock
-        database->settle();
+        database->sync();
         EXPECT_EQ(errorNumberOf(addOne), 0);
         rows = database->OpenRecordset("SELECT * FROM Part");
         rows.Edit();
@@ -218,11 +218,11 @@ TEST_P(RecordsetTest, LocksARowBetweenEditAndUpdateAndReadsItAnew)
         EXPECT_EQ(column(*other, "SELECT Vendor FROM Part"), "Smith");
         EXPECT_EQ(errorNumberOf(addOne), 0);
         rows.Update();
-        database->settle();
+        database->sync();
         EXPECT_EQ(column(*other, "SELECT Cost FROM Part"), "20");
         rows.Edit();
         rows.Close();
-        database->settle();
+        database->sync();
         EXPECT_EQ(errorNumberOf(addOne), 0);
     }
 }

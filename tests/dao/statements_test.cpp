@@ -108,7 +108,7 @@ TEST_P(StatementsTest, ATableMadeAnewGetsItsIndexesWhenRowsAreDeletedFromIt)
         EXPECT_EQ(file.plain(indexes), "0");
         for (int twice = 0; twice < 2; ++twice) {
             database->Execute("DELETE FROM tmpOpenInvoices WHERE ID = 1");
-            database->settle();
+            database->sync();
             EXPECT_EQ(file.plain(indexes), QString(columns).contains("Customer") ? "1" : "0");
         }
         database->Execute("DROP TABLE tmpOpenInvoices");

@@ -143,7 +143,7 @@ TEST_F(FileStreamingTest, NoLockOutlivesTheSettling)
     Recordset rows = database->OpenRecordset("SELECT PartNo FROM Part");
     EXPECT_EQ(rows.Fields(0).text(), "1");
     EXPECT_EQ(errorNumberOf([&] { other->Execute("UPDATE Part SET Cost = 3"); }), 3218);
-    database->settle();
+    database->sync();
     EXPECT_EQ(errorNumberOf([&] { other->Execute("UPDATE Part SET Cost = 3"); }), 0);
     EXPECT_EQ(walk(rows, "PartNo").count(' '), 999);
 }

@@ -71,7 +71,7 @@ bool outlineAgrees(const QString &statement)
 {
     std::vector<jetsql::Token> tokens = jetsql::tokensOf(statement);
     std::erase_if(tokens, [](const jetsql::Token &token) { return token.constant < 0; });
-    const std::vector<jetsql::Token> constants = jetsql::outlineOf(statement).constants;
+    const std::vector<jetsql::Token> constants = jetsql::fingerprintOf(statement).constants;
     return std::equal(tokens.begin(), tokens.end(), constants.begin(), constants.end(),
                       [](const jetsql::Token &a, const jetsql::Token &b) {
                           return a.kind == b.kind && a.text == b.text && a.number == b.number && a.whole == b.whole &&
@@ -84,13 +84,13 @@ bool outlineAgrees(const QString &statement)
 QString faultOf(const SqlCompany &company, const QString &statement)
 {
     if (!outlineAgrees(statement))
-        return QStringLiteral("the outline has other constants than the statement");
+        return QStringLiteral("the fingerprint has other constants than the statement");
     for (const jetsql::Plan plan : {jetsql::Plan::Improved, jetsql::Plan::AsWritten}) {
         try {
             const jetsql::Translation translation =
                 jetsql::translate(statement, company.catalog(), sqliteDialect(), plan);
             const bool fillsNewTable = translation.kind == jetsql::StatementKind::SelectInto;
-            for (const QByteArray &sql : {translation.sql, translation.sqlWithPlaces}) {
+            for (const QByteArray &sql : {translation.sql, translation.sqlWithParameters}) {
                 if (sql.isEmpty() || fillsNewTable)
                     continue;
                 if (const QString complaint = company.complaint(sql); !complaint.isEmpty())
@@ -102,7 +102,8 @@ QString faultOf(const SqlCompany &company, const QString &statement)
     return {};
 }
 
-QString withOtherConstants(const QString &statement, const std::vector<jetsql::Place> &places, std::mt19937 &random)
+QString withOtherConstants(const QString &statement, const std::vector<jetsql::BindParameter> &parameters,
+                           std::mt19937 &random)
 {
     using jetsql::TokenKind;
     static const QStringList texts = {"''",          "'x'",    "\"It's\"",
@@ -111,24 +112,24 @@ QString withOtherConstants(const QString &statement, const std::vector<jetsql::P
     static const QStringList wholes = {"0", "1", "2", "17", "2147483647"};
     static const QStringList reals = {"0.0", "1.5", ".25", "3000000000", "1e30"};
     static const QStringList dates = {"#1/1/2000#", "#12/31/1999 5:00:00 PM#", "#3/30#"};
-    const jetsql::Outline outline = jetsql::outlineOf(statement);
+    const jetsql::Fingerprint fingerprint = jetsql::fingerprintOf(statement);
     QStringList constants;
-    for (const jetsql::Token &constant : outline.constants)
+    for (const jetsql::Token &constant : fingerprint.constants)
         constants.append(statement.sliced(constant.start, constant.end - constant.start));
-    for (const jetsql::Place &place : places) {
-        const jetsql::Token &constant = outline.constants[size_t(place.constant)];
+    for (const jetsql::BindParameter &parameter : parameters) {
+        const jetsql::Token &constant = fingerprint.constants[size_t(parameter.constant)];
         const QStringList &pool = constant.kind == TokenKind::Text   ? texts
                                   : constant.kind == TokenKind::Date ? dates
                                   : constant.whole                   ? wholes
                                                                      : reals;
         const QString other = pool.at(qsizetype(random() % size_t(pool.size())));
-        if (place.fits(jetsql::outlineOf(other).constants.front()))
-            constants[place.constant] = other;
+        if (parameter.fits(jetsql::fingerprintOf(other).constants.front()))
+            constants[parameter.constant] = other;
     }
     QString result;
     qsizetype at = 0;
     for (int i = 0; i < constants.size(); ++i) {
-        const jetsql::Token &constant = outline.constants[size_t(i)];
+        const jetsql::Token &constant = fingerprint.constants[size_t(i)];
         result += statement.sliced(at, constant.start - at) + constants[i];
         at = constant.end;
     }

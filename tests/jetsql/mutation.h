@@ -13,5 +13,6 @@ QString mutated(const QStringList &corpus, std::mt19937 &random);
 /// accepts, or a run-time error.
 QString faultOf(const SqlCompany &company, const QString &statement);
 
-/// A statement with other constants in those places where its translation lets any other stand that fits.
-QString withOtherConstants(const QString &statement, const std::vector<jetsql::Place> &places, std::mt19937 &random);
+/// A statement with other constants in those parameters where its translation lets any other stand that fits.
+QString withOtherConstants(const QString &statement, const std::vector<jetsql::BindParameter> &parameters,
+                           std::mt19937 &random);

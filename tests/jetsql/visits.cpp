@@ -34,7 +34,7 @@ int mostVisits(const jetsql::Select &select)
 int visitsOf(const SqlCompany &company, const QString &sql)
 {
     try {
-        jetsql::Statement statement = jetsql::Parser(sql).parse();
+        jetsql::ParsedStatement statement = jetsql::Parser(sql).parse();
         jetsql::resolveNames(statement, company.catalog());
         jetsql::typeExpressions(statement);
         jetsql::improvePlan(statement);

@@ -25,7 +25,7 @@ protected:
     ~SharedFileTest() override { onNetwork = false; }
 
     /// Whether a program on this machine, opening the file now, keeps it with a log.
-    bool usesLog(const QString &options = {})
+    bool usesWriteAheadLog(const QString &options = {})
     {
         const auto database = open(file, "QZV" + options);
         database->Execute("UPDATE Part SET Cost = 1");
@@ -42,11 +42,11 @@ protected:
 TEST_F(SharedFileTest, IsRememberedOnceAClientSawItOnTheNetworkAndTakesNoLogFromThenOn)
 {
     onNetwork = true;
-    EXPECT_FALSE(usesLog());
-    EXPECT_FALSE(usesLog(";journal=log"));
+    EXPECT_FALSE(usesWriteAheadLog());
+    EXPECT_FALSE(usesWriteAheadLog(";journal=log"));
     onNetwork = false; // on the server itself
-    EXPECT_FALSE(usesLog());
-    EXPECT_FALSE(usesLog(";journal=log"));
+    EXPECT_FALSE(usesWriteAheadLog());
+    EXPECT_FALSE(usesWriteAheadLog(";journal=log"));
     run({"load", file, "Warehouse", fileWith("w.csv", "Warehouse\nMain\n")});
     onNetwork = true;
     EXPECT_EQ(openError(), 0);
@@ -54,7 +54,7 @@ TEST_F(SharedFileTest, IsRememberedOnceAClientSawItOnTheNetworkAndTakesNoLogFrom
 
 TEST_F(SharedFileTest, IsRefusedOnTheNetworkWhileItIsALogUntilTheAdministratorSharesIt)
 {
-    EXPECT_TRUE(usesLog());
+    EXPECT_TRUE(usesWriteAheadLog());
     onNetwork = true;
     EXPECT_EQ(openError(), 3045);
     EXPECT_EQ(run({"share", file}).status, 1);
@@ -65,7 +65,7 @@ TEST_F(SharedFileTest, IsRefusedOnTheNetworkWhileItIsALogUntilTheAdministratorSh
         inUse->Execute("UPDATE Part SET Cost = 1");
     }
     EXPECT_EQ(run({"share", file}).err, "");
-    EXPECT_FALSE(usesLog());
+    EXPECT_FALSE(usesWriteAheadLog());
     onNetwork = true;
     EXPECT_EQ(openError(), 0);
     EXPECT_EQ(run({"check", file}).out, "ok\n");
@@ -89,14 +89,14 @@ TEST_F(SharedFileTest, ThatWasRemovedOrReplacedUnderAProgramIsAnErrorAtTheEndOfT
             SCOPED_TRACE(journal.toStdString() + (replaced ? " replaced" : " removed"));
             const auto database = open(file, "QZV" + journal);
             database->Execute("UPDATE Part SET Cost = 1");
-            database->settle();
+            database->sync();
             QFile::copy(file, path("copy.db"));
             QFile::remove(file);
             if (replaced)
                 QFile::copy(path("copy.db"), file);
             EXPECT_EQ(errorNumberOf([&] {
                           database->Execute("UPDATE Part SET Cost = 2");
-                          database->settle();
+                          database->sync();
                       }),
                       3043);
             for (const char *rest : {"", "-wal", "-shm"})

@@ -33,7 +33,7 @@ bool focusIsElsewhere(const QWidget *target)
 bool isNoClick(const QWidget *target)
 {
     const int boxesBefore = messageBoxesShown();
-    ProgramFocus::settle();
+    ProgramFocus::raiseEvents();
     return messageBoxesShown() != boxesBefore || focusIsElsewhere(target);
 }
 

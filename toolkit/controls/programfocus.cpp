@@ -30,7 +30,7 @@ QWidget *controlWithQtFocusIn(const QWidget *window)
     return nullptr;
 }
 
-void settleIn(const QWidget *window)
+void raiseEventsIn(const QWidget *window)
 {
     QWidget *control = controlWithQtFocusIn(window);
     if (state().leaving || !control || control == state().holder)
@@ -72,14 +72,14 @@ QWidget *ProgramFocus::leaving()
     return state().leaving;
 }
 
-void ProgramFocus::settle()
+void ProgramFocus::raiseEvents()
 {
     if (const QWidget *widget = QApplication::focusWidget())
-        settleIn(widget->window());
+        raiseEventsIn(widget->window());
 }
 
 void ProgramFocus::moveTo(QWidget *control)
 {
     control->setFocus();
-    settleIn(control->window());
+    raiseEventsIn(control->window());
 }

@@ -32,7 +32,7 @@ QWidget *leaving();
 
 /// Looks where Qt's focus has come to rest and raises what is due. Called when an event has been delivered, and in the
 /// middle of one where its effect depends on the focus: before a mouse press reaches the control under it.
-void settle();
+void raiseEvents();
 /// Moves the focus as a program does: what is due is raised before this returns, unless a LostFocus routine runs.
 void moveTo(QWidget *control);
 } // namespace ProgramFocus

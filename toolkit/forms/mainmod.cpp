@@ -29,10 +29,10 @@ void ReadConfig(const QString &path)
     gTypeAheadSeconds = Val(readValue());
 }
 
-void settleDatabase()
+void syncDatabase()
 {
     if (gDatabase)
-        gDatabase->settleAll();
+        gDatabase->syncAll();
 }
 
 void DropTableIfExists(const QString &TableName)

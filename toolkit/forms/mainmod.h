@@ -24,7 +24,7 @@ void ReadConfig(const QString &path);
 
 /// From here on all that the file holds outlasts a power failure. To be called before anything goes out of the program
 /// that people act on: a message box, a printed document, an exported file. Does nothing without a database.
-void settleDatabase();
+void syncDatabase();
 
 /// Drops a table; a table that is missing or in use, or any other failure, is ignored without a word.
 void DropTableIfExists(const QString &TableName);

@@ -70,18 +70,15 @@ bool checkTables(const Catalog &catalog, Findings &findings)
 
 bool checkStructure(Connection &connection, Findings &findings)
 {
-    const Doing reading{Doing::Reading, {}, QStringLiteral("integrity check")};
-    Statement integrity = connection.prepare("PRAGMA integrity_check", reading);
-    int code;
+    const ErrorContext reading{ErrorContext::Reading, {}, QStringLiteral("integrity check")};
+    PreparedStatement integrity = connection.prepare("PRAGMA integrity_check", reading);
     bool sound = true;
-    while ((code = integrity.step()) == SQLITE_ROW) {
+    while (integrity.next()) {
         if (integrity.text(0) == u"ok")
             continue;
         sound = false;
         findings.add(QStringLiteral("File"), QStringLiteral("damaged"), integrity.text(0));
     }
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
 
     return checkTables(Tables::readCatalog(connection), findings) && sound;
 }

@@ -93,8 +93,8 @@ void checkConfig(const QString &config, Connection &connection, Findings &findin
     if (warehouse.isEmpty())
         return;
     QString status;
-    Statement rows = connection.prepare("SELECT Warehouse, coalesce(Status, '') FROM Warehouse", {});
-    while (rows.step() == SQLITE_ROW) {
+    PreparedStatement rows = connection.prepare("SELECT Warehouse, coalesce(Status, '') FROM Warehouse", {});
+    while (rows.next()) {
         if (rows.text(0).compare(warehouse, Qt::CaseInsensitive) == 0)
             status = rows.text(1).isEmpty() ? QStringLiteral("without a status") : rows.text(1);
     }

@@ -40,13 +40,10 @@ QStringList Findings::lines() const
 void reportRows(Connection &connection, Findings &findings, const QString &table, const QString &fault,
                 const QByteArray &sql)
 {
-    const Doing reading{Doing::Reading, table, QString::fromUtf8(sql)};
-    Statement rows = connection.prepare(sql, reading);
-    int code;
-    while ((code = rows.step()) == SQLITE_ROW)
+    const ErrorContext reading{ErrorContext::Reading, table, QString::fromUtf8(sql)};
+    PreparedStatement rows = connection.prepare(sql, reading);
+    while (rows.next())
         findings.add(table, fault, rows.text(0));
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
 }
 
 } // namespace check

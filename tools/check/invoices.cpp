@@ -31,22 +31,19 @@ double numberOrZero(const Value &value)
 }
 
 /// Goes through the rows of a query.
-void forEachRow(Connection &connection, const char *sql, const std::function<void(const Statement &)> &use)
+void forEachRow(Connection &connection, const char *sql, const std::function<void(const PreparedStatement &)> &use)
 {
-    const Doing reading{Doing::Reading, {}, QString::fromLatin1(sql)};
-    Statement rows = connection.prepare(sql, reading);
-    int code;
-    while ((code = rows.step()) == SQLITE_ROW)
+    const ErrorContext reading{ErrorContext::Reading, {}, QString::fromLatin1(sql)};
+    PreparedStatement rows = connection.prepare(sql, reading);
+    while (rows.next())
         use(rows);
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
 }
 
 /// All shipments by ID, read once: asking for each list by itself would take minutes on a large file.
 Shipments readShipments(Connection &connection)
 {
     Shipments shipments;
-    forEachRow(connection, ShipmentQuery, [&](const Statement &row) {
+    forEachRow(connection, ShipmentQuery, [&](const PreparedStatement &row) {
         ShipmentFacts &facts = shipments[int(row.integer(0))];
         facts.customer = row.text(1);
         facts.freight = numberOrZero(row.value(2, ColumnType::Double));
@@ -112,9 +109,10 @@ void checkInvoices(Connection &connection, Findings &findings)
 {
     Shipments shipments = readShipments(connection);
     InvoiceCheck invoices(shipments, findings);
-    forEachRow(connection, "SELECT ID, Customer, Shipment, Total FROM Invoice ORDER BY ID", [&](const Statement &row) {
-        invoices.check(row.text(0), row.text(1), row.text(2), numberOrZero(row.value(3, ColumnType::Double)));
-    });
+    forEachRow(
+        connection, "SELECT ID, Customer, Shipment, Total FROM Invoice ORDER BY ID", [&](const PreparedStatement &row) {
+            invoices.check(row.text(0), row.text(1), row.text(2), numberOrZero(row.value(3, ColumnType::Double)));
+        });
     QList<int> ids = shipments.keys();
     std::sort(ids.begin(), ids.end());
     for (int id : ids) {

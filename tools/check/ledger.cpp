@@ -102,8 +102,8 @@ private:
 /// Goes through the pairs with their names, one after the other.
 void forEachPair(Connection &connection, const std::function<void(const QString &name, const Pair &pair)> &use)
 {
-    const Doing reading{Doing::Reading, QStringLiteral("AvailInv"), QString::fromLatin1(Movements)};
-    Statement rows = connection.prepare(Movements, reading);
+    const ErrorContext reading{ErrorContext::Reading, QStringLiteral("AvailInv"), QString::fromLatin1(Movements)};
+    PreparedStatement rows = connection.prepare(Movements, reading);
     QString warehouse, part;
     std::optional<Pair> pair;
     const auto end = [&] {
@@ -111,8 +111,7 @@ void forEachPair(Connection &connection, const std::function<void(const QString 
             use(warehouse + u' ' + part, *pair);
     };
     const auto same = [](const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) == 0; };
-    int code;
-    while ((code = rows.step()) == SQLITE_ROW) {
+    while (rows.next()) {
         if (!pair || !same(rows.text(0), warehouse) || !same(rows.text(1), part)) {
             end();
             warehouse = rows.text(0);
@@ -122,8 +121,6 @@ void forEachPair(Connection &connection, const std::function<void(const QString 
         const Value qty = rows.value(4, ColumnType::Double);
         pair->add(int(rows.integer(2)), int(rows.integer(3)), qty.isNull() ? 0 : qty.toDouble());
     }
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
     end();
 }
 

@@ -12,7 +12,7 @@ namespace {
 QSet<QString> namesFrom(engine::Connection &connection, const QByteArray &sql)
 {
     QSet<QString> names;
-    const auto rows = connection.open(sql, {}, {Doing::Reading, {}, QString::fromUtf8(sql)});
+    const auto rows = connection.open(sql, {}, {ErrorContext::Reading, {}, QString::fromUtf8(sql)});
     while (rows->next())
         names += rows->value(0, ColumnType::Text).toText();
     return names;

@@ -8,7 +8,7 @@ namespace postgres {
 
 namespace {
 
-const Doing Defining{Doing::Defining, {}, QStringLiteral("bulk load")};
+const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("bulk load")};
 constexpr int LockMilliseconds = 8000;
 
 QByteArray listOf(const QStringList &columns)
@@ -24,7 +24,7 @@ class Inserting : public engine::RowSink
 {
 public:
     Inserting(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
-        : m_queue(connection, uri), m_doing{Doing::Writing, table.Name, "bulk load into " + table.Name}
+        : m_queue(connection, uri), m_context{ErrorContext::Writing, table.Name, "bulk load into " + table.Name}
     {
         QByteArrayList places;
         for (qsizetype i = 1; i <= columns.size(); ++i)
@@ -37,12 +37,12 @@ public:
         Parameters parameters;
         for (const Value &value : row)
             parameters.push_back(parameterOf(value));
-        m_queue.ask(m_sql, parameters, m_doing);
+        m_queue.ask(m_sql, parameters, m_context);
     }
 
 private:
     Queue m_queue;
-    Doing m_doing;
+    ErrorContext m_context;
     QByteArray m_sql;
 };
 
@@ -52,7 +52,8 @@ class Copying : public engine::RowSink
 {
 public:
     Copying(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
-        : m_connection(connection), m_uri(uri), m_doing{Doing::Writing, table.Name, "bulk load into " + table.Name},
+        : m_connection(connection),
+          m_uri(uri), m_context{ErrorContext::Writing, table.Name, "bulk load into " + table.Name},
           m_sql("COPY " + quoted(table.Name) + " (" + listOf(columns) + ") FROM STDIN")
     {
     }
@@ -116,14 +117,14 @@ private:
             return;
         const Result begun(PQexec(m_connection, m_sql.constData()));
         if (PQresultStatus(begun.get()) != PGRES_COPY_IN)
-            throw errorFor(begun.get(), m_uri.text, m_doing);
+            throw errorFor(begun.get(), m_uri.text, m_context);
         PQputCopyData(m_connection, m_lines.constData(), int(m_lines.size()));
         PQputCopyEnd(m_connection, nullptr);
         m_lines.clear();
         std::optional<RuntimeError> failure;
         while (const Result result{PQgetResult(m_connection)}) {
             if (PQresultStatus(result.get()) != PGRES_COMMAND_OK && !failure)
-                failure = errorFor(result.get(), m_uri.text, m_doing);
+                failure = errorFor(result.get(), m_uri.text, m_context);
         }
         if (failure)
             throw *failure;
@@ -131,7 +132,7 @@ private:
 
     PGconn *m_connection;
     Uri m_uri;
-    Doing m_doing;
+    ErrorContext m_context;
     QByteArray m_sql, m_lines;
 };
 

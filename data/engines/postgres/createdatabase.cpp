@@ -10,7 +10,7 @@ namespace {
 
 using namespace postgres;
 
-const Doing Defining{Doing::Defining, {}, QStringLiteral("create database")};
+const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("create database")};
 /// A database that every server has, to make others from.
 const QString Maintenance = QStringLiteral("postgres");
 

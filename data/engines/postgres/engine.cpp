@@ -19,7 +19,7 @@ constexpr char OpenLock[] = "7103";
 void lockDatabase(PGconn *connection, const Uri &uri, bool exclusive)
 {
     const QByteArray function = exclusive ? "pg_try_advisory_lock(" : "pg_try_advisory_lock_shared(";
-    const Result taken = run(connection, "SELECT " + function + OpenLock + ')', uri, {Doing::Opening, {}, {}});
+    const Result taken = run(connection, "SELECT " + function + OpenLock + ')', uri, {ErrorContext::Opening, {}, {}});
     if (qstrcmp(PQgetvalue(taken.get(), 0, 0), "t") != 0)
         throw runtimeError(3045, {withoutPassword(uri.text)});
 }
@@ -38,7 +38,8 @@ QByteArray makeScratchTables()
 class Engine::Transaction : public engine::Transaction
 {
 public:
-    Transaction(Engine &engine, const Doing &doing) : m_engine(engine), m_doing(doing), m_number(engine.m_transaction)
+    Transaction(Engine &engine, const ErrorContext &context)
+        : m_engine(engine), m_context(context), m_number(engine.m_transaction)
     {
     }
 
@@ -49,7 +50,7 @@ public:
         m_engine.m_transaction = 0;
         try {
             m_engine.release();
-            m_engine.m_queue.send("ROLLBACK", {}, m_doing);
+            m_engine.m_queue.send("ROLLBACK", {}, m_context);
         } catch (const RuntimeError &) {
             // The session is lost, and the transaction with it.
         }
@@ -59,14 +60,14 @@ public:
     {
         if (!isOpen())
             return;
-        m_engine.commit(m_doing);
+        m_engine.commit(m_context);
     }
 
 private:
     bool isOpen() const { return m_engine.m_transaction == m_number && m_engine.holdsTransaction(); }
 
     Engine &m_engine;
-    Doing m_doing;
+    ErrorContext m_context;
     int m_number;
 };
 
@@ -77,12 +78,12 @@ Engine::Engine(const engine::Options &options)
     setUp(m_handle.get(), m_uri, busy.isEmpty() ? LockMilliseconds : busy.toInt());
     checkPassword(m_handle.get(), m_uri, options.password);
     lockDatabase(m_handle.get(), m_uri, options.exclusive);
-    run(m_handle.get(), makeScratchTables(), m_uri, {Doing::Opening, {}, {}});
-    run(m_handle.get(), QByteArray("LISTEN ") + Tables::Channel, m_uri, {Doing::Opening, {}, {}});
+    run(m_handle.get(), makeScratchTables(), m_uri, {ErrorContext::Opening, {}, {}});
+    run(m_handle.get(), QByteArray("LISTEN ") + Tables::Channel, m_uri, {ErrorContext::Opening, {}, {}});
     if (options.readOnly)
-        run(m_handle.get(), "SET default_transaction_read_only = on", m_uri, {Doing::Opening, {}, {}});
+        run(m_handle.get(), "SET default_transaction_read_only = on", m_uri, {ErrorContext::Opening, {}, {}});
     if (options.entries.contains(QStringLiteral("snapshot")))
-        run(m_handle.get(), "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", m_uri, {Doing::Opening, {}, {}});
+        run(m_handle.get(), "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", m_uri, {ErrorContext::Opening, {}, {}});
 }
 
 const jetsql::Dialect &Engine::dialect() const
@@ -118,12 +119,13 @@ bool Engine::catalogIsSurelyCurrent()
     return catalogIsCurrent();
 }
 
-std::unique_ptr<engine::Rows> Engine::open(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+std::unique_ptr<engine::Rows> Engine::open(const QByteArray &sql, const std::vector<Value> &values,
+                                           const ErrorContext &context)
 {
     Parameters parameters;
     for (const Value &value : values)
         parameters.push_back(parameterOf(value));
-    return std::make_unique<Rows>(*this, sql, std::move(parameters), doing);
+    return std::make_unique<Rows>(*this, sql, std::move(parameters), context);
 }
 
 std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::vector<QString> &columns)
@@ -133,7 +135,7 @@ std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::
 
 qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
 {
-    const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
     release();
     const Result taken = m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
                                      {QString(table.Name + u'_' + column + QLatin1String("_numbers")).toUtf8(),
@@ -142,63 +144,63 @@ qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
     return qint32(cellOf(taken.get(), 0, 0).integer());
 }
 
-std::unique_ptr<engine::Transaction> Engine::begin(const Doing &doing)
+std::unique_ptr<engine::Transaction> Engine::begin(const ErrorContext &context)
 {
     release();
-    m_queue.send("BEGIN", {}, doing);
+    m_queue.send("BEGIN", {}, context);
     m_transaction = ++m_lastTransaction;
     m_failures = m_queue.failures();
-    return std::make_unique<Transaction>(*this, doing);
+    return std::make_unique<Transaction>(*this, context);
 }
 
-void Engine::commit(const Doing &doing)
+void Engine::commit(const ErrorContext &context)
 {
     release();
     m_transaction = 0;
-    m_queue.send("COMMIT", {}, doing);
+    m_queue.send("COMMIT", {}, context);
     ++m_sent;
-    if (!m_uri.behind || doing.kind == Doing::Defining || m_sent >= MostBehind)
+    if (!m_uri.behind || context.kind == ErrorContext::Defining || m_sent >= MostBehind)
         flush();
 }
 
-void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context)
 {
     Parameters parameters;
     for (const Value &value : values)
         parameters.push_back(parameterOf(value));
     release();
-    m_queue.send(sql, parameters, doing);
+    m_queue.send(sql, parameters, context);
     // Nothing else looks at the rows of a session's own table, and the planner would know nothing of them.
-    if (std::exchange(m_copies, false) && Tables::isPrivate(doing.table))
-        m_queue.send("ANALYZE " + quoted(doing.table), {}, doing);
+    if (std::exchange(m_copies, false) && Tables::isPrivate(context.table))
+        m_queue.send("ANALYZE " + quoted(context.table), {}, context);
 }
 
-void Engine::define(const QByteArray &sql, const QString &table, const Doing &doing)
+void Engine::define(const QByteArray &sql, const QString &table, const ErrorContext &context)
 {
     release();
-    m_queue.send(sql, {}, doing);
+    m_queue.send(sql, {}, context);
     if (!Tables::isPrivate(table))
-        m_queue.send(QByteArray("NOTIFY ") + Tables::Channel, {}, doing);
+        m_queue.send(QByteArray("NOTIFY ") + Tables::Channel, {}, context);
 }
 
-void Engine::createTable(const TableDef &table, engine::Key key, const Doing &doing)
+void Engine::createTable(const TableDef &table, engine::Key key, const ErrorContext &context)
 {
     for (const QByteArray &sql : Tables::createStatements(table, key))
-        define(sql, table.Name, doing);
+        define(sql, table.Name, context);
 }
 
-void Engine::createIndex(const Schema::Index &index, const Doing &doing)
+void Engine::createIndex(const Schema::Index &index, const ErrorContext &context)
 {
     if (const TableDef *table = m_catalog.find(index.table)) {
         Schema::Index stored = index;
         stored.table = table->Name;
-        define(Tables::createStatement(stored, *table), table->Name, doing);
+        define(Tables::createStatement(stored, *table), table->Name, context);
     }
 }
 
-void Engine::dropTable(const TableDef &table, const Doing &doing)
+void Engine::dropTable(const TableDef &table, const ErrorContext &context)
 {
-    define("DROP TABLE " + quoted(table.Name), table.Name, doing);
+    define("DROP TABLE " + quoted(table.Name), table.Name, context);
 }
 
 void Engine::release()
@@ -215,16 +217,16 @@ void Engine::flush()
         m_queue.flush();
 }
 
-void Engine::settle()
+void Engine::sync()
 {
     // A commit that is to be on the disk takes those before it along. One of nothing would not be written at all.
-    const Doing settling{Doing::Writing, {}, QStringLiteral("settle")};
+    const ErrorContext syncing{ErrorContext::Writing, {}, QStringLiteral("sync")};
     release();
     if (holdsTransaction()) // a row between Edit and Update stays locked
         return flush();
     for (const char *sql : {"BEGIN", "SET LOCAL synchronous_commit = on",
                             "SELECT pg_logical_emit_message(true, 'tamrick', '')", "COMMIT"})
-        m_queue.send(sql, {}, settling);
+        m_queue.send(sql, {}, syncing);
     flush();
 }
 

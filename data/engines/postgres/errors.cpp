@@ -4,20 +4,20 @@
 
 namespace {
 
-QString detailOf(const Doing &doing, const QString &words)
+QString detailOf(const ErrorContext &context, const QString &words)
 {
-    return doing.statement.isEmpty() ? words : doing.statement + "\nPostgreSQL: " + words;
+    return context.statement.isEmpty() ? words : context.statement + "\nPostgreSQL: " + words;
 }
 
-RuntimeError lockError(const QString &uri, const Doing &doing, const QString &detail)
+RuntimeError lockError(const QString &uri, const ErrorContext &context, const QString &detail)
 {
-    switch (doing.kind) {
-    case Doing::Opening:
+    switch (context.kind) {
+    case ErrorContext::Opening:
         return runtimeError(3045, {uri}, detail);
-    case Doing::Writing:
+    case ErrorContext::Writing:
         return runtimeError(3218, {}, detail);
     default:
-        return runtimeError(3211, {doing.table}, detail);
+        return runtimeError(3211, {context.table}, detail);
     }
 }
 
@@ -27,9 +27,10 @@ RuntimeError lost(const QString &detail)
 }
 
 /// What a SQLSTATE means to a user.
-RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Doing &doing, const QString &detail)
+RuntimeError errorOfState(const QByteArray &state, const QString &uri, const ErrorContext &context,
+                          const QString &detail)
 {
-    const bool opening = doing.kind == Doing::Opening;
+    const bool opening = context.kind == ErrorContext::Opening;
     if (state == "28P01" || state == "28000")
         return runtimeError(3031, {}, detail);
     if (state == "3D000")
@@ -43,9 +44,9 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Doi
     if (opening && (state == "42P01" || state == "42883"))
         return runtimeError(3343, {uri}, detail);
     if (state == "42P01") // dropped by another session in this moment
-        return runtimeError(doing.kind == Doing::Defining ? 3376 : 3078, {doing.table}, detail);
+        return runtimeError(context.kind == ErrorContext::Defining ? 3376 : 3078, {context.table}, detail);
     if (state == "55P03" || state == "40P01" || state == "40001")
-        return lockError(uri, doing, detail);
+        return lockError(uri, context, detail);
     if (state == "23505")
         return runtimeError(3022, {}, detail);
     if (state == "22001")
@@ -75,28 +76,28 @@ QString postgres::withoutPassword(const QString &uri)
     return QString(uri).replace(inAuthority, QStringLiteral("\\1@")).replace(inQuery, QStringLiteral("\\1"));
 }
 
-RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, const Doing &doing)
+RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, const ErrorContext &context)
 {
     const QByteArray state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
     const QString words = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
     const QString more = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL));
-    const QString detail = detailOf(doing, words + (more.isEmpty() ? QString() : u'\n' + more));
+    const QString detail = detailOf(context, words + (more.isEmpty() ? QString() : u'\n' + more));
     if (state.isEmpty()) // libpq's own: the connection broke
-        return lost(detailOf(doing, QString::fromUtf8(PQresultErrorMessage(result)).trimmed()));
+        return lost(detailOf(context, QString::fromUtf8(PQresultErrorMessage(result)).trimmed()));
     // A function of the dialect says by its message which error it means.
     if (state == "JT000") {
         const RuntimeError error = runtimeError(words.mid(4).toInt());
         return RuntimeError(error.number(), error.description(), detail);
     }
-    return errorOfState(state, withoutPassword(uri), doing, detail);
+    return errorOfState(state, withoutPassword(uri), context, detail);
 }
 
-RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const Doing &doing)
+RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const ErrorContext &context)
 {
     const QString words = QString::fromUtf8(PQerrorMessage(connection)).trimmed();
     const QString shown = withoutPassword(uri);
-    const QString detail = detailOf(doing, withoutPassword(words));
-    if (doing.kind != Doing::Opening)
+    const QString detail = detailOf(context, withoutPassword(words));
+    if (context.kind != ErrorContext::Opening)
         return lost(detail);
     if (PQconnectionNeedsPassword(connection))
         return runtimeError(3031, {}, detail);
@@ -104,7 +105,7 @@ RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const Do
     static const QRegularExpression state(QStringLiteral("(?:FATAL|ERROR): +([0-9A-Z]{5}):"));
     const QRegularExpressionMatch found = state.match(words);
     if (found.hasMatch())
-        return errorOfState(found.captured(1).toLatin1(), shown, doing, detail);
+        return errorOfState(found.captured(1).toLatin1(), shown, context, detail);
     return runtimeError(3044, {shown}, detail);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/engine/doing.h"
+#include "data/engine/errorcontext.h"
 #include "data/values/runtimeerror.h"
 #include <libpq-fe.h>
 
@@ -10,9 +10,9 @@ namespace postgres {
 QString withoutPassword(const QString &uri);
 
 /// The run-time error a user sees for a failed result; the server's own words are kept in the detail.
-RuntimeError errorFor(const PGresult *result, const QString &uri, const Doing &doing);
+RuntimeError errorFor(const PGresult *result, const QString &uri, const ErrorContext &context);
 /// The same for a connection that is lost, or could not be opened.
-RuntimeError errorFor(PGconn *connection, const QString &uri, const Doing &doing);
+RuntimeError errorFor(PGconn *connection, const QString &uri, const ErrorContext &context);
 
 /// Whether a result failed for tables that are not as the statement was written for.
 bool isForOtherTables(const PGresult *result);

@@ -56,37 +56,37 @@ void Queue::leave()
     PQexitPipelineMode(m_connection);
 }
 
-QByteArray Queue::prepared(const QByteArray &sql, const Doing &doing)
+QByteArray Queue::prepared(const QByteArray &sql, const ErrorContext &context)
 {
     const auto known = m_names.constFind(sql);
     if (known != m_names.cend())
         return *known;
     const QByteArray name = 's' + QByteArray::number(++m_lastName);
     if (!PQsendPrepare(m_connection, name.constData(), sql.constData(), 0, nullptr))
-        raiseLost(doing);
-    m_expected.push_back({doing});
+        raiseLost(context);
+    m_expected.push_back({context});
     return *m_names.insert(sql, name);
 }
 
-void Queue::send(const QByteArray &sql, const Parameters &parameters, const Doing &doing)
+void Queue::send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context)
 {
     enter();
-    const QByteArray name = prepared(sql, doing);
+    const QByteArray name = prepared(sql, context);
     std::vector<const char *> values;
     values.reserve(parameters.size());
     for (const std::optional<QByteArray> &parameter : parameters)
         values.push_back(parameter ? parameter->isNull() ? "" : parameter->constData() : nullptr);
     if (!PQsendQueryPrepared(m_connection, name.constData(), int(values.size()), values.data(), nullptr, nullptr, 0))
-        raiseLost(doing);
-    m_expected.push_back({doing});
+        raiseLost(context);
+    m_expected.push_back({context});
     push();
 }
 
 void Queue::sync()
 {
     if (!PQpipelineSync(m_connection))
-        raiseLost(m_expected.back().doing);
-    m_expected.push_back({m_expected.back().doing, true});
+        raiseLost(m_expected.back().context);
+    m_expected.push_back({m_expected.back().context, true});
     ++m_trips;
     push();
 }
@@ -98,12 +98,12 @@ void Queue::push()
     for (;;) {
         const int left = PQflush(m_connection);
         if (left < 0)
-            raiseLost(m_expected.back().doing);
+            raiseLost(m_expected.back().context);
         if (left == 0)
             return;
         if (waitForSocket(m_connection, Input | Output, -1) & Input) {
             if (!PQconsumeInput(m_connection))
-                raiseLost(m_expected.back().doing);
+                raiseLost(m_expected.back().context);
             takeArrived();
         }
     }
@@ -121,7 +121,7 @@ void Queue::takeAnswer()
     Result result(PQgetResult(m_connection));
     // A connection that is lost gives no answers, for ever.
     if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(m_expected.front().doing);
+        raiseLost(m_expected.front().context);
     if (!result || PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC)
         m_expected.pop_front();
     else
@@ -132,7 +132,7 @@ void Queue::note(Result result)
 {
     const ExecStatusType status = PQresultStatus(result.get());
     if (status == PGRES_FATAL_ERROR && !m_failure) {
-        m_failure = errorFor(result.get(), m_uri.text, m_expected.front().doing);
+        m_failure = errorFor(result.get(), m_uri.text, m_expected.front().context);
         m_failedForOtherTables = isForOtherTables(result.get());
     }
     m_answer = std::move(result);
@@ -150,16 +150,16 @@ void Queue::flush()
         raise();
 }
 
-Result Queue::ask(const QByteArray &sql, const Parameters &parameters, const Doing &doing)
+Result Queue::ask(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context)
 {
-    send(sql, parameters, doing);
+    send(sql, parameters, context);
     flush();
     return std::move(m_answer);
 }
 
-void Queue::walk(const QByteArray &sql, const Parameters &parameters, const Doing &doing)
+void Queue::walk(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context)
 {
-    send(sql, parameters, doing);
+    send(sql, parameters, context);
     sync();
     PQsetnonblocking(m_connection, 0);
     while (m_expected.size() > 2)
@@ -175,7 +175,7 @@ Result Queue::fetch()
         return {};
     Result result(PQgetResult(m_connection));
     if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(m_expected.front().doing);
+        raiseLost(m_expected.front().context);
     if (result && PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE)
         return result;
     // What closes the walk: its end, or its failure.
@@ -207,11 +207,12 @@ void Queue::raise()
     throw failure;
 }
 
-void Queue::raiseLost(const Doing &doing)
+void Queue::raiseLost(const ErrorContext &context)
 {
     // The first failure is the one to tell: a server that is shut down says so before it goes.
     const RuntimeError failure =
-        m_failure ? *m_failure : errorFor(m_connection, m_uri.text, {Doing::Reading, doing.table, doing.statement});
+        m_failure ? *m_failure
+                  : errorFor(m_connection, m_uri.text, {ErrorContext::Reading, context.table, context.statement});
     m_expected.clear();
     m_failure.reset();
     ++m_failures;

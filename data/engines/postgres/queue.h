@@ -25,16 +25,16 @@ public:
     Queue &operator=(const Queue &) = delete;
 
     /// Sends a statement behind the others.
-    void send(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    void send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
     /// The same, and waits for all answers; gives the statement's own.
-    Result ask(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    Result ask(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
     /// Waits for the answers to everything sent. Raises the first failure, behind which nothing was done.
     void flush();
     bool isEmpty() const { return m_expected.empty(); }
 
     /// Sends a SELECT behind the others, whose rows are then fetched one by one until there is none. Nothing else may
     /// be sent in between.
-    void walk(const QByteArray &sql, const Parameters &parameters, const Doing &doing);
+    void walk(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
     /// The next row, or nothing behind the last.
     Result fetch();
     /// Throws away the rows that are left.
@@ -53,20 +53,20 @@ private:
     /// What the server will answer to: a statement, or a point at which answers were asked for.
     struct Expected
     {
-        Doing doing;
+        ErrorContext context;
         bool sync = false;
     };
 
     void enter();
     void leave();
-    QByteArray prepared(const QByteArray &sql, const Doing &doing);
+    QByteArray prepared(const QByteArray &sql, const ErrorContext &context);
     void sync();
     void push();
     void takeArrived();
     void takeAnswer();
     void note(Result result);
     [[noreturn]] void raise();
-    [[noreturn]] void raiseLost(const Doing &doing);
+    [[noreturn]] void raiseLost(const ErrorContext &context);
 
     PGconn *m_connection;
     Uri m_uri;

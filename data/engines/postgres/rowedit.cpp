@@ -17,29 +17,30 @@ RowEdit::RowEdit(Engine &engine, const TableDef &table, const std::vector<QStrin
     m_readSql = "SELECT " + names.join(", ") + " FROM " + m_name + " WHERE " + m_rowColumn + " = $1";
 }
 
-std::unique_ptr<engine::Rows> RowEdit::read(qint64 row, bool locked, const Doing &doing)
+std::unique_ptr<engine::Rows> RowEdit::read(qint64 row, bool locked, const ErrorContext &context)
 {
     m_engine.release();
-    makeRowsFindable(doing);
-    Result result = m_engine.queue().ask(locked ? m_readSql + " FOR UPDATE" : m_readSql, {QByteArray::number(row)},
-                                         locked ? Doing{Doing::Writing, doing.table, doing.statement} : doing);
+    makeRowsFindable(context);
+    Result result =
+        m_engine.queue().ask(locked ? m_readSql + " FOR UPDATE" : m_readSql, {QByteArray::number(row)},
+                             locked ? ErrorContext{ErrorContext::Writing, context.table, context.statement} : context);
     if (PQntuples(result.get()) == 0)
         return nullptr;
     return std::make_unique<SingleRow>(std::move(result));
 }
 
 /// Most tables of a session's own are filled and walked; only those whose rows are looked for one by one need this.
-void RowEdit::makeRowsFindable(const Doing &doing)
+void RowEdit::makeRowsFindable(const ErrorContext &context)
 {
     if (m_findable)
         return;
     m_engine.queue().send("CREATE INDEX IF NOT EXISTS " + quoted("ix" + m_table.Name + "_row") + " ON " + m_name +
                               " (" + m_rowColumn + ')',
-                          {}, doing);
+                          {}, context);
     m_findable = true;
 }
 
-qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing)
+qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context)
 {
     if (m_addSql.isEmpty()) {
         QByteArrayList names, places;
@@ -53,18 +54,18 @@ qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, 
     for (const std::optional<Value> &value : values)
         parameters.push_back(parameterOf(*value));
     const int number = m_table.indexOf(rowColumn(m_table));
-    const auto transaction = m_engine.begin(doing);
+    const auto transaction = m_engine.begin(context);
     if (!tell || number >= 0) {
-        m_engine.queue().send(m_addSql, parameters, doing);
+        m_engine.queue().send(m_addSql, parameters, context);
         transaction->commit();
         return number >= 0 ? values[size_t(number)]->toLong() : 0;
     }
-    const Result added = m_engine.queue().ask(m_addSql + " RETURNING " + m_rowColumn, parameters, doing);
+    const Result added = m_engine.queue().ask(m_addSql + " RETURNING " + m_rowColumn, parameters, context);
     transaction->commit();
     return cellOf(added.get(), 0, 0).integer();
 }
 
-bool RowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing)
+bool RowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const ErrorContext &context)
 {
     QByteArrayList settings;
     Parameters parameters;
@@ -79,11 +80,11 @@ bool RowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values
                            QByteArray::number(qsizetype(parameters.size()));
     m_engine.release();
     if (m_engine.holdsTransaction()) { // the row is locked, and so is there
-        m_engine.queue().send(sql, parameters, doing);
+        m_engine.queue().send(sql, parameters, context);
         return true;
     }
-    const auto transaction = m_engine.begin(doing);
-    const Result changed = m_engine.queue().ask(sql, parameters, doing);
+    const auto transaction = m_engine.begin(context);
+    const Result changed = m_engine.queue().ask(sql, parameters, context);
     transaction->commit();
     return qstrcmp(PQcmdTuples(changed.get()), "0") != 0;
 }

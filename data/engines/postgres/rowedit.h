@@ -12,12 +12,12 @@ class RowEdit : public engine::RowEdit
 public:
     RowEdit(Engine &engine, const TableDef &table, const std::vector<QString> &columns);
 
-    std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const Doing &doing) override;
-    qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing) override;
-    bool change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing) override;
+    std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const ErrorContext &context) override;
+    qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context) override;
+    bool change(qint64 row, const std::vector<std::optional<Value>> &values, const ErrorContext &context) override;
 
 private:
-    void makeRowsFindable(const Doing &doing);
+    void makeRowsFindable(const ErrorContext &context);
 
     Engine &m_engine;
     TableDef m_table;

@@ -40,8 +40,8 @@ Cell cellOf(const PGresult *result, int row, int column)
     }
 }
 
-Rows::Rows(Engine &engine, QByteArray sql, Parameters parameters, Doing doing)
-    : m_engine(engine), m_sql(std::move(sql)), m_parameters(std::move(parameters)), m_doing(std::move(doing))
+Rows::Rows(Engine &engine, QByteArray sql, Parameters parameters, ErrorContext context)
+    : m_engine(engine), m_sql(std::move(sql)), m_parameters(std::move(parameters)), m_context(std::move(context))
 {
 }
 
@@ -77,7 +77,7 @@ bool Rows::begin()
     m_engine.release();
     m_state = State::Done;
     try {
-        m_engine.queue().walk(m_sql, m_parameters, m_doing);
+        m_engine.queue().walk(m_sql, m_parameters, m_context);
         m_state = State::Walking;
         m_engine.setWalking(this);
         return fetch();

@@ -15,7 +15,7 @@ Cell cellOf(const PGresult *result, int row, int column);
 class Rows : public engine::Rows
 {
 public:
-    Rows(Engine &engine, QByteArray sql, Parameters parameters, Doing doing);
+    Rows(Engine &engine, QByteArray sql, Parameters parameters, ErrorContext context);
     ~Rows() override;
 
     bool next() override;
@@ -34,7 +34,7 @@ private:
     Engine &m_engine;
     QByteArray m_sql;
     Parameters m_parameters;
-    Doing m_doing;
+    ErrorContext m_context;
     State m_state = State::Unread;
     bool m_metOtherTables = false;
     Result m_row;

@@ -14,7 +14,7 @@ constexpr int OpeningMilliseconds = 10000;
 /// The first functions that statements need.
 constexpr int OldestServer = 130000;
 
-const Doing Opening{Doing::Opening, {}, {}};
+const ErrorContext Opening{ErrorContext::Opening, {}, {}};
 
 /// Waits for what a connection being opened waits for; false when the time is over.
 bool waitFor(PGconn *connection, PostgresPollingStatusType wanted, const QDeadlineTimer &deadline)
@@ -83,14 +83,14 @@ postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
     return handle;
 }
 
-postgres::Result postgres::run(PGconn *connection, const QByteArray &sql, const Uri &uri, const Doing &doing)
+postgres::Result postgres::run(PGconn *connection, const QByteArray &sql, const Uri &uri, const ErrorContext &context)
 {
     Result result(PQexec(connection, sql.constData()));
     if (PQstatus(connection) != CONNECTION_OK)
-        throw errorFor(connection, uri.text, {Doing::Reading, doing.table, doing.statement});
+        throw errorFor(connection, uri.text, {ErrorContext::Reading, context.table, context.statement});
     const ExecStatusType status = PQresultStatus(result.get());
     if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK)
-        throw errorFor(result.get(), uri.text, doing);
+        throw errorFor(result.get(), uri.text, context);
     return result;
 }
 

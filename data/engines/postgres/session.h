@@ -31,7 +31,7 @@ QString databaseName(const Uri &uri);
 Handle openSession(const Uri &uri, const QString &database = {});
 
 /// Runs statements that need no parameters, outside of the queue, and gives the last one's result.
-Result run(PGconn *connection, const QByteArray &sql, const Uri &uri, const Doing &doing);
+Result run(PGconn *connection, const QByteArray &sql, const Uri &uri, const ErrorContext &context);
 
 /// Makes the session one of this program: the settings that its statements rely on.
 void setUp(PGconn *connection, const Uri &uri, int lockMilliseconds);

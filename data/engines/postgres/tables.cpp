@@ -140,7 +140,7 @@ Catalog Tables::readCatalog(PGconn *connection, const Uri &uri)
             " WHERE c.relkind = 'r' AND c.relnamespace IN ('public'::regnamespace, pg_my_temp_schema())"
             "   AND pg_table_is_visible(c.oid) AND c.relname NOT ILIKE 'msys%' AND a.attname <> '_row'"
             " ORDER BY c.oid, a.attnum",
-            uri, {Doing::Reading, {}, QStringLiteral("catalogue")});
+            uri, {ErrorContext::Reading, {}, QStringLiteral("catalogue")});
     Catalog catalog;
     TableDef table;
     const auto text = [&rows](int row, int column) {

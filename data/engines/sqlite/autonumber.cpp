@@ -9,21 +9,18 @@
 
 qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QString &column)
 {
-    const Doing writing{Doing::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
     const QByteArray highest =
         "coalesce((SELECT max(" + Tables::quoted(column) + ") FROM " + Tables::quoted(table.Name) + "), 0)";
-    Statement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +
-                                            ") WHERE name = ? COLLATE NOCASE RETURNING seq",
-                                        writing);
+    PreparedStatement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +
+                                                    ") WHERE name = ? COLLATE NOCASE RETURNING seq",
+                                                writing);
     take.bind(1, Value(table.Name));
     qint64 number = 0;
-    int code = take.step();
-    if (code == SQLITE_ROW) {
+    if (take.next()) {
         number = take.integer(0);
-        code = take.step(); // the commit comes with the end of the statement
+        take.finish(); // the commit comes with the end of the statement
     }
-    if (code != SQLITE_DONE)
-        connection.raise(code, writing);
     connection.giveBack(std::move(take));
 
     if (number == 0) { // a table that never took a number has no counter yet

@@ -5,7 +5,7 @@
 
 namespace {
 
-const Doing Defining{Doing::Defining, {}, QStringLiteral("bulk load")};
+const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("bulk load")};
 
 ConnectionOptions optionsFor(const QString &path, engine::BulkRows::State state)
 {
@@ -20,7 +20,6 @@ class Sink : public engine::RowSink
 {
 public:
     Sink(Connection &connection, const TableDef &table, const QStringList &columns)
-        : m_connection(connection), m_doing{Doing::Writing, table.Name, QStringLiteral("bulk load into ") + table.Name}
     {
         QByteArrayList names, places;
         for (const QString &column : columns) {
@@ -29,7 +28,8 @@ public:
         }
         const QByteArray sql = "INSERT INTO " + Tables::quoted(table.Name) + " (" + names.join(", ") + ") VALUES (" +
                                places.join(", ") + ')';
-        m_insert = m_connection.prepare(sql, m_doing);
+        m_insert = connection.prepare(
+            sql, {ErrorContext::Writing, table.Name, QStringLiteral("bulk load into ") + table.Name});
     }
 
     void add(std::span<const Value> row) override
@@ -37,16 +37,13 @@ public:
         int parameter = 0;
         for (const Value &value : row)
             m_insert.bind(++parameter, value);
-        const int code = m_insert.step();
-        m_insert.reset(); // for the next row also where this one is refused
-        if (code != SQLITE_DONE)
-            m_connection.raise(code, m_doing);
+        // For the next row also where this one is refused.
+        const auto makeReady = qScopeGuard([this] { m_insert.reset(); });
+        m_insert.finish();
     }
 
 private:
-    Connection &m_connection;
-    Doing m_doing;
-    Statement m_insert;
+    PreparedStatement m_insert;
 };
 
 } // namespace
@@ -59,7 +56,8 @@ SqliteBulkRows::SqliteBulkRows(const QString &path, const QString &password, Sta
     m_connection.noteNetwork();
     if (m_state == State::New)
         m_connection.run("PRAGMA synchronous=OFF", Defining);
-    m_transaction = std::make_unique<Transaction>(m_connection, Doing{Doing::Writing, {}, Defining.statement});
+    m_transaction =
+        std::make_unique<Transaction>(m_connection, ErrorContext{ErrorContext::Writing, {}, Defining.statement});
     m_tables = Tables::readCatalog(m_connection);
     if (m_state == State::New) {
         for (const Schema::Index &index : Schema::indexes())
@@ -78,8 +76,8 @@ void SqliteBulkRows::commit()
         makeIndexes();
     m_transaction->commit();
     // Whoever ran the tool takes the rows for stored once it has ended, also through a power failure.
-    m_connection.syncLog();
-    m_connection.emptyLog(); // others may go on with the file, and a load is much for one log
+    m_connection.syncWriteAheadLog();
+    m_connection.checkpoint(); // others may go on with the file, and a load is much for one log
 }
 
 void SqliteBulkRows::makeIndexes()

@@ -39,7 +39,7 @@ Connection::Connection(const ConnectionOptions &options) : m_file(options.file)
     const int code = sqlite3_open_v2(QFile::encodeName(options.file).constData(), &handle, access, nullptr);
     m_handle.reset(handle);
     if (code != SQLITE_OK)
-        raise(code, {Doing::Opening, {}, {}});
+        raise(code, {ErrorContext::Opening, {}, {}});
     configure(options);
 }
 
@@ -55,26 +55,26 @@ void Connection::configure(const ConnectionOptions &options)
     switchBloomFiltersOff(db);
     registerJetFunctions(db);
 
-    const Doing opening{Doing::Opening, {}, {}};
+    const ErrorContext opening{ErrorContext::Opening, {}, {}};
     if (options.exclusive)
         run("PRAGMA locking_mode=EXCLUSIVE", opening);
     chooseJournal(options);
     // FULL would not sync the folder once the journal is gone: after a power failure it stood there again, and took
     // the last commit back.
-    run(m_usesLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
+    run(m_usesWriteAheadLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
     if (options.exclusive)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
-    else if (m_usesLog)
+    else if (m_usesWriteAheadLog)
         m_checkpoint.attach(db);
 }
 
 void Connection::chooseJournal(const ConnectionOptions &options)
 {
-    const Doing opening{Doing::Opening, {}, {}};
+    const ErrorContext opening{ErrorContext::Opening, {}, {}};
     const bool onNetwork = liesOnNetwork(options.file);
     const Sharing sharing = Sharing::of(m_handle.get());
-    if (onNetwork && sharing.usesLog) {
+    if (onNetwork && sharing.usesWriteAheadLog) {
         throw runtimeError(3045, {options.file},
                            QStringLiteral("The file is kept with a write-ahead log, which holds on the machine alone "
                                           "that it lies on. Run tamrick-db share there."));
@@ -83,30 +83,32 @@ void Connection::chooseJournal(const ConnectionOptions &options)
         return run("PRAGMA query_only=1", opening);
     const bool log = options.journal != Journal::Rollback && !onNetwork && !sharing.isShared;
     // Not obeyed while another process uses the file the other way; then both go on in its way.
-    Statement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
-    const int code = mode.step();
-    if (code != SQLITE_ROW)
-        raise(code, opening);
-    m_usesLog = mode.bytes(0) == "wal";
+    PreparedStatement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);
+    mode.next();
+    m_usesWriteAheadLog = mode.bytes(0) == "wal";
     mode.reset();
-    if (m_usesLog)
+    if (m_usesWriteAheadLog)
         syncFolderOf(options.file); // the log's name; who made it may not have come to syncing it
     m_unmarked = onNetwork && !sharing.isShared;
 }
 
-Statement Connection::prepare(const QByteArray &sql, const Doing &doing)
+PreparedStatement Connection::prepare(const QByteArray &sql, const ErrorContext &context)
 {
-    if (Statement idle = m_idle.take(sql))
+    if (PreparedStatement idle = m_idle.take(sql)) {
+        idle.setErrorContext(m_file, context);
         return idle;
+    }
     sqlite3_stmt *handle = nullptr;
     const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
                                         &handle, nullptr);
     if (code != SQLITE_OK)
-        raise(code, doing);
-    return Statement(handle, sql);
+        raise(code, context);
+    PreparedStatement statement(handle, sql);
+    statement.setErrorContext(m_file, context);
+    return statement;
 }
 
-void Connection::giveBack(Statement statement)
+void Connection::giveBack(PreparedStatement statement)
 {
     if (!statement)
         return;
@@ -115,43 +117,32 @@ void Connection::giveBack(Statement statement)
     m_idle.insert(sql, std::move(statement));
 }
 
-void Connection::run(const QByteArray &sql, const Doing &doing)
+void Connection::run(const QByteArray &sql, const ErrorContext &context)
 {
     const int code = sqlite3_exec(m_handle.get(), sql.constData(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
-        raise(code, doing);
+        raise(code, context);
 }
 
-void Connection::runPrepared(const QByteArray &sql, const Doing &doing, const std::vector<Value> &values)
+void Connection::runPrepared(const QByteArray &sql, const ErrorContext &context, const std::vector<Value> &values)
 {
-    Statement statement = prepare(sql, doing);
+    PreparedStatement statement = prepare(sql, context);
     statement.bind(values);
-    finish(statement, doing);
+    statement.finish();
     giveBack(std::move(statement));
-}
-
-void Connection::finish(Statement &statement, const Doing &doing)
-{
-    int code = statement.step();
-    while (code == SQLITE_ROW)
-        code = statement.step();
-    if (code != SQLITE_DONE)
-        raise(code, doing);
 }
 
 qint64 Connection::schemaVersion()
 {
-    const Doing reading{Doing::Reading, {}, {}};
-    Statement version = prepare("PRAGMA schema_version", reading);
-    const int code = version.step();
-    if (code != SQLITE_ROW)
-        raise(code, reading);
+    const ErrorContext reading{ErrorContext::Reading, {}, {}};
+    PreparedStatement version = prepare("PRAGMA schema_version", reading);
+    version.next();
     const qint64 number = version.integer(0);
     giveBack(std::move(version));
     return number;
 }
 
-void Connection::syncLog()
+void Connection::syncWriteAheadLog()
 {
     sqlite3_file *log = nullptr;
     if (sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log ||
@@ -159,7 +150,7 @@ void Connection::syncLog()
         return;
     const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
     if (code != SQLITE_OK)
-        raise(code, {Doing::Writing, {}, QStringLiteral("sync of the write-ahead log")});
+        raise(code, {ErrorContext::Writing, {}, QStringLiteral("sync of the write-ahead log")});
 }
 
 void Connection::requireInPlace()
@@ -167,7 +158,7 @@ void Connection::requireInPlace()
     int moved = 0;
     sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     if (moved)
-        raise(SQLITE_READONLY_DBMOVED, {Doing::Writing, {}, QStringLiteral("the file is gone or replaced")});
+        raise(SQLITE_READONLY_DBMOVED, {ErrorContext::Writing, {}, QStringLiteral("the file is gone or replaced")});
 }
 
 void Connection::noteNetwork()
@@ -178,17 +169,17 @@ void Connection::noteNetwork()
 
 void Connection::markShared()
 {
-    run("PRAGMA user_version=" + QByteArray::number(Sharing::Mark), {Doing::Opening, {}, {}});
+    run("PRAGMA user_version=" + QByteArray::number(Sharing::Mark), {ErrorContext::Opening, {}, {}});
 }
 
-void Connection::emptyLog()
+void Connection::checkpoint()
 {
     m_checkpoint.run();
 }
 
 void Connection::copyInto(Connection &target)
 {
-    const Doing copying{Doing::Reading, {}, QStringLiteral("copy of the database")};
+    const ErrorContext copying{ErrorContext::Reading, {}, QStringLiteral("copy of the database")};
     sqlite3_backup *backup = sqlite3_backup_init(target.m_handle.get(), "main", m_handle.get(), "main");
     if (!backup)
         target.raise(sqlite3_errcode(target.m_handle.get()), copying);
@@ -202,21 +193,22 @@ void Connection::copyInto(Connection &target)
 
 void Connection::prepareToWrite()
 {
-    if (!m_usesLog)
+    if (!m_usesWriteAheadLog)
         m_busyWait.letOthersIn();
     else if (m_checkpoint.isDue())
         m_checkpoint.run();
 }
 
-void Connection::raise(int code, const Doing &doing) const
+void Connection::raise(int code, const ErrorContext &context) const
 {
-    throw errorFor(code, m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle.get())) : QString(), m_file, doing);
+    throw errorFor(code, m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle.get())) : QString(), m_file, context);
 }
 
-Transaction::Transaction(Connection &connection, const Doing &doing) : m_connection(connection), m_doing(doing)
+Transaction::Transaction(Connection &connection, const ErrorContext &context)
+    : m_connection(connection), m_context(context)
 {
     // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
-    connection.runPrepared("BEGIN IMMEDIATE", doing);
+    connection.runPrepared("BEGIN IMMEDIATE", context);
 }
 
 Transaction::~Transaction()
@@ -224,7 +216,7 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.runPrepared("ROLLBACK", m_doing);
+        m_connection.runPrepared("ROLLBACK", m_context);
     } catch (const RuntimeError &) {
         // The engine has rolled back by itself already, and the error that led here is the one to report.
     }
@@ -232,6 +224,6 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_connection.runPrepared("COMMIT", m_doing);
+    m_connection.runPrepared("COMMIT", m_context);
     m_open = false;
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "data/engine/doing.h"
+#include "data/engine/errorcontext.h"
 #include "data/engine/lrucache.h"
 #include "data/engines/sqlite/busywait.h"
 #include "data/engines/sqlite/checkpoint.h"
-#include "data/engines/sqlite/statement.h"
+#include "data/engines/sqlite/preparedstatement.h"
 #include "data/values/runtimeerror.h"
 
-/// How changes reach the file. `Log` is SQLite's write-ahead log, for a local disk; `Rollback` the rollback
+/// How changes reach the file. `WriteAheadLog` is SQLite's own, for a local disk; `Rollback` the rollback
 /// journal, for a folder that other machines share; `ByMount` takes what suits the place where the file lies.
-enum class Journal { ByMount, Log, Rollback };
+enum class Journal { ByMount, WriteAheadLog, Rollback };
 
 struct ConnectionOptions
 {
@@ -31,17 +31,16 @@ public:
     Connection &operator=(const Connection &) = delete;
 
     /// A statement ready to step: one given back before, or newly prepared.
-    Statement prepare(const QByteArray &sql, const Doing &doing);
+    PreparedStatement prepare(const QByteArray &sql, const ErrorContext &context);
     /// Keeps a statement for the next user of its text.
-    void giveBack(Statement statement);
+    void giveBack(PreparedStatement statement);
     void forgetStatements() { m_idle.clear(); }
 
     /// Runs a statement to its end, with nothing to read from it. For what is run once, and for PRAGMAs, of which
     /// some act when they are prepared and would do nothing when an idle one is stepped again.
-    void run(const QByteArray &sql, const Doing &doing);
+    void run(const QByteArray &sql, const ErrorContext &context);
     /// The same for a statement that will come again, with the values for its parameters.
-    void runPrepared(const QByteArray &sql, const Doing &doing, const std::vector<Value> &values = {});
-    void finish(Statement &statement, const Doing &doing);
+    void runPrepared(const QByteArray &sql, const ErrorContext &context, const std::vector<Value> &values = {});
 
     /// Changes whenever any process made, changed or dropped a table.
     qint64 schemaVersion();
@@ -50,12 +49,12 @@ public:
     qint64 lastInsertedRow() const { return sqlite3_last_insert_rowid(m_handle.get()); }
 
     /// Syncs the write-ahead log to the disk. With a rollback journal every commit is synced already.
-    void syncLog();
+    void syncWriteAheadLog();
     /// Brings what the write-ahead log holds into the file, as far as no reader needs it, so that the next write
     /// begins the log anew.
-    void emptyLog();
+    void checkpoint();
     /// True while commits of this connection are not synced each for themselves.
-    bool usesLog() const { return m_usesLog; }
+    bool usesWriteAheadLog() const { return m_usesWriteAheadLog; }
 
     /// Makes the file of another connection, which must use the rollback journal, a copy of this one as it is at one
     /// moment. In one step: taken in several, a copy begins anew whenever another process has written in between.
@@ -72,7 +71,7 @@ public:
     void prepareToWrite();
 
     /// Raises the run-time error for a result code of SQLite.
-    [[noreturn]] void raise(int code, const Doing &doing) const;
+    [[noreturn]] void raise(int code, const ErrorContext &context) const;
 
 private:
     struct Closer
@@ -86,9 +85,9 @@ private:
     QString m_file;
     BusyWait m_busyWait;
     std::unique_ptr<sqlite3, Closer> m_handle;
-    LruCache<QByteArray, Statement> m_idle{128};
+    LruCache<QByteArray, PreparedStatement> m_idle{128};
     Checkpoint m_checkpoint;
-    bool m_usesLog = false;
+    bool m_usesWriteAheadLog = false;
     bool m_unmarked = false; ///< reached over the network, and not marked as shared yet
 };
 
@@ -96,7 +95,7 @@ private:
 class Transaction
 {
 public:
-    Transaction(Connection &connection, const Doing &doing);
+    Transaction(Connection &connection, const ErrorContext &context);
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
     ~Transaction();
@@ -104,6 +103,6 @@ public:
 
 private:
     Connection &m_connection;
-    Doing m_doing;
+    ErrorContext m_context;
     bool m_open = true;
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-void makeTables(Connection &connection, const std::vector<TableDef> &tables, const Doing &defining)
+void makeTables(Connection &connection, const std::vector<TableDef> &tables, const ErrorContext &defining)
 {
     for (const TableDef &table : tables)
         connection.run(Tables::createStatement(table, engine::Key::AutoNumberIsKey), defining);
@@ -22,7 +22,7 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
     // With the log a disk could turn out to be full only when the file is closed, which cannot fail any more.
     options.journal = Journal::Rollback;
     Connection connection(options);
-    const Doing defining{Doing::Defining, {}, QStringLiteral("create database")};
+    const ErrorContext defining{ErrorContext::Defining, {}, QStringLiteral("create database")};
     Transaction transaction(connection, defining);
     PasswordGate::create(connection, password, salt);
     makeTables(connection, Schema::permanentTables(), defining);

@@ -16,7 +16,7 @@ ConnectionOptions connectionOptions(const engine::Options &options)
     result.exclusive = options.exclusive;
     result.readOnly = options.readOnly;
     if (const QString journal = options.entries.value(QStringLiteral("journal")); journal == u"log")
-        result.journal = Journal::Log;
+        result.journal = Journal::WriteAheadLog;
     else if (journal == u"rollback")
         result.journal = Journal::Rollback;
     if (const QString busy = options.entries.value(QStringLiteral("busy")); !busy.isEmpty())
@@ -28,7 +28,7 @@ ConnectionOptions connectionOptions(const engine::Options &options)
 class SqliteTransaction : public engine::Transaction
 {
 public:
-    SqliteTransaction(::Connection &connection, const Doing &doing) : m_transaction(connection, doing) {}
+    SqliteTransaction(::Connection &connection, const ErrorContext &context) : m_transaction(connection, context) {}
     void commit() override { m_transaction.commit(); }
 
 private:
@@ -41,7 +41,7 @@ SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connec
 {
     PasswordGate::check(m_connection, options.password, options.name);
     if (options.entries.contains(QStringLiteral("snapshot")))
-        m_connection.run("BEGIN", {Doing::Opening, {}, {}});
+        m_connection.run("BEGIN", {ErrorContext::Opening, {}, {}});
     m_connection.noteNetwork();
 }
 
@@ -64,11 +64,11 @@ bool SqliteEngine::catalogIsCurrent()
 }
 
 std::unique_ptr<engine::Rows> SqliteEngine::open(const QByteArray &sql, const std::vector<Value> &values,
-                                                 const Doing &doing)
+                                                 const ErrorContext &context)
 {
-    Statement statement = m_connection.prepare(sql, doing);
+    PreparedStatement statement = m_connection.prepare(sql, context);
     statement.bind(values);
-    return std::make_unique<SqliteRows>(m_connection, std::move(statement), doing);
+    return std::make_unique<SqliteRows>(m_connection, std::move(statement));
 }
 
 std::unique_ptr<engine::RowEdit> SqliteEngine::edit(const TableDef &table, const std::vector<QString> &columns)
@@ -88,41 +88,41 @@ void SqliteEngine::prepareToWrite()
 
 void SqliteEngine::prepareToCopyRows()
 {
-    m_connection.emptyLog();
+    m_connection.checkpoint();
 }
 
-std::unique_ptr<engine::Transaction> SqliteEngine::begin(const Doing &doing)
+std::unique_ptr<engine::Transaction> SqliteEngine::begin(const ErrorContext &context)
 {
-    return std::make_unique<SqliteTransaction>(m_connection, doing);
+    return std::make_unique<SqliteTransaction>(m_connection, context);
 }
 
-void SqliteEngine::execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing)
+void SqliteEngine::execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context)
 {
-    m_connection.runPrepared(sql, doing, values);
+    m_connection.runPrepared(sql, context, values);
 }
 
-void SqliteEngine::createTable(const TableDef &table, engine::Key key, const Doing &doing)
+void SqliteEngine::createTable(const TableDef &table, engine::Key key, const ErrorContext &context)
 {
-    m_connection.run(Tables::createStatement(table, key), doing);
+    m_connection.run(Tables::createStatement(table, key), context);
 }
 
-void SqliteEngine::createIndex(const Schema::Index &index, const Doing &doing)
+void SqliteEngine::createIndex(const Schema::Index &index, const ErrorContext &context)
 {
-    m_connection.run(Tables::createStatement(index), doing);
+    m_connection.run(Tables::createStatement(index), context);
 }
 
-void SqliteEngine::dropTable(const TableDef &table, const Doing &doing)
+void SqliteEngine::dropTable(const TableDef &table, const ErrorContext &context)
 {
     // The counter of a copied AutoNumber, which SQLite does not know to belong to the table.
     m_connection.run("DELETE FROM sqlite_sequence WHERE name = '" + table.Name.toUtf8().replace('\'', "''") + '\'',
-                     doing);
-    m_connection.run("DROP TABLE " + Tables::quoted(table.Name), doing);
+                     context);
+    m_connection.run("DROP TABLE " + Tables::quoted(table.Name), context);
 }
 
-void SqliteEngine::settle()
+void SqliteEngine::sync()
 {
     m_connection.requireInPlace();
     // With a rollback journal every commit is synced already.
-    if (m_connection.usesLog())
-        m_connection.syncLog();
+    if (m_connection.usesWriteAheadLog())
+        m_connection.syncWriteAheadLog();
 }

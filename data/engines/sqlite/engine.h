@@ -16,18 +16,18 @@ public:
     Catalog readCatalog() override;
     bool catalogIsCurrent() override;
     std::unique_ptr<engine::Rows> open(const QByteArray &sql, const std::vector<Value> &values,
-                                       const Doing &doing) override;
+                                       const ErrorContext &context) override;
     std::unique_ptr<engine::RowEdit> edit(const TableDef &table, const std::vector<QString> &columns) override;
     qint32 takeAutoNumber(const TableDef &table, const QString &column) override;
     void prepareToWrite() override;
     void prepareToCopyRows() override;
-    std::unique_ptr<engine::Transaction> begin(const Doing &doing) override;
-    void execute(const QByteArray &sql, const std::vector<Value> &values, const Doing &doing) override;
-    void createTable(const TableDef &table, engine::Key key, const Doing &doing) override;
-    void createIndex(const Schema::Index &index, const Doing &doing) override;
-    void dropTable(const TableDef &table, const Doing &doing) override;
+    std::unique_ptr<engine::Transaction> begin(const ErrorContext &context) override;
+    void execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context) override;
+    void createTable(const TableDef &table, engine::Key key, const ErrorContext &context) override;
+    void createIndex(const Schema::Index &index, const ErrorContext &context) override;
+    void dropTable(const TableDef &table, const ErrorContext &context) override;
     void flush() override {}
-    void settle() override;
+    void sync() override;
 
 private:
     ::Connection m_connection;

@@ -1,35 +1,35 @@
 #include "data/engines/sqlite/errors.h"
 
-#include "data/engine/doing.h"
+#include "data/engine/errorcontext.h"
 #include "data/engines/sqlite/functions.h"
 #include <sqlite3.h>
 
 namespace {
 
-RuntimeError lockError(const QString &file, const Doing &doing, const QString &detail)
+RuntimeError lockError(const QString &file, const ErrorContext &context, const QString &detail)
 {
-    switch (doing.kind) {
-    case Doing::Opening:
+    switch (context.kind) {
+    case ErrorContext::Opening:
         return runtimeError(3045, {file}, detail);
-    case Doing::Writing:
+    case ErrorContext::Writing:
         return runtimeError(3218, {}, detail);
     default:
-        return runtimeError(3211, {doing.table}, detail);
+        return runtimeError(3211, {context.table}, detail);
     }
 }
 
 } // namespace
 
-RuntimeError errorFor(int code, const QString &words, const QString &file, const Doing &doing)
+RuntimeError errorFor(int code, const QString &words, const QString &file, const ErrorContext &context)
 {
-    const QString detail = doing.statement.isEmpty() ? words : doing.statement + "\nSQLite: " + words;
+    const QString detail = context.statement.isEmpty() ? words : context.statement + "\nSQLite: " + words;
     // Not the disk's: what is written goes into a file that nobody finds any more.
     if (code == SQLITE_READONLY_DBMOVED)
         code = SQLITE_IOERR;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return lockError(file, doing, detail);
+        return lockError(file, context, detail);
     case SQLITE_NOTADB:
         return runtimeError(3343, {file}, detail);
     case SQLITE_CORRUPT:

@@ -13,7 +13,7 @@ constexpr qsizetype MostBytes = 1024;
 
 void PasswordGate::create(Connection &connection, const QString &password, const QByteArray &given)
 {
-    const Doing defining{Doing::Defining, QStringLiteral("MSysPassword"), {}};
+    const ErrorContext defining{ErrorContext::Defining, QStringLiteral("MSysPassword"), {}};
     connection.run("CREATE TABLE MSysPassword (Salt BLOB, Rounds INTEGER, Hash BLOB)", defining);
     const QByteArray salt = given.isEmpty() ? randomSalt() : given;
     connection.run("INSERT INTO MSysPassword VALUES (x'" + salt.toHex() + "', " + QByteArray::number(PasswordRounds) +
@@ -23,21 +23,15 @@ void PasswordGate::create(Connection &connection, const QString &password, const
 
 void PasswordGate::check(Connection &connection, const QString &password, const QString &file)
 {
-    const Doing opening{Doing::Opening, {}, {}};
-    Statement tables = connection.prepare("SELECT 1 FROM sqlite_schema WHERE name = 'MSysPassword'", opening);
-    const int found = tables.step();
-    if (found == SQLITE_DONE)
+    const ErrorContext opening{ErrorContext::Opening, {}, {}};
+    PreparedStatement tables = connection.prepare("SELECT 1 FROM sqlite_schema WHERE name = 'MSysPassword'", opening);
+    if (!tables.next())
         throw runtimeError(3343, {file});
-    if (found != SQLITE_ROW)
-        connection.raise(found, opening);
     tables.reset();
 
-    Statement gate = connection.prepare("SELECT Salt, Rounds, Hash FROM MSysPassword", opening);
-    const int code = gate.step();
-    if (code == SQLITE_DONE)
+    PreparedStatement gate = connection.prepare("SELECT Salt, Rounds, Hash FROM MSysPassword", opening);
+    if (!gate.next())
         throw runtimeError(3343, {file});
-    if (code != SQLITE_ROW)
-        connection.raise(code, opening);
     const qint64 rounds = gate.integer(1);
     if (rounds < 1 || rounds > MostRounds || gate.bytes(0).size() > MostBytes)
         throw runtimeError(3343, {file});

@@ -12,15 +12,15 @@ SqliteRowEdit::SqliteRowEdit(Connection &connection, const TableDef &table, cons
     m_readSql = "SELECT " + names.join(", ") + " FROM " + Tables::quoted(table.Name) + " WHERE rowid = ?";
 }
 
-std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const Doing &doing)
+std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const ErrorContext &context)
 {
-    Statement fetch = m_connection.prepare(m_readSql, doing);
+    PreparedStatement fetch = m_connection.prepare(m_readSql, context);
     fetch.bind(1, row);
-    auto rows = std::make_unique<SqliteRows>(m_connection, std::move(fetch), doing);
+    auto rows = std::make_unique<SqliteRows>(m_connection, std::move(fetch));
     return rows->next() ? std::move(rows) : nullptr;
 }
 
-qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool, const Doing &doing)
+qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool, const ErrorContext &context)
 {
     if (m_addSql.isEmpty()) {
         QByteArrayList names, places;
@@ -31,30 +31,30 @@ qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool,
         m_addSql = "INSERT INTO " + Tables::quoted(m_table.Name) + " (" + names.join(", ") + ") VALUES (" +
                    places.join(", ") + ')';
     }
-    Statement insert = m_connection.prepare(m_addSql, doing);
+    PreparedStatement insert = m_connection.prepare(m_addSql, context);
     for (size_t i = 0; i < values.size(); ++i)
         insert.bind(int(i) + 1, *values[i]);
-    m_connection.finish(insert, doing);
+    insert.finish();
     m_connection.giveBack(std::move(insert));
     return m_connection.lastInsertedRow();
 }
 
-bool SqliteRowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing)
+bool SqliteRowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values, const ErrorContext &context)
 {
     QByteArrayList settings;
     for (size_t i = 0; i < values.size(); ++i) {
         if (values[i])
             settings += Tables::quoted(m_table.columns[i].name) + " = ?";
     }
-    Statement update = m_connection.prepare(
-        "UPDATE " + Tables::quoted(m_table.Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", doing);
+    PreparedStatement update = m_connection.prepare(
+        "UPDATE " + Tables::quoted(m_table.Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", context);
     int parameter = 0;
     for (const std::optional<Value> &value : values) {
         if (value)
             update.bind(++parameter, *value);
     }
     update.bind(++parameter, row);
-    m_connection.finish(update, doing);
+    update.finish();
     m_connection.giveBack(std::move(update));
     return m_connection.changes() > 0;
 }

@@ -10,9 +10,9 @@ class SqliteRowEdit : public engine::RowEdit
 public:
     SqliteRowEdit(Connection &connection, const TableDef &table, const std::vector<QString> &columns);
 
-    std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const Doing &doing) override;
-    qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const Doing &doing) override;
-    bool change(qint64 row, const std::vector<std::optional<Value>> &values, const Doing &doing) override;
+    std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const ErrorContext &context) override;
+    qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context) override;
+    bool change(qint64 row, const std::vector<std::optional<Value>> &values, const ErrorContext &context) override;
 
 private:
     Connection &m_connection;

@@ -1,7 +1,7 @@
 #include "data/engines/sqlite/rows.h"
 
-SqliteRows::SqliteRows(Connection &connection, Statement statement, Doing doing)
-    : m_connection(connection), m_statement(std::move(statement)), m_doing(std::move(doing))
+SqliteRows::SqliteRows(Connection &connection, PreparedStatement statement)
+    : m_connection(connection), m_statement(std::move(statement))
 {
 }
 
@@ -12,16 +12,9 @@ SqliteRows::~SqliteRows()
 
 bool SqliteRows::next()
 {
-    const int code = m_statement.step();
-    if (!m_begun) {
-        // Before anything else is asked: SQLite tells the reason of its latest failure only.
-        m_metOtherTables = m_statement.sawOtherTables();
-        m_begun = true;
-    }
-    if (code == SQLITE_ROW)
+    if (m_statement.next())
         return true;
-    if (code != SQLITE_DONE)
-        m_connection.raise(code, m_doing);
-    m_connection.giveBack(std::move(m_statement));
+    m_metOtherTables = m_statement.sawOtherTables();
+    m_connection.giveBack(std::move(m_statement)); // at once, so that its locks go with the last row
     return false;
 }

@@ -7,17 +7,15 @@
 class SqliteRows : public engine::Rows
 {
 public:
-    SqliteRows(Connection &connection, Statement statement, Doing doing);
+    SqliteRows(Connection &connection, PreparedStatement statement);
     ~SqliteRows() override;
 
     bool next() override;
-    bool metOtherTables() const override { return m_metOtherTables; }
+    bool metOtherTables() const override { return m_statement ? m_statement.sawOtherTables() : m_metOtherTables; }
     Cell cell(int column) const override { return m_statement.cell(column); }
 
 private:
     Connection &m_connection;
-    Statement m_statement;
-    Doing m_doing;
-    bool m_begun = false;
-    bool m_metOtherTables = false;
+    PreparedStatement m_statement;
+    bool m_metOtherTables = false; ///< once the statement is given back
 };

@@ -12,7 +12,7 @@ Sharing Sharing::of(sqlite3 *connection)
     if (file && file->pMethods)
         file->pMethods->xRead(file, header.data(), int(header.size()), 0);
     Sharing sharing;
-    sharing.usesLog = header[19] == 2;     // the version that reading takes
-    sharing.isShared = header[63] == Mark; // the last byte of the user version
+    sharing.usesWriteAheadLog = header[19] == 2; // the version that reading takes
+    sharing.isShared = header[63] == Mark;       // the last byte of the user version
     return sharing;
 }

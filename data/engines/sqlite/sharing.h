@@ -7,7 +7,7 @@ struct sqlite3;
 /// kept with the rollback journal on the machine it lies on as well.
 struct Sharing
 {
-    bool usesLog = false; ///< the file is set to the write-ahead log
+    bool usesWriteAheadLog = false; ///< the file is set to the write-ahead log
     bool isShared = false;
 
     /// As the file's header has it, read through the connection's own handle: opening the file a second time and

@@ -99,11 +99,11 @@ QByteArray Tables::createStatement(const Schema::Index &index)
 
 Catalog Tables::readCatalog(Connection &connection)
 {
-    const Doing reading{Doing::Reading, QStringLiteral("sqlite_schema"), {}};
-    Statement columns = connection.prepare("SELECT t.name, c.name, c.type, c.dflt_value, c.pk"
-                                           " FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c"
-                                           " WHERE t.type = 'table' ORDER BY t.rowid, c.cid",
-                                           reading);
+    const ErrorContext reading{ErrorContext::Reading, QStringLiteral("sqlite_schema"), {}};
+    PreparedStatement columns = connection.prepare("SELECT t.name, c.name, c.type, c.dflt_value, c.pk"
+                                                   " FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c"
+                                                   " WHERE t.type = 'table' ORDER BY t.rowid, c.cid",
+                                                   reading);
     Catalog catalog;
     TableDef table;
     const auto finishTable = [&] {
@@ -111,8 +111,7 @@ Catalog Tables::readCatalog(Connection &connection)
             catalog.add(std::move(table));
         table = {};
     };
-    int code;
-    while ((code = columns.step()) == SQLITE_ROW) {
+    while (columns.next()) {
         const QString name = columns.text(0);
         if (name != table.Name) {
             finishTable();
@@ -122,8 +121,6 @@ Catalog Tables::readCatalog(Connection &connection)
         table.keyed = table.keyed || isKey;
         table.columns.push_back(columnFrom(columns.text(1), columns.text(2), columns.text(3), isKey));
     }
-    if (code != SQLITE_DONE)
-        connection.raise(code, reading);
     finishTable();
     connection.giveBack(std::move(columns));
     return catalog;

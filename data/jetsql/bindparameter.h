@@ -8,7 +8,7 @@ namespace jetsql {
 
 /// Where a constant of a statement stands in the engine's text such that any other constant of its kind that fits could
 /// stand there instead, everything else about the translation being the same.
-struct Place
+struct BindParameter
 {
     enum class Form {
         Stored,  ///< in stored form, whatever it is

@@ -1,17 +1,22 @@
 #pragma once
 
+#include "data/engine/errorcontext.h"
 #include "data/engine/storedvalue.h"
 #include <QByteArray>
 #include <memory>
 #include <sqlite3.h>
 #include <vector>
 
-/// One prepared statement of SQLite's C interface. Errors are left to the caller, who knows what was being done.
-class Statement
+/// One prepared statement of SQLite's C interface. Knows for whom it runs, so that a step that fails raises the error
+/// that a user sees.
+class PreparedStatement
 {
 public:
-    Statement() = default;
-    Statement(sqlite3_stmt *handle, QByteArray sql);
+    PreparedStatement() = default;
+    PreparedStatement(sqlite3_stmt *handle, QByteArray sql);
+
+    /// The file and the action that a failing step is told of.
+    void setErrorContext(const QString &file, const ErrorContext &context);
 
     explicit operator bool() const { return m_handle != nullptr; }
     sqlite3_stmt *handle() const { return m_handle.get(); }
@@ -24,11 +29,13 @@ public:
     void bind(const std::vector<Value> &values);
     void bind(int parameter, qint64 number) { sqlite3_bind_int64(handle(), parameter, number); }
 
-    /// SQLITE_ROW, SQLITE_DONE or an error code.
-    int step() { return sqlite3_step(handle()); }
-    /// True when the last step found other tables in the file than the statement was prepared for, and either
-    /// failed or went on with the new ones.
-    bool sawOtherTables();
+    /// Goes to the next row, at first the first one; false behind the last. Errors as errorFor.
+    bool next();
+    /// Runs to the end.
+    void finish();
+    /// True when the first step found other tables in the file than the statement was prepared for, and either failed
+    /// or went on with the new ones.
+    bool sawOtherTables() const { return m_sawOtherTables; }
     /// Ends the walk and frees its locks; the bound values are dropped too.
     void reset();
 
@@ -47,4 +54,8 @@ private:
 
     std::unique_ptr<sqlite3_stmt, Finalizer> m_handle;
     QByteArray m_sql;
+    QString m_file;
+    ErrorContext m_context;
+    bool m_begun = false;
+    bool m_sawOtherTables = false;
 };

@@ -1,10 +1,10 @@
-#include "data/jetsql/place.h"
+#include "data/jetsql/bindparameter.h"
 
 #include "data/values/conversions.h"
 
 namespace jetsql {
 
-bool Place::fits(const Token &constant) const
+bool BindParameter::fits(const Token &constant) const
 {
     switch (form) {
     case Form::Fitting:
@@ -17,7 +17,7 @@ bool Place::fits(const Token &constant) const
     return true;
 }
 
-Value Place::valueOf(const Token &constant) const
+Value BindParameter::valueOf(const Token &constant) const
 {
     if (form == Form::DateText)
         return *dateFromText(constant.text);

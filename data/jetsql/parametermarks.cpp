@@ -1,4 +1,4 @@
-#include "data/jetsql/placemarks.h"
+#include "data/jetsql/parametermarks.h"
 
 #include "data/schema/schema.h"
 #include "data/values/conversions.h"
@@ -8,7 +8,7 @@ namespace {
 
 using Kind = Expr::Kind;
 
-/// Begins a placemark, before the constant's number. Unicode promises that it stands for nothing in a text.
+/// Begins a parameterMark, before the constant's number. Unicode promises that it stands for nothing in a text.
 constexpr QChar mark = u'\uFDD0';
 /// Statements with more constants than this are hardly alike.
 constexpr int maxConstants = 100;
@@ -26,7 +26,7 @@ bool isNamedByIndexCondition(const Expr &column)
 class Marking
 {
 public:
-    std::vector<Place> places;
+    std::vector<BindParameter> parameters;
 
     void mark(Select &select)
     {
@@ -108,7 +108,7 @@ private:
         });
         for (size_t i = 0; alike && i < operands.size(); ++i) {
             if (operands[i]->isConstant())
-                add(*operands[i], Place::Form::Stored);
+                add(*operands[i], BindParameter::Form::Stored);
         }
     }
 
@@ -118,43 +118,44 @@ private:
         const bool number = type == ColumnType::Long || type == ColumnType::Currency || type == ColumnType::Double;
         if ((value.kind == Kind::Number && number) || (value.kind == Kind::Date && type == ColumnType::Date) ||
             (value.kind == Kind::Text && type == ColumnType::Memo))
-            add(value, Place::Form::Stored);
+            add(value, BindParameter::Form::Stored);
         else if (value.kind == Kind::Text && type == ColumnType::Text && value.name.size() <= column.size)
-            add(value, Place::Form::Fitting, column.size);
+            add(value, BindParameter::Form::Fitting, column.size);
         else if (value.kind == Kind::Text && type == ColumnType::Date && dateFromText(value.name))
-            add(value, Place::Form::DateText);
+            add(value, BindParameter::Form::DateText);
     }
 
-    void add(Expr &constant, Place::Form form, int size = 0)
+    void add(Expr &constant, BindParameter::Form form, int size = 0)
     {
         if (constant.constant < 0 || constant.constant >= maxConstants)
             return;
-        constant.place = true;
-        const ColumnType type = form == Place::Form::DateText ? ColumnType::Date : constant.type.type;
-        places.push_back({constant.constant, constant.minus, form, size, type});
+        constant.isParameter = true;
+        const ColumnType type = form == BindParameter::Form::DateText ? ColumnType::Date : constant.type.type;
+        parameters.push_back({constant.constant, constant.minus, form, size, type});
     }
 };
 
 } // namespace
 
-std::vector<Place> markPlaces(Statement &statement)
+std::vector<BindParameter> markParameters(ParsedStatement &statement)
 {
     Marking marking;
     std::visit([&marking](auto &kind) { marking.mark(kind); }, statement);
-    return std::move(marking.places);
+    return std::move(marking.parameters);
 }
 
-bool canHavePlaces(const QString &sql)
+bool canHaveParameters(const QString &sql)
 {
     return !sql.contains(mark);
 }
 
-QString placemark(const Expr &constant)
+QString parameterMark(const Expr &constant)
 {
     return QString(mark) + QChar(char16_t(constant.constant));
 }
 
-void setPlaces(Translation &translation, const QString &marked, const std::vector<Place> &known, const Dialect &dialect)
+void setParameters(Translation &translation, const QString &marked, const std::vector<BindParameter> &known,
+                   const Dialect &dialect)
 {
     QString sql;
     sql.reserve(marked.size());
@@ -164,11 +165,12 @@ void setPlaces(Translation &translation, const QString &marked, const std::vecto
             continue;
         }
         const int constant = marked[++i].unicode();
-        translation.places.push_back(*std::find_if(
-            known.begin(), known.end(), [constant](const Place &place) { return place.constant == constant; }));
-        sql += dialect.parameter(int(translation.places.size()), translation.places.back().type);
+        translation.parameters.push_back(
+            *std::find_if(known.begin(), known.end(),
+                          [constant](const BindParameter &parameter) { return parameter.constant == constant; }));
+        sql += dialect.parameter(int(translation.parameters.size()), translation.parameters.back().type);
     }
-    translation.sqlWithPlaces = sql.toUtf8();
+    translation.sqlWithParameters = sql.toUtf8();
 }
 
 } // namespace jetsql

@@ -1,8 +1,10 @@
-#include "data/engines/sqlite/statement.h"
+#include "data/engines/sqlite/preparedstatement.h"
 
-Statement::Statement(sqlite3_stmt *handle, QByteArray sql) : m_handle(handle), m_sql(std::move(sql)) {}
+#include "data/engines/sqlite/errors.h"
 
-void Statement::bind(int parameter, const Value &value)
+PreparedStatement::PreparedStatement(sqlite3_stmt *handle, QByteArray sql) : m_handle(handle), m_sql(std::move(sql)) {}
+
+void PreparedStatement::bind(int parameter, const Value &value)
 {
     switch (value.type()) {
     case Value::Type::Null:
@@ -27,45 +29,67 @@ void Statement::bind(int parameter, const Value &value)
     }
 }
 
-void Statement::bind(int parameter, const QByteArray &utf8)
+void PreparedStatement::bind(int parameter, const QByteArray &utf8)
 {
     // A null pointer would bind Null, and an empty text is not that.
     sqlite3_bind_text64(handle(), parameter, utf8.isNull() ? "" : utf8.constData(), sqlite3_uint64(utf8.size()),
                         SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void Statement::bind(const std::vector<Value> &values)
+void PreparedStatement::bind(const std::vector<Value> &values)
 {
     int parameter = 0;
     for (const Value &value : values)
         bind(++parameter, value);
 }
 
-bool Statement::sawOtherTables()
+void PreparedStatement::setErrorContext(const QString &file, const ErrorContext &context)
 {
-    return sqlite3_stmt_status(handle(), SQLITE_STMTSTATUS_REPREPARE, 1) > 0 ||
-           sqlite3_errcode(sqlite3_db_handle(handle())) == SQLITE_ERROR;
+    m_file = file;
+    m_context = context;
 }
 
-void Statement::reset()
+bool PreparedStatement::next()
+{
+    const int code = sqlite3_step(handle());
+    sqlite3 *connection = sqlite3_db_handle(handle());
+    if (!m_begun) {
+        // Before anything else is asked: SQLite tells the reason of its latest failure only.
+        m_begun = true;
+        m_sawOtherTables = sqlite3_stmt_status(handle(), SQLITE_STMTSTATUS_REPREPARE, 1) > 0 ||
+                           sqlite3_errcode(connection) == SQLITE_ERROR;
+    }
+    if (code == SQLITE_ROW || code == SQLITE_DONE)
+        return code == SQLITE_ROW;
+    throw errorFor(code, QString::fromUtf8(sqlite3_errmsg(connection)), m_file, m_context);
+}
+
+void PreparedStatement::finish()
+{
+    while (next()) {
+    }
+}
+
+void PreparedStatement::reset()
 {
     sqlite3_reset(handle());
     sqlite3_clear_bindings(handle());
+    m_begun = m_sawOtherTables = false;
 }
 
-QString Statement::text(int column) const
+QString PreparedStatement::text(int column) const
 {
     const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
     return QString::fromUtf8(utf8, sqlite3_column_bytes(handle(), column));
 }
 
-QByteArray Statement::bytes(int column) const
+QByteArray PreparedStatement::bytes(int column) const
 {
     const auto *data = static_cast<const char *>(sqlite3_column_blob(handle(), column));
     return QByteArray(data, sqlite3_column_bytes(handle(), column));
 }
 
-Cell Statement::cell(int column) const
+Cell PreparedStatement::cell(int column) const
 {
     switch (sqlite3_column_type(handle(), column)) {
     case SQLITE_NULL:
