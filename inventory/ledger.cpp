@@ -106,9 +106,8 @@ void RebuildAvailInv()
 {
     if (!MsgBoxYesNo("Are you sure you want to rebuild the Available Inventory Report?", "Rebuild Confirmation"))
         return;
-    setHourglass();
+    const Hourglass hourglass;
     gDatabase->Execute("DELETE * FROM AvailInv");
     for (const Pass &pass : passes)
         post(pass);
-    setDefaultPointer();
 }

@@ -30,7 +30,7 @@ StockForm::StockForm(const QString &name, const QString &caption, const QString 
 
 void StockForm::formLoad()
 {
-    setHourglass();
+    const Hourglass hourglass;
     dtDate->setValue(Date::today());
     fillWarehouses();
     Recordset parts = gDatabase->OpenRecordset("SELECT * FROM Part Where Status = 'Active' ORDER BY PartNo");
@@ -43,7 +43,6 @@ void StockForm::formLoad()
     parts.Close();
     prepareGrid();
     Frame2->setEnabled(false);
-    setDefaultPointer();
 }
 
 void StockForm::btnUpdate_Click()

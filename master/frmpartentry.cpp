@@ -64,12 +64,11 @@ void frmPartEntry::layOut()
 
 void frmPartEntry::formLoad()
 {
-    setHourglass();
+    const Hourglass hourglass;
     m_record.fillStatus();
     fillCombo(cmbCategory, "SELECT DISTINCT Category FROM Part ORDER BY Category", "Category");
     fillVendors();
     m_record.fillKeys();
-    setDefaultPointer();
 }
 
 void frmPartEntry::fillVendors()

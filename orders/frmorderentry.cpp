@@ -18,7 +18,7 @@ frmOrderEntry::frmOrderEntry() : Form("frmOrderEntry", "Order Entry")
 
 void frmOrderEntry::formLoad()
 {
-    setHourglass();
+    const Hourglass hourglass;
     txtFreight->setEnabled(false);
     fillCombo(cmbWarehouse, "SELECT Warehouse FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
     cmbWarehouse->setText(gDefaultWarehouse);
@@ -28,7 +28,6 @@ void frmOrderEntry::formLoad()
     dtDueDate->setValue(Date::today());
     lblTotal->setText(textOf(0.0));
     RefreshGrid();
-    setDefaultPointer();
 }
 
 void frmOrderEntry::loadParts()

@@ -12,7 +12,7 @@
 
 void frmOrderEntry::cmbPart_LostFocus()
 {
-    setHourglass();
+    const Hourglass hourglass;
     const QString part = cmbPart->text(), warehouse = cmbWarehouse->text(), customer = cmbCustomer->text();
     if (!warehouse.isEmpty() && !part.isEmpty())
         lblQtyAvail->setText(textOf(GetAvailableQty(part, warehouse)));
@@ -25,7 +25,6 @@ void frmOrderEntry::cmbPart_LostFocus()
             price = Val(GetCustomerPrice(part, customer));
         txtPriceEach->setText(price < 0 ? cmbPrice->list(cmbPart->listIndex()) : textOf(price));
     }
-    setDefaultPointer();
 }
 
 void frmOrderEntry::showLineAmount()

@@ -15,7 +15,7 @@ void frmOrderEntry::btnSave_Click()
         MsgBox("Warehouse, Customer, and Order Number fields are required.", "Required Fields");
         return;
     }
-    setHourglass();
+    const Hourglass hourglass;
     saveHeader();
     saveLines();
     if (chkDropShip->isChecked())
@@ -23,7 +23,6 @@ void frmOrderEntry::btnSave_Click()
     else
         Reports::PrintPickTicket(lblID->text());
     unload();
-    setDefaultPointer();
 }
 
 void frmOrderEntry::saveHeader()

@@ -4,6 +4,7 @@
 #include "orders/frmorderentry.h"
 #include "toolkit/controls/formatgrid.h"
 #include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/criteria.h"
 #include "toolkit/forms/fillcombo.h"
 #include "toolkit/forms/formlayout.h"
 #include "toolkit/forms/mainmod.h"
@@ -96,35 +97,29 @@ void frmOrderNavigator::formResize()
 
 QString frmOrderNavigator::searchStatement() const
 {
-    bool noWhereYet = true;
-    QString sql = "SELECT * FROM Orders";
-    const auto criterion = [&](const QString &condition) {
-        sql += (noWhereYet ? " WHERE " : " AND ") + condition;
-        noWhereYet = false;
-    };
+    Criteria criteria;
     if (!cmbWarehouse->text().isEmpty())
-        criterion(" Orders.Warehouse = '" + cmbWarehouse->text() + "'");
+        criteria.add(" Orders.Warehouse = '" + cmbWarehouse->text() + "'");
     if (!cmbCustomer->text().isEmpty())
-        criterion(" Orders.Customer = '" + cmbCustomer->text() + "'");
+        criteria.add(" Orders.Customer = '" + cmbCustomer->text() + "'");
     if (!cmbStatus->text().isEmpty())
-        criterion(" Orders.Status = '" + cmbStatus->text() + "'");
+        criteria.add(" Orders.Status = '" + cmbStatus->text() + "'");
     if (chkOrderDate->isChecked())
-        criterion(" Orders.OrderDate >= #" + dtStartDate->value().toText() + "# AND Orders.OrderDate <= #" +
-                  dtEndDate->value().toText() + "#");
+        criteria.add(" Orders.OrderDate >= #" + dtStartDate->value().toText() + "# AND Orders.OrderDate <= #" +
+                     dtEndDate->value().toText() + "#");
     if (!txtOrderNumber->text().isEmpty())
-        criterion(" Orders.OrderNumber Like '*" + txtOrderNumber->text() + "*'");
-    return sql + " ORDER BY Orders.Customer, Orders.OrderNumber";
+        criteria.add(" Orders.OrderNumber Like '*" + txtOrderNumber->text() + "*'");
+    return "SELECT * FROM Orders" + criteria.clause() + " ORDER BY Orders.Customer, Orders.OrderNumber";
 }
 
 void frmOrderNavigator::UpdateGrids()
 {
-    setHourglass();
+    const Hourglass hourglass;
     Recordset rs = gDatabase->OpenRecordset(searchStatement());
     fillOrders(rs);
     rs.Close();
     formatGrid(vsfgOrders, {6});
     vsfgItems->setRows(0);
-    setDefaultPointer();
 }
 
 void frmOrderNavigator::fillOrders(Recordset &rs)

@@ -184,7 +184,7 @@ void reportInventory(const char *designer, const QString &title)
 
 void Reports::ReportStatementsOld()
 {
-    setHourglass();
+    const Hourglass hourglass;
     const WorkbookPaths paths = workbookPaths();
     readInvoices(paths.InvoiceWorkbookPath);
     readCustomers(paths.CustomerWorkbookPath);
@@ -195,7 +195,6 @@ void Reports::ReportStatementsOld()
         "Invoice_Old LEFT JOIN Customer_Old ON Invoice_Old.CustomerNo = Customer_Old.CustomerNo ORDER BY "
         "Customer_Old.Customer,Invoice_Old.InvoiceNo");
     statements.Close();
-    setDefaultPointer();
 }
 
 void Reports::ReportAvailInvOld()

@@ -3,6 +3,7 @@
 #include "shipping/frmshipmententry.h"
 #include "toolkit/controls/formatgrid.h"
 #include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/criteria.h"
 #include "toolkit/forms/fillcombo.h"
 #include "toolkit/forms/formlayout.h"
 #include "toolkit/forms/mainmod.h"
@@ -67,30 +68,26 @@ void frmShipmentNavigator::btnClear_Click()
 
 void frmShipmentNavigator::UpdateGrids()
 {
-    setHourglass();
+    const Hourglass hourglass;
     fillShipments(searchStatement());
     vsfgItems->setRows(0);
-    setDefaultPointer();
 }
 
 QString frmShipmentNavigator::searchStatement() const
 {
-    QString sql = "SELECT Shipment.ID,Shipment.Date,Orders.ID,Orders.Customer,Orders.OrderNumber,Orders.ShipTo,"
-                  "Orders.ShipToAddress1,Orders.ShipToAddress2,Orders.ShipToCity,Orders.ShipToState,Orders.ShipToZip,"
-                  "Shipment.Invoiced FROM Shipment LEFT JOIN Orders ON Shipment.OrderID = Orders.ID ";
-    const char *link = " WHERE ";
-    const auto clause = [&](const QString &condition) {
-        sql += link + condition;
-        link = " AND ";
-    };
+    const QString sql =
+        "SELECT Shipment.ID,Shipment.Date,Orders.ID,Orders.Customer,Orders.OrderNumber,Orders.ShipTo,"
+        "Orders.ShipToAddress1,Orders.ShipToAddress2,Orders.ShipToCity,Orders.ShipToState,Orders.ShipToZip,"
+        "Shipment.Invoiced FROM Shipment LEFT JOIN Orders ON Shipment.OrderID = Orders.ID ";
+    Criteria criteria;
     if (!cmbCustomer->text().isEmpty())
-        clause(" Orders.Customer = '" + cmbCustomer->text() + "'");
+        criteria.add(" Orders.Customer = '" + cmbCustomer->text() + "'");
     if (chkShipDate->isChecked())
-        clause(" Shipment.Date >= #" + dtStartDate->value().toText() + "# AND Shipment.Date <= #" +
-               dtEndDate->value().toText() + "#");
+        criteria.add(" Shipment.Date >= #" + dtStartDate->value().toText() + "# AND Shipment.Date <= #" +
+                     dtEndDate->value().toText() + "#");
     if (!txtOrderNumber->text().isEmpty())
-        clause(" Orders.OrderNumber Like '*" + txtOrderNumber->text() + "*'");
-    return sql + " ORDER BY Orders.Customer, Orders.OrderNumber";
+        criteria.add(" Orders.OrderNumber Like '*" + txtOrderNumber->text() + "*'");
+    return sql + criteria.clause() + " ORDER BY Orders.Customer, Orders.OrderNumber";
 }
 
 void frmShipmentNavigator::fillShipments(const QString &sql)

@@ -215,9 +215,8 @@ void CRViewer::goToPage(int page)
     if (!m_report)
         return;
     if (page >= m_report->pages().knownPages()) {
-        setHourglass();
+        const Hourglass hourglass;
         pageCount();
-        setDefaultPointer();
     }
     m_view->goToPage(std::clamp(page, 0, m_report->pages().knownPages() - 1));
     showPageNumber();
@@ -246,10 +245,8 @@ bool CRViewer::exportTo(const QString &path)
 {
     if (!m_report)
         return false;
-    setHourglass();
-    const Outcome outcome = ::exportReport(*m_report, path);
-    setDefaultPointer();
-    return bool(outcome);
+    const Hourglass hourglass;
+    return bool(::exportReport(*m_report, path));
 }
 
 bool CRViewer::find(const QString &text, bool forward)

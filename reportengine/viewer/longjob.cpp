@@ -12,7 +12,7 @@ constexpr int Beat = 50;       ///< milliseconds from one look at the Cancel but
 
 Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<Outcome(const Progress &)> &job)
 {
-    setHourglass();
+    const Hourglass hourglass;
     QProgressDialog window(caption, "Cancel", 0, 0, parent);
     window.setObjectName("progress");
     window.setWindowTitle("Report");
@@ -23,7 +23,7 @@ Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<
     QElapsedTimer sinceStart, sinceBeat;
     sinceStart.start();
     sinceBeat.start();
-    const Outcome outcome = job([&](int done, int total) {
+    return job([&](int done, int total) {
         if (sinceStart.elapsed() < Unnoticed || sinceBeat.elapsed() < Beat)
             return true;
         if (!window.isVisible()) {
@@ -36,6 +36,4 @@ Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<
         sinceBeat.start();
         return !window.wasCanceled();
     });
-    setDefaultPointer();
-    return outcome;
 }

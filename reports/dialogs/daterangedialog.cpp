@@ -27,12 +27,11 @@ void DateRangeDialog::formLoad()
 
 void DateRangeDialog::btnOK_Click()
 {
+    std::optional<Hourglass> hourglass;
     if (m_pointer == Pointer::Owned)
-        setHourglass();
+        hourglass.emplace();
     const QString BeginDate = dtStart->value().toText();
     const QString EndDate = dtEnd->value().toText();
     m_routine(BeginDate, EndDate);
     unload();
-    if (m_pointer == Pointer::Owned)
-        setDefaultPointer();
 }

@@ -31,11 +31,10 @@ void ProductionDialog::btnOK_Click()
         MsgBox("You must enter a number of months and Requirements.", "Invalid Months");
         return;
     }
-    setHourglass();
+    const Hourglass hourglass;
     const bool SuppressBlank = chkSupp->isChecked();
     const qint16 Months = CInt(Val(txtMonths->text()));
     const qint16 Req = CInt(Val(txtReq->text()));
     m_routine(Months, Req, SuppressBlank);
     unload();
-    setDefaultPointer();
 }

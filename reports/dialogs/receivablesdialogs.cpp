@@ -57,14 +57,13 @@ void frmOpenInvoicesReport::formLoad()
 
 void frmOpenInvoicesReport::btnOk_Click()
 {
-    setHourglass();
+    const Hourglass hourglass;
     if (chkOver->isChecked() && !IsNumeric(txtDays->text())) {
         MsgBox("You must enter a number of days to be aging.", "Enter Days to Age");
     } else {
         Reports::ShowOpenInvoicesReport(dtDate->value().toText(), chkSummary->isChecked(), txtDays->text());
         unload();
     }
-    setDefaultPointer();
 }
 
 frmCustomerRegister::frmCustomerRegister()
