@@ -55,7 +55,7 @@ struct TranslationCache::CachedTranslation
 BoundTranslation TranslationCache::of(const QString &sql, const Catalog &catalog)
 {
     jetsql::Fingerprint fingerprint = jetsql::fingerprintOf(sql);
-    Variants *list = fingerprint.key.isEmpty() ? nullptr : m_byFingerprint.find(fingerprint.key);
+    Variants *list = fingerprint.key.isEmpty() ? nullptr : m_byFingerprint.object(fingerprint.key);
     if (list) {
         const auto fitting = std::find_if(list->rbegin(), list->rend(), [&fingerprint](const auto &cached) {
             return cached->fits(fingerprint.constants);
@@ -66,7 +66,7 @@ BoundTranslation TranslationCache::of(const QString &sql, const Catalog &catalog
     auto made = std::make_shared<const CachedTranslation>(sql, catalog, m_dialect, fingerprint.constants);
     if (!fingerprint.key.isEmpty()) {
         if (!list)
-            list = &m_byFingerprint.insert(fingerprint.key, {});
+            m_byFingerprint.insert(fingerprint.key, list = new Variants);
         if (list->size() == maxVariants)
             list->erase(list->begin());
         list->push_back(made);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/engine/lrucache.h"
 #include "data/jetsql/translator.h"
+#include <QCache>
 #include <memory>
 
 /// A statement translated, and the constants to run it with.
@@ -31,5 +31,5 @@ private:
 
     const jetsql::Dialect &m_dialect;
     /// Translations of one fingerprint, the newest last: they differ in a constant that is no parameter.
-    LruCache<QString, Variants> m_byFingerprint{256};
+    QCache<QString, Variants> m_byFingerprint{256};
 };

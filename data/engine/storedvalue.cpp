@@ -1,6 +1,7 @@
 #include "data/engine/storedvalue.h"
 
 #include "data/values/conversions.h"
+#include <chrono>
 #include <limits>
 
 namespace {
@@ -19,12 +20,13 @@ int digits(const char *text, int count)
 }
 
 /// Days from 30 December 1899 to a day of the Gregorian calendar.
+/// A day beyond the month's last counts on into the next, so that "2011-02-30" reads as it always has.
 int daySerial(int year, int month, int day)
 {
-    // Years counted from March put the leap day last, so that the months before it have fixed starts.
-    const int shifted = month > 2 ? year : year - 1;
-    const int dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return shifted * 365 + shifted / 4 - shifted / 100 + shifted / 400 + dayOfYear - 693899;
+    using namespace std::chrono;
+    constexpr sys_days dayZero = December / 30 / 1899;
+    const sys_days first = std::chrono::year(year) / month / 1;
+    return int((first - dayZero).count()) + day - 1;
 }
 
 /// Reads the stored form alone and without allocating, since every date of every row walked passes here.

@@ -58,11 +58,6 @@ void FieldLayout::add(QWidget *field, int column)
     place({}, nullptr, field, nullptr, column);
 }
 
-void FieldLayout::skip(int column)
-{
-    nextRow(column);
-}
-
 void FieldLayout::place(const QString &label, QWidget *buddy, QWidget *widget, QLayout *line, int column)
 {
     const int row = nextRow(column);

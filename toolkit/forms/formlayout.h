@@ -24,8 +24,6 @@ public:
     void add(const QString &label, const QList<QWidget *> &fields, int column = 0);
     /// A field under the others with no label of its own, such as a check box.
     void add(QWidget *field, int column = 0);
-    /// Leaves a row of the column empty.
-    void skip(int column = 0);
 
 private:
     void place(const QString &label, QWidget *buddy, QWidget *widget, QLayout *line, int column);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "data/engine/lrucache.h"
 #include "data/engines/postgres/session.h"
 #include <deque>
 

@@ -94,9 +94,9 @@ void Connection::chooseJournal(const ConnectionOptions &options)
 
 PreparedStatement Connection::prepare(const QByteArray &sql, const ErrorContext &context)
 {
-    if (PreparedStatement idle = m_idle.take(sql)) {
-        idle.setErrorContext(m_file, context);
-        return idle;
+    if (const std::unique_ptr<PreparedStatement> idle(m_idle.take(sql)); idle) {
+        idle->setErrorContext(m_file, context);
+        return std::move(*idle);
     }
     sqlite3_stmt *handle = nullptr;
     const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
@@ -114,7 +114,7 @@ void Connection::giveBack(PreparedStatement statement)
         return;
     statement.reset();
     const QByteArray sql = statement.sql();
-    m_idle.insert(sql, std::move(statement));
+    m_idle.insert(sql, new PreparedStatement(std::move(statement)));
 }
 
 void Connection::run(const QByteArray &sql, const ErrorContext &context)

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/engine/errorcontext.h"
-#include "data/engine/lrucache.h"
 #include "data/engines/sqlite/busywait.h"
 #include "data/engines/sqlite/checkpoint.h"
 #include "data/engines/sqlite/preparedstatement.h"
 #include "data/values/runtimeerror.h"
+#include <QCache>
 
 /// How changes reach the file. `WriteAheadLog` is SQLite's own, for a local disk; `Rollback` the rollback
 /// journal, for a folder that other machines share; `ByMount` takes what suits the place where the file lies.
@@ -85,7 +85,7 @@ private:
     QString m_file;
     BusyWait m_busyWait;
     std::unique_ptr<sqlite3, Closer> m_handle;
-    LruCache<QByteArray, PreparedStatement> m_idle{128};
+    QCache<QByteArray, PreparedStatement> m_idle{128};
     Checkpoint m_checkpoint;
     bool m_usesWriteAheadLog = false;
     bool m_unmarked = false; ///< reached over the network, and not marked as shared yet
