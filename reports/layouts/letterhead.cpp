@@ -20,5 +20,6 @@ Letterhead letterheadIn(const QString &file)
 
 Letterhead letterhead()
 {
-    return letterheadIn(QCoreApplication::applicationDirPath() + "/letterhead.txt");
+    static const Letterhead sender = letterheadIn(QCoreApplication::applicationDirPath() + "/letterhead.txt");
+    return sender;
 }

@@ -11,5 +11,5 @@ struct Letterhead
 /// As the file has it, the name in its first line. Without the file the house name alone; error 75 for one that
 /// cannot be read.
 Letterhead letterheadIn(const QString &file);
-/// As `letterhead.txt` beside the program has it.
+/// As `letterhead.txt` beside the program has it, which is read once, when the first page needs it.
 Letterhead letterhead();
