@@ -1,4 +1,6 @@
 #include "billing/billingroutines.h"
+#include "reportengine/output/printing.h"
+#include "reportengine/report.h"
 #include "tests/support/company.h"
 #include "tests/support/printserver.h"
 
@@ -63,9 +65,34 @@ TEST_F(CreateInvoices, OneCustomerLeavesTheOthersAlone)
     addShipment(addOrder("A-1", "Acme Rail", {{"AX-100", 10, 4.75}}), Date(2011, 3, 4), {4});
     addShipment(addOrder("B-1", "Birch Mill", {{"AX-100", 10, 1}}), Date(2011, 3, 4), {1});
     addShipment(addOrder("B-2", "Birch Mill", {{"AX-100", 10, 1}}), Date(2011, 3, 3), {2});
-    run("Birch Mill");
-    EXPECT_EQ(invoices(), QStringList{"1|1|Birch Mill|3/30/2011|3/30/2011|COD|2, 3|3|7.5"});
+    addShipment("3", Date(2011, 3, 5), {4});
+    FormDriver user("frmCreateInvoices");
+    pick(user, "cmbCustomer", "Birch Mill");
+    user.control<DTPicker>("dtCutoff")->setValue(Date(2011, 3, 4));
+    user.control<DTPicker>("dtDate")->setValue(Date(2011, 4, 2));
+    addRow("Invoice", {}); // so that number and shipments differ
+    QStringList printed;
+    setPrintDestination([&](Report &report, int) {
+        for (const TextParameter &text : report.layout().parameters)
+            if (text.name.startsWith("txtInvoice") || text.name == "txtTerms")
+                printed += text.name + " " + text.text;
+        printed.sort();
+        return true;
+    });
+    user.click("btnPrint");
+    setPrintDestination({});
+    EXPECT_EQ(printed.join('|'), "txtInvoiceDate 4/2/2011|txtInvoiceNumber 2|txtTerms COD");
+    EXPECT_EQ(invoices().mid(1), QStringList{"2|2|Birch Mill|4/2/2011|4/2/2011|COD|2, 3|3|7.5"});
     EXPECT_EQ(marked(), (QStringList{"2", "3"}));
+}
+
+TEST_F(CreateInvoices, NamesThatDifferInCaseShareARowOfTermsButNoInvoice)
+{
+    for (const char *customer : {"Acme Rail", "ACME RAIL", "Acme Rail"})
+        addShipment(addOrder("A-1", customer, {{"AX-100", 1, 1}}), Date(2011, 3, 4), {1});
+    run();
+    EXPECT_EQ(database.rows("SELECT Customer, Terms, Shipment FROM Invoice ORDER BY ID"),
+              (QStringList{"Acme Rail|Net 30|1", "ACME RAIL|Net 30|2", "Acme Rail|Net 30|3"}));
 }
 
 TEST_F(CreateInvoices, NothingIsBilledTwiceAndAnEmptyRunSaysSo)

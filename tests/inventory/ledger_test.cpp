@@ -117,6 +117,7 @@ TEST_F(Ledger, RebuildDropsWhatNoDocumentHoldsAnyMore)
     UpdateAvailInv("North", "Gone", 3);
     adjust("North", 10);
     EXPECT_EQ(rebuilt(), QStringList{"North|P1|10"});
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
 }
 
 TEST_F(Ledger, RebuildPassesOverLeftoversOfTheJoins)

@@ -127,6 +127,9 @@ TEST_F(StockForms, SaveNeedsWarehousesAndALine)
     refuse(first, adjust);
     pick(first, "cmbWarehouse", "Main");
     refuse(first, adjust);
+    addLine(first, "AX-100", "1");
+    first.control<ComboBox>("cmbWarehouse")->setListIndex(-1);
+    refuse(first, adjust);
     FormDriver second(Transfer);
     pick(second, "cmbFrom", "Main");
     refuse(second, transfer);

@@ -44,6 +44,10 @@ TEST_F(WarehouseEntry, SaveRequiresANameAndAStatus)
     FormDriver form("frmWarehouseEntry");
     boxes.expect("Required Fields", "Warehouse Name and Status are required.");
     form.click("btnSave");
+    boxes.expect("Required Fields", "Warehouse Name and Status are required.");
+    form.type("cmbWarehouse", "South");
+    form.control<ComboBox>("cmbStatus")->setListIndex(-1);
+    form.click("btnSave");
     EXPECT_TRUE(form.isLoaded());
 }
 

@@ -31,8 +31,8 @@ protected:
                             {"ShipToFax", "555-2"}});
         addRow("Customer", {{"Customer", "Bolt Bros"}, {"Status", "Active"}});
         addRow("Customer", {{"Customer", "Old Co"}, {"Status", "InActive"}});
-        part("P1", "Bolts", 10);
         part("P2", "Nuts", 2.5);
+        part("P1", "Bolts", 10);
         part("P3", "Nuts", 0.1);
         part("Gone", "Nuts", 1, "InActive");
         addRow("PriceSheet", {{"PriceSheet", "Gold"}, {"Part", "P1"}, {"Price", 8.75}});
@@ -52,7 +52,7 @@ protected:
                                              {"Warehouse", warehouse},
                                              {"Status", status},
                                              {"OrderDate", date},
-                                             {"DueDate", date},
+                                             {"DueDate", date.addDays(8)},
                                              {"ShipTo", "Dock"},
                                              {"Total", lines * 10.0},
                                              {"DateAdded", date}});

@@ -47,6 +47,7 @@ TEST_F(OrderLines, LeavingThePartShowsAvailabilityAndPrice)
         EXPECT_EQ(form.text("lblQtyAvail"), row.avail) << row.title;
         EXPECT_EQ(form.text("txtPriceEach"), row.price) << row.title;
         EXPECT_EQ(form.text("lblPriceExt"), "") << "the amount waits for quantity or price";
+        EXPECT_FALSE(QGuiApplication::overrideCursor());
         leave(form, "btnExit");
     }
 }
@@ -168,7 +169,21 @@ TEST_F(OrderLines, NothingIsDeletedWithoutAPickedLine)
 {
     FormDriver form = opened(order("A-7", 2));
     form.click("btnDeleteItem");
+    form.clickCell("vsfgItems", 2);
+    form.click("btnSaveItem"); // the row stays current, its line is no longer picked
+    form.click("btnDeleteItem");
     EXPECT_EQ(rows(form).size(), 2);
+}
+
+TEST_F(OrderLines, ANewLineIsNumberedBehindTheLastOneAndAmountsAddUpAsTheyRead)
+{
+    const QString id = order("A-7", 2);
+    gDatabase->Execute("UPDATE OrderItem SET ItemNumber = 5 WHERE ItemNumber = 2");
+    FormDriver form = opened(id);
+    form.control<FlexGrid>("vsfgItems")->setTextMatrix(1, 5, "$1,010.00");
+    addLine(form, "P2", "2", "1");
+    EXPECT_EQ(rows(form).constLast(), "6|2|P2|Nuts|1|2|");
+    EXPECT_EQ(form.text("lblTotal"), "1032");
 }
 
 TEST_F(OrderLines, NoLineIsDeletedOnceGoodsHaveLeftNorOnAnOrderNeverSaved)

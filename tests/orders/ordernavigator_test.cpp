@@ -31,7 +31,8 @@ TEST_F(OrderNavigator, OpensAtTheTopLeftWithAllOrders)
     EXPECT_EQ(form.row("vsfgOrders", 0),
               "Warehouse|Order Number|Customer|Order Date|Due Date|Status|Total|Ship To|Ship To Phone|Ship To Fax|Date "
               "Added|OrderID");
-    EXPECT_EQ(form.row("vsfgOrders", 2), "North|A-2|Acme|1/1/2011|1/1/2011|Open|10|Dock, , ,  |||1/1/2011|2");
+    EXPECT_EQ(form.row("vsfgOrders", 2), "North|A-2|Acme|1/1/2011|1/9/2011|Open|10|Dock, , ,  |||1/1/2011|2");
+    EXPECT_TRUE(form.shownRow("vsfgOrders", 2).contains("|Open|$10.|Dock"));
     EXPECT_EQ(gridSize(form, "vsfgItems"), 0);
     EXPECT_EQ(texts(form, {"dtStartDate", "dtEndDate", "Frame3"}), "3/30/2011,3/30/2011,Line Items");
     const QWidget *window = form.form()->parentWidget();
@@ -123,6 +124,8 @@ TEST_F(OrderNavigator, DatesCountOnlyWhileTickedAndBothEndsAreIn)
     form.click("chkOrderDate");
     form.click("btnFind");
     EXPECT_EQ(found(form), "A-2 B-10");
+    form.click("btnClear");
+    EXPECT_EQ(texts(form, {"chkOrderDate", "dtStartDate", "dtEndDate"}), "False,1/1/2011,1/31/2011");
 }
 
 TEST_F(OrderNavigator, AnApostropheOrAnOpenBracketInTheNumberBreaksTheStatement)
@@ -148,6 +151,7 @@ TEST_F(OrderNavigator, SelectingARowShowsItsLines)
     EXPECT_EQ(form.row("vsfgItems", 0),
               "Item Number|Qty Ordered|Qty Shipped|Part No.|Category|Price Each|Price Ext.|Cust. No.");
     EXPECT_EQ(form.grid("vsfgItems").mid(1), (QStringList{"1|1||P1|Bolts|10|99|C1", "2|2|2|P1|Bolts|10|99|C2"}));
+    EXPECT_EQ(form.shownRow("vsfgItems", 2), "2|2|2|P1|Bolts|$10.|$99.|C2");
     form.key(Qt::Key_Up);
     EXPECT_EQ(form.text("Frame3"), "Order A-2 Line Items");
     form.clickCell("vsfgOrders", 1);

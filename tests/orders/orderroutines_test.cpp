@@ -100,6 +100,7 @@ TEST_F(OrderRoutines, StatusFollowsWhatIsShippedWhateverItWas)
     const StatusCase cases[] = {
         {"nothing shipped", {5, 2}, {}, "Closed", "Open"},
         {"one line full, one in part", {5, 2}, {{1, 5}, {2, 1}}, "Open", "Open"},
+        {"one line in part, one full", {5, 2}, {{1, 1}, {2, 2}}, "Closed", "Open"},
         {"all full, in two shipments", {5, 2}, {{1, 3}, {1, 2}, {2, 2}}, "Open", "Closed"},
         {"more than ordered", {5}, {{1, 6}}, "Open", "Closed"},
         {"a void order comes back", {5}, {{1, 5}}, "Void", "Closed"},

@@ -54,10 +54,13 @@ TEST_F(ShipmentEntry, OrderFillsShipToAndLines)
     EXPECT_EQ(user.text("cmbOrder"), "A-1 - 3/1/2011");
     EXPECT_EQ(lines(user, "vsfgItems"), (QStringList{"1|10|4||AX-100|4.75|47.5", "2|2.5|||BR-200|2.2|5.5"}))
         << "nothing shipped is an empty cell, not 0";
+    EXPECT_EQ(user.shownRow("vsfgItems", 1), "1|10|4||AX-100|$4.75|$47.5");
     QStringList shipTo;
     for (const char *box : {"txtShipTo", "txtAddress1", "txtAddress2", "txtCity", "txtState", "txtZip"})
         shipTo += user.text(box);
     EXPECT_EQ(shipTo, (QStringList{"Dock 4", "1 Pier Rd", "", "Erie", "PA", "16501"}));
+    database.execute("UPDATE OrderItem SET PriceEach = NULL WHERE ItemNumber = 2");
+    EXPECT_EQ(lines(begin("Acme Rail"), "vsfgItems").constLast(), "2|2.5|||BR-200||");
 }
 
 TEST_F(ShipmentEntry, OrderListsGrowWithEveryChoiceOfACustomer)
@@ -65,11 +68,13 @@ TEST_F(ShipmentEntry, OrderListsGrowWithEveryChoiceOfACustomer)
     const QString first = addOrder("A-1", "Acme Rail", {{"AX-100", 10, 4.75}});
     addOrder("A-2", "Acme Rail", {}, "Closed");
     const QString second = addOrder("B-1", "Birch Mill", {{"AX-100", 3, 4}});
+    const QString lower = addOrder("A-0", "Acme Rail", {});
     FormDriver user("frmShipmentEntry");
     for (const char *customer : {"Acme Rail", "Birch Mill", "Acme Rail"})
         pick(user, "cmbCustomer", customer);
-    EXPECT_EQ(entries(user, "cmbOrder"), (QStringList{"A-1 - 3/1/2011", "B-1 - 3/1/2011", "A-1 - 3/1/2011"}));
-    EXPECT_EQ(entries(user, "cmbOrderID"), (QStringList{first, second, first}));
+    EXPECT_EQ(entries(user, "cmbOrder"),
+              (QStringList{"A-0 - 3/1/2011", "A-1 - 3/1/2011", "B-1 - 3/1/2011", "A-0 - 3/1/2011", "A-1 - 3/1/2011"}));
+    EXPECT_EQ(entries(user, "cmbOrderID"), (QStringList{lower, first, second, lower, first}));
 
     pick(user, "cmbOrder", "B-1 - 3/1/2011");
     user.click("btnShipAll");
@@ -98,7 +103,7 @@ TEST_F(ShipmentEntry, CellsAreClippedWithoutAWord)
 
 TEST_F(ShipmentEntry, ShipAllTakesWhatRemainsWhateverStoodThere)
 {
-    const QString order = addOrder("A-1", "Acme Rail", {{"AX-100", 10, 1}, {"AX-100", 4, 1}, {"BR-200", 5, 1}});
+    const QString order = addOrder("A-1", "Acme Rail", {{"BR-200", 10, 1}, {"AX-100", 4, 1}, {"BR-200", 5, 1}});
     addShipment(order, Date(2011, 3, 5), {3, 4, 7});
     FormDriver user = begin("Acme Rail");
     user.typeCell("vsfgItems", 1, 3, "1");
@@ -109,17 +114,37 @@ TEST_F(ShipmentEntry, ShipAllTakesWhatRemainsWhateverStoodThere)
 TEST_F(ShipmentEntry, SaveNeedsACustomerAndAQuantity)
 {
     const QString order = addOrder("A-1", "Acme Rail", {{"AX-100", 10, 1}});
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 4; ++i)
         boxes.expect("Unable to Save", "No Items to save.");
     FormDriver("frmShipmentEntry").click("btnSave");
     FormDriver user = begin("Acme Rail");
     user.click("btnSave");
     user.typeCell("vsfgItems", 1, 3, "0");
     user.click("btnSave");
+    user.typeCell("vsfgItems", 1, 3, "-3");
+    user.control<ComboBox>("cmbCustomer")->setListIndex(-1);
+    user.click("btnSave");
     boxes.verify();
     EXPECT_TRUE(user.isLoaded());
     EXPECT_EQ(shipments(), QStringList());
     EXPECT_EQ(status(order), "Open");
+    user.control<ComboBox>("cmbCustomer")->setListIndex(0);
+    save(user);
+    EXPECT_EQ(items(), QStringList{"1|1|1|-3"}) << "goods come back alone";
+}
+
+TEST_F(ShipmentEntry, AnotherOrderTakesTheLinesButNotTheShipment)
+{
+    const QString own = addOrder("A-1", "Acme Rail", {{"AX-100", 3, 1}}, "Closed");
+    const QString other = addOrder("A-2", "Acme Rail", {{"AX-100", 2, 1}});
+    addShipment(own, Date(2011, 3, 5), {3});
+    FormDriver user = open("1");
+    pick(user, "cmbOrder", "A-2 - 3/1/2011");
+    user.click("btnShipAll");
+    save(user);
+    EXPECT_EQ(database.rows("SELECT ID, OrderID FROM Shipment"), QStringList{"1|1"});
+    EXPECT_EQ(items(), QStringList{"1|2|1|2"});
+    EXPECT_EQ(status(own) + status(other), "OpenOpen") << "its own order's status is recomputed, not the other's";
 }
 
 TEST_F(ShipmentEntry, PartialShipmentLeavesTheOrderOpenAndTheLastOneClosesIt)
@@ -130,9 +155,10 @@ TEST_F(ShipmentEntry, PartialShipmentLeavesTheOrderOpenAndTheLastOneClosesIt)
     first.type("txtFreight", "12.5");
     first.type("txtAdjustment", "");
     first.type("txtShipVia", "Truck");
+    first.control<DTPicker>("dtDate")->setValue(Date(2011, 3, 28));
     save(first);
     EXPECT_FALSE(first.isLoaded());
-    EXPECT_EQ(shipments(), QStringList{"1|1|3/30/2011|Truck|12.5|0|False|"});
+    EXPECT_EQ(shipments(), QStringList{"1|1|3/28/2011|Truck|12.5|0|False|"});
     EXPECT_EQ(items(), QStringList{"1|1|1|4"}) << "a line of 0 has no row";
     EXPECT_EQ(ledger(), QStringList{"Main|AX-100|4"}) << "a shipment adds";
     EXPECT_EQ(status(order), "Open");

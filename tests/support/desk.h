@@ -65,6 +65,8 @@ public:
     /// One row of a grid, its cells with "|" between them, and the whole grid by its rows, the header first.
     QString row(const QString &grid, int row) const;
     QStringList grid(const QString &name) const;
+    /// One data row of a grid as the screen shows it.
+    QString shownRow(const QString &grid, int row) const;
     bool enabled(const QString &name) const { return control<QWidget>(name)->isEnabled(); }
     /// The name of the control that has the focus; empty when none has.
     QString focus() const;

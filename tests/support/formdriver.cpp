@@ -160,6 +160,15 @@ QString FormDriver::row(const QString &grid, int row) const
     return cells.join(u'|');
 }
 
+QString FormDriver::shownRow(const QString &grid, int row) const
+{
+    const QAbstractItemModel *model = control<FlexGrid>(grid)->model();
+    QStringList cells;
+    for (int col = 0; col < model->columnCount(); ++col)
+        cells += model->index(row - 1, col).data().toString();
+    return cells.join(u'|');
+}
+
 QStringList FormDriver::grid(const QString &name) const
 {
     QStringList all;
