@@ -40,14 +40,15 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Maximum({Sold}, {Region})", "2/29/2012"}, Case{"if {Qty} > 3 then \"many\" else \"few\"", "many"},
         Case{"if ({@Amount} = 0) then true", "False"}, Case{"if {Qty} = 0 then 7", "0"},
         Case{"\"[\" & (if {Qty} = 0 then \"x\") & \"]\"", "[]"}, Case{"{Qty} = 4 and not ({Price} < 3)", "True"},
-        Case{"{Qty} = 5 or {Price} >= 10", "True"}, Case{"{Customer} = \"ALPHA\"", "True"},
-        Case{"\"a\" + 'b' & 1.50", "ab1.5"}, Case{"IsNull({Note})", "True"}, Case{"\"<\" & {Note} & \">\"", "<>"},
-        Case{"ToText({Qty} * 1000.5, 2)", "4,002.00"}, Case{"ToText({Sold}, \"MMMM yyyy\")", "April 2011"},
-        Case{"{Sold} - CDate({?txtDate})", "2"}, Case{"{Sold} + 1", "4/2/2011"},
-        Case{"Year({Sold}) * 100 + Month({Sold})", "201104"}, Case{"Round(2.5) + Round(-2.5)", "0"},
-        Case{"Round(2.345, 1)", "2.3"}, Case{"-Int(-2.1)", "3"}, Case{"UCase(Trim(\"  x \"))", "X"},
-        Case{"GroupName({Region})", "east"}, Case{"PageNumber", "1"}, Case{"PageNofM", "Page 1 of 1"},
-        Case{"1 // a remark\n + 1", "2"}, Case{"\"say \"\"yes\"\"\"", "say \"yes\""}, Case{"{@Empty}", "False"}));
+        Case{"{Qty} = 5 or {Price} >= 10", "True"}, Case{"{Qty} = 4 or {Qty} = 5 and {Price} >= 99", "True"},
+        Case{"{Customer} = \"ALPHA\"", "True"}, Case{"\"a\" + 'b' & 1.50", "ab1.5"}, Case{"IsNull({Note})", "True"},
+        Case{"\"<\" & {Note} & \">\"", "<>"}, Case{"ToText({Qty} * 1000.5, 2)", "4,002.00"},
+        Case{"ToText({Sold}, \"MMMM yyyy\")", "April 2011"}, Case{"{Sold} - CDate({?txtDate})", "2"},
+        Case{"{Sold} + 1", "4/2/2011"}, Case{"Year({Sold}) * 100 + Month({Sold})", "201104"},
+        Case{"Round(2.5) + Round(-2.5)", "0"}, Case{"Round(2.345, 1)", "2.3"}, Case{"Round(2.5)", "3"},
+        Case{"-Int(-2.1)", "3"}, Case{"UCase(Trim(\"  x \"))", "X"}, Case{"GroupName({Region})", "east"},
+        Case{"PageNumber", "1"}, Case{"PageNofM", "Page 1 of 1"}, Case{"1 // a remark\n + 1", "2"},
+        Case{"\"say \"\"yes\"\"\"", "say \"yes\""}, Case{"{@Empty}", "False"}));
 
 TEST(FormulaNulls, CountAsDefaultsOrMakeTheResultNull)
 {

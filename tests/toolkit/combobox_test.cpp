@@ -125,6 +125,10 @@ TEST_F(ComboBoxTest, TypingIntoAnEditableBoxChangesPerKeyAndNeverSelects)
     QTest::keyClick(box->findChild<QLineEdit *>(), Qt::Key_Backspace);
     EXPECT_EQ(box->text(), "Bol");
     EXPECT_EQ(box->listIndex(), -1);
+    box->setText(box->list(1));
+    EXPECT_EQ(box->listIndex(), 1);
+    QTest::keyClick(box->findChild<QLineEdit *>(), Qt::Key_Backspace);
+    EXPECT_EQ(box->listIndex(), -1) << "the entry was typed over";
 }
 
 TEST_F(ComboBoxTest, PickingFromTheListClicksAlsoOnTheEntryAlreadySelected)

@@ -128,6 +128,7 @@ TEST_F(FieldsTest, ADateTypedIsReadAsWrittenOrRefused)
         {"3/30/11", "3/30/2011"},
         {"3.30.2011", "3/30/2011"},
         {"12312010", "12/31/2010"},
+        {"492025", "4/9/2025"},
         {"4/9/30", "4/9/1930"},
         {"4", "4/15/2012"},
         {"/20", "3/20/2012"},
@@ -200,6 +201,8 @@ TEST_F(FieldsTest, TypingBeginsAtTheMonthHoweverTheFocusCame)
         EXPECT_EQ(line->selectedText(), "3");
         driver.keys("5");
         EXPECT_EQ(form->it->value().toText(), "5/30/2011");
+        driver.key(Qt::Key_Tab);
+        EXPECT_NE(driver.focus(), "it") << "Tab leaves the picker, whatever part the caret is in";
     }
 }
 

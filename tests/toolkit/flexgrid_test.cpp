@@ -122,6 +122,8 @@ TEST_F(FlexGridTest, AFormatChangesWhatIsPaintedAndNotTheText)
     EXPECT_EQ(shown(3, 1).toString(), "");
     EXPECT_EQ(shown(1, 2, Qt::EditRole), "1234.5");
     EXPECT_EQ(grid->textMatrix(1, 2), "1234.5");
+    grid->setTextMatrix(0, 2, "2010");
+    EXPECT_EQ(grid->model()->headerData(2, Qt::Horizontal).toString(), "2010");
     EXPECT_EQ(shown(1, 2, Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
     EXPECT_EQ(grid->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
 }
