@@ -221,6 +221,56 @@ TEST_F(FieldsTest, F4AndAltDownOpenTheCalendar)
     }
 }
 
+TEST_F(FieldsTest, ADateIsTypedOnAroundKeysPastesAndTheCalendar)
+{
+    auto *form = ControlForm<DTPicker>::load();
+    FormDriver driver("test");
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        return [&driver, key, modifiers] { driver.key(key, modifiers); };
+    };
+    const auto type = [&](const char *text) { return [&driver, text] { driver.keys(text); }; };
+    const auto calendar = [&] {
+        driver.key(Qt::Key_F4);
+        QTest::keyClick(form->it->calendarWidget(), Qt::Key_Escape);
+        form->it->calendarWidget()->window()->close();
+        QApplication::setActiveWindow(mdi.get());
+        form->it->setFocus();
+    };
+    const auto paste = press(Qt::Key_V, Qt::ControlModifier);
+    const struct
+    {
+        const char *title, *expected;
+        std::vector<std::function<void()>> acts;
+    } cases[] = {
+        {"the year alone", "3/15/2025", {press(Qt::Key_End), type("25")}},
+        {"the day alone", "3/9/2012", {press(Qt::Key_Right), type("9")}},
+        {"the day again behind a short year", "4/7/2025", {type("4/9/25"), press(Qt::Key_Left), type("7")}},
+        {"the month again behind a whole date", "5/9/2025", {type("4/9/2025"), press(Qt::Key_Home), type("5")}},
+        {"a digit taken back", "4/9/2026", {type("4/9/25"), press(Qt::Key_Backspace), type("6")}},
+        {"a paste over a half date", "1/2/2026", {type("4/9"), paste}},
+        {"a date behind a paste", "4/9/2025", {paste, type("4/9/25")}},
+        {"a paste behind a date", "1/2/2026", {type("4/9/25"), paste}},
+        {"the calendar behind a short year",
+         "4/10/2026",
+         {type("4/9/25"), calendar, press(Qt::Key_Home), type("4/10/26")}},
+        {"an arrow behind a short year", "4/9/2026", {type("4/9/25"), press(Qt::Key_Up)}},
+        {"Enter behind a short year",
+         "5/10/2026",
+         {type("4/9/25"), press(Qt::Key_Return), press(Qt::Key_Home), type("5/10/26")}},
+    };
+    QApplication::clipboard()->setText("1/2/26\n");
+    for (const auto &date : cases) {
+        form->it->setValue(Date(2012, 3, 15));
+        driver.click("away");
+        driver.key(Qt::Key_Tab);
+        for (const auto &act : date.acts)
+            act();
+        driver.click("away");
+        EXPECT_EQ(form->it->value().toText(), date.expected) << date.title;
+        EXPECT_EQ(driver.text("it"), date.expected) << date.title;
+    }
+}
+
 TEST_F(FieldsTest, ACopiedDateIsTakenOverOnlyIfItIsOne)
 {
     auto *form = ControlForm<DTPicker>::load();

@@ -146,9 +146,11 @@ void DTPicker::endDraft()
         setValue(m_former);
     else
         setDate(day);
-    const QSignalBlocker shownOnly(lineEdit());
-    lineEdit()->setText(textFromDateTime(dateTime()));
-    goTo(refused ? 0 : part);
+    {
+        const QSignalBlocker shownOnly(lineEdit());
+        lineEdit()->setText(textFromDateTime(dateTime()));
+    }
+    goTo(refused ? 0 : part); // heard by the base class, which steps the part it last heard of
 }
 
 bool DTPicker::isInRange(QDate day) const
