@@ -35,6 +35,8 @@ enum class Op {
     Negate
 };
 
+enum class Aggregate { Sum, Count, Min, Max, Avg };
+
 /// A table of a FROM clause, or a SELECT standing in for one.
 struct Source
 {
@@ -87,16 +89,17 @@ struct Expr
     };
 
     Kind kind = Kind::Null;
-    Op op = Op::None;              ///< of Unary and Binary; And and Or take any number of operands
-    bool negated = false;          ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
-    bool whole = false;            ///< a Number without fraction, within 32 bits
-    double number = 0;             ///< Number, the serial of a Date, 1 or 0 for a Boolean
-    int constant = -1;             ///< of a Text, Number or Date: which of the statement's constants it is
-    bool minus = false;            ///< a Number with an odd count of minus signs before it
-    QString qualifier;             ///< of a Column, empty without one
-    QString name;                  ///< of a Column, the aggregate in capitals, or the characters of a Text
-    QStringView source;            ///< as typed
-    std::vector<ExprPtr> operands; ///< COUNT(*) has none
+    Op op = Op::None;                     ///< of Unary and Binary; And and Or take any number of operands
+    Aggregate aggregate = Aggregate::Sum; ///< of an Aggregate
+    bool negated = false;                 ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
+    bool whole = false;                   ///< a Number without fraction, within 32 bits
+    double number = 0;                    ///< Number, the serial of a Date, 1 or 0 for a Boolean
+    int constant = -1;                    ///< of a Text, Number or Date: which of the statement's constants it is
+    bool minus = false;                   ///< a Number with an odd count of minus signs before it
+    QString qualifier;                    ///< of a Column, empty without one
+    QString name;                         ///< of a Column, the characters of a Text, "ISNULL" of a call of it
+    QStringView source;                   ///< as typed
+    std::vector<ExprPtr> operands;        ///< COUNT(*) has none
     std::unique_ptr<Select> select;
 
     const Source *from = nullptr; ///< of a Column (resolver)

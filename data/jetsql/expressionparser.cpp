@@ -11,7 +11,11 @@ constexpr size_t maxChain = 99;
 /// Of chains of chains. Every pass walks down by recursion, and SQLite refuses a tree of 1,000 levels.
 constexpr int maxHeight = 250;
 
-constexpr QStringView aggregateNames[] = {u"SUM", u"COUNT", u"MIN", u"MAX", u"AVG"};
+constexpr std::pair<QStringView, Aggregate> aggregates[] = {{u"SUM", Aggregate::Sum},
+                                                            {u"COUNT", Aggregate::Count},
+                                                            {u"MIN", Aggregate::Min},
+                                                            {u"MAX", Aggregate::Max},
+                                                            {u"AVG", Aggregate::Avg}};
 
 struct SymbolOp
 {
@@ -428,13 +432,17 @@ ExprPtr Parser::call(const Token &name)
     const Nesting nesting(*this);
     take(); // the bracket
     const QString word = name.text.toUpper();
-    const bool aggregate =
-        std::find(std::begin(aggregateNames), std::end(aggregateNames), word) != std::end(aggregateNames);
-    if (!aggregate && word != QLatin1String("ISNULL"))
+    const auto *aggregate = std::find_if(std::begin(aggregates), std::end(aggregates),
+                                         [&word](const auto &known) { return known.first == word; });
+    const bool isAggregate = aggregate != std::end(aggregates);
+    if (!isAggregate && word != QLatin1String("ISNULL"))
         fail(3085, {name.text});
-    ExprPtr result = make(aggregate ? Expr::Kind::Aggregate : Expr::Kind::IsNull);
-    result->name = word;
-    if (!(word == QLatin1String("COUNT") && accept(u'*')))
+    ExprPtr result = make(isAggregate ? Expr::Kind::Aggregate : Expr::Kind::IsNull);
+    if (isAggregate)
+        result->aggregate = aggregate->second;
+    else
+        result->name = word; // so that ISNULL(x) and x IS NULL stay two expressions for GROUP BY
+    if (!(isAggregate && aggregate->second == Aggregate::Count && accept(u'*')))
         result->operands.push_back(expression());
     closeBracket();
     return closed(std::move(result), name.start);

@@ -407,17 +407,17 @@ Piece ExpressionWriter::aggregate(const Expr &expr) const
     // Inside of it the rows of the group are met one by one.
     if (m_groupKeys)
         return ExpressionWriter(m_dialect, m_subselect).aggregate(expr);
-    if (expr.name == QLatin1String("COUNT"))
+    if (expr.aggregate == Aggregate::Count)
         return {"count(" + (expr.operands.empty() ? QString("*") : plain(*expr.operands[0]).text) + u')'};
     const Expr &operand = *expr.operands[0];
-    if (expr.name == QLatin1String("SUM")) {
+    if (expr.aggregate == Aggregate::Sum) {
         const bool money = expr.type.type == ColumnType::Currency;
         return {m_dialect.sum(number(operand).text, money)};
     }
-    if (expr.name == QLatin1String("AVG"))
+    if (expr.aggregate == Aggregate::Avg)
         return {m_dialect.average(number(operand).text)};
     // Yes is the lesser: -1.
-    const bool least = (expr.name == QLatin1String("MIN")) != operand.type.isYesNo();
+    const bool least = (expr.aggregate == Aggregate::Min) != operand.type.isYesNo();
     const Piece value = plain(operand);
     return {m_dialect.extreme(least, operand.type.isText() ? value.at(Level::Primary) : value.text, operand)};
 }

@@ -148,7 +148,7 @@ public:
         const Source *table = inner.sources.front().get();
         const Expr &sum = *inner.items.front().expr;
         // COUNT is 0, not Null, where there is no row.
-        if (sum.kind != Kind::Aggregate || sum.name == QLatin1String("COUNT") || !readsOnly(sum, table))
+        if (sum.kind != Kind::Aggregate || sum.aggregate == Aggregate::Count || !readsOnly(sum, table))
             return;
         for (ExprPtr *part : conjuncts(inner.where)) {
             if (readsOnly(**part, table))

@@ -174,11 +174,11 @@ private:
 
     static ExprType aggregateType(const Expr &expr)
     {
-        if (expr.name == QLatin1String("COUNT"))
+        if (expr.aggregate == Aggregate::Count)
             return ofType(ColumnType::Long);
         ExprType type = expr.operands.front()->type;
         type.autoNumber = false;
-        if (expr.name == QLatin1String("MIN") || expr.name == QLatin1String("MAX"))
+        if (expr.aggregate == Aggregate::Min || expr.aggregate == Aggregate::Max)
             return type;
         if (type.isText())
             fail(3464);
@@ -308,8 +308,8 @@ std::vector<ResultColumn> resultColumns(const Select &select)
 
 bool sameExpression(const Expr &a, const Expr &b)
 {
-    if (a.kind != b.kind || a.op != b.op || a.negated != b.negated || a.select || b.select ||
-        a.operands.size() != b.operands.size())
+    if (a.kind != b.kind || a.op != b.op || a.aggregate != b.aggregate || a.negated != b.negated || a.select ||
+        b.select || a.operands.size() != b.operands.size())
         return false;
     if (a.kind == Expr::Kind::Column)
         return a.from == b.from && a.column == b.column;
