@@ -61,10 +61,10 @@ void frmInventoryAdjust::btnSave_Click()
     for (int row = 1; row < vsfgAdjustment->rows(); ++row) {
         details.AddNew();
         details.Fields("AdjustmentID") = txtID->text();
-        details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, 0);
-        details.Fields("Qty") = vsfgAdjustment->textMatrix(row, 2);
+        details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, PartColumn);
+        details.Fields("Qty") = vsfgAdjustment->textMatrix(row, QtyColumn);
         details.Update();
-        UpdateAvailInv(cmbWarehouse->text(), vsfgAdjustment->textMatrix(row, 0), CInt(quantity(row)));
+        UpdateAvailInv(cmbWarehouse->text(), vsfgAdjustment->textMatrix(row, PartColumn), CInt(quantity(row)));
     }
     details.Close();
     unload();

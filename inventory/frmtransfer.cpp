@@ -152,7 +152,7 @@ void frmTransfer::saveFromLines(const QString &FromID)
     for (int row = 1; row < vsfgAdjustment->rows(); ++row) {
         details.AddNew();
         details.Fields("AdjustmentID") = FromID;
-        details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, 0);
+        details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, PartColumn);
         details.Fields("Qty") = quantity(row) * -1;
         details.Update();
     }
@@ -164,11 +164,11 @@ void frmTransfer::saveToLines(const QString &ToID)
     gDatabase->Execute("DELETE * FROM AdjustmentDetail WHERE AdjustmentID = " + ToID);
     Recordset details = gDatabase->OpenRecordset("SELECT * FROM AdjustmentDetail");
     for (int row = 1; row < vsfgAdjustment->rows(); ++row) {
-        const QString part = vsfgAdjustment->textMatrix(row, 0);
+        const QString part = vsfgAdjustment->textMatrix(row, PartColumn);
         details.AddNew();
         details.Fields("AdjustmentID") = ToID;
         details.Fields("PartNo") = part;
-        details.Fields("Qty") = vsfgAdjustment->textMatrix(row, 2);
+        details.Fields("Qty") = vsfgAdjustment->textMatrix(row, QtyColumn);
         details.Update();
         UpdateAvailInv(cmbFrom->text(), part, CInt(quantity(row) * -1));
         UpdateAvailInv(cmbTo->text(), part, CInt(quantity(row)));

@@ -6,11 +6,6 @@
 #include "toolkit/forms/formlayout.h"
 #include "toolkit/forms/mainmod.h"
 
-namespace {
-constexpr int QtyColumn = 2;
-constexpr int CostColumn = 3; // filled by Add, empty on reload, hidden and read by nothing
-} // namespace
-
 StockForm::StockForm(const QString &name, const QString &caption, const QString &headerCaption,
                      const QString &linesCaption)
     : Form(name, caption), Frame3(addFrame("Frame3", headerCaption)), Frame2(addFrame("Frame2", linesCaption)),

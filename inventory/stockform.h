@@ -9,6 +9,9 @@ class StockForm : public Form
 {
     Q_OBJECT
 protected:
+    /// Columns of vsfgAdjustment. The cost is filled by Add, empty on reload, hidden and read by nothing.
+    enum Column { PartColumn = 0, QtyColumn = 2, CostColumn = 3 };
+
     StockForm(const QString &name, const QString &caption, const QString &headerCaption, const QString &linesCaption);
 
     void formLoad() override;

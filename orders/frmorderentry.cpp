@@ -122,7 +122,7 @@ void frmOrderEntry::RefreshGrid()
         }
         rs.Close();
     }
-    formatGrid(vsfgItems, {4, 5});
+    formatGrid(vsfgItems, {PriceEach, PriceExt});
 }
 
 void frmOrderEntry::OpenOrder(qint16 ID)

@@ -21,6 +21,9 @@ protected:
     void formUnload() override;
 
 private:
+    /// The columns of vsfgItems.
+    enum Column { ItemNumber, Qty, PartNo, Category, PriceEach, PriceExt, CustomerNumber };
+
     // frmorderentry_layout.cpp
     void makeControls();
     void connectEvents();

@@ -36,7 +36,7 @@ void frmOrderEntry::UpdateTotal()
 {
     double total = 0;
     for (int row = 1; row < vsfgItems->rows(); ++row) {
-        const QString amount = vsfgItems->textMatrix(row, 5);
+        const QString amount = vsfgItems->textMatrix(row, PriceExt);
         if (!amount.isEmpty())
             total += CDbl(amount);
     }
@@ -47,12 +47,12 @@ void frmOrderEntry::vsfgItems_AfterRowColChange(int newRow)
 {
     if (newRow <= 0)
         return;
-    lblItem->setText(vsfgItems->textMatrix(newRow, 0));
-    txtQty->setText(vsfgItems->textMatrix(newRow, 1));
-    cmbPart->setText(vsfgItems->textMatrix(newRow, 2));
-    txtPriceEach->setText(vsfgItems->textMatrix(newRow, 4));
-    lblPriceExt->setText(vsfgItems->textMatrix(newRow, 5));
-    txtCustomerNumber->setText(vsfgItems->textMatrix(newRow, 6));
+    lblItem->setText(vsfgItems->textMatrix(newRow, ItemNumber));
+    txtQty->setText(vsfgItems->textMatrix(newRow, Qty));
+    cmbPart->setText(vsfgItems->textMatrix(newRow, PartNo));
+    txtPriceEach->setText(vsfgItems->textMatrix(newRow, PriceEach));
+    lblPriceExt->setText(vsfgItems->textMatrix(newRow, PriceExt));
+    txtCustomerNumber->setText(vsfgItems->textMatrix(newRow, CustomerNumber));
     setFocusTo(txtQty);
 }
 
@@ -74,7 +74,7 @@ void frmOrderEntry::btnSaveItem_Click()
 void frmOrderEntry::addLine()
 {
     const int last = vsfgItems->rows() - 1;
-    const double item = last == 0 ? 1 : CDbl(vsfgItems->textMatrix(last, 0)) + 1;
+    const double item = last == 0 ? 1 : CDbl(vsfgItems->textMatrix(last, ItemNumber)) + 1;
     vsfgItems->addItem(textOf(item) + "\t" + txtQty->text() + "\t" + cmbPart->text() + "\t" +
                        cmbCategory->list(cmbPart->listIndex()) + "\t" + txtPriceEach->text() + "\t" +
                        lblPriceExt->text() + "\t" + txtCustomerNumber->text());
@@ -87,12 +87,12 @@ void frmOrderEntry::addLine()
 void frmOrderEntry::changeLine()
 {
     const int row = CLng(lblItem->text());
-    vsfgItems->setTextMatrix(row, 0, lblItem->text());
-    vsfgItems->setTextMatrix(row, 2, cmbPart->text());
-    vsfgItems->setTextMatrix(row, 1, txtQty->text());
-    vsfgItems->setTextMatrix(row, 4, txtPriceEach->text());
-    vsfgItems->setTextMatrix(row, 5, lblPriceExt->text());
-    vsfgItems->setTextMatrix(row, 6, txtCustomerNumber->text());
+    vsfgItems->setTextMatrix(row, ItemNumber, lblItem->text());
+    vsfgItems->setTextMatrix(row, PartNo, cmbPart->text());
+    vsfgItems->setTextMatrix(row, Qty, txtQty->text());
+    vsfgItems->setTextMatrix(row, PriceEach, txtPriceEach->text());
+    vsfgItems->setTextMatrix(row, PriceExt, lblPriceExt->text());
+    vsfgItems->setTextMatrix(row, CustomerNumber, txtCustomerNumber->text());
     vsfgItems->autoSize();
     clearLineFields();
     setFocusTo(txtQty);

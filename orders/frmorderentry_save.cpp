@@ -64,13 +64,13 @@ void frmOrderEntry::saveLines()
     for (int row = 1; row < vsfgItems->rows(); ++row) {
         rs.AddNew();
         rs.Fields("OrderID") = lblID->text();
-        rs.Fields("ItemNumber") = vsfgItems->textMatrix(row, 0);
-        rs.Fields("Qty") = vsfgItems->textMatrix(row, 1);
-        rs.Fields("PartNo") = vsfgItems->textMatrix(row, 2);
-        rs.Fields("Category") = vsfgItems->textMatrix(row, 3);
-        rs.Fields("PriceEach") = vsfgItems->textMatrix(row, 4);
-        rs.Fields("PriceExt") = vsfgItems->textMatrix(row, 5);
-        rs.Fields("CustomerNumber") = vsfgItems->textMatrix(row, 6);
+        rs.Fields("ItemNumber") = vsfgItems->textMatrix(row, ItemNumber);
+        rs.Fields("Qty") = vsfgItems->textMatrix(row, Qty);
+        rs.Fields("PartNo") = vsfgItems->textMatrix(row, PartNo);
+        rs.Fields("Category") = vsfgItems->textMatrix(row, Category);
+        rs.Fields("PriceEach") = vsfgItems->textMatrix(row, PriceEach);
+        rs.Fields("PriceExt") = vsfgItems->textMatrix(row, PriceExt);
+        rs.Fields("CustomerNumber") = vsfgItems->textMatrix(row, CustomerNumber);
         rs.Update();
     }
     rs.Close();
@@ -92,13 +92,13 @@ void frmOrderEntry::bookDropShipment()
     gDatabase->Execute("DELETE FROM ShipmentItems WHERE ShipmentID = " + shipmentID);
     Recordset items = gDatabase->OpenRecordset("SELECT TOP 1 * FROM ShipmentItems");
     for (int row = 1; row < vsfgItems->rows(); ++row) {
-        if (Val(vsfgItems->textMatrix(row, 1)) == 0)
+        if (Val(vsfgItems->textMatrix(row, Qty)) == 0)
             continue;
         items.AddNew();
         items.Fields("ShipmentID") = shipmentID;
         items.Fields("OrderID") = lblID->text();
-        items.Fields("OrderLineItem") = vsfgItems->textMatrix(row, 0);
-        items.Fields("Qty") = vsfgItems->textMatrix(row, 1);
+        items.Fields("OrderLineItem") = vsfgItems->textMatrix(row, ItemNumber);
+        items.Fields("Qty") = vsfgItems->textMatrix(row, Qty);
         items.Update();
     }
     items.Close();

@@ -12,6 +12,10 @@
 #include <QVBoxLayout>
 
 namespace {
+/// Columns of the two grids, as far as they are spoken to.
+enum OrderColumn { OrderNumberColumn = 1, TotalColumn = 6, OrderIDColumn = 11 };
+enum LineColumn { PriceEachColumn = 5, PriceExtColumn = 6 };
+
 /// Columns by name, looked up once: the list may hold every order of all years.
 std::vector<Field> fields(const Recordset &rs, std::initializer_list<const char *> names)
 {
@@ -118,7 +122,7 @@ void frmOrderNavigator::UpdateGrids()
     Recordset rs = gDatabase->OpenRecordset(searchStatement());
     fillOrders(rs);
     rs.Close();
-    formatGrid(vsfgOrders, {6});
+    formatGrid(vsfgOrders, {TotalColumn});
     vsfgItems->setRows(0);
 }
 
@@ -152,8 +156,8 @@ void frmOrderNavigator::vsfgOrders_AfterRowColChange(int newRow)
 {
     if (newRow <= 0)
         return;
-    const QString orderID = vsfgOrders->textMatrix(newRow, 11);
-    Frame3->setTitle("Order " + vsfgOrders->textMatrix(newRow, 1) + " Line Items");
+    const QString orderID = vsfgOrders->textMatrix(newRow, OrderIDColumn);
+    Frame3->setTitle("Order " + vsfgOrders->textMatrix(newRow, OrderNumberColumn) + " Line Items");
     vsfgItems->setRows(0);
     vsfgItems->setCols(8);
     vsfgItems->addItem("Item Number\tQty Ordered\tQty Shipped\tPart No.\tCategory\tPrice Each\tPrice Ext.\tCust. No.");
@@ -171,13 +175,13 @@ void frmOrderNavigator::vsfgOrders_AfterRowColChange(int newRow)
         rs.MoveNext();
     }
     rs.Close();
-    formatGrid(vsfgItems, {5, 6});
+    formatGrid(vsfgItems, {PriceEachColumn, PriceExtColumn});
 }
 
 void frmOrderNavigator::vsfgOrders_DblClick(int row)
 {
     // The header counts as no order: the form opens empty. Numbers beyond 16 bits overflow here.
-    const qint16 id = row >= 1 ? CInt(vsfgOrders->textMatrix(row, 11)) : 0;
+    const qint16 id = row >= 1 ? CInt(vsfgOrders->textMatrix(row, OrderIDColumn)) : 0;
     static_cast<frmOrderEntry *>(Load("frmOrderEntry"))->OpenOrder(id);
 }
 

@@ -11,6 +11,7 @@
 
 namespace {
 constexpr int ShipmentIDColumn = 2;
+enum LineColumn { PriceEachColumn = 4, PriceExtColumn = 5 };
 } // namespace
 
 frmShipmentNavigator::frmShipmentNavigator()
@@ -137,7 +138,7 @@ void frmShipmentNavigator::vsfgShipments_AfterRowColChange(int, int, int newRow,
         lines.MoveNext();
     }
     lines.Close();
-    formatGrid(vsfgItems, {4, 5});
+    formatGrid(vsfgItems, {PriceEachColumn, PriceExtColumn});
 }
 
 // A double-click on the header opens the entry form empty.
