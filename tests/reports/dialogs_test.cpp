@@ -253,6 +253,7 @@ TEST_F(Dialogs, AnInvoiceWithoutShipmentsIsRefused)
     invoice.choose("cmbReport", "10");
     invoice.click("btnPrint");
     EXPECT_EQ(viewers().size(), 1);
+    EXPECT_EQ(parameter("txtInvoiceDate"), "2/4/2010") << "its own, not the day it is printed again";
 }
 
 TEST_F(Dialogs, TheListingChecksDaysOnlyWhenToldAndFiltersByTheirText)
@@ -271,6 +272,7 @@ TEST_F(Dialogs, TheListingChecksDaysOnlyWhenToldAndFiltersByTheirText)
     EXPECT_FALSE(form.isLoaded());
     EXPECT_EQ(report().rows().rowCount(), 0) << "days count though the box is clear";
     EXPECT_EQ(parameter("txtAsOfDate"), "5/15/2010");
+    EXPECT_FALSE(viewers().last()->windowTitle().contains("summary"));
 }
 
 TEST_F(Dialogs, ProductionAsksForTwoNumbers)
