@@ -5,6 +5,10 @@ using jetsql::StatementKind;
 DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
     : m_engine(std::move(engine)), m_translationCache(m_engine->dialect())
 {
+    m_engine->setRewrite([this](const QString &sql) {
+        const BoundTranslation anew = m_translationCache.of(sql, freshCatalog());
+        return engine::Written{anew->sqlWithParameters, anew.values};
+    });
     readCatalog();
 }
 

@@ -6,6 +6,7 @@
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
 #include <QHash>
+#include <functional>
 #include <optional>
 
 /// What the layers above ask of a database engine. Each engine stands in a folder of its own below data/engines and
@@ -28,6 +29,13 @@ class Transaction
 public:
     virtual ~Transaction() = default;
     virtual void commit() = 0;
+};
+
+/// A statement in the engine's words, and the values for its parameters.
+struct Written
+{
+    QByteArray sql;
+    std::vector<Value> values;
 };
 
 /// How a table made by CREATE TABLE and one made from a result differ: the numbers copied into the latter may
@@ -66,6 +74,10 @@ public:
     /// The same, and waits to know for sure.
     virtual bool catalogIsSurelyCurrent() { return catalogIsCurrent(); }
 
+    /// Told how a statement is written for the tables as they are by then: an engine that does things later may meet
+    /// others than those it was written for.
+    virtual void setRewrite(std::function<Written(const QString &statement)>) {}
+
     /// The rows of a SELECT with values for its parameters. Raises what can be told before the first row is asked for.
     virtual std::unique_ptr<Rows> open(const QByteArray &sql, const std::vector<Value> &values,
                                        const ErrorContext &context) = 0;
@@ -79,6 +91,7 @@ public:
     /// Told before a statement that may write a table's worth of rows.
     virtual void prepareToCopyRows() = 0;
     virtual std::unique_ptr<Transaction> begin(const ErrorContext &context) = 0;
+    /// Runs what context.statement was written to.
     virtual void execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context) = 0;
     virtual void createTable(const TableDef &table, Key key, const ErrorContext &context) = 0;
     virtual void createIndex(const Schema::Index &index, const ErrorContext &context) = 0;

@@ -52,8 +52,9 @@ private:
     {
         if (!m_select.distinct)
             return {};
-        const QStringList keys = m_dialect.comparesByKeys() ? distinctKeys() : QStringList();
-        return keys.isEmpty() ? QStringLiteral("DISTINCT ") : "DISTINCT ON (" + keys.join(QLatin1String(", ")) + ") ";
+        if (!m_dialect.comparesByKeys())
+            return QStringLiteral("DISTINCT ");
+        return "DISTINCT ON (" + distinctKeys().join(QLatin1String(", ")) + ") ";
     }
 
     QStringList distinctKeys() const
@@ -64,6 +65,8 @@ private:
             if (!expr.isConstant())
                 keys.append(m_dialect.comparesByKeys() ? m_result.collated(expr) : item(i));
         }
+        if (keys.isEmpty() && m_dialect.comparesByKeys()) // constants alone are one row
+            keys.append(m_dialect.noGroupKey());
         return keys;
     }
 

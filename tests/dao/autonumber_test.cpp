@@ -65,6 +65,10 @@ TEST_P(AutoNumberTest, GoesOnBehindNumbersOfOtherConnectionsStatementsAndTools)
     if (!file.isOnServer())
         file.plain("DELETE FROM sqlite_sequence");
     EXPECT_EQ(take(*database, true), 92);
+    // What a statement took that failed, a file takes back with the rest of it, a server cannot.
+    const QString tooLong = "INSERT INTO Orders (OrderNumber) VALUES ('" + QString(500, u'x') + "')";
+    EXPECT_EQ(errorNumberOf([&] { runNow(*database, tooLong); }), 3163);
+    EXPECT_EQ(take(*database, true), file.isOnServer() ? 94 : 93);
 }
 
 TEST_P(AutoNumberTest, StaysSpentWhenTheFileIsClosedAndItsRowsAreGone)

@@ -1,5 +1,7 @@
 #include "data/values/runtimeerror.h"
 #include "tests/dao/databasefile.h"
+#include <QTest>
+#include <thread>
 
 // Statements may be sent and not waited for; whatever fails, the database holds what one statement after the other
 // leaves: everything before the failure, nothing behind it.
@@ -70,6 +72,59 @@ TEST_P(BehindTest, AStatementThatFailsIsTheLastThing)
     }
 }
 
+TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
+{
+    const char *read = "SELECT N FROM List", *change = "UPDATE List SET N = N + 1";
+    const struct
+    {
+        const char *column, *row;
+        int error;
+        const char *before, *after;
+    } others[] = {
+        {"N text(10)", "'2'", 0, "2", "3"},    {"N double", "2.5", 0, "2.5", "3.5"},
+        {"N text(10)", "'x'", 3464, "x", "x"}, {"Other long", "2", 3061, "-", "-"},
+        {nullptr, nullptr, 3078, "-", "-"},
+    };
+    const auto rename = [this](const char *from, const char *to) {
+        file.plain(QStringLiteral("ALTER TABLE \"%1\" RENAME TO \"%2\"").arg(from, to)); // tells no session
+    };
+    for (const auto &other : others) {
+        SCOPED_TRACE(other.column ? other.column : "none");
+        const auto database = file.open();
+        runNow(*database, "CREATE TABLE List (N long)");
+        runNow(*database, "INSERT INTO List (N) VALUES (1)");
+        if (other.column) {
+            runNow(*database, QStringLiteral("CREATE TABLE Others (%1)").arg(other.column));
+            runNow(*database, QStringLiteral("INSERT INTO Others VALUES (%1)").arg(other.row));
+        }
+        for (int i = 0; i < 2; ++i) { // known, with its plan kept
+            runNow(*database, change);
+            EXPECT_EQ(column(*database, read), QString::number(i + 2));
+        }
+        rename("List", "Former");
+        rename("Others", "List");
+        if (other.before[0] != '-') {
+            EXPECT_EQ(column(*database, read), other.before);
+        }
+        database->Execute("INSERT INTO Part (PartNo) VALUES ('before')");
+        EXPECT_EQ(errorNumberOf([&] {
+                      database->Execute(change);
+                      database->Execute("INSERT INTO Part (PartNo) VALUES ('behind')");
+                      database->sync();
+                  }),
+                  other.error);
+        EXPECT_EQ(column(*database, "SELECT PartNo FROM Part ORDER BY PartNo"),
+                  other.error ? "before" : "before behind");
+        if (other.after[0] != '-') {
+            EXPECT_EQ(column(*database, read), other.after);
+        }
+        runNow(*database, "DELETE * FROM Part");
+        runNow(*database, "DROP TABLE Former");
+        if (other.column)
+            runNow(*database, "DROP TABLE List");
+    }
+}
+
 class CutSession : public BehindTest
 {
 };
@@ -92,6 +147,31 @@ TEST_P(CutSession, LeavesNoGap)
     }
 }
 
+class Deadlock : public BehindTest
+{
+};
+
+/// Two sessions that change the same rows in another order: one of them is picked by the server and sent again.
+TEST_P(Deadlock, EndsWithBothStatementsDone)
+{
+    const auto other = file.open();
+    runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('a', 0)");
+    runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('b', 0)");
+    const QString both =
+        "BEGIN; UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'b'; SELECT pg_sleep(0.3);"
+        "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'a'; COMMIT";
+    std::thread tool([&] { file.plain(both); });
+    const auto database = file.open();
+    const int error = errorNumberOf([&] {
+        QTest::qSleep(100);
+        runNow(*database, "UPDATE Part SET Cost = Cost + 10");
+    });
+    tool.join();
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(column(*database, "SELECT Cost FROM Part"), "11 11");
+}
+
+INSTANTIATE_TEST_SUITE_P(Servers, Deadlock, testing::Values(EngineKind::Postgres), nameOfEngine);
 INSTANTIATE_TEST_SUITE_P(Engines, BehindTest, allEngines(), nameOfEngine);
 INSTANTIATE_TEST_SUITE_P(Servers, CutSession, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain),
                          nameOfEngine);

@@ -143,7 +143,7 @@ BulkRows::BulkRows(const QString &uri, const QString &password, State state)
 {
     setUp(m_handle.get(), m_uri, LockMilliseconds);
     checkPassword(m_handle.get(), m_uri, password);
-    m_tables = Tables::readCatalog(m_handle.get(), m_uri);
+    m_tables = Tables::catalogFrom(Tables::readDeclarations(m_handle.get(), m_uri).get());
     run(m_handle.get(), "SET synchronous_commit = on; BEGIN", m_uri, Defining);
     if (m_state == State::New) {
         for (const Schema::Index &index : Schema::indexes())

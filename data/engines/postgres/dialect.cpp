@@ -78,8 +78,8 @@ class PostgresDialect : public jetsql::Dialect
     QString extreme(bool least, const QString &value, const Expr &expr) const override
     {
         if (expr.type.isText())
-            return "(array_agg(" + value + " ORDER BY " + ordered(key(value, true), !least) + ") FILTER (WHERE " +
-                   value + " IS NOT NULL))[1]";
+            return "(array_agg(" + inBrackets(value) + "::text ORDER BY " + ordered(key(value, true), !least) +
+                   ") FILTER (WHERE " + value + " IS NOT NULL))[1]";
         if (expr.type.isYesNo())
             return (least ? "bool_and(" : "bool_or(") + value + ')';
         return (least ? "min(" : "max(") + value + ')';

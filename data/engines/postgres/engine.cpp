@@ -24,6 +24,14 @@ void lockDatabase(PGconn *connection, const Uri &uri, bool exclusive)
         throw runtimeError(3045, {withoutPassword(uri.text)});
 }
 
+Parameters parametersOf(const std::vector<Value> &values)
+{
+    Parameters parameters;
+    for (const Value &value : values)
+        parameters.push_back(parameterOf(value));
+    return parameters;
+}
+
 /// The scratch tables that reports only empty, for this session alone.
 QByteArray makeScratchTables()
 {
@@ -97,7 +105,8 @@ Catalog Engine::readCatalog()
     m_queue.flush();
     m_queue.forgetStatements();
     m_tablesChanged = false;
-    m_catalog = Tables::readCatalog(m_handle.get(), m_uri);
+    m_declarations = Tables::readDeclarations(m_handle.get(), m_uri);
+    m_catalog = Tables::catalogFrom(m_declarations.get());
     return m_catalog;
 }
 
@@ -113,19 +122,25 @@ bool Engine::catalogIsCurrent()
 
 bool Engine::catalogIsSurelyCurrent()
 {
-    // What others have told comes with the next answer.
+    // Other tools tell nobody what they change.
     release();
-    m_queue.ask("SELECT 1", {}, {});
-    return catalogIsCurrent();
+    m_queue.flush();
+    const Result now = Tables::readDeclarations(m_handle.get(), m_uri);
+    return catalogIsCurrent() && Tables::areSame(now.get(), m_declarations.get());
+}
+
+void Engine::setRewrite(std::function<engine::Written(const QString &statement)> rewrite)
+{
+    m_queue.setRewrite([rewrite = std::move(rewrite)](const QString &statement) {
+        const engine::Written written = rewrite(statement);
+        return std::pair(written.sql, parametersOf(written.values));
+    });
 }
 
 std::unique_ptr<engine::Rows> Engine::open(const QByteArray &sql, const std::vector<Value> &values,
                                            const ErrorContext &context)
 {
-    Parameters parameters;
-    for (const Value &value : values)
-        parameters.push_back(parameterOf(value));
-    return std::make_unique<Rows>(*this, sql, std::move(parameters), context);
+    return std::make_unique<Rows>(*this, sql, parametersOf(values), context);
 }
 
 std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::vector<QString> &columns)
@@ -165,11 +180,9 @@ void Engine::commit(const ErrorContext &context)
 
 void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context)
 {
-    Parameters parameters;
-    for (const Value &value : values)
-        parameters.push_back(parameterOf(value));
+    const Parameters parameters = parametersOf(values);
     release();
-    m_queue.send(sql, parameters, context);
+    m_queue.send(sql, parameters, context, context.kind == ErrorContext::Writing);
     // Nothing else looks at the rows of a session's own table, and the planner would know nothing of them.
     if (std::exchange(m_copies, false) && Tables::isPrivate(context.table))
         m_queue.send("ANALYZE " + quoted(context.table), {}, context);

@@ -21,6 +21,7 @@ public:
     Catalog readCatalog() override;
     bool catalogIsCurrent() override;
     bool catalogIsSurelyCurrent() override;
+    void setRewrite(std::function<engine::Written(const QString &statement)> rewrite) override;
     std::unique_ptr<engine::Rows> open(const QByteArray &sql, const std::vector<Value> &values,
                                        const ErrorContext &context) override;
     std::unique_ptr<engine::RowEdit> edit(const TableDef &table, const std::vector<QString> &columns) override;
@@ -60,6 +61,7 @@ private:
     int m_sent = 0;     ///< transactions that nobody has waited for
     bool m_copies = false;
     bool m_tablesChanged = false; ///< by another session, since the catalogue was read
+    Result m_declarations;        ///< of m_catalog
     Catalog m_catalog;
 };
 

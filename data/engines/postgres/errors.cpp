@@ -45,6 +45,8 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
         return runtimeError(3343, {uri}, detail);
     if (state == "42P01") // dropped by another session in this moment
         return runtimeError(context.kind == ErrorContext::Defining ? 3376 : 3078, {context.table}, detail);
+    if (state == "42703")
+        return runtimeError(3061, {QStringLiteral("1")}, detail);
     if (state == "55P03" || state == "40P01" || state == "40001")
         return lockError(uri, context, detail);
     if (state == "23505")
@@ -109,8 +111,15 @@ RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const Er
     return runtimeError(3044, {shown}, detail);
 }
 
-bool postgres::isForOtherTables(const PGresult *result)
+postgres::Failure postgres::failureOf(const PGresult *result)
 {
     const QByteArray state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
-    return state == "42P01" || state == "42703" || state == "0A000";
+    if (state == "40P01" || state == "40001")
+        return Failure::Deadlock;
+    if (state == "0A000")
+        return Failure::StalePlan;
+    // No such table, column, or operator between such types; a value of another type than its column.
+    if (state == "42P01" || state == "42703" || state == "42883" || state == "42804")
+        return Failure::OtherTables;
+    return Failure::Final;
 }

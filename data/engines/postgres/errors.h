@@ -14,7 +14,13 @@ RuntimeError errorFor(const PGresult *result, const QString &uri, const ErrorCon
 /// The same for a connection that is lost, or could not be opened.
 RuntimeError errorFor(PGconn *connection, const QString &uri, const ErrorContext &context);
 
-/// Whether a result failed for tables that are not as the statement was written for.
-bool isForOtherTables(const PGresult *result);
+enum class Failure {
+    Final,
+    Deadlock,    ///< the server has picked this session to let others go on
+    StalePlan,   ///< a statement was prepared before its table was changed
+    OtherTables, ///< the tables are not as the statement was written for
+};
+/// What kind of failure a failed result tells of.
+Failure failureOf(const PGresult *result);
 
 } // namespace postgres

@@ -261,7 +261,9 @@ CREATE SEQUENCE jet_row CACHE 1000;
 
 -- The next number of an AutoNumber column: above every one taken before, since a sequence never gives one back, and above
 -- those that somebody else has written into the table. Others take numbers meanwhile, and the sequence must not be set
--- back over theirs: it is set only where it is far behind, which they cannot catch up with in a moment.
+-- back over theirs: it is set only where it is far behind, which they cannot catch up with in a moment. A number that an
+-- INSERT took is spent too when the INSERT fails, as one that AddNew took is when no Update follows: numbers are never
+-- given back. (A file takes it back with the failed statement; no row ever shows the difference but by a gap.)
 CREATE FUNCTION jet_autonumber(numbers text, tab text, col text) RETURNS int4 LANGUAGE plpgsql VOLATILE AS $$
 DECLARE
   sequence regclass := quote_ident(numbers)::regclass;

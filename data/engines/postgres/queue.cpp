@@ -7,6 +7,8 @@ namespace {
 
 /// Statements that are kept prepared; beyond them all are prepared anew.
 constexpr int MostPrepared = 500;
+/// How often a transaction is sent again.
+constexpr int MostAttempts = 3;
 
 } // namespace
 
@@ -41,11 +43,13 @@ void Queue::enter()
     if (!m_expected.empty())
         return;
     m_failedForOtherTables = false;
+    m_sent.clear();
     if (m_forget || m_names.size() >= MostPrepared) {
         run(m_connection, "DEALLOCATE ALL", m_uri, {});
         m_names.clear();
         m_forget = false;
     }
+    m_inTransaction = PQtransactionStatus(m_connection) != PQTRANS_IDLE;
     if (!PQenterPipelineMode(m_connection) || PQsetnonblocking(m_connection, 1) != 0)
         raiseLost({});
 }
@@ -56,37 +60,44 @@ void Queue::leave()
     PQexitPipelineMode(m_connection);
 }
 
-QByteArray Queue::prepared(const QByteArray &sql, const ErrorContext &context)
+QByteArray Queue::prepared(const QByteArray &sql)
 {
     const auto known = m_names.constFind(sql);
     if (known != m_names.cend())
         return *known;
     const QByteArray name = 's' + QByteArray::number(++m_lastName);
     if (!PQsendPrepare(m_connection, name.constData(), sql.constData(), 0, nullptr))
-        raiseLost(context);
-    m_expected.push_back({context});
+        raiseLost(m_sent.back().context);
+    m_expected.push_back({m_sent.size() - 1});
     return *m_names.insert(sql, name);
 }
 
-void Queue::send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context)
+void Queue::send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context, bool written)
+{
+    m_attempts = 0;
+    post({sql, parameters, context, written});
+}
+
+void Queue::post(const Sent &statement)
 {
     enter();
-    const QByteArray name = prepared(sql, context);
+    m_sent.push_back(statement);
+    const QByteArray name = prepared(statement.sql);
     std::vector<const char *> values;
-    values.reserve(parameters.size());
-    for (const std::optional<QByteArray> &parameter : parameters)
+    values.reserve(statement.parameters.size());
+    for (const std::optional<QByteArray> &parameter : statement.parameters)
         values.push_back(parameter ? parameter->isNull() ? "" : parameter->constData() : nullptr);
     if (!PQsendQueryPrepared(m_connection, name.constData(), int(values.size()), values.data(), nullptr, nullptr, 0))
-        raiseLost(context);
-    m_expected.push_back({context});
+        raiseLost(statement.context);
+    m_expected.push_back({m_sent.size() - 1});
     push();
 }
 
 void Queue::sync()
 {
     if (!PQpipelineSync(m_connection))
-        raiseLost(m_expected.back().context);
-    m_expected.push_back({m_expected.back().context, true});
+        raiseLost(context(m_expected.back()));
+    m_expected.push_back({m_expected.back().statement, true});
     ++m_trips;
     push();
 }
@@ -98,12 +109,12 @@ void Queue::push()
     for (;;) {
         const int left = PQflush(m_connection);
         if (left < 0)
-            raiseLost(m_expected.back().context);
+            raiseLost(context(m_expected.back()));
         if (left == 0)
             return;
         if (waitForSocket(m_connection, Input | Output, -1) & Input) {
             if (!PQconsumeInput(m_connection))
-                raiseLost(m_expected.back().context);
+                raiseLost(context(m_expected.back()));
             takeArrived();
         }
     }
@@ -121,19 +132,27 @@ void Queue::takeAnswer()
     Result result(PQgetResult(m_connection));
     // A connection that is lost gives no answers, for ever.
     if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(m_expected.front().context);
+        raiseLost(context(m_expected.front()));
     if (!result || PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC)
         m_expected.pop_front();
     else
         note(std::move(result));
 }
 
+void Queue::takeAnswers()
+{
+    while (!m_expected.empty())
+        takeAnswer();
+    leave();
+}
+
 void Queue::note(Result result)
 {
     const ExecStatusType status = PQresultStatus(result.get());
     if (status == PGRES_FATAL_ERROR && !m_failure) {
-        m_failure = errorFor(result.get(), m_uri.text, m_expected.front().context);
-        m_failedForOtherTables = isForOtherTables(result.get());
+        m_failure = errorFor(result.get(), m_uri.text, context(m_expected.front()));
+        m_kind = failureOf(result.get());
+        m_failed = m_expected.front().statement;
     }
     m_answer = std::move(result);
 }
@@ -142,10 +161,10 @@ void Queue::flush()
 {
     if (m_expected.empty())
         return;
-    sync();
-    while (!m_expected.empty())
-        takeAnswer();
-    leave();
+    do {
+        sync();
+        takeAnswers();
+    } while (redo());
     if (m_failure)
         raise();
 }
@@ -160,13 +179,18 @@ Result Queue::ask(const QByteArray &sql, const Parameters &parameters, const Err
 void Queue::walk(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context)
 {
     send(sql, parameters, context);
-    sync();
-    PQsetnonblocking(m_connection, 0);
-    while (m_expected.size() > 2)
-        takeAnswer();
-    if (m_failure)
-        return endWalk();
-    PQsetSingleRowMode(m_connection);
+    do {
+        sync();
+        PQsetnonblocking(m_connection, 0);
+        while (m_expected.size() > 2)
+            takeAnswer();
+        if (!m_failure) {
+            PQsetSingleRowMode(m_connection);
+            return;
+        }
+        takeAnswers();
+    } while (redo());
+    raise();
 }
 
 Result Queue::fetch()
@@ -175,7 +199,7 @@ Result Queue::fetch()
         return {};
     Result result(PQgetResult(m_connection));
     if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(m_expected.front().context);
+        raiseLost(context(m_expected.front()));
     if (result && PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE)
         return result;
     // What closes the walk: its end, or its failure.
@@ -187,23 +211,80 @@ Result Queue::fetch()
 
 void Queue::endWalk()
 {
-    while (!m_expected.empty())
-        takeAnswer();
-    leave();
+    if (!m_expected.empty())
+        takeAnswers();
     if (m_failure)
         raise();
+}
+
+/// The first statement of the transaction that failed; nothing where it began before this batch, so that others have
+/// seen its answers.
+std::optional<size_t> Queue::failedTransaction() const
+{
+    for (size_t i = m_failed + 1; i-- > 0;) {
+        if (m_sent[i].sql == "BEGIN")
+            return i;
+        if (i < m_failed && (m_sent[i].sql == "COMMIT" || m_sent[i].sql == "ROLLBACK"))
+            return m_failed;
+    }
+    return m_inTransaction ? std::nullopt : std::optional(m_failed);
+}
+
+/// Whether the statement that failed may do better when it is sent again, perhaps written anew. If not, `failure` is
+/// what it is for the tables as they are now.
+bool Queue::passes(Sent &failed, RuntimeError &failure)
+{
+    if (m_kind == Failure::Deadlock)
+        return true;
+    // What is read would come in other types than its reader expects.
+    if (m_kind == Failure::Final || !failed.written || !m_rewrite)
+        return false;
+    try {
+        auto [sql, parameters] = m_rewrite(failed.context.statement);
+        failed.parameters = std::move(parameters);
+        return std::exchange(failed.sql, sql) != sql || m_kind == Failure::StalePlan;
+    } catch (const RuntimeError &error) {
+        failure = error;
+        return false;
+    }
+}
+
+bool Queue::redo()
+{
+    if (!m_failure)
+        return false;
+    const std::optional<size_t> first = failedTransaction();
+    if (!first)
+        return false;
+    m_attempts = *first > 0 ? 1 : m_attempts + 1; // what stood before it is done and not tried again
+    if (m_attempts > MostAttempts)
+        return false;
+    giveUpTransaction();
+    std::vector<Sent> again(m_sent.begin() + qptrdiff(*first), m_sent.end());
+    if (!passes(again[m_failed - *first], *m_failure))
+        return false;
+    m_failure.reset();
+    for (const Sent &statement : again)
+        post(statement);
+    return true;
+}
+
+/// Statements behind a failure were not prepared, and a transaction stands open that can only be given up.
+void Queue::giveUpTransaction()
+{
+    m_names.clear();
+    m_forget = true;
+    if (PQtransactionStatus(m_connection) != PQTRANS_IDLE)
+        run(m_connection, "ROLLBACK", m_uri, {});
 }
 
 void Queue::raise()
 {
     const RuntimeError failure = *m_failure;
     m_failure.reset();
+    m_failedForOtherTables = m_kind == Failure::OtherTables || m_kind == Failure::StalePlan;
     ++m_failures;
-    // Statements behind the failure were not prepared, and a transaction stands open that can only be given up.
-    m_names.clear();
-    m_forget = true;
-    if (PQtransactionStatus(m_connection) != PQTRANS_IDLE)
-        run(m_connection, "ROLLBACK", m_uri, {});
+    giveUpTransaction();
     throw failure;
 }
 

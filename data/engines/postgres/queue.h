@@ -1,7 +1,9 @@
 #pragma once
 
+#include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/session.h"
 #include <deque>
+#include <functional>
 
 namespace postgres {
 
@@ -16,15 +18,23 @@ using Parameters = std::vector<std::optional<QByteArray>>;
 /// everything behind it up to the next point at which answers are asked for; so what it then holds is exactly what
 /// statement by statement would have left, only the error comes later. Whatever needs an answer is sent behind the
 /// queue and answered in the same round trip.
+///
+/// A failure that passes when tried again, a deadlock or tables that were changed meanwhile, has the transaction that
+/// met it sent once more, and all that stood behind it.
 class Queue
 {
 public:
+    /// Writes a statement of the dialect above for the tables as they are now.
+    using Rewrite = std::function<std::pair<QByteArray, Parameters>(const QString &statement)>;
+
     Queue(PGconn *connection, const Uri &uri) : m_connection(connection), m_uri(uri) {}
     Queue(const Queue &) = delete;
     Queue &operator=(const Queue &) = delete;
 
-    /// Sends a statement behind the others.
-    void send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
+    void setRewrite(Rewrite rewrite) { m_rewrite = std::move(rewrite); }
+
+    /// Sends a statement behind the others. `written`: it was written from context.statement.
+    void send(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context, bool written = false);
     /// The same, and waits for all answers; gives the statement's own.
     Result ask(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
     /// Waits for the answers to everything sent. Raises the first failure, behind which nothing was done.
@@ -49,32 +59,52 @@ public:
     qint64 trips() const { return m_trips; }
 
 private:
-    /// What the server will answer to: a statement, or a point at which answers were asked for.
+    struct Sent
+    {
+        QByteArray sql;
+        Parameters parameters;
+        ErrorContext context;
+        bool written = false;
+    };
+    /// What the server will answer to: a statement sent, or a point at which answers were asked for behind it.
     struct Expected
     {
-        ErrorContext context;
+        size_t statement = 0;
         bool sync = false;
     };
 
     void enter();
     void leave();
-    QByteArray prepared(const QByteArray &sql, const ErrorContext &context);
+    void post(const Sent &statement);
+    QByteArray prepared(const QByteArray &sql);
+    const ErrorContext &context(const Expected &expected) const { return m_sent[expected.statement].context; }
     void sync();
     void push();
     void takeArrived();
     void takeAnswer();
+    void takeAnswers();
     void note(Result result);
+    bool redo();
+    std::optional<size_t> failedTransaction() const;
+    bool passes(Sent &failed, RuntimeError &failure);
+    void giveUpTransaction();
     [[noreturn]] void raise();
     [[noreturn]] void raiseLost(const ErrorContext &context);
 
     PGconn *m_connection;
     Uri m_uri;
+    Rewrite m_rewrite;
+    std::vector<Sent> m_sent; ///< since everything was last answered
     std::deque<Expected> m_expected;
+    bool m_inTransaction = false;          ///< whether one stood open when the first of m_sent was sent
     QHash<QByteArray, QByteArray> m_names; ///< of prepared statements, by their texts
     int m_lastName = 0;
     bool m_forget = false;
     Result m_answer; ///< the latest statement's
     std::optional<RuntimeError> m_failure;
+    Failure m_kind = Failure::Final; ///< of m_failure
+    size_t m_failed = 0;             ///< the statement that met it
+    int m_attempts = 0;              ///< at one and the same transaction
     bool m_failedForOtherTables = false;
     int m_failures = 0;
     qint64 m_trips = 0;

@@ -128,25 +128,42 @@ QByteArrayList Tables::statisticsFor(const TableDef &table)
     return statements;
 }
 
-Catalog Tables::readCatalog(PGconn *connection, const Uri &uri)
+Result Tables::readDeclarations(PGconn *connection, const Uri &uri)
 {
-    const Result rows =
-        run(connection,
-            "SELECT c.relname, a.attname, a.atttypid, a.atttypmod, coalesce(pg_get_expr(d.adbin, d.adrelid), ''),"
-            "       coalesce(a.attnum = ANY (k.conkey), false)"
-            " FROM pg_class AS c JOIN pg_attribute AS a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped"
-            " LEFT JOIN pg_attrdef AS d ON d.adrelid = c.oid AND d.adnum = a.attnum"
-            " LEFT JOIN pg_constraint AS k ON k.conrelid = c.oid AND k.contype = 'p'"
-            " WHERE c.relkind = 'r' AND c.relnamespace IN ('public'::regnamespace, pg_my_temp_schema())"
-            "   AND pg_table_is_visible(c.oid) AND c.relname NOT ILIKE 'msys%' AND a.attname <> '_row'"
-            " ORDER BY c.oid, a.attnum",
-            uri, {ErrorContext::Reading, {}, QStringLiteral("catalogue")});
+    return run(
+        connection,
+        "SELECT c.relname, a.attname, a.atttypid, a.atttypmod, coalesce(pg_get_expr(d.adbin, d.adrelid), ''),"
+        "       coalesce(a.attnum = ANY (k.conkey), false), c.oid"
+        " FROM pg_class AS c JOIN pg_attribute AS a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped"
+        " LEFT JOIN pg_attrdef AS d ON d.adrelid = c.oid AND d.adnum = a.attnum"
+        " LEFT JOIN pg_constraint AS k ON k.conrelid = c.oid AND k.contype = 'p'"
+        " WHERE c.relkind = 'r' AND c.relnamespace IN ('public'::regnamespace, pg_my_temp_schema())"
+        "   AND pg_table_is_visible(c.oid) AND c.relname NOT ILIKE 'msys%' AND a.attname <> '_row'"
+        " ORDER BY c.oid, a.attnum",
+        uri, {ErrorContext::Reading, {}, QStringLiteral("catalogue")});
+}
+
+bool Tables::areSame(const PGresult *some, const PGresult *others)
+{
+    const int rows = PQntuples(some), columns = PQnfields(some);
+    if (rows != PQntuples(others))
+        return false;
+    for (int cell = 0; cell < rows * columns; ++cell) {
+        const int row = cell / columns, column = cell % columns;
+        if (qstrcmp(PQgetvalue(some, row, column), PQgetvalue(others, row, column)) != 0)
+            return false;
+    }
+    return true;
+}
+
+Catalog Tables::catalogFrom(const PGresult *rows)
+{
     Catalog catalog;
     TableDef table;
-    const auto text = [&rows](int row, int column) {
-        return QString::fromUtf8(PQgetvalue(rows.get(), row, column), PQgetlength(rows.get(), row, column));
+    const auto text = [rows](int row, int column) {
+        return QString::fromUtf8(PQgetvalue(rows, row, column), PQgetlength(rows, row, column));
     };
-    const int count = PQntuples(rows.get());
+    const int count = PQntuples(rows);
     for (int row = 0; row < count; ++row) {
         if (text(row, 0) != table.Name) {
             if (!table.Name.isEmpty())

@@ -19,7 +19,10 @@ QByteArray createStatement(const Schema::Index &index, const TableDef &table);
 /// What the planner has to know about texts that have no index: how many different ones there are.
 QByteArrayList statisticsFor(const TableDef &table);
 
-/// All tables that the session sees but the system's own, in the order in which they were made.
-Catalog readCatalog(PGconn *connection, const Uri &uri);
+/// How all tables that the session sees but the system's own are declared, a row for each column.
+Result readDeclarations(PGconn *connection, const Uri &uri);
+bool areSame(const PGresult *some, const PGresult *others);
+/// The tables, in the order in which they were made.
+Catalog catalogFrom(const PGresult *declarations);
 
 } // namespace postgres::Tables
