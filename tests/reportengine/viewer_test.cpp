@@ -168,6 +168,13 @@ TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
     EXPECT_EQ(customers, 1500);
 }
 
+TEST_F(ViewerTest, TheTreeNamesAnOrderAsItsHeadingDoes)
+{
+    show(sampleReport("crptOpenOrders", 3));
+    const QString first = find<QTreeView>("groupTree")->model()->index(0, 0).data().toString();
+    EXPECT_TRUE(first.contains(", ")) << "number and customer: " << qPrintable(first);
+}
+
 /// Of 40 rows on two pages every fourth is a customer whose name the layout wraps or cuts.
 std::unique_ptr<Report> longNames(Overflow overflow)
 {
