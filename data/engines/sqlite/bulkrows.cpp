@@ -76,7 +76,7 @@ void SqliteBulkRows::commit()
         makeIndexes();
     m_transaction->commit();
     // Whoever ran the tool takes the rows for stored once it has ended, also through a power failure.
-    m_connection.syncWriteAheadLog();
+    m_connection.syncCommits();
     m_connection.checkpoint(); // others may go on with the file, and a load is much for one log
 }
 

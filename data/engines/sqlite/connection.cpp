@@ -59,9 +59,9 @@ void Connection::configure(const ConnectionOptions &options)
     if (options.exclusive)
         run("PRAGMA locking_mode=EXCLUSIVE", opening);
     chooseJournal(options);
-    // FULL would not sync the folder once the journal is gone: after a power failure it stood there again, and took
-    // the last commit back.
-    run(m_usesWriteAheadLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=EXTRA", opening);
+    // What this leaves to be synced behind a commit, syncCommits() syncs once for all commits of an action. EXTRA would
+    // sync the folder behind each.
+    run(m_usesWriteAheadLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=FULL", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
     if (options.exclusive)
         run("BEGIN EXCLUSIVE; COMMIT", opening);
@@ -142,8 +142,14 @@ qint64 Connection::schemaVersion()
     return number;
 }
 
-void Connection::syncWriteAheadLog()
+void Connection::syncCommits()
 {
+    if (!m_usesWriteAheadLog) {
+        // The last commit's journal is removed, but a power failure may bring it back, and it would take the commit
+        // back with it. Those before it are gone for good: SQLite syncs the folder when the next one is made.
+        syncFolderOf(QString::fromUtf8(sqlite3_db_filename(m_handle.get(), "main")));
+        return;
+    }
     sqlite3_file *log = nullptr;
     if (sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log ||
         !log->pMethods)
@@ -170,6 +176,7 @@ void Connection::noteNetwork()
 void Connection::markShared()
 {
     run("PRAGMA user_version=" + QByteArray::number(Sharing::Mark), {ErrorContext::Opening, {}, {}});
+    syncCommits();
 }
 
 void Connection::checkpoint()

@@ -48,12 +48,11 @@ public:
     int changes() const { return sqlite3_changes(m_handle.get()); }
     qint64 lastInsertedRow() const { return sqlite3_last_insert_rowid(m_handle.get()); }
 
-    /// Syncs the write-ahead log to the disk. With a rollback journal every commit is synced already.
-    void syncWriteAheadLog();
+    /// Makes all commits so far, also those of other processes, outlive a power failure.
+    void syncCommits();
     /// Brings what the write-ahead log holds into the file, as far as no reader needs it, so that the next write
     /// begins the log anew.
     void checkpoint();
-    /// True while commits of this connection are not synced each for themselves.
     bool usesWriteAheadLog() const { return m_usesWriteAheadLog; }
 
     /// Makes the file of another connection, which must use the rollback journal, a copy of this one as it is at one

@@ -122,7 +122,5 @@ void SqliteEngine::dropTable(const TableDef &table, const ErrorContext &context)
 void SqliteEngine::sync()
 {
     m_connection.requireInPlace();
-    // With a rollback journal every commit is synced already.
-    if (m_connection.usesWriteAheadLog())
-        m_connection.syncWriteAheadLog();
+    m_connection.syncCommits();
 }
