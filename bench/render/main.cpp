@@ -6,6 +6,7 @@
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/report.h"
 #include "reports/layouts/catalogue.h"
+#include "tests/support/pagefaults.h"
 #include "tests/support/samplerows.h"
 #include <QApplication>
 #include <cstdio>

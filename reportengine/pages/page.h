@@ -45,7 +45,3 @@ struct Page
 /// Where a text begins inside its place, in points from the page's left edge. The closing parenthesis of a negative
 /// figure hangs beside its column, so that digits stand under digits.
 double textLeft(const PageItem &item);
-
-/// What is wrong with how a page is set: texts that leave the page's margins or their place, texts over one another,
-/// lines through texts. Empty when all is well.
-QStringList pageFaults(const Page &page, const QMarginsF &margins);

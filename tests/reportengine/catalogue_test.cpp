@@ -1,4 +1,5 @@
 #include "tests/reportengine/reportfixture.h"
+#include "tests/support/pagefaults.h"
 
 namespace {
 

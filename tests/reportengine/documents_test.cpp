@@ -2,6 +2,7 @@
 #include "reportengine/pages/valuetext.h"
 #include "reports/layouts/letterhead.h"
 #include "tests/reportengine/reportfixture.h"
+#include "tests/support/pagefaults.h"
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <sys/stat.h>

@@ -1,6 +1,7 @@
 #include "tests/reportengine/reportfixture.h"
 
 #include "data/values/textorder.h"
+#include "tests/support/pagefaults.h"
 #include <QFile>
 
 namespace {

@@ -16,6 +16,7 @@
 #include "reports/sales.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
+#include "tests/support/pagefaults.h"
 #include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
 #include <QFile>
