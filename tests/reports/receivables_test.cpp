@@ -98,11 +98,11 @@ TEST_F(Receivables, TheInvoiceRegisterSumsTheShipmentsOfEach)
     const QString first = QString::number(addShipment(order, "3/1/2010", true, 10, -1));
     const QString second = QString::number(addShipment(order, "3/2/2010", true, 2.5, 4));
     addInvoice("Acme Supply", "3/20/2010", first + ", " + second, 15.5);
-    Reports::ShowInvoiceRegister("3/2/2010", "3/20/2010");
+    Reports::ShowInvoiceRegister("3/20/2010", "3/20/2010");
     EXPECT_EQ(rows(),
               QStringList({"Baker Tools|3|3/20/2010|5/5/2010|Net 30|0|70|0|0|0",
                            "Acme Supply|5|3/20/2010|3/20/2010|Net 30|" + first + ", " + second + "|15.5|12.5|3|0"}));
-    EXPECT_EQ(textOf("txtBeginDate") + textOf("txtEndDate"), "3/2/20103/20/2010");
+    EXPECT_EQ(textOf("txtBeginDate") + textOf("txtEndDate"), "3/20/20103/20/2010");
     EXPECT_EQ(database.count("tmpARTran"), 2);
     Reports::ShowInvoiceRegister("3/20/2010", "3/2/2010");
     EXPECT_EQ(rows(), QStringList());
@@ -133,6 +133,8 @@ TEST_F(Receivables, TheCustomerRegisterTellsInvoicesPaymentsAndAdjustments)
     EXPECT_EQ(rows(), expected.mid(1, 2)) << "without the invoices before and after";
     Reports::ShowCustomerRegister("Acme Supply", "2/2/2010", "3/1/2010");
     EXPECT_EQ(rows(), expected.mid(3));
+    Reports::ShowCustomerRegister("Acme Supply", "3/2/2010", "4/1/2010");
+    EXPECT_EQ(rows(), QStringList("4/1/2010|Payment|1|2|65")) << "an adjustment of 0 is none";
     Reports::ShowCustomerRegister("", "1/1/2010", "3/31/2010");
     EXPECT_EQ(rows(), QStringList());
     EXPECT_EQ(errorNumberOf([] { Reports::ShowCustomerRegister("O'Brien", "1/1/2010", "3/31/2010"); }), 3075);
