@@ -1,6 +1,6 @@
+#include "bench/pictures/studio.h"
 #include "reports/handover.h"
 #include "reports/operational.h"
-#include "bench/pictures/studio.h"
 #include "tests/support/desk.h"
 
 #include "toolkit/forms/mainmod.h"

@@ -1,7 +1,7 @@
 #include "app/appearance.h"
 #include "app/application.h"
-#include "data/values/runtimeerror.h"
 #include "bench/pictures/studio.h"
+#include "data/values/runtimeerror.h"
 #include <cstdio>
 
 /// tamrick-pictures FOLDER [SCALE]: windows as PNG, reports as PDF, of a demo company of that scale. From 10 on the
