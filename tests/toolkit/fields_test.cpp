@@ -305,14 +305,6 @@ TEST_F(FieldsTest, OneLineBoxesTakePastedAndDroppedTextUpToItsFirstLineEnd)
         QCoreApplication::sendEvent(box, &drop);
         EXPECT_EQ(box->text(), "three[]");
 
-        if (QApplication::clipboard()->supportsSelection()) {
-            QApplication::clipboard()->setText("five\nsix", QClipboard::Selection);
-            box->setText("[]");
-            box->setCursorPosition(1);
-            QTest::mouseClick(box, Qt::MiddleButton, {}, {2, 8});
-            EXPECT_EQ(box->text(), "five[]") << "where the press put the caret";
-        }
-
         QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {2, 2}, {2, 2});
         QCoreApplication::sendEvent(box, &rightClick);
         box->clear();
