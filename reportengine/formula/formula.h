@@ -3,7 +3,6 @@
 #include "data/values/value.h"
 #include <QDateTime>
 #include <memory>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -11,14 +10,14 @@ class RowStore;
 class Totals;
 struct TextParameter;
 
-/// What a formula sees when it is evaluated: a row, the groups it stands in, and where the page has got to.
+/// What a formula sees when it is evaluated: the rows, the groups it stands in, and where the page has got to.
 struct FormulaContext
 {
     const RowStore *rows = nullptr;
-    int row = -1; ///< index in `rows`; -1 when there is none: every field is then Null
+    int row = -1; ///< index in `rows` of the row being printed; -1 when there is none: every field is then Null
     const Totals *totals = nullptr;
-    const int *groupNodes = nullptr; ///< per group level the node of the row's group
-    const double *running = nullptr; ///< running totals up to and including the row
+    std::vector<int> groupNodes; ///< per group level the node of the row's group
+    std::vector<double> running; ///< running totals up to and including the row
     const std::vector<TextParameter> *parameters = nullptr;
     bool nullsAsDefaults = true; ///< Null counts as 0 or "" in operations, instead of making the result Null
     int pageNumber = 0;
@@ -29,29 +28,31 @@ struct FormulaContext
 
 enum class FormulaType { Boolean, Number, Text, Date };
 
-/// A formula, parsed and checked for types.
+/// A formula, parsed and checked for types. It is evaluated for some rows at once, up to Batch of them, since totals
+/// and groups want every row's value; -1 stands for no row. A kind of formula overrides `numbers`, `values` or both:
+/// each goes by way of the other otherwise.
 class Formula
 {
 public:
+    static constexpr size_t Batch = 256;
+
     explicit Formula(FormulaType type) : m_type(type) {}
     virtual ~Formula() = default;
-    virtual Value evaluate(const FormulaContext &context) const = 0;
     FormulaType type() const { return m_type; }
 
-    /// The value of a number or date as a number, without the way through a Value; nothing for Null.
-    virtual std::optional<double> number(const FormulaContext &context) const;
-    /// True where the value is True; Null counts as False.
-    virtual bool holds(const FormulaContext &context) const;
+    /// The value for each row; no texts. A date is its days, True -1; not-a-number stands for Null.
+    virtual void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const;
+    /// The value for each row.
+    virtual void values(const FormulaContext &context, std::span<const int> rows, Value *out) const;
     /// False when the value is the same for all rows.
     virtual bool variesByRow() const { return true; }
 
-    // The same for several rows at once, up to Batch of them, since totals and groups want every row's value. They set
-    // the context's row as they like. Of totals and group names they know nothing.
-    static constexpr size_t Batch = 256;
-    /// `number` of each row; not-a-number stands for Null.
-    virtual void numbers(FormulaContext &context, std::span<const int> rows, double *out) const;
-    /// `holds` of each row.
-    virtual void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const;
+    /// The value for one row.
+    Value value(const FormulaContext &context, int row) const;
+    /// The value for the context's row.
+    Value evaluate(const FormulaContext &context) const { return value(context, context.row); }
+    /// Whether a condition is True for the context's row; Null counts as False.
+    bool holds(const FormulaContext &context) const;
 
 private:
     FormulaType m_type;

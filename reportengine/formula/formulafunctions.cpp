@@ -101,11 +101,11 @@ FormulaPtr call(const Function &function, const std::vector<FormulaPtr> &argumen
                                     [](const FormulaPtr &argument) { return argument->variesByRow(); });
     return computed(
         function.result,
-        [compute = function.compute, arguments](const FormulaContext &context) {
+        [compute = function.compute, arguments](const FormulaContext &context, int row) {
             Values values;
             values.reserve(arguments.size());
             for (const FormulaPtr &argument : arguments) {
-                values.push_back(operand(*argument, context));
+                values.push_back(operand(*argument, context, row));
                 if (values.back().isNull())
                     return Value();
             }
@@ -124,21 +124,21 @@ QString pageText(const FormulaContext &context)
 FormulaPtr contextFunction(const QString &name)
 {
     if (name == "pagenumber")
-        return computed(Type::Number, [](const FormulaContext &c) { return Value(double(c.pageNumber)); });
+        return computed(Type::Number, [](const FormulaContext &c, int) { return Value(double(c.pageNumber)); });
     if (name == "totalpagecount")
-        return computed(Type::Number, [](const FormulaContext &c) { return Value(double(c.pageCount)); });
+        return computed(Type::Number, [](const FormulaContext &c, int) { return Value(double(c.pageCount)); });
     if (name == "pagenofm")
-        return computed(Type::Text, [](const FormulaContext &c) { return Value(pageText(c)); });
+        return computed(Type::Text, [](const FormulaContext &c, int) { return Value(pageText(c)); });
     if (name == "recordcount")
-        return computed(Type::Number, [](const FormulaContext &c) { return Value(double(c.rows->rowCount())); });
+        return computed(Type::Number, [](const FormulaContext &c, int) { return Value(double(c.rows->rowCount())); });
     if (name == "printdate")
-        return computed(Type::Date, [](const FormulaContext &c) { return Value(Date(c.printed.date())); });
+        return computed(Type::Date, [](const FormulaContext &c, int) { return Value(Date(c.printed.date())); });
     if (name == "printtime")
-        return computed(Type::Text, [](const FormulaContext &c) {
+        return computed(Type::Text, [](const FormulaContext &c, int) {
             return Value(QLocale(QLocale::English, QLocale::UnitedStates).toString(c.printed.time(), "h:mm AP"));
         });
     if (name == "inrepeatedgroupheader")
-        return computed(Type::Boolean, [](const FormulaContext &c) { return Value(c.repeatedHeader); });
+        return computed(Type::Boolean, [](const FormulaContext &c, int) { return Value(c.repeatedHeader); });
     return nullptr;
 }
 
@@ -150,8 +150,8 @@ FormulaPtr functionCall(const QString &name, const std::vector<FormulaPtr> &argu
         return contextFunction(name);
     // Null is what IsNull asks for: it takes its argument before anything is made of it.
     if (name == "isnull" && arguments.size() == 1)
-        return computed(Type::Boolean, [of = arguments[0]](const FormulaContext &context) {
-            return Value(of->evaluate(context).isNull());
+        return computed(Type::Boolean, [of = arguments[0]](const FormulaContext &context, int row) {
+            return Value(of->value(context, row).isNull());
         });
     const auto [first, last] = functions().equal_range(name);
     for (auto function = first; function != last; ++function) {

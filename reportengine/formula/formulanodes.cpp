@@ -3,63 +3,97 @@
 #include "data/values/runtimeerror.h"
 #include "data/values/textorder.h"
 #include "reportengine/rows/rowstore.h"
+#include <QVarLengthArray>
 #include <array>
 #include <limits>
 
 constexpr double Null = std::numeric_limits<double>::quiet_NaN();
+constexpr double True = -1;
+constexpr double False = 0;
 
-bool Formula::holds(const FormulaContext &context) const
+namespace {
+
+using Numbers = std::array<double, Formula::Batch>;
+/// Room for one value, which is what a page asks for; a batch of them goes to the heap.
+using Values = QVarLengthArray<Value, 1>;
+
+bool isTrue(double flag)
 {
-    const Value value = evaluate(context);
-    return !value.isNull() && value.toBoolean();
+    return flag != 0 && !std::isnan(flag);
 }
 
-std::optional<double> Formula::number(const FormulaContext &context) const
+double numberOf(const Value &value)
 {
-    const Value value = evaluate(context);
     if (value.isNull())
-        return {};
+        return Null;
     return value.type() == Value::Type::Date ? value.toDate().serial() : value.toDouble();
 }
 
-void Formula::numbers(FormulaContext &context, std::span<const int> rows, double *out) const
+} // namespace
+
+Value valueOf(FormulaType type, double number)
+{
+    if (std::isnan(number))
+        return {};
+    if (type == FormulaType::Boolean)
+        return isTrue(number);
+    return type == FormulaType::Date ? Value(Date(number)) : Value(number);
+}
+
+void Formula::numbers(const FormulaContext &context, std::span<const int> rows, double *out) const
 {
     if (rows.empty())
         return;
-    context.row = rows.front();
-    if (!variesByRow()) {
-        std::fill_n(out, rows.size(), number(context).value_or(Null));
-        return;
-    }
-    for (const int row : rows) {
-        context.row = row;
-        *out++ = number(context).value_or(Null);
-    }
+    Values values(variesByRow() ? qsizetype(rows.size()) : 1);
+    this->values(context, rows.first(values.size()), values.data());
+    std::transform(values.cbegin(), values.cend(), out, numberOf);
+    std::fill(out + values.size(), out + rows.size(), *out);
 }
 
-void Formula::conditions(FormulaContext &context, std::span<const int> rows, bool *out) const
+void Formula::values(const FormulaContext &context, std::span<const int> rows, Value *out) const
 {
-    for (const int row : rows) {
-        context.row = row;
-        *out++ = holds(context);
-    }
+    Numbers numbers;
+    this->numbers(context, rows, numbers.data());
+    std::transform(numbers.data(), numbers.data() + rows.size(), out,
+                   [this](double number) { return valueOf(type(), number); });
 }
 
-void FieldFormula::numbers(FormulaContext &context, std::span<const int> rows, double *out) const
+Value Formula::value(const FormulaContext &context, int row) const
+{
+    Value value;
+    values(context, {&row, 1}, &value);
+    return value;
+}
+
+bool Formula::holds(const FormulaContext &context) const
+{
+    double flag = 0;
+    numbers(context, {&context.row, 1}, &flag);
+    return isTrue(flag);
+}
+
+void ConstantFormula::values(const FormulaContext &, std::span<const int> rows, Value *out) const
+{
+    std::fill_n(out, rows.size(), m_value);
+}
+
+void ComputedFormula::values(const FormulaContext &context, std::span<const int> rows, Value *out) const
+{
+    for (const int row : rows)
+        *out++ = m_function(context, row);
+}
+
+void FieldFormula::numbers(const FormulaContext &context, std::span<const int> rows, double *out) const
 {
     const std::vector<double> &numbers = context.rows->numbers(m_field);
     for (const int row : rows)
-        *out++ = numbers[row];
+        *out++ = row < 0 ? Null : numbers[row];
 }
 
-std::optional<double> FieldFormula::number(const FormulaContext &context) const
+void FieldFormula::values(const FormulaContext &context, std::span<const int> rows, Value *out) const
 {
-    return context.row < 0 ? std::nullopt : context.rows->number(context.row, m_field);
-}
-
-Value FieldFormula::evaluate(const FormulaContext &context) const
-{
-    return context.row < 0 ? Value() : context.rows->value(context.row, m_field);
+    for (const int row : rows)
+        *out++ = row < 0 ? Value() : context.rows->value(row, m_field);
 }
 
 Value defaultOf(FormulaType type)
@@ -77,9 +111,9 @@ Value defaultOf(FormulaType type)
     return Date();
 }
 
-Value operand(const Formula &formula, const FormulaContext &context)
+Value operand(const Formula &formula, const FormulaContext &context, int row)
 {
-    Value value = formula.evaluate(context);
+    Value value = formula.value(context, row);
     if (value.isNull() && context.nullsAsDefaults)
         return defaultOf(formula.type());
     return value;
@@ -139,28 +173,16 @@ double calculated(QChar symbol, double left, double right)
     return left / right;
 }
 
-bool fits(const QString &symbol, int order)
+/// What a comparison answers for that order of its operands.
+double answer(const QString &symbol, int order)
 {
-    if (symbol == "=")
-        return order == 0;
-    if (symbol == "<>")
-        return order != 0;
-    if (symbol == "<")
-        return order < 0;
-    if (symbol == ">")
-        return order > 0;
-    return symbol == "<=" ? order <= 0 : order >= 0;
+    const bool orEqual = symbol.endsWith('=');
+    const bool fits = order == 0 ? orEqual : symbol.contains(order < 0 ? '<' : '>');
+    return fits ? True : False;
 }
 
-/// An operand that is a number or a date; Null as the report wants it.
-std::optional<double> numberOperand(const Formula &formula, const FormulaContext &context)
-{
-    const std::optional<double> number = formula.number(context);
-    return !number && context.nullsAsDefaults ? std::optional(0.0) : number;
-}
-
-/// numberOperand for several rows.
-void numberOperands(const Formula &formula, FormulaContext &context, std::span<const int> rows, double *out)
+/// An operand that is no text, for each row; Null as the report wants it.
+void numberOperands(const Formula &formula, const FormulaContext &context, std::span<const int> rows, double *out)
 {
     formula.numbers(context, rows, out);
     if (context.nullsAsDefaults)
@@ -168,16 +190,14 @@ void numberOperands(const Formula &formula, FormulaContext &context, std::span<c
             out, out + rows.size(), [](double number) { return std::isnan(number); }, 0.0);
 }
 
-using Numbers = std::array<double, Formula::Batch>;
-using Flags = std::array<bool, Formula::Batch>;
-
-/// Some of a batch's rows, for what must not be evaluated for the others.
+/// Those of a batch's rows for which a condition came out as wanted. What must not be evaluated for the others, since
+/// it may fail for them, is evaluated for these.
 struct Choice
 {
-    Choice(std::span<const int> rows, const Flags &flags, bool wanted)
+    Choice(std::span<const int> rows, const double *flags, bool wanted)
     {
         for (size_t i = 0; i < rows.size(); ++i) {
-            if (flags[i] != wanted)
+            if (isTrue(flags[i]) != wanted)
                 continue;
             places[count] = int(i);
             chosen[count++] = rows[i];
@@ -198,21 +218,8 @@ public:
         : Formula(type), m_symbol(symbol), m_left(std::move(left)), m_right(std::move(right))
     {
     }
-    std::optional<double> number(const FormulaContext &context) const override
-    {
-        const std::optional<double> left = numberOperand(*m_left, context);
-        const std::optional<double> right = numberOperand(*m_right, context);
-        return left && right ? std::optional(calculated(m_symbol, *left, *right)) : std::nullopt;
-    }
-    Value evaluate(const FormulaContext &context) const override
-    {
-        const std::optional<double> result = number(context);
-        if (!result)
-            return {};
-        return type() == FormulaType::Date ? Value(Date(*result)) : Value(*result);
-    }
     bool variesByRow() const override { return m_left->variesByRow() || m_right->variesByRow(); }
-    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override
+    void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const override
     {
         Numbers right;
         numberOperands(*m_left, context, rows, out);
@@ -234,38 +241,38 @@ class ConditionalFormula : public Formula
 public:
     ConditionalFormula(FormulaPtr condition, FormulaPtr then, FormulaPtr otherwise)
         : Formula(then->type()), m_condition(std::move(condition)), m_then(std::move(then)),
-          m_otherwise(std::move(otherwise))
+          m_otherwise(otherwise ? std::move(otherwise) : std::make_shared<ConstantFormula>(type(), defaultOf(type())))
     {
     }
-    std::optional<double> number(const FormulaContext &context) const override
+    void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const override
     {
-        const Formula *branch = branchFor(context);
-        return branch ? branch->number(context) : 0.0;
+        Numbers results;
+        choose(context, rows, &Formula::numbers, results.data(), out);
     }
-    Value evaluate(const FormulaContext &context) const override
+    void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override
     {
-        const Formula *branch = branchFor(context);
-        return branch ? branch->evaluate(context) : defaultOf(type());
-    }
-    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override
-    {
-        Flags flags;
-        m_condition->conditions(context, rows, flags.data());
-        for (const bool wanted : {true, false}) {
-            const Choice choice(rows, flags, wanted);
-            const Formula *branch = wanted ? m_then.get() : m_otherwise.get();
-            Numbers results{};
-            if (branch)
-                branch->numbers(context, choice.rows(), results.data());
-            for (size_t i = 0; i < choice.count; ++i)
-                out[choice.places[i]] = results[i];
-        }
+        Values results(qsizetype(rows.size()));
+        choose(context, rows, &Formula::values, results.data(), out);
     }
 
 private:
-    const Formula *branchFor(const FormulaContext &context) const
+    /// `results` is room for a branch's results on their way to their places in `out`.
+    template <class T>
+    void choose(const FormulaContext &context, std::span<const int> rows,
+                void (Formula::*results)(const FormulaContext &, std::span<const int>, T *) const, T *branchOut,
+                T *out) const
     {
-        return m_condition->holds(context) ? m_then.get() : m_otherwise.get();
+        Numbers flags;
+        m_condition->numbers(context, rows, flags.data());
+        for (const bool wanted : {true, false}) {
+            const Choice choice(rows, flags.data(), wanted);
+            const Formula &branch = wanted ? *m_then : *m_otherwise;
+            if (choice.count == rows.size())
+                return (branch.*results)(context, rows, out);
+            (branch.*results)(context, choice.rows(), branchOut);
+            for (size_t i = 0; i < choice.count; ++i)
+                out[choice.places[i]] = branchOut[i];
+        }
     }
 
     FormulaPtr m_condition;
@@ -277,54 +284,36 @@ class ComparisonFormula : public Formula
 {
 public:
     ComparisonFormula(const QString &symbol, FormulaPtr left, FormulaPtr right)
-        : Formula(FormulaType::Boolean), m_below(fits(symbol, -1)), m_equal(fits(symbol, 0)), m_above(fits(symbol, 1)),
-          m_left(std::move(left)), m_right(std::move(right))
+        : Formula(FormulaType::Boolean), m_below(answer(symbol, -1)), m_equal(answer(symbol, 0)),
+          m_above(answer(symbol, 1)), m_left(std::move(left)), m_right(std::move(right))
     {
     }
-    Value evaluate(const FormulaContext &context) const override
+    void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const override
     {
-        const std::optional<bool> result = compared(context);
-        return result ? Value(*result) : Value();
-    }
-    bool holds(const FormulaContext &context) const override { return compared(context).value_or(false); }
-    void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const override
-    {
-        if (!comparesNumbers())
-            return Formula::conditions(context, rows, out);
-        Numbers left;
+        if (m_left->type() == FormulaType::Text) {
+            for (const int row : rows)
+                *out++ = comparedTexts(operand(*m_left, context, row), operand(*m_right, context, row));
+            return;
+        }
         Numbers right;
-        numberOperands(*m_left, context, rows, left.data());
+        numberOperands(*m_left, context, rows, out);
         numberOperands(*m_right, context, rows, right.data());
         for (size_t i = 0; i < rows.size(); ++i) {
-            const bool isNull = std::isnan(left[i]) || std::isnan(right[i]);
-            out[i] = !isNull && (left[i] < right[i] ? m_below : left[i] > right[i] ? m_above : m_equal);
+            const bool isNull = std::isnan(out[i]) || std::isnan(right[i]);
+            out[i] = isNull ? Null : out[i] < right[i] ? m_below : out[i] > right[i] ? m_above : m_equal;
         }
     }
 
 private:
-    bool comparesNumbers() const
+    double comparedTexts(const Value &left, const Value &right) const
     {
-        return m_left->type() == FormulaType::Number || m_left->type() == FormulaType::Date;
-    }
-
-    std::optional<bool> compared(const FormulaContext &context) const
-    {
-        if (comparesNumbers()) {
-            const std::optional<double> left = numberOperand(*m_left, context);
-            const std::optional<double> right = numberOperand(*m_right, context);
-            if (!left || !right)
-                return {};
-            return *left < *right ? m_below : *left > *right ? m_above : m_equal;
-        }
-        const Value left = operand(*m_left, context);
-        const Value right = operand(*m_right, context);
         if (left.isNull() || right.isNull())
-            return {};
+            return Null;
         const int order = compareValues(left, right);
         return order < 0 ? m_below : order > 0 ? m_above : m_equal;
     }
 
-    bool m_below, m_equal, m_above; ///< the answers
+    double m_below, m_equal, m_above; ///< the answers
     FormulaPtr m_left;
     FormulaPtr m_right;
 };
@@ -336,20 +325,15 @@ public:
         : Formula(FormulaType::Boolean), m_isAnd(isAnd), m_left(std::move(left)), m_right(std::move(right))
     {
     }
-    bool holds(const FormulaContext &context) const override
+    void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const override
     {
-        return m_left->holds(context) == m_isAnd ? m_right->holds(context) : !m_isAnd;
-    }
-    Value evaluate(const FormulaContext &context) const override { return holds(context); }
-    void conditions(FormulaContext &context, std::span<const int> rows, bool *out) const override
-    {
-        Flags flags;
-        m_left->conditions(context, rows, flags.data());
-        const Choice undecided(rows, flags, m_isAnd);
-        std::fill_n(out, rows.size(), !m_isAnd);
-        m_right->conditions(context, undecided.rows(), flags.data());
+        Numbers flags;
+        m_left->numbers(context, rows, flags.data());
+        const Choice undecided(rows, flags.data(), m_isAnd);
+        std::fill_n(out, rows.size(), m_isAnd ? False : True);
+        m_right->numbers(context, undecided.rows(), flags.data());
         for (size_t i = 0; i < undecided.count; ++i)
-            out[undecided.places[i]] = flags[i];
+            out[undecided.places[i]] = isTrue(flags[i]) ? True : False;
     }
 
 private:
@@ -367,9 +351,9 @@ FormulaPtr negated(FormulaPtr of)
 
 FormulaPtr inverted(FormulaPtr condition)
 {
-    return computed(FormulaType::Boolean, [condition = std::move(condition)](const FormulaContext &context) {
-        return Value(!condition->holds(context));
-    });
+    // Null counts as False before it is turned round, so that "not" of Null is True.
+    return conditional(std::move(condition), std::make_shared<ConstantFormula>(FormulaType::Boolean, false),
+                       std::make_shared<ConstantFormula>(FormulaType::Boolean, true));
 }
 
 FormulaPtr arithmetic(QChar symbol, FormulaPtr left, FormulaPtr right)
@@ -382,9 +366,9 @@ FormulaPtr arithmetic(QChar symbol, FormulaPtr left, FormulaPtr right)
 
 FormulaPtr joined(FormulaPtr left, FormulaPtr right)
 {
-    return computed(FormulaType::Text, [=](const FormulaContext &context) {
-        const Value a = operand(*left, context);
-        const Value b = operand(*right, context);
+    return computed(FormulaType::Text, [=](const FormulaContext &context, int row) {
+        const Value a = operand(*left, context, row);
+        const Value b = operand(*right, context, row);
         return a.isNull() || b.isNull() ? Value() : Value(a.toText() + b.toText());
     });
 }

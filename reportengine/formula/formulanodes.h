@@ -9,23 +9,23 @@ class ConstantFormula : public Formula
 {
 public:
     ConstantFormula(FormulaType type, Value value) : Formula(type), m_value(std::move(value)) {}
-    Value evaluate(const FormulaContext &) const override { return m_value; }
+    void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override;
     bool variesByRow() const override { return false; }
 
 private:
     Value m_value;
 };
 
-/// Anything that is computed from evaluated operands or from the context alone.
+/// Anything that is computed row by row, from evaluated operands or from the context alone.
 class ComputedFormula : public Formula
 {
 public:
-    using Function = std::function<Value(const FormulaContext &)>;
+    using Function = std::function<Value(const FormulaContext &, int row)>;
     ComputedFormula(FormulaType type, Function function, bool varies)
         : Formula(type), m_function(std::move(function)), m_varies(varies)
     {
     }
-    Value evaluate(const FormulaContext &context) const override { return m_function(context); }
+    void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override;
     bool variesByRow() const override { return m_varies; }
 
 private:
@@ -38,9 +38,8 @@ class FieldFormula : public Formula
 {
 public:
     FieldFormula(FormulaType type, int field) : Formula(type), m_field(field) {}
-    Value evaluate(const FormulaContext &context) const override;
-    std::optional<double> number(const FormulaContext &context) const override;
-    void numbers(FormulaContext &context, std::span<const int> rows, double *out) const override;
+    void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const override;
+    void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override;
     int field() const { return m_field; }
 
 private:
@@ -48,7 +47,9 @@ private:
 };
 
 /// The value of an operand inside an operation: Null becomes the type's default where the report wants that.
-Value operand(const Formula &formula, const FormulaContext &context);
+Value operand(const Formula &formula, const FormulaContext &context, int row);
+/// The value that a number of Formula::numbers stands for, in a formula of that type.
+Value valueOf(FormulaType type, double number);
 /// 0, "", False or the day 0.
 Value defaultOf(FormulaType type);
 /// Below 0, 0 or above 0. Both of one type; Null stands first.

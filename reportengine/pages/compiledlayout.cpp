@@ -23,11 +23,11 @@ class TotalFormula : public Formula
 {
 public:
     TotalFormula(FormulaType type, int aggregate) : Formula(type), m_aggregate(aggregate) {}
-    Value evaluate(const FormulaContext &context) const override
+    void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override
     {
         if (!context.totals)
             throw runtimeError(440, {}, "A total is taken over another total");
-        return context.totals->total(m_aggregate, context);
+        std::fill_n(out, rows.size(), context.totals->total(m_aggregate, context));
     }
 
 private:
@@ -111,8 +111,8 @@ FormulaPtr CompiledLayout::runningTotal(const QString &name)
     if (found == m_layout.runningTotals.end())
         return nullptr;
     return computed(FormulaType::Number,
-                    [index = found - m_layout.runningTotals.begin()](const FormulaContext &context) {
-                        return context.running ? Value(context.running[index]) : Value();
+                    [index = found - m_layout.runningTotals.begin()](const FormulaContext &context, int) {
+                        return context.running.empty() ? Value() : Value(context.running[index]);
                     });
 }
 
@@ -123,7 +123,7 @@ FormulaPtr CompiledLayout::parameter(const QString &name)
         return nullptr;
     return computed(
         FormulaType::Text,
-        [&parameter = *found](const FormulaContext &) {
+        [&parameter = *found](const FormulaContext &, int) {
             return parameter.suppress ? Value(QString()) : Value(parameter.text);
         },
         false);
@@ -149,7 +149,7 @@ FormulaPtr CompiledLayout::groupName(int level)
 {
     const FormulaPtr by = m_groups[level];
     return computed(FormulaType::Text,
-                    [by](const FormulaContext &context) { return Value(by->evaluate(context).joined()); });
+                    [by](const FormulaContext &context, int row) { return Value(by->value(context, row).joined()); });
 }
 
 FormulaPtr CompiledLayout::aggregate(const Aggregate &aggregate, const QString &text)

@@ -56,7 +56,7 @@ std::vector<int> rankedTexts(const FieldFormula &field, const RowStore &rows)
     return ranks;
 }
 
-std::vector<int> rankedNumbers(const Formula &by, FormulaContext context, std::span<const int> rows)
+std::vector<int> rankedNumbers(const Formula &by, const FormulaContext &context, std::span<const int> rows)
 {
     std::vector<double> numbers(rows.size());
     for (size_t first = 0; first < rows.size(); first += Formula::Batch)
@@ -78,11 +78,11 @@ std::vector<int> rankedNumbers(const Formula &by, FormulaContext context, std::s
     return ranks;
 }
 
-std::vector<int> rankedValues(const Formula &by, FormulaContext context)
+std::vector<int> rankedValues(const Formula &by, const FormulaContext &context, std::span<const int> rows)
 {
     std::vector<Value> values;
-    for (context.row = 0; context.row < context.rows->rowCount(); ++context.row)
-        values.push_back(by.evaluate(context));
+    for (const int row : rows)
+        values.push_back(by.value(context, row));
     return ranksOf(int(values.size()), [&](int a, int b) { return compareValues(values[a], values[b]); });
 }
 
@@ -90,10 +90,10 @@ std::vector<int> rankedValues(const Formula &by, FormulaContext context)
 /// alone get one number.
 std::vector<int> ranks(const Formula &by, const FormulaContext &context, std::span<const int> rows)
 {
-    if (by.type() == FormulaType::Number || by.type() == FormulaType::Date)
+    if (by.type() != FormulaType::Text)
         return rankedNumbers(by, context, rows);
     const auto *field = dynamic_cast<const FieldFormula *>(&by);
-    return field ? rankedTexts(*field, *context.rows) : rankedValues(by, context);
+    return field ? rankedTexts(*field, *context.rows) : rankedValues(by, context, rows);
 }
 
 } // namespace

@@ -11,11 +11,11 @@ class PageRun
 public:
     PageRun(const PageMaker &maker, const PageStart &start)
         : m_maker(maker), m_grouping(maker.m_grouping), m_position(start.position), m_step(start.step),
-          m_running(start.running), m_nodes(std::max(maker.m_grouping.levels(), 1)), m_context(maker.m_context)
+          m_context(maker.m_context)
     {
-        m_running.resize(maker.m_layout.runningTotals().size());
-        m_context.groupNodes = m_nodes.data();
-        m_context.running = m_running.data();
+        m_context.groupNodes.resize(m_grouping.levels());
+        m_context.running = start.running;
+        m_context.running.resize(maker.m_layout.runningTotals().size());
         lookAt(m_position);
     }
 
@@ -37,11 +37,11 @@ private:
             return;
         m_context.row = m_grouping.rowAt(position);
         for (int level = 0; level < m_grouping.levels(); ++level)
-            m_nodes[level] = m_grouping.nodeAt(level, position, m_nodes[level]);
+            m_context.groupNodes[level] = m_grouping.nodeAt(level, position, m_context.groupNodes[level]);
     }
 
-    bool begins(int level) const { return m_grouping.nodes(level)[m_nodes[level]].first == m_position; }
-    bool ends(int level) const { return m_grouping.nodes(level)[m_nodes[level]].end == m_position + 1; }
+    bool begins(int level) const { return m_grouping.nodes(level)[m_context.groupNodes[level]].first == m_position; }
+    bool ends(int level) const { return m_grouping.nodes(level)[m_context.groupNodes[level]].end == m_position + 1; }
 
     /// Takes the row into the running totals.
     void countRow()
@@ -49,12 +49,12 @@ private:
         const auto &totals = m_maker.m_layout.runningTotals();
         for (size_t i = 0; i < totals.size(); ++i) {
             if (totals[i].resetAt >= 0 && begins(totals[i].resetAt))
-                m_running[i] = 0;
+                m_context.running[i] = 0;
             if (totals[i].oncePer >= 0 && !begins(totals[i].oncePer))
                 continue;
             const Value value = totals[i].of->evaluate(m_context);
             if (!value.isNull())
-                m_running[i] += value.toDouble();
+                m_context.running[i] += value.toDouble();
         }
     }
 
@@ -119,9 +119,9 @@ private:
     void repeatHeaders();
     void noteGroups(PrintedGroups &printed, int index) const;
     void noteGroupPlaces(const CompiledSection &section, double top);
-    bool breaksBefore(double height);
-    bool groupDoesNotFit();
-    bool strandsReportFooter(double height);
+    bool breaksBefore(double height) const;
+    bool groupDoesNotFit() const;
+    bool strandsReportFooter(double height) const;
     bool fillRows(int index, PrintedGroups *printed);
     bool fillReportFooter();
     bool visit(const std::vector<CompiledSection> &sections, const PageMaker::Visitor &visitor);
@@ -131,10 +131,8 @@ private:
     const Grouping &m_grouping;
     int m_position;
     int m_step;
-    std::vector<double> m_running;
-    std::vector<double> m_runningBefore; ///< of the row that did not fit
-    std::vector<int> m_nodes;
     FormulaContext m_context;
+    std::vector<double> m_runningBefore;             ///< running totals before the row that did not fit
     std::vector<const CompiledSection *> m_sections; ///< of the row
     std::vector<double> m_heights;                   ///< theirs
     Page *m_page = nullptr;
@@ -210,7 +208,7 @@ void PageRun::repeatHeaders()
 void PageRun::noteGroups(PrintedGroups &printed, int index) const
 {
     for (int level = 0; level < m_grouping.levels(); ++level)
-        printed.note(level, m_nodes[level], index);
+        printed.note(level, m_context.groupNodes[level], index);
 }
 
 /// Notes the groups that have not stood on the page before this section of theirs. A header belongs to its own group
@@ -225,36 +223,34 @@ void PageRun::noteGroupPlaces(const CompiledSection &section, double top)
     for (int level = 0; level < end; ++level) {
         const auto known =
             std::find_if(places.rbegin(), places.rend(), [&](const GroupPlace &place) { return place.level == level; });
-        if (known == places.rend() || known->node != m_nodes[level])
-            places.push_back({level, m_nodes[level], top, m_y});
+        if (known == places.rend() || known->node != m_context.groupNodes[level])
+            places.push_back({level, m_context.groupNodes[level], top, m_y});
         else if (isHeader && level == section.section->group)
             known->bottom = m_y; // a further line of the same header
     }
 }
 
 /// Whether a group that begins here wants to stay in one piece and has to go to a new page for it.
-bool PageRun::groupDoesNotFit()
+bool PageRun::groupDoesNotFit() const
 {
-    const int first = m_position;
-    bool result = false;
-    for (int level = 0; level < m_grouping.levels() && !result; ++level) {
+    const double room = m_bottom - m_top;
+    for (int level = 0; level < m_grouping.levels(); ++level) {
         if (!m_maker.m_layout.layout().groups[level].keepTogether || !begins(level))
             continue;
-        const int end = m_grouping.nodes(level)[m_nodes[level]].end;
+        PageRun ahead = *this;
+        const int end = m_grouping.nodes(level)[m_context.groupNodes[level]].end;
         double height = 0;
-        for (; m_position < end && height <= m_bottom - m_top; ++m_position) {
-            lookAt(m_position);
-            height += heightOfRow(0);
+        for (; ahead.m_position < end && height <= room; ++ahead.m_position) {
+            ahead.lookAt(ahead.m_position);
+            height += ahead.heightOfRow(0);
         }
-        result = height > m_bottom - m_y && height <= m_bottom - m_top;
-        m_position = first;
-        lookAt(first);
-        heightOfRow(m_step);
+        if (height > m_bottom - m_y && height <= room)
+            return true;
     }
-    return result;
+    return false;
 }
 
-bool PageRun::breaksBefore(double height)
+bool PageRun::breaksBefore(double height) const
 {
     if (m_fresh || height == 0)
         return false;
@@ -263,7 +259,7 @@ bool PageRun::breaksBefore(double height)
 
 /// Whether the last row would stay on this page and the report's end stand on the next without any row. A row that
 /// goes over with the footer must find room for both there, or nothing is won.
-bool PageRun::strandsReportFooter(double height)
+bool PageRun::strandsReportFooter(double height) const
 {
     if (m_fresh || m_position != m_maker.m_lastPrinted)
         return false;
@@ -276,7 +272,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
 {
     for (; !atEnd(); ++m_position, m_step = 0) {
         lookAt(m_position);
-        m_runningBefore = m_running;
+        m_runningBefore = m_context.running;
         if (m_step == 0) {
             countRow();
             for (int level = 0; level < m_grouping.levels(); ++level) {
@@ -295,7 +291,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
         // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
         for (; m_step < int(m_sections.size()); ++m_step) {
             if (!m_fresh && m_y + m_heights[m_step] > m_bottom && !nextColumn()) {
-                m_runningBefore = m_running;
+                m_runningBefore = m_context.running;
                 return true;
             }
             const double top = m_y;
@@ -328,7 +324,7 @@ std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pa
     beginPage(index);
     const bool isFull = fillRows(index, printed) || fillReportFooter();
     const PageStart next{m_position, m_step, m_restartDue ? index + 1 : start.countBase,
-                         isFull ? m_runningBefore : m_running};
+                         isFull ? m_runningBefore : m_context.running};
     // The page footer belongs to the last row on the page, not to the first of the next.
     lookAt(isFull && !atEnd() && m_step == 0 ? std::max(m_position - 1, start.position) : m_position);
     m_y = m_bottom;
@@ -369,12 +365,12 @@ PageStart PageRun::firstPrinted()
 {
     for (; !atEnd(); ++m_position) {
         lookAt(m_position);
-        m_runningBefore = m_running;
+        m_runningBefore = m_context.running;
         countRow();
         if (heightOfRow(0) > 0)
             return {m_position, 0, 0, m_runningBefore};
     }
-    return {m_position, 0, 0, m_running};
+    return {m_position, 0, 0, m_context.running};
 }
 
 int PageRun::lastPrinted()
@@ -424,11 +420,9 @@ bool PageMaker::forEachSection(const Visitor &visit) const
 QString PageMaker::groupLabel(int level, int node) const
 {
     FormulaContext context = m_context;
-    std::vector<int> nodes(m_grouping.levels());
     const int position = m_grouping.nodes(level)[node].first;
     for (int above = 0; above < m_grouping.levels(); ++above)
-        nodes[above] = m_grouping.nodeAt(above, position);
-    context.groupNodes = nodes.data();
+        context.groupNodes.push_back(m_grouping.nodeAt(above, position));
     context.row = m_grouping.rowAt(position);
     const Value label = m_layout.groupLabels()[level]->evaluate(context);
     return label.isNull() ? QString() : label.toText();

@@ -9,30 +9,28 @@ class Grouping;
 class Totals
 {
 public:
-    void compute(const std::vector<Aggregate> &aggregates, const Grouping &grouping, FormulaContext context);
+    void compute(const std::vector<Aggregate> &aggregates, const Grouping &grouping, const FormulaContext &context);
 
     /// The total for the row and groups of the context. A sum over nothing is 0, a minimum or average Null.
     Value total(int aggregate, const FormulaContext &context) const;
 
 private:
-    struct Cell
-    {
-        double sum = 0; ///< or, of numbers and dates, the minimum or maximum
-        int count = 0;  ///< of values that are not Null
-        int best = -1;  ///< of other values the position in `extremes` of the minimum or maximum
-    };
+    /// One total with its values by group node, or one value for all rows. Of the lists but `counts` it has the one
+    /// that its kind and type need.
     struct Column
     {
         Aggregate::Kind kind;
         int level;
         FormulaType type;
-        std::vector<Cell> cells; ///< by group node; one for all rows
-        std::vector<Value> extremes;
-        int node = 0; ///< that the rows have got to
+        std::vector<int> counts;     ///< of the values that are not Null
+        std::vector<double> sums;    ///< of Sum and Average
+        std::vector<double> numbers; ///< the Minimum or Maximum of anything but texts; Formula::numbers tells how
+        std::vector<Value> texts;    ///< the Minimum or Maximum of texts
+        int node = 0;                ///< that the rows have got to
     };
-    static void addNumbers(Aggregate::Kind kind, Cell &cell, std::span<const double> numbers);
-    static void addValues(Column &column, Cell &cell, const Formula &of, FormulaContext &context,
-                          std::span<const int> rows);
+    static Column column(const Aggregate &aggregate, const Grouping &grouping);
+    static void addNumbers(Column &column, int node, std::span<const double> numbers);
+    static void addTexts(Column &column, int node, std::span<const Value> texts);
 
     std::vector<Column> m_columns;
 };

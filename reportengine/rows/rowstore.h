@@ -3,8 +3,6 @@
 #include "data/values/value.h"
 #include "reportengine/rows/dataset.h"
 #include <QHash>
-#include <cmath>
-#include <optional>
 
 class RowSource;
 
@@ -27,13 +25,7 @@ public:
     /// Null, a Double, a Date or a text, by the field's type.
     Value value(int row, int field) const;
 
-    /// The same of a number or date field, a date as days; nothing for Null.
-    std::optional<double> number(int row, int field) const
-    {
-        const double number = m_columns[field].numbers[row];
-        return std::isnan(number) ? std::nullopt : std::optional(number);
-    }
-    /// All of a number or date field; not-a-number stands for Null.
+    /// All of a number or date field, a date as days; not-a-number stands for Null.
     const std::vector<double> &numbers(int field) const { return m_columns[field].numbers; }
     /// The number of a row's text in texts(field), where 0 stands for Null. Of text fields only.
     quint32 textId(int row, int field) const { return m_columns[field].textIds[row]; }
