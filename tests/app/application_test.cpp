@@ -33,7 +33,7 @@ public:
         });
         connect(btnFill, &QPushButton::clicked, this, [] { throw std::bad_alloc(); });
         connect(btnAsk, &QPushButton::clicked, this, [] {
-            sqlite3_hard_heap_limit64(sqlite3_memory_used() + 1000);
+            sqlite3_hard_heap_limit64(sqlite3_memory_used() + 1000); // where the engine is this process
             gDatabase->Execute("UPDATE Customer SET City = City & Customer & Status & City");
         });
         connect(cmbKind, &ComboBox::click, this, [] { throw runtimeError(94); });
@@ -93,6 +93,8 @@ TEST_F(ApplicationTest, ARunTimeErrorShowsItsBoxAndEndsTheProgramWithoutUnloadin
         {"btnAsk", "Run-time error '7':\n\nOut of memory"},
     };
     for (const auto &failure : cases) {
+        if (database.isOnServer() && failure.control == QString("btnAsk"))
+            continue;
         boxes.expect("Tamrick Inventory Management", failure.description);
         EXPECT_EQ(statusOf([&] { form.click(failure.control); }), 1) << failure.control;
         sqlite3_hard_heap_limit64(0);

@@ -168,6 +168,8 @@ TEST_F(Lists, TheseTypeAheadAndTheOthersDoNot)
 {
     QStringList typeAhead;
     for (const QString &name : Forms::names()) {
+        if (name == "frmFailing") // another test's, where all run in one process
+            continue;
         Form *form = Load(name);
         for (QGroupBox *frame : form->findChildren<QGroupBox *>())
             frame->setEnabled(true);

@@ -144,7 +144,7 @@ TEST_F(StartupTest, SettingsAndDatabaseFailBeforeThePreviousInstanceIsLookedFor)
 {
     const PreviousInstance other(folder.path());
     EXPECT_EQ(errorNumberOf([&] { Main(folder.path()); }), 53);
-    configure(database.path() + ".none");
+    configure(database.path() + (database.isOnServer() ? "&dbname=none" : ".none"));
     EXPECT_EQ(errorNumberOf([&] { Main(folder.path()); }), 3024);
     configure(database.path());
     boxes.expect("Application Already Running", "This application is already running.");
@@ -219,7 +219,7 @@ protected:
     }
 
     const QString tests = QCoreApplication::applicationDirPath();
-    TestDatabase database;
+    TestDatabase database{EngineKind::Sqlite};
     QTemporaryDir folder;
 };
 

@@ -93,13 +93,12 @@ protected:
 
     void openDatabase(bool full)
     {
-        gDatabase.reset();
-        gDatabasePath = folder.filePath("company.db");
-        if (full)
-            createDemo(gDatabasePath, {1, 3, QDate(2010, 12, 31)});
-        else
-            createDatabase(gDatabasePath, Schema::Password.toString());
-        gDatabase = DBEngine::OpenDatabase(gDatabasePath, false, false, DatabaseConnect);
+        database.replaceBy([full](const QString &name) {
+            if (full)
+                createDemo(name, {1, 3, QDate(2010, 12, 31)});
+            else
+                createDatabase(name, Schema::Password.toString());
+        });
     }
 
     /// The first pages and the last are as a page should be.

@@ -78,6 +78,11 @@ private:
 
 } // namespace
 
+EngineKind chosenEngine()
+{
+    return qEnvironmentVariable("TAMRICK_TEST_ENGINE") == "server" ? EngineKind::Postgres : EngineKind::Sqlite;
+}
+
 std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info)
 {
     static const std::array names{"OnSqlite", "OnPostgres", "OnPostgresPlain"};

@@ -16,6 +16,9 @@ inline auto allEngines()
     return testing::Values(EngineKind::Sqlite, EngineKind::Postgres, EngineKind::PostgresPlain);
 }
 
+/// What forms and reports are tested on: a file, or the tests' server where TAMRICK_TEST_ENGINE is "server".
+EngineKind chosenEngine();
+
 /// "OnSqlite", "OnPostgres", "OnPostgresPlain"
 std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info);
 

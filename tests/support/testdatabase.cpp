@@ -33,11 +33,9 @@ const char *const MasterRows[] = {
 };
 } // namespace
 
-TestDatabase::TestDatabase()
+TestDatabase::TestDatabase(EngineKind engine) : m_engine(engine)
 {
-    createDatabase(path(), Schema::Password.toString());
-    gDatabasePath = path();
-    gDatabase = DBEngine::OpenDatabase(path(), false, false, DatabaseConnect);
+    replaceBy([](const QString &name) { createDatabase(name, Schema::Password.toString()); });
     for (const char *sql : MasterRows)
         execute(QString::fromUtf8(sql));
 }
@@ -47,9 +45,13 @@ TestDatabase::~TestDatabase()
     gDatabase.reset();
 }
 
-QString TestDatabase::path() const
+void TestDatabase::replaceBy(const std::function<void(const QString &)> &make)
 {
-    return m_folder.filePath(QStringLiteral("test.db"));
+    gDatabase.reset();
+    m_place = DatabasePlace::on(m_engine);
+    make(path());
+    gDatabasePath = path();
+    gDatabase = DBEngine::OpenDatabase(path(), false, false, DatabaseConnect);
 }
 
 void TestDatabase::execute(const QString &sql)

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "data/values/value.h"
+#include "tests/support/enginesundertest.h"
 #include <QStringList>
-#include <QTemporaryDir>
 
-/// A fresh database file with a few master rows, open as `gDatabase` while this object stands:
+/// A fresh database with a few master rows, open as `gDatabase` while this object stands:
 ///
 ///     customers   Acme Supply (sheet "Dealer", 30 days), Baker Tools, Bolt & Sons; Closed Works is InActive
 ///     warehouses  East, Main; Old Hall is InActive
@@ -13,12 +13,18 @@
 class TestDatabase
 {
 public:
-    TestDatabase();
+    explicit TestDatabase(EngineKind engine = chosenEngine());
     ~TestDatabase();
     TestDatabase(const TestDatabase &) = delete;
     TestDatabase &operator=(const TestDatabase &) = delete;
 
-    QString path() const;
+    /// What the program opens it by: a file's path, or a URI.
+    QString path() const { return m_place->name(); }
+    bool isOnServer() const { return m_engine != EngineKind::Sqlite; }
+    /// Runs a statement as another tool does; see DatabasePlace.
+    QString plain(const QString &sql) const { return m_place->plain(sql); }
+    /// Opens another one in its place, which `make` creates under the name that it is given.
+    void replaceBy(const std::function<void(const QString &)> &make);
 
     /// Runs one action statement.
     void execute(const QString &sql);
@@ -29,5 +35,6 @@ public:
     int count(const QString &table) const;
 
 private:
-    QTemporaryDir m_folder;
+    EngineKind m_engine;
+    std::unique_ptr<DatabasePlace> m_place;
 };
