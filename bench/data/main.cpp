@@ -1,4 +1,4 @@
-#include "bench/data/barefile.h"
+#include "bench/data/workingcopy.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>

@@ -1,4 +1,5 @@
-#include "bench/data/barefile.h"
+#include "bench/bare/engine.h"
+#include "bench/data/workingcopy.h"
 #include "data/dao/database.h"
 #include "data/engines/sqlite/dialect.h"
 #include "data/jetsql/translator.h"
@@ -9,12 +10,6 @@ namespace {
 std::unique_ptr<Database> open(const QString &path)
 {
     return DBEngine::OpenDatabase(path, false, false, QStringLiteral(";pwd=QZV"));
-}
-
-QString text(sqlite3_stmt *statement, int column)
-{
-    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, column)),
-                             sqlite3_column_bytes(statement, column));
 }
 
 QStringList customers(Database &database)
@@ -44,18 +39,17 @@ BENCHMARK(walk)->Unit(benchmark::kMillisecond);
 void walkBare(benchmark::State &state)
 {
     const WorkingCopy copy;
-    BareConnection bare(copy.path());
-    sqlite3_stmt *rows = bare.prepare("SELECT * FROM OrderItem");
+    BareEngine bare(copy.path());
+    BareEngine::Statement rows(bare, "SELECT * FROM OrderItem");
     qint64 rowCount = 0;
     for (auto _ : state) {
-        for (; sqlite3_step(rows) == SQLITE_ROW; ++rowCount) {
-            benchmark::DoNotOptimize(sqlite3_column_double(rows, 2));
-            benchmark::DoNotOptimize(text(rows, 3));
+        for (; rows.step(); ++rowCount) {
+            benchmark::DoNotOptimize(rows.number(2));
+            benchmark::DoNotOptimize(QString::fromUtf8(rows.view(3)));
         }
-        sqlite3_reset(rows);
+        rows.reset();
     }
     state.SetItemsProcessed(rowCount);
-    sqlite3_finalize(rows);
 }
 BENCHMARK(walkBare)->Unit(benchmark::kMillisecond);
 
@@ -79,17 +73,15 @@ void lookupBare(benchmark::State &state)
 {
     const WorkingCopy copy;
     const QStringList names = customers(*open(copy.path()));
-    BareConnection bare(copy.path());
-    sqlite3_stmt *rows = bare.prepare("SELECT * FROM Customer WHERE Customer = ?");
+    BareEngine bare(copy.path());
+    BareEngine::Statement rows(bare, "SELECT * FROM Customer WHERE Customer = ?");
     qsizetype next = 0;
     for (auto _ : state) {
-        const QByteArray key = names[next++ % names.size()].toUtf8();
-        sqlite3_bind_text(rows, 1, key.constData(), int(key.size()), SQLITE_STATIC);
-        sqlite3_step(rows);
-        benchmark::DoNotOptimize(text(rows, 3));
-        sqlite3_reset(rows);
+        rows.bind(1, names[next++ % names.size()].toUtf8());
+        rows.step();
+        benchmark::DoNotOptimize(QString::fromUtf8(rows.view(3)));
+        rows.reset();
     }
-    sqlite3_finalize(rows);
 }
 BENCHMARK(lookupBare)->Unit(benchmark::kMicrosecond);
 

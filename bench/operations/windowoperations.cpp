@@ -1,4 +1,5 @@
-#include "bench/operations/bareoperations.h"
+#include "bench/bare/operations.h"
+#include "bench/operations/meter.h"
 #include "bench/operations/operation.h"
 
 #include "app/mdi.h"
@@ -7,9 +8,14 @@
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 
 namespace {
+
+struct Column
+{
+    const char *grid = "";
+    int index = 0;
+};
 
 /// The main window, shown and painted.
 struct Desk : MDI
@@ -22,45 +28,52 @@ struct Desk : MDI
     }
 };
 
-/// Opens a form in the main window until it is painted, then closes it.
-double open(const QString &name)
+/// The texts of one column of a form's grid, as rows.
+std::vector<QStringList> columnOf(const Form *form, const Column &column)
+{
+    std::vector<QStringList> rows;
+    const auto *grid = form->findChild<FlexGrid *>(column.grid);
+    for (int row = 1; grid && row < grid->rows(); ++row)
+        rows.push_back({grid->textMatrix(row, column.index)});
+    return rows;
+}
+
+/// Opens a form in the main window until it is painted, then closes it. What is noted is a column of its grid.
+void open(Meter &meter, const QString &name, const Column &shown = {})
 {
     const Desk desk;
-    QElapsedTimer timer;
-    timer.start();
+    meter.start();
     Form *form = Load(name);
     QApplication::processEvents();
-    const double seconds = double(timer.nsecsElapsed()) / 1e9;
+    meter.stop();
+    if (meter.keepsRows())
+        meter.note(columnOf(form, shown));
     form->unload();
     QApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return seconds;
 }
 
 /// The list of a dialog's combo box, from the click to its entries on the screen.
-double dropDown(const QString &name, const QString &combo)
+void dropDown(Meter &meter, const QString &name, const QString &combo)
 {
     const Desk desk;
     auto *list = Load(name)->findChild<QComboBox *>(combo);
     QApplication::processEvents();
-    QElapsedTimer timer;
-    timer.start();
+    meter.start();
     list->showPopup();
     QApplication::processEvents();
-    const double seconds = double(timer.nsecsElapsed()) / 1e9;
+    meter.stop();
     list->hidePopup();
-    return seconds;
 }
 
 /// A document from the call to its page on the screen.
-double show(const std::function<void()> &document)
+void show(Meter &meter, const std::function<void()> &document)
 {
     const Desk desk;
-    QElapsedTimer timer;
-    timer.start();
+    meter.start();
     document();
     QApplication::processEvents();
-    return double(timer.nsecsElapsed()) / 1e9;
+    meter.stop();
 }
 
 } // namespace
@@ -69,16 +82,22 @@ std::vector<Operation> windowOperations()
 {
     const QString shipment =
         gDatabase->OpenRecordset("SELECT TOP 1 ID FROM Shipment ORDER BY ID DESC").Fields("ID").text();
-    return {{"Order Entry opens", [] { return open("frmOrderEntry"); }},
-            {"Shipment Entry opens", [] { return open("frmShipmentEntry"); }},
-            {"Order Navigator, all orders", [] { return open("frmOrderNavigator"); }, Bare::orderNavigator},
-            {"Shipment Navigator, all shipments", [] { return open("frmShipmentNavigator"); }, Bare::shipmentNavigator},
-            {"Packing slip dialog, all shipments", [] { return open("frmPackingSlip"); }},
-            {"Packing slip dialog, its list drops down", [] { return dropDown("frmPackingSlip", "cmbReport"); }},
-            {"Part Entry opens", [] { return open("frmPartEntry"); }},
-            {"Customer Entry opens", [] { return open("frmCustomerEntry"); }},
-            {"Packing slip, on the screen", [=] { return show([=] { Reports::PrintPackingSlip(shipment, true); }); }},
-            {"Invoice of one shipment, on the screen", [=] {
-                 return show([=] { Reports::PrintInvoice(shipment, "1", "1/1/2026", "1/31/2026", "Net 30", true); });
+    const auto opens = [](const QString &form, const Column &shown = {}) {
+        return [=](Meter &meter) { open(meter, form, shown); };
+    };
+    return {{"Order Entry opens", opens("frmOrderEntry")},
+            {"Shipment Entry opens", opens("frmShipmentEntry")},
+            {"Order Navigator, all orders", opens("frmOrderNavigator", {"vsfgOrders", 11}), Bare::orderNavigator},
+            {"Shipment Navigator, all shipments", opens("frmShipmentNavigator", {"vsfgShipments", 2}),
+             Bare::shipmentNavigator},
+            {"Packing slip dialog, all shipments", opens("frmPackingSlip")},
+            {"Packing slip dialog, its list drops down",
+             [](Meter &meter) { dropDown(meter, "frmPackingSlip", "cmbReport"); }},
+            {"Part Entry opens", opens("frmPartEntry")},
+            {"Customer Entry opens", opens("frmCustomerEntry")},
+            {"Packing slip, on the screen",
+             [=](Meter &meter) { show(meter, [=] { Reports::PrintPackingSlip(shipment, true); }); }},
+            {"Invoice of one shipment, on the screen", [=](Meter &meter) {
+                 show(meter, [=] { Reports::PrintInvoice(shipment, "1", "1/1/2026", "1/31/2026", "Net 30", true); });
              }}};
 }

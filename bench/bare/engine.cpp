@@ -1,4 +1,4 @@
-#include "bench/operations/bareengine.h"
+#include "bench/bare/engine.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,9 +26,8 @@ BareEngine::BareEngine(const QString &path)
     run("PRAGMA cache_size=-65536");
 }
 
-qint64 BareEngine::run(const QByteArray &sql)
+void BareEngine::run(const QByteArray &sql)
 {
-    qint64 rows = 0;
     const char *rest = sql.constData();
     while (*rest) {
         sqlite3_stmt *statement = nullptr;
@@ -36,16 +35,27 @@ qint64 BareEngine::run(const QByteArray &sql)
               sql);
         if (!statement)
             break;
+        const int columns = sqlite3_column_count(statement);
+        if (columns > 0)
+            m_rows.clear();
         int result;
         while ((result = sqlite3_step(statement)) == SQLITE_ROW) {
-            for (int column = 0; column < sqlite3_column_count(statement); ++column)
+            for (int column = 0; column < columns; ++column)
                 sqlite3_column_text(statement, column);
-            ++rows;
+            if (m_keepsRows)
+                keep(statement);
         }
         check(result == SQLITE_DONE, m_connection.get(), sql);
         sqlite3_finalize(statement);
     }
-    return rows;
+}
+
+void BareEngine::keep(sqlite3_stmt *statement)
+{
+    QStringList row;
+    for (int column = 0; column < sqlite3_column_count(statement); ++column)
+        row += QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
+    m_rows.push_back(row);
 }
 
 BareEngine::Statement::Statement(BareEngine &engine, const QByteArray &sql)
@@ -86,10 +96,9 @@ void BareEngine::Statement::reset()
     sqlite3_reset(m_statement.get());
 }
 
-QByteArray BareEngine::Statement::text(int column) const
+QByteArrayView BareEngine::Statement::view(int column) const
 {
-    return {reinterpret_cast<const char *>(sqlite3_column_text(m_statement.get(), column)),
-            sqlite3_column_bytes(m_statement.get(), column)};
+    return {sqlite3_column_text(m_statement.get(), column), sqlite3_column_bytes(m_statement.get(), column)};
 }
 
 double BareEngine::Statement::number(int column) const

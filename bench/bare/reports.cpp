@@ -1,50 +1,35 @@
-#include "bench/operations/bareengine.h"
-#include "bench/operations/bareoperations.h"
+#include "bench/bare/engine.h"
+#include "bench/bare/joins.h"
+#include "bench/bare/operations.h"
 
 namespace {
-
-/// The shipped lines with their order lines, in the join order that walks the invoice dates once.
-const QByteArray ShippedLines =
-    " FROM Shipment CROSS JOIN Orders ON Orders.ID = Shipment.OrderID CROSS JOIN ShipmentItems ON "
-    "ShipmentItems.ShipmentID = Shipment.ID CROSS JOIN OrderItem ON OrderItem.OrderID = Orders.ID AND "
-    "OrderItem.ItemNumber = ShipmentItems.OrderLineItem ";
 
 void comparisonPeriod(BareEngine &engine, const QByteArray &columns, const QByteArray &begin, const QByteArray &end)
 {
     engine.run(
         "INSERT INTO tmpSalesByCustomer (Customer," + columns +
         ") SELECT Orders.Customer, SUM(ShipmentItems.Qty*OrderItem.PriceEach), SUM(ShipmentItems.Qty*Part.Cost)" +
-        ShippedLines + "LEFT JOIN Part ON Part.PartNo = OrderItem.PartNo WHERE Shipment.InvoiceDate >= '" + begin +
+        Bare::Joins::FromShipments +
+        "LEFT JOIN Part ON Part.PartNo = OrderItem.PartNo WHERE Shipment.InvoiceDate >= '" + begin +
         "' AND Shipment.InvoiceDate <= '" + end + "' GROUP BY +Orders.Customer");
 }
 
+/// Fills the register's scratch table with all that has moved stock up to a date.
 void movements(BareEngine &engine, const QByteArray &end)
 {
-    const QByteArray head = "INSERT INTO tmpInventoryRegister (Warehouse,PartNo,Date,Qty,Cost,Memo) ";
+    const QByteArray head = "INSERT INTO tmpInventoryRegister (Warehouse,PartNo,Date,Qty,Cost,Memo) SELECT ";
+    const QByteArray line = head + "H.Warehouse,D.PartNo,H.Date,D.Qty,P.Cost,";
+    const QByteArray part = "LEFT JOIN Part P ON P.PartNo = ", until = "Date <= '" + end + "'";
     engine.run("DELETE FROM tmpInventoryRegister");
     for (const QByteArray side : {"FromID", "ToID"})
-        engine.run(
-            head +
-            "SELECT H.Warehouse,D.PartNo,H.Date,D.Qty,P.Cost,'Transfer ID - '||T.ID FROM TransferHeader T JOIN "
-            "AdjustmentHeader H ON T." +
-            side +
-            " = H.ID LEFT JOIN AdjustmentDetail D ON D.AdjustmentID = H.ID LEFT JOIN Part P ON P.PartNo = D.PartNo "
-            "WHERE H.Date <= '" +
-            end + "'");
-    engine.run(
-        head +
-        "SELECT H.Warehouse,D.PartNo,H.Date,D.Qty,P.Cost,'Adjustment ID - '||H.ID FROM AdjustmentHeader H LEFT JOIN "
-        "AdjustmentDetail D ON D.AdjustmentID = H.ID LEFT JOIN Part P ON P.PartNo = D.PartNo WHERE H.ID NOT IN "
-        "(SELECT FromID FROM TransferHeader) AND H.ID NOT IN (SELECT ToID FROM TransferHeader) AND H.Date <= '" +
-        end + "'");
-    engine.run(
-        head +
-        "SELECT Orders.Warehouse,OrderItem.PartNo,Shipment.Date,ShipmentItems.Qty*-1,P.Cost,'Shipment ID - "
-        "'||Shipment.ID FROM ShipmentItems CROSS JOIN Shipment ON Shipment.ID = ShipmentItems.ShipmentID CROSS JOIN "
-        "Orders ON Orders.ID = Shipment.OrderID CROSS JOIN OrderItem ON OrderItem.OrderID = Orders.ID AND "
-        "OrderItem.ItemNumber = ShipmentItems.OrderLineItem LEFT JOIN Part P ON P.PartNo = OrderItem.PartNo WHERE "
-        "Shipment.Date <= '" +
-        end + "'");
+        engine.run(line + "'Transfer ID - '||T.ID" + Bare::Joins::fromTransfers(side) + part + "D.PartNo WHERE H." +
+                   until);
+    engine.run(line + "'Adjustment ID - '||H.ID" + Bare::Joins::FromAdjustments + part + "D.PartNo" +
+               Bare::Joins::WhereNoTransfer + "AND H." + until);
+    engine.run(head +
+               "Orders.Warehouse,OrderItem.PartNo,Shipment.Date,ShipmentItems.Qty*-1,P.Cost,'Shipment ID - "
+               "'||Shipment.ID" +
+               Bare::Joins::FromShippedLines + part + "OrderItem.PartNo WHERE Shipment." + until);
 }
 
 /// A new table of the columns given, empty.
@@ -78,8 +63,9 @@ void Bare::salesByPart(BareEngine &engine, const QByteArray &begin, const QByteA
 {
     engine.run("SELECT OrderItem.PartNo,Orders.Customer,Shipment.ID,Shipment.Date,ShipmentItems.Qty,"
                "ShipmentItems.Qty*OrderItem.PriceEach,ShipmentItems.Qty*Part.Cost" +
-               ShippedLines + "CROSS JOIN Part ON Part.PartNo = OrderItem.PartNo WHERE Shipment.InvoiceDate >= '" +
-               begin + "' AND Shipment.InvoiceDate <= '" + end +
+               Bare::Joins::FromShipments +
+               "CROSS JOIN Part ON Part.PartNo = OrderItem.PartNo WHERE Shipment.InvoiceDate >= '" + begin +
+               "' AND Shipment.InvoiceDate <= '" + end +
                "' ORDER BY +OrderItem.PartNo,+Shipment.Date,+Orders.Customer");
 }
 
@@ -117,7 +103,7 @@ void Bare::inventorySales(BareEngine &engine, const QByteArray &begin, const QBy
     engine.run(
         "DELETE FROM tmpTransferHeaderIDs; INSERT INTO tmpTransferHeaderIDs (ID) SELECT FromID FROM TransferHeader; "
         "INSERT INTO tmpTransferHeaderIDs (ID) SELECT ToID FROM TransferHeader");
-    const QByteArray sold = "SELECT OrderItem.PartNo, SUM(ShipmentItems.Qty)" + ShippedLines;
+    const QByteArray sold = "SELECT OrderItem.PartNo, SUM(ShipmentItems.Qty)" + Bare::Joins::FromShipments;
     recreate(engine, "tmpInventoryRegister3", "PartNo TEXT COLLATE NOCASE, MonthSalesQty REAL");
     engine.run("INSERT INTO tmpInventoryRegister3 " + sold + "WHERE Shipment.Date >= '" + begin +
                "' AND Shipment.Date <= '" + end + "' GROUP BY +OrderItem.PartNo");
@@ -143,24 +129,15 @@ void Bare::production(BareEngine &engine, const QByteArray &start, const QByteAr
     engine.run("INSERT INTO tmpProductionSummary (Warehouse,PartNo,Months,Req,QtySold) SELECT "
                "Orders.Warehouse,OrderItem.PartNo,3,2,"
                "ShipmentItems.Qty" +
-               ShippedLines + "WHERE Shipment.InvoiceDate >= '" + start + "' AND Shipment.InvoiceDate <= '" + end +
-               "' ORDER BY +Orders.Warehouse,+OrderItem.PartNo");
+               Bare::Joins::FromShipments + "WHERE Shipment.InvoiceDate >= '" + start +
+               "' AND Shipment.InvoiceDate <= '" + end + "' ORDER BY +Orders.Warehouse,+OrderItem.PartNo");
     engine.run("DELETE FROM tmpProductionInventoryRegister");
+    const QByteArray line = stock + "SELECT H.Warehouse,D.PartNo,D.Qty";
     for (const QByteArray side : {"FromID", "ToID"})
-        engine.run(stock +
-                   "SELECT H.Warehouse,D.PartNo,D.Qty FROM TransferHeader T LEFT JOIN AdjustmentHeader H ON T." + side +
-                   " = H.ID LEFT JOIN AdjustmentDetail D ON D.AdjustmentID = H.ID");
-    engine.run(
-        stock +
-        "SELECT H.Warehouse,D.PartNo,D.Qty FROM AdjustmentHeader H LEFT JOIN AdjustmentDetail D ON D.AdjustmentID = "
-        "H.ID "
-        "WHERE H.ID NOT IN (SELECT FromID FROM TransferHeader) AND H.ID NOT IN (SELECT ToID FROM TransferHeader)");
-    engine.run(
-        stock +
-        "SELECT Orders.Warehouse,OrderItem.PartNo,ShipmentItems.Qty*-1 FROM ShipmentItems CROSS JOIN Shipment ON "
-        "Shipment.ID = ShipmentItems.ShipmentID CROSS JOIN Orders ON Orders.ID = Shipment.OrderID CROSS JOIN OrderItem "
-        "ON OrderItem.OrderID = Orders.ID AND OrderItem.ItemNumber = ShipmentItems.OrderLineItem WHERE "
-        "Shipment.Invoiced");
+        engine.run(line + Joins::fromTransfers(side));
+    engine.run(line + Joins::FromAdjustments + Joins::WhereNoTransfer);
+    engine.run(stock + "SELECT Orders.Warehouse,OrderItem.PartNo,ShipmentItems.Qty*-1" + Joins::FromShippedLines +
+               "WHERE Shipment.Invoiced");
     engine.run("INSERT INTO tmpProductionSummary (Warehouse,PartNo,Months,Req,QtyOnHand) SELECT "
                "Warehouse,PartNo,3,2,SUM(Qty) FROM "
                "tmpProductionInventoryRegister GROUP BY Warehouse,PartNo; DELETE FROM tmpProductionInventoryRegister");

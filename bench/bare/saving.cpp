@@ -1,5 +1,5 @@
-#include "bench/operations/bareengine.h"
-#include "bench/operations/bareoperations.h"
+#include "bench/bare/ledger.h"
+#include "bench/bare/operations.h"
 
 namespace {
 
@@ -49,35 +49,7 @@ private:
     BareEngine::Statement m_lines, m_set;
 };
 
-/// Adds to the ledger's row of a warehouse and part, or makes it.
-class Ledger
-{
-public:
-    explicit Ledger(BareEngine &engine)
-        : m_find(engine, "SELECT rowid,Avail FROM AvailInv WHERE Part = ? AND Whse = ?"),
-          m_update(engine, "UPDATE AvailInv SET Avail = ? WHERE rowid = ?"),
-          m_insert(engine, "INSERT INTO AvailInv (Whse,Part,Avail) VALUES (?,?,?)")
-    {
-    }
-    void post(const QByteArray &warehouse, const QByteArray &part, double quantity)
-    {
-        m_find.bind(1, part).bind(2, warehouse);
-        if (m_find.step()) {
-            m_update.bind(1, m_find.number(1) + quantity).bind(2, qint64(m_find.number(0)));
-            m_find.reset();
-            m_update.step();
-            m_update.reset();
-        } else {
-            m_find.reset();
-            m_insert.bind(1, warehouse).bind(2, part).bind(3, quantity).step();
-            m_insert.reset();
-        }
-    }
-
-private:
-    BareEngine::Statement m_find, m_update, m_insert;
-};
-
+// The rows of a packing slip and of an invoice.
 const QByteArray DocumentJoin = " FROM Shipment S JOIN Orders O ON O.ID = S.OrderID JOIN ShipmentItems L ON "
                                 "L.ShipmentID = S.ID JOIN OrderItem I ON "
                                 "I.OrderID = O.ID AND I.ItemNumber = L.OrderLineItem LEFT JOIN Customer C ON "
@@ -100,14 +72,46 @@ void readAll(BareEngine::Statement &statement, int columns)
 
 } // namespace
 
-void Bare::saveShipments(BareEngine &engine, const std::vector<Shipment> &shipments)
+void Bare::saveOrders(BareEngine &engine, const std::vector<Order> &orders, const QByteArray &today)
+{
+    Numbers numbers(engine, "Orders");
+    BareEngine::Statement header(
+        engine, "INSERT INTO Orders (ID,OrderNumber,Customer,Warehouse,Status,OrderDate,DueDate,ShipTo,ShipToAddress1,"
+                "ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToPhone,ShipToFax,DateAdded,Total) VALUES "
+                "(?1,?2,?3,?4,'Open',?5,?5,?6,?7,?8,?9,?10,?11,?12,?13,?5,0)");
+    BareEngine::Statement clear(engine, "DELETE FROM OrderItem WHERE OrderID = ?");
+    BareEngine::Statement item(engine, "INSERT INTO OrderItem VALUES (?,?,10.0,?,?,2.5,25.0,'')");
+    BareEngine::Statement ticket(
+        engine, "SELECT O.Warehouse,O.ID,O.OrderNumber,O.Customer,O.OrderDate,O.DueDate,O.ShipTo,O.ShipToAddress1,"
+                "O.ShipToAddress2,O.ShipToCity,O.ShipToState,O.ShipToZip,O.ShipToPhone,O.ShipToFax,I.ItemNumber,I.Qty,"
+                "I.PartNo,P.Category,P.BinLocation FROM Orders O LEFT JOIN OrderItem I ON I.OrderID = O.ID LEFT JOIN "
+                "Part P ON P.PartNo = I.PartNo WHERE O.ID = ? ORDER BY O.ID,P.Category,I.PartNo");
+    for (const Order &order : orders) {
+        const qint64 id = numbers.take();
+        header.bind(1, id).bind(2, order.number).bind(3, order.customer).bind(4, order.warehouse).bind(5, today);
+        for (int i = 0; i < order.shipTo.size(); ++i)
+            header.bind(i + 6, order.shipTo[i]);
+        header.step();
+        header.reset();
+        clear.bind(1, id).step();
+        clear.reset();
+        for (const Line &line : order.lines) {
+            item.bind(1, id).bind(2, line.item).bind(3, line.part).bind(4, line.category).step();
+            item.reset();
+        }
+        ticket.bind(1, id);
+        readAll(ticket, 19);
+    }
+}
+
+void Bare::saveShipments(BareEngine &engine, const std::vector<Shipment> &shipments, const QByteArray &today)
 {
     Numbers numbers(engine, "Shipment");
     OrderStatus status(engine);
     Ledger ledger(engine);
     BareEngine::Statement header(engine,
                                  "INSERT INTO Shipment (ID,OrderID,Date,Via,Freight,Adjustment,Invoiced) VALUES "
-                                 "(?,?,'2026-11-20 00:00:00','UPS Ground',0,0,0)");
+                                 "(?,?,?,'UPS Ground',0,0,0)");
     BareEngine::Statement warehouse(engine, "SELECT Warehouse FROM Orders WHERE ID = ?");
     BareEngine::Statement clear(engine, "DELETE FROM ShipmentItems WHERE ShipmentID = ?");
     BareEngine::Statement item(engine,
@@ -115,14 +119,14 @@ void Bare::saveShipments(BareEngine &engine, const std::vector<Shipment> &shipme
     BareEngine::Statement slip(engine, DocumentHead + DocumentJoin + "= ? ORDER BY O.ID,I.ItemNumber");
     for (const Shipment &shipment : shipments) {
         const qint64 id = numbers.take();
-        header.bind(1, id).bind(2, shipment.order).step();
+        header.bind(1, id).bind(2, shipment.order).bind(3, today).step();
         header.reset();
         warehouse.bind(1, shipment.order).step();
         const QByteArray from = warehouse.text(0);
         warehouse.reset();
         clear.bind(1, id).step();
         clear.reset();
-        for (const ShipmentLine &line : shipment.lines) {
+        for (const Line &line : shipment.lines) {
             item.bind(1, id).bind(2, shipment.order).bind(3, line.item).step();
             item.reset();
             ledger.post(from, line.part, 1);
@@ -139,11 +143,11 @@ namespace {
 class InvoiceMaker
 {
 public:
-    explicit InvoiceMaker(BareEngine &engine)
-        : m_engine(engine), m_numbers(engine, "Invoice"), m_status(engine),
+    InvoiceMaker(BareEngine &engine, QByteArray today)
+        : m_engine(engine), m_today(std::move(today)), m_numbers(engine, "Invoice"), m_status(engine),
           m_terms(engine, "SELECT Terms,Days FROM Customer WHERE Customer = ?"),
           m_insert(engine, "INSERT INTO Invoice (ID,Invoice,InvoiceDate,DueDate,Total,Cost,Shipment,Customer,Terms) "
-                           "VALUES (?1,CAST(?1 AS TEXT),'2026-11-20 00:00:00','2026-12-20 00:00:00',?2,?3,?4,?5,?6)"),
+                           "VALUES (?1,CAST(?1 AS TEXT),?7,datetime(?7,'+'||?8||' days'),?2,?3,?4,?5,?6)"),
           m_order(engine, "SELECT OrderID FROM Shipment WHERE ID = ?"),
           m_mark(engine, "UPDATE Shipment SET Invoiced = 1 WHERE ID = ?")
     {
@@ -155,7 +159,7 @@ public:
         for (const qint64 id : shipments)
             list += (list.isEmpty() ? "" : ", ") + QByteArray::number(id);
         m_terms.bind(1, customer).step();
-        const QByteArray terms = m_terms.text(0);
+        const QByteArray terms = m_terms.text(0), days = m_terms.text(1);
         m_terms.reset();
         const qint64 number = m_numbers.take();
         m_engine.run(DocumentHead + ",O.Warehouse,S.Via,I.PriceEach,S.Freight,S.Adjustment" + DocumentJoin + "IN (" +
@@ -164,6 +168,7 @@ public:
         const double goods = one("SELECT SUM(L.Qty * I.PriceEach)" + DocumentJoin + "IN (" + list + ")");
         const double cost = one("SELECT SUM(P.Cost * L.Qty)" + DocumentJoin + "IN (" + list + ")");
         m_insert.bind(1, number).bind(2, goods + charges).bind(3, cost).bind(4, list).bind(5, customer).bind(6, terms);
+        m_insert.bind(7, m_today).bind(8, days.isEmpty() ? QByteArray("0") : days);
         m_insert.step();
         m_insert.reset();
         for (const qint64 id : shipments) {
@@ -185,6 +190,7 @@ private:
     }
 
     BareEngine &m_engine;
+    QByteArray m_today;
     Numbers m_numbers;
     OrderStatus m_status;
     BareEngine::Statement m_terms, m_insert, m_order, m_mark;
@@ -192,7 +198,7 @@ private:
 
 } // namespace
 
-void Bare::invoiceRun(BareEngine &engine)
+void Bare::invoiceRun(BareEngine &engine, const QByteArray &today)
 {
     std::vector<std::pair<QByteArray, std::vector<qint64>>> invoices;
     BareEngine::Statement open(engine, "SELECT O.Customer,S.ID FROM Shipment S LEFT JOIN Orders O ON S.OrderID = O.ID "
@@ -204,7 +210,7 @@ void Bare::invoiceRun(BareEngine &engine)
         invoices.back().second.push_back(qint64(open.number(1)));
     }
     open.reset();
-    InvoiceMaker maker(engine);
+    InvoiceMaker maker(engine, today);
     for (const auto &[customer, shipments] : invoices)
         maker.make(customer, shipments);
 }
