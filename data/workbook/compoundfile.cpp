@@ -8,7 +8,7 @@ namespace {
 
 /// Greater ones mark ends and unused places.
 constexpr quint32 LastSectorNumber = 0xFFFFFFFA;
-constexpr qsizetype HeaderSize = 512, HeaderTableSectors = 109, EntrySize = 128;
+constexpr qsizetype HeaderSize = 512, HeaderTableSectors = 109, EntrySize = 128, EntrySiblings = 68;
 /// A workbook has a stream or two, and some for each macro and picture.
 constexpr qsizetype MostEntries = 4096;
 
@@ -45,6 +45,14 @@ public:
         for (quint32 number = m_first; number <= LastSectorNumber; number = next(number)) {
             entries += m_sectorSize / EntrySize;
             if (entries > MostEntries)
+                throw DamagedFile();
+        }
+        // The root stands alone. The library would read entries beside it, and give none of them back.
+        ByteReader root = sector(m_first);
+        root.skip(EntrySiblings);
+        const quint32 siblings[] = {root.u32(), root.u32()};
+        for (const quint32 sibling : siblings) {
+            if (sibling != 0 && sibling <= LastSectorNumber)
                 throw DamagedFile();
         }
     }

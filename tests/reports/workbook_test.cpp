@@ -149,6 +149,9 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
     damaged[damaged.indexOf("xl/worksheets") + 300] = char(damaged[damaged.indexOf("xl/worksheets") + 300] ^ 0x55);
     QByteArray hugeDirectory = fixtureContent("ledger.xls");
     hugeDirectory[30] = 24; // the sectors' size, as a power of two
+    QByteArray pairOfRoots = compound({{"Workbook", begin + end}});
+    const auto directory = qsizetype(512) * (1 + qFromLittleEndian<quint32>(pairOfRoots.constData() + 48));
+    qToLittleEndian(quint32(1), pairOfRoots.data() + directory + 68); // the root's left neighbour
 
     const struct
     {
@@ -220,6 +223,7 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
         {"a text that is not there", "xls", xls(begin + record(0xFD, QByteArray(10, '\0')) + end)},
         {"a column right of the last", "xls", xls(begin + record(0x27E, QByteArray("\0\0\0\1\0\0\0\0\0\0", 10)) + end)},
         {"sectors of sixteen megabytes", "xls", hugeDirectory},
+        {"a root that is not alone", "xls", pairOfRoots},
         {"half a file", "xls", fixtureContent("kinds.xls").left(8000)},
         {"no file of this kind", "xls", "Customer,Amount"},
         {"an empty file", "ods", ""},
