@@ -25,7 +25,7 @@ namespace {
 
 using GoingOut = DeskTest;
 
-TEST_F(GoingOut, WhatWasWrittenIsSafeBeforeABoxADocumentOrAnExport)
+TEST_F(GoingOut, WhatWasWrittenOrReadIsSafeBeforeABoxADocumentOrAnExport)
 {
     const QTemporaryDir folder;
     int round = 0;
@@ -72,10 +72,13 @@ TEST_F(GoingOut, WhatWasWrittenIsSafeBeforeABoxADocumentOrAnExport)
         for (const auto &way : ways) {
             SCOPED_TRACE(way.what);
             writer->Execute(QString("UPDATE Part SET Cost = %1").arg(++round));
+            gDatabase->OpenRecordset("SELECT Cost FROM Part").Eof();
             syncs = 0;
             safe = false;
             way.goOut();
             EXPECT_TRUE(safe);
+            way.goOut();
+            EXPECT_TRUE(database.isOnServer() || syncs == 1) << "synced again, with nothing new";
         }
     }
     setPrintDestination({});

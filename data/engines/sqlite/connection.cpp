@@ -144,12 +144,24 @@ qint64 Connection::schemaVersion()
 
 void Connection::syncCommits()
 {
-    if (!m_usesWriteAheadLog) {
+    // Changes with each commit made here, and when a read first sees one of another process: nothing that can be told
+    // of stands in the file unsynced as long as it stays.
+    unsigned version = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    if (version == m_syncedVersion)
+        return;
+    if (m_usesWriteAheadLog) {
+        syncLog();
+    } else {
         // The last commit's journal is removed, but a power failure may bring it back, and it would take the commit
         // back with it. Those before it are gone for good: SQLite syncs the folder when the next one is made.
         syncFolderOf(QString::fromUtf8(sqlite3_db_filename(m_handle.get(), "main")));
-        return;
     }
+    m_syncedVersion = version;
+}
+
+void Connection::syncLog()
+{
     sqlite3_file *log = nullptr;
     if (sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log ||
         !log->pMethods)

@@ -6,6 +6,7 @@
 #include "data/engines/sqlite/preparedstatement.h"
 #include "data/values/runtimeerror.h"
 #include <QCache>
+#include <optional>
 
 /// How changes reach the file. `WriteAheadLog` is SQLite's own, for a local disk; `Rollback` the rollback
 /// journal, for a folder that other machines share; `ByMount` takes what suits the place where the file lies.
@@ -48,7 +49,7 @@ public:
     int changes() const { return sqlite3_changes(m_handle.get()); }
     qint64 lastInsertedRow() const { return sqlite3_last_insert_rowid(m_handle.get()); }
 
-    /// Makes all commits so far, also those of other processes, outlive a power failure.
+    /// Makes all commits that this connection has made or seen outlive a power failure, also those of other processes.
     void syncCommits();
     /// Brings what the write-ahead log holds into the file, as far as no reader needs it, so that the next write
     /// begins the log anew.
@@ -80,6 +81,7 @@ private:
 
     void configure(const ConnectionOptions &options);
     void chooseJournal(const ConnectionOptions &options);
+    void syncLog();
 
     QString m_file;
     BusyWait m_busyWait;
@@ -87,7 +89,8 @@ private:
     QCache<QByteArray, PreparedStatement> m_idle{128};
     Checkpoint m_checkpoint;
     bool m_usesWriteAheadLog = false;
-    bool m_unmarked = false; ///< reached over the network, and not marked as shared yet
+    std::optional<unsigned> m_syncedVersion; ///< of the data, when all of it was synced last
+    bool m_unmarked = false;                 ///< reached over the network, and not marked as shared yet
 };
 
 /// Several statements that are committed as one. Rolls back unless committed.
