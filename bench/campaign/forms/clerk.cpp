@@ -234,7 +234,8 @@ void Clerk::prepare(const QString &file, const QString &connect, int openOrders)
     gDatabase.reset();
 }
 
-int Clerk::run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count)
+int Clerk::run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count,
+               bool prints)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -245,7 +246,8 @@ int Clerk::run(int &argc, char **argv, const QString &file, const QString &conne
     });
     Answers answers;
     application.installEventFilter(&answers);
-    setPrintDestination(handOut);
+    if (!prints)
+        setPrintDestination(handOut);
     gDatabase = open(file, connect);
     gDefaultWarehouse = "Main";
     gAutoPriceFlag = "YES";

@@ -14,7 +14,9 @@ constexpr int Customers = 4; ///< of each kind: "Order 1" ... and "Ship 1" ...
 void prepare(const QString &file, const QString &connect, int openOrders);
 
 /// Saves `count` documents in the role "orders", "shipments" or "everything" (until killed when `count` is negative).
+/// Documents are promised where they would be printed; with `prints` they are printed as the program prints them.
 /// Returns the exit status; a box that nobody expects, or a run-time error, is told on the standard error and is 1.
-int run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count);
+int run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count,
+        bool prints);
 
 } // namespace Clerk

@@ -92,6 +92,7 @@ void Disk::apply(const Event &event)
         m_unsafe.clear();
         return;
     case TraceHead::Said:
+    case TraceHead::Printed:
         return;
     }
     m_unsafe.push_back(m_now);

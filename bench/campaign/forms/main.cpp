@@ -24,14 +24,16 @@ struct Campaign
     QStringList faults;
 };
 
-std::unique_ptr<QProcess> startClerk(const Campaign &campaign, const QString &role, int count,
-                                     const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+QStringList workOf(const Campaign &campaign, const QString &role, int count)
+{
+    return {"work",   "--file", campaign.file, "--connect",           campaign.connect,
+            "--role", role,     "--count",     QString::number(count)};
+}
+
+std::unique_ptr<QProcess> startClerk(const Campaign &campaign, const QString &role, int count)
 {
     auto clerk = std::make_unique<QProcess>();
-    clerk->setProcessEnvironment(environment);
-    clerk->start(QCoreApplication::applicationFilePath(),
-                 {"work", "--file", campaign.file, "--connect", campaign.connect, "--role", role, "--count",
-                  QString::number(count)});
+    clerk->start(QCoreApplication::applicationFilePath(), workOf(campaign, role, count));
     clerk->waitForReadyRead(60000);
     return clerk;
 }
@@ -103,28 +105,49 @@ void pair(Campaign &campaign, int openOrders)
     campaign.faults += campaign.books.faults();
 }
 
+/// A clerk who is recorded. The program stands in a folder of its own on a machine without printers, where it keeps
+/// what it prints beside itself.
+std::unique_ptr<QProcess> startRecordedClerk(const Campaign &campaign, const QString &trace, const QString &folder)
+{
+    QDir().mkpath(folder);
+    const QString program = folder + "/clerk";
+    QFile::copy(QCoreApplication::applicationFilePath(), program);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", QCoreApplication::applicationDirPath() + "/librecorder.so");
+    environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0"); // a sanitized clerk lets the recorder come first
+    environment.insert("RECORD_FOLDER", QFileInfo(campaign.file).path());
+    environment.insert("RECORD_PRINTED", folder + "/printed");
+    environment.insert("RECORD_TRACE", trace);
+    environment.insert("CUPS_SERVER", "localhost:9");
+    environment.insert("CUPS_SERVERROOT", "/nowhere");
+    auto clerk = std::make_unique<QProcess>();
+    clerk->setProcessEnvironment(environment);
+    clerk->start(program, workOf(campaign, "everything", campaign.count) + QStringList("--prints"));
+    clerk->waitForReadyRead(60000);
+    return clerk;
+}
+
 /// Records what a clerk who saves some documents does to the disk, and then lets the power fail again and again.
 void power(Campaign &campaign, int openOrders, int images)
 {
     const QString folder = QFileInfo(campaign.file).path(), trace = folder + ".trace";
     PowerFailures failures(folder, campaign.connect, openOrders, campaign.seed);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("LD_PRELOAD", QCoreApplication::applicationDirPath() + "/librecorder.so");
-    environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0"); // a sanitized clerk lets the recorder come first
-    environment.insert("RECORD_FOLDER", folder);
-    environment.insert("RECORD_TRACE", trace);
-    const auto clerk = startClerk(campaign, "everything", campaign.count, environment);
+    const QString program = QFileInfo(folder).path() + "/program";
+    const auto clerk = startRecordedClerk(campaign, trace, program);
     go(*clerk);
     if (!clerk->waitForFinished(-1) || clerk->exitCode() != 0)
         campaign.faults += "the clerk was stopped";
     campaign.faults += faultsOf(*clerk);
-    failures.tryAll(trace, images);
+    failures.tryAll(trace, program + "/printed", images);
     campaign.faults += failures.faults();
     if (failures.promises() < campaign.count)
         campaign.faults += "the trace tells of too few saves";
-    std::printf("%d disks left by a power failure, %s journal, %d documents, seed %u: %d saves reported, %d faults\n",
+    if (failures.papers() < campaign.count)
+        campaign.faults += "the trace tells of too few printed documents";
+    std::printf("%d disks left by a power failure, %s journal, count %d, seed %u: %d saves reported, %d documents "
+                "printed, %d faults\n",
                 images, qPrintable(campaign.journal), campaign.count, campaign.seed, failures.promises(),
-                int(campaign.faults.size()));
+                failures.papers(), int(campaign.faults.size()));
 }
 
 void finish(Campaign &campaign, const QString &what)
@@ -159,7 +182,8 @@ int main(int argc, char **argv)
                        {"folder", "where the file is made", "path", QDir::tempPath()},
                        {"file", "for a clerk, or to write an old one to", "path"},
                        {"connect", "for a clerk", "text"},
-                       {"role", "for a clerk", "text"}});
+                       {"role", "for a clerk", "text"},
+                       {"prints", "for a clerk"}});
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);
@@ -168,7 +192,8 @@ int main(int argc, char **argv)
     const int count = parser.value("count").toInt();
     if (what == u"work") {
         const QString connect = parser.isSet("connect") ? parser.value("connect") : DatabaseConnect;
-        return Clerk::run(argc, argv, parser.value("file"), connect, parser.value("role"), count);
+        return Clerk::run(argc, argv, parser.value("file"), connect, parser.value("role"), count,
+                          parser.isSet("prints"));
     }
 
     QCoreApplication application(argc, argv);

@@ -4,14 +4,39 @@
 #include "toolkit/forms/mainmod.h"
 #include "tools/check.h"
 #include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+namespace {
+
+/// What a printed document promises: a slip its shipment, an invoice its number. Empty when it is neither.
+QString promiseOn(const QString &path)
+{
+    QProcess reader;
+    reader.start("pdftotext", {"-layout", path, "-"});
+    reader.waitForFinished(-1);
+    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    const std::pair<const char *, const char *> documents[] = {{"slip ", "^ *Packing Slip.*?\\bShipment +(\\d+)"},
+                                                               {"paper ", "\\bInvoice number +(\\d+)"}};
+    for (const auto &[kind, pattern] : documents) {
+        const auto match = QRegularExpression(pattern, QRegularExpression::DotMatchesEverythingOption |
+                                                           QRegularExpression::MultilineOption)
+                               .match(text);
+        if (match.hasMatch())
+            return kind + match.captured(1);
+    }
+    return {};
+}
+
+} // namespace
 
 PowerFailures::PowerFailures(const QString &folder, const QString &connect, int openOrders, uint seed)
     : m_disk(folder), m_connect(connect), m_openOrders(openOrders), m_random(seed)
 {
 }
 
-void PowerFailures::tryAll(const QString &trace, int images)
+void PowerFailures::tryAll(const QString &trace, const QString &printed, int images)
 {
     const std::vector<Event> events = readTrace(trace);
     std::vector<int> moments;
@@ -25,10 +50,22 @@ void PowerFailures::tryAll(const QString &trace, int images)
             tryOne(QString("after call %1 of %2").arg(at).arg(events.size()));
         if (at == int(events.size()))
             break;
-        m_disk.apply(events[size_t(at)]);
-        if (events[size_t(at)].kind == TraceHead::Said)
-            m_books.add(QString::fromUtf8(events[size_t(at)].data).split('\n'));
+        const Event &event = events[size_t(at)];
+        m_disk.apply(event);
+        if (event.kind == TraceHead::Said)
+            m_books.add(QString::fromUtf8(event.data).split('\n'));
+        if (event.kind == TraceHead::Printed)
+            takePaper(printed + '/' + event.name);
     }
+}
+
+void PowerFailures::takePaper(const QString &path)
+{
+    const QString promise = promiseOn(path);
+    if (promise.isEmpty())
+        m_faults += "printed, and neither a slip nor an invoice: " + path;
+    m_books.add({promise});
+    ++m_papers;
 }
 
 void PowerFailures::tryOne(const QString &moment)

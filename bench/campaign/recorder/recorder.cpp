@@ -1,5 +1,6 @@
-// Preloaded into a program, it writes down every system call by which the program changes the files of one folder, and
-// every line the program says on its standard output. RECORD_FOLDER names the folder, RECORD_TRACE the file to write.
+// Preloaded into a program, it writes down every system call by which the program changes the files of one folder,
+// every line the program says on its standard output, and every document it puts into the folder of printed ones.
+// RECORD_FOLDER and RECORD_PRINTED name the folders, RECORD_TRACE the file to write.
 
 #include "bench/campaign/recorder/trace.h"
 #include <cstdarg>
@@ -23,21 +24,24 @@ using WriteCall = ssize_t(int, const void *, size_t);
 std::string paths[4096]; ///< of open files in the folder, by descriptor; the folder itself is "/"
 std::mutex mutex;
 
-const std::string &folder()
+std::string setting(const char *name)
 {
-    static const std::string path = getenv("RECORD_FOLDER") ? getenv("RECORD_FOLDER") : "";
-    return path;
+    return getenv(name) ? getenv(name) : "";
 }
 
-/// Names are told within the folder; what lies elsewhere has none. Shared memory is not on the disk.
+/// The name that a path has within a folder, "/" for the folder itself; what lies elsewhere has none.
+std::string nameIn(const std::string &folder, const std::string &path)
+{
+    if (folder.empty() || path.compare(0, folder.size(), folder) != 0)
+        return {};
+    return path.size() == folder.size() ? "/" : path.substr(folder.size() + 1);
+}
+
+/// In the folder that is recorded. Shared memory is not on the disk.
 std::string nameOf(const char *path)
 {
-    const std::string whole = path;
-    if (folder().empty() || whole.compare(0, folder().size(), folder()) != 0)
-        return {};
-    if (whole.size() == folder().size())
-        return "/";
-    const std::string name = whole.substr(folder().size() + 1);
+    static const std::string folder = setting("RECORD_FOLDER");
+    const std::string name = nameIn(folder, path);
     return name.size() > 4 && name.compare(name.size() - 4, 4, "-shm") == 0 ? std::string() : name;
 }
 
@@ -196,6 +200,9 @@ int rename(const char *from, const char *to) noexcept
     const std::string name = nameOf(to);
     if (result == 0 && !name.empty())
         record(TraceHead::Rename, nameOf(from), 0, name.data(), name.size());
+    static const std::string printed = setting("RECORD_PRINTED");
+    if (const std::string document = nameIn(printed, to); result == 0 && !document.empty())
+        record(TraceHead::Printed, document);
     return result;
 }
 }
