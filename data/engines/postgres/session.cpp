@@ -71,6 +71,9 @@ postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
     if (!handle)
         throw std::bad_alloc();
     PQsetErrorVerbosity(handle.get(), PQERRORS_VERBOSE); // so that a refusal tells its state
+    // What ends an idle session reaches users as the error of their next statement; libpq would print it as well.
+    PQsetNoticeProcessor(
+        handle.get(), [](void *, const char *) {}, nullptr);
     const QDeadlineTimer deadline(OpeningMilliseconds);
     PostgresPollingStatusType wanted = PGRES_POLLING_WRITING;
     while (PQstatus(handle.get()) != CONNECTION_BAD && wanted != PGRES_POLLING_OK && wanted != PGRES_POLLING_FAILED &&
