@@ -4,14 +4,16 @@
 #include <QSet>
 #include <QStringList>
 
-/// What the workers promised so far, and the comparison of that with what the file holds.
+class Place;
+
+/// What the workers promised so far, and the comparison of that with what the database holds.
 class Ledger
 {
 public:
     /// Takes the lines of one worker. False, with a word in faults(), when two took one number.
     void add(const QStringList &lines);
-    /// Compares with the file; `open` statements may have been written without the promise being heard.
-    void compare(const QString &file, int open);
+    /// Compares with the database; `open` statements may have been written without the promise being heard.
+    void compare(const Place &place, int open);
 
     const QStringList &faults() const { return m_faults; }
     int statements() const { return m_statements; }

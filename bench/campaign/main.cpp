@@ -1,4 +1,5 @@
 #include "bench/campaign/ledger.h"
+#include "bench/campaign/place.h"
 #include "bench/campaign/worker.h"
 #include "tests/support/checkpointgap.h"
 #include <QCommandLineParser>
@@ -14,20 +15,24 @@ namespace {
 
 struct Settings
 {
-    QString journal;
-    int count = 0;
+    Place place;
+    QString connect, journal, server;
+    int count = 0, workers = 0;
     uint seed = 0;
     int gap = 0;
+
+    /// How many statements of each worker that was cut off may be there without its promise having been heard.
+    int open() const { return place.isOnServer() ? Worker::Statements : 1; }
+    QStringList names() const { return QStringList{"A", "B", "C", "D"}.mid(0, workers); }
 };
 
 /// A worker process, started and waiting for the word to go.
-std::unique_ptr<QProcess> startWorker(const QString &file, const QString &connect, const QString &name, int count,
-                                      int gap = 0)
+std::unique_ptr<QProcess> startWorker(const Settings &settings, const QString &name, int count)
 {
     auto worker = std::make_unique<QProcess>();
     worker->start(QCoreApplication::applicationFilePath(),
-                  {"work", "--file", file, "--connect", connect, "--name", name, "--count", QString::number(count),
-                   "--gap", QString::number(gap)});
+                  {"work", "--file", settings.place.name(), "--connect", settings.connect, "--name", name, "--count",
+                   QString::number(count), "--gap", QString::number(settings.gap)});
     worker->waitForReadyRead(30000);
     return worker;
 }
@@ -38,30 +43,41 @@ void go(QProcess &worker)
     worker.waitForBytesWritten();
 }
 
+/// All of them, started together.
+std::vector<std::unique_ptr<QProcess>> startWorkers(const Settings &settings, int count)
+{
+    std::vector<std::unique_ptr<QProcess>> workers;
+    for (const QString &name : settings.names())
+        workers.push_back(startWorker(settings, name, count));
+    for (const auto &worker : workers)
+        go(*worker);
+    return workers;
+}
+
 int finish(const char *what, const Settings &settings, const Ledger &ledger, QStringList faults)
 {
     faults += ledger.faults();
-    std::printf("%s, %s journal, count %d, seed %u: %d statements reported, %d faults\n", what,
-                qPrintable(settings.journal), settings.count, settings.seed, ledger.statements(), int(faults.size()));
+    std::printf("%s, %s, count %d, seed %u: %d statements reported, %d faults\n", what, qPrintable(settings.journal),
+                settings.count, settings.seed, ledger.statements(), int(faults.size()));
     for (const QString &fault : faults)
         std::printf("  %s\n", qPrintable(fault));
     return faults.isEmpty() ? 0 : 1;
 }
 
 /// Kills a saving process at random moments, again and again on one file.
-int kills(const Settings &settings, const QString &file, const QString &connect)
+int kills(const Settings &settings)
 {
     QRandomGenerator random(settings.seed);
     Ledger ledger;
     QStringList faults;
     for (int kill = 0; kill < settings.count && faults.isEmpty() && ledger.faults().isEmpty(); ++kill) {
-        const auto worker = startWorker(file, connect, "A", -1);
+        const auto worker = startWorker(settings, "A", -1);
         go(*worker);
         // Counted in statements and not in time, so that a busy machine kills as deep into the saves.
         QByteArray heard;
         for (const int enough = random.bounded(1, 40); heard.count('\n') < enough && worker->waitForReadyRead(30000);)
             heard += worker->readAllStandardOutput();
-        QThread::usleep(random.bounded(settings.journal == "log" ? 500 : 20000));
+        QThread::usleep(random.bounded(settings.journal.startsWith(u"log") ? 500 : 20000));
         worker->kill();
         worker->waitForFinished();
         heard += worker->readAllStandardOutput();
@@ -69,40 +85,62 @@ int kills(const Settings &settings, const QString &file, const QString &connect)
         if (!errors.isEmpty())
             faults += QString::fromUtf8(errors);
         ledger.add(QString::fromUtf8(heard).split('\n'));
-        ledger.compare(file, kill + 1); // each kill may have cut off one promise
+        ledger.compare(settings.place, (kill + 1) * settings.open());
     }
     return finish("kills", settings, ledger, faults);
 }
 
-/// Lets two processes save documents at once.
-int pair(const Settings &settings, const QString &file, const QString &connect)
+/// Lets several processes save documents at once.
+int together(const Settings &settings)
 {
     Ledger ledger;
     QStringList faults;
-    const auto a = startWorker(file, connect, "A", settings.count);
-    const auto b = startWorker(file, connect, "B", settings.count);
-    for (const auto *worker : {&a, &b})
-        go(**worker);
-    for (const auto *worker : {&a, &b}) {
-        if (!(*worker)->waitForFinished(-1) || (*worker)->exitCode() != 0)
-            faults += "a worker failed: " + QString::fromUtf8((*worker)->readAllStandardError());
-        ledger.add(QString::fromUtf8((*worker)->readAllStandardOutput()).split('\n'));
+    const auto workers = startWorkers(settings, settings.count);
+    for (const auto &worker : workers) {
+        if (!worker->waitForFinished(-1) || worker->exitCode() != 0)
+            faults += "a worker failed: " + QString::fromUtf8(worker->readAllStandardError());
+        ledger.add(QString::fromUtf8(worker->readAllStandardOutput()).split('\n'));
     }
-    ledger.compare(file, 0);
-    return finish("pair", settings, ledger, faults);
+    ledger.compare(settings.place, 0);
+    return finish("together", settings, ledger, faults);
+}
+
+/// Kills the server under several saving processes again and again: all of its processes, or one, whereupon it ends the
+/// sessions of the others by itself. Each worker is to end with the error of a lost session.
+int crashes(const Settings &settings)
+{
+    QRandomGenerator random(settings.seed);
+    Ledger ledger;
+    QStringList faults;
+    for (int crash = 0; crash < settings.count && faults.isEmpty() && ledger.faults().isEmpty(); ++crash) {
+        const auto workers = startWorkers(settings, -1);
+        QByteArray heard;
+        for (const int enough = random.bounded(1, 100);
+             heard.count('\n') < enough && workers[0]->waitForReadyRead(30000);)
+            heard += workers[0]->readAllStandardOutput();
+        QThread::usleep(random.bounded(20000));
+        if (QProcess::execute(TAMRICK_TEST_SERVER, {"crash", settings.server, crash % 2 ? "one" : "all"}) != 0)
+            faults += "the server did not start again";
+        for (const auto &worker : workers) {
+            worker->waitForFinished();
+            const QString error = QString::fromUtf8(worker->readAllStandardError());
+            if (!error.startsWith(u"3043 "))
+                faults += "a worker ended otherwise: " + error;
+            heard += worker->readAllStandardOutput();
+        }
+        ledger.add(QString::fromUtf8(heard).split('\n'));
+        ledger.compare(settings.place, (crash + 1) * settings.workers * settings.open());
+    }
+    return finish("crashes", settings, ledger, faults);
 }
 
 /// Lets four processes save documents at once for that many seconds, whose checkpoints dawdle where another process
 /// may begin the log anew.
-int checkpoints(const Settings &settings, const QString &file, const QString &connect)
+int checkpoints(const Settings &settings)
 {
     Ledger ledger;
     QStringList faults;
-    std::vector<std::unique_ptr<QProcess>> workers;
-    for (const char *name : {"A", "B", "C", "D"})
-        workers.push_back(startWorker(file, connect, name, -1, settings.gap));
-    for (const auto &worker : workers)
-        go(*worker);
+    const auto workers = startWorkers(settings, -1);
     QByteArrayList heard(qsizetype(workers.size()));
     const auto listen = [&](qsizetype i) { heard[i] += workers[size_t(i)]->readAllStandardOutput(); };
     QElapsedTimer timer;
@@ -120,7 +158,7 @@ int checkpoints(const Settings &settings, const QString &file, const QString &co
         listen(i);
         ledger.add(QString::fromUtf8(heard[i]).split('\n'));
     }
-    ledger.compare(file, int(workers.size())); // each was cut off somewhere
+    ledger.compare(settings.place, int(workers.size())); // each was cut off somewhere
     return finish("checkpoints", settings, ledger, faults);
 }
 
@@ -130,10 +168,12 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills, pair or checkpoints");
+    parser.addPositionalArgument("campaign", "kills, together, checkpoints, or crashes of a server");
     parser.addOptions({{"count", "how many kills, documents of each process, or seconds", "n", "10"},
                        {"gap", "microseconds by which checkpoints are slowed down", "n", "0"},
                        {"journal", "log or rollback", "mode", "log"},
+                       {"server", "the link of scripts/testserver, for a database there", "path"},
+                       {"workers", "how many processes at once, up to 4", "n", "2"},
                        {"seed", "of the moments of the kills", "n", "1"},
                        {"folder", "where the file is made", "path", QDir::tempPath()},
                        {"file", "for a worker", "path"},
@@ -150,15 +190,23 @@ int main(int argc, char **argv)
         return Worker::run(parser.value("file"), parser.value("connect"), parser.value("name"), count);
 
     const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");
-    const QString file = folder.filePath("company.db");
-    const Settings settings{parser.value("journal"), count, parser.value("seed").toUInt(), gap};
-    const QString connect = ";busy=20000;journal=" + settings.journal;
-    Worker::prepare(file, connect);
+    const QString server = parser.value("server"), journal = parser.value("journal");
+    const Settings settings{server.isEmpty() ? Place(folder.filePath("company.db")) : Place::onServer(server),
+                            server.isEmpty() ? ";busy=20000;journal=" + journal : QString(),
+                            server.isEmpty() ? journal + " journal" : "server",
+                            server,
+                            count,
+                            parser.value("workers").toInt(),
+                            parser.value("seed").toUInt(),
+                            gap};
+    Worker::prepare(settings.place.name(), settings.connect);
     if (campaign == "kills")
-        return kills(settings, file, connect);
-    if (campaign == "pair")
-        return pair(settings, file, connect);
+        return kills(settings);
+    if (campaign == "together")
+        return together(settings);
     if (campaign == "checkpoints")
-        return checkpoints(settings, file, connect);
+        return checkpoints(settings);
+    if (campaign == "crashes")
+        return crashes(settings);
     parser.showHelp(2);
 }
