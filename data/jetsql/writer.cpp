@@ -50,11 +50,18 @@ private:
     /// shows its own.
     QString distinct() const
     {
-        if (!m_select.distinct)
+        if (!m_select.distinct && !isSetOfTexts())
             return {};
         if (!m_dialect.comparesByKeys())
             return QStringLiteral("DISTINCT ");
         return "DISTINCT ON (" + distinctKeys().join(QLatin1String(", ")) + ") ";
+    }
+
+    /// SQLite, up to 3.40 at least, calls its file damaged where the set of an IN is given equal texts of different
+    /// lengths. It is not where they come to it distinct already.
+    bool isSetOfTexts() const
+    {
+        return asKey && !m_dialect.comparesByKeys() && m_select.top < 0 && m_select.items.front().expr->type.isText();
     }
 
     QStringList distinctKeys() const
@@ -84,7 +91,7 @@ private:
             return m_result.assigned(expr, targets[index]).text;
         if (asNumber)
             return m_result.number(expr).text;
-        const bool compared = m_dialect.comparesByKeys() ? asKey : m_select.distinct;
+        const bool compared = m_dialect.comparesByKeys() ? asKey : m_select.distinct || isSetOfTexts();
         return compared ? m_result.collated(expr) : m_result.plain(expr).text;
     }
 
