@@ -1,3 +1,4 @@
+#include "bench/campaign/failingdisk.h"
 #include "bench/campaign/ledger.h"
 #include "bench/campaign/place.h"
 #include "bench/campaign/worker.h"
@@ -168,7 +169,7 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills, together, checkpoints, or crashes of a server");
+    parser.addPositionalArgument("campaign", "kills, together, checkpoints, disk, or crashes of a server");
     parser.addOptions({{"count", "how many kills, documents of each process, or seconds", "n", "10"},
                        {"gap", "microseconds by which checkpoints are slowed down", "n", "0"},
                        {"journal", "log or rollback", "mode", "log"},
@@ -199,6 +200,8 @@ int main(int argc, char **argv)
                             parser.value("workers").toInt(),
                             parser.value("seed").toUInt(),
                             gap};
+    if (campaign == "disk") // as often as there are writes to fail
+        return finish("disk", settings, {}, failingDisk(settings.place.name(), settings.connect));
     Worker::prepare(settings.place.name(), settings.connect);
     if (campaign == "kills")
         return kills(settings);

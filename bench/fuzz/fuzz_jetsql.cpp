@@ -1,5 +1,5 @@
 #include "bench/fuzz/patience.h"
-#include "tests/jetsql/mutation.h"
+#include "bench/statements/mutation.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -7,10 +7,10 @@
 /// Any bytes at all, taken for a statement.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
-    static const SqlCompany company;
+    static const SqliteParser parser;
     const Patience patience;
     const QString statement = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
-    if (const QString fault = faultOf(company, statement); !fault.isEmpty()) {
+    if (const QString fault = faultOf(parser, statement); !fault.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(fault));
         std::abort();
     }

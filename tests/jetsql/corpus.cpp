@@ -23,6 +23,8 @@ std::vector<corpus::Case> corpus::cases(bool onServer)
         ++number;
         if (line.startsWith(u"# "))
             cases.push_back({line.sliced(2), number, {}});
+        else if (line.startsWith(u"% ") || line.startsWith(u"? "))
+            cases.back().steps.back().translated.append(line);
         else if (line.startsWith(u"^ ") && onServer)
             cases.back().steps.back().expected.last() = u'|' + line.sliced(1);
         else if (line.startsWith(u"^ "))
@@ -30,29 +32,39 @@ std::vector<corpus::Case> corpus::cases(bool onServer)
         else if (line.size() > 1 && line.at(1) == u' ' && QStringView(u">~|+=!").contains(line.front()))
             cases.back().steps.back().expected.append(line);
         else if (!line.trimmed().isEmpty())
-            cases.back().steps.push_back({line, {}});
+            cases.back().steps.push_back({line, {}, {}});
     }
     return cases;
 }
 
-QByteArrayList corpus::companyInserts()
+QStringList corpus::statements()
 {
-    QByteArrayList inserts;
-    QByteArray head;
+    QStringList statements;
+    for (const Case &one : cases()) {
+        for (const Step &step : one.steps)
+            statements.append(step.statement);
+    }
+    return statements;
+}
+
+QStringList corpus::companyInserts()
+{
+    QStringList inserts;
+    QString head;
     for (const QString &line : linesOf("company.txt")) {
         if (line.trimmed().isEmpty()) {
             head.clear();
         } else if (head.isEmpty()) {
             // A line "Table: Column | Column", then a line of values for each row.
             const qsizetype colon = line.indexOf(u':');
-            head = "INSERT INTO [" + line.first(colon).toUtf8() + "] ([" +
-                   cells(line.sliced(colon + 1)).join("], [").toUtf8() + "]) VALUES (";
+            head = "INSERT INTO [" + line.first(colon) + "] ([" + cells(line.sliced(colon + 1)).join("], [") +
+                   "]) VALUES (";
         } else {
             QStringList values;
             for (const QString &value : cells(line))
                 values.append(value == u"Null" || value == u"''" ? value
                                                                  : u'\'' + QString(value).replace(u'\'', "''") + u'\'');
-            inserts.append(head + values.join(", ").toUtf8() + ')');
+            inserts.append(head + values.join(", ") + ')');
         }
     }
     return inserts;

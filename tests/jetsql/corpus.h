@@ -6,9 +6,10 @@
 
 // The corpus statements.txt: "# " and the case's name, then statements, each followed by what it brings:
 //   > the result's columns, or ~ some of them      | a row, in the result's order
-//   + the columns of the table made                = how many rows were written
+//   + the columns of the table made                = how many rows are other than before
 //   ! the run-time error
 //   ^ the row above as a server shows it: another spelling of a group of equal texts
+//   % what its translation for a file holds        ? the same where constants are bound
 // Each case runs on the company of company.txt as if it were the first.
 namespace corpus {
 
@@ -16,6 +17,7 @@ struct Step
 {
     QString statement;
     QStringList expected;
+    QStringList translated; ///< the lines % and ?
 };
 
 struct Case
@@ -26,8 +28,10 @@ struct Case
 };
 
 std::vector<Case> cases(bool onServer = false);
-/// What fills the company's tables, in words that SQLite and the program's own dialect have in common.
-QByteArrayList companyInserts();
+/// All statements, without what they bring.
+QStringList statements();
+/// What fills the company's tables.
+QStringList companyInserts();
 
 /// The parts of a line between its bars.
 QStringList cells(const QString &line);

@@ -1,4 +1,4 @@
-#include "tests/dao/faultydisk.h"
+#include "bench/campaign/faultydisk.h"
 
 namespace {
 

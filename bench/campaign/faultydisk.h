@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <sqlite3.h>
 
 /// A disk under SQLite that refuses writing from a chosen operation on, as a full or broken one does. While one

@@ -1,19 +1,11 @@
-#include "tests/jetsql/mutation.h"
+#include "bench/statements/mutation.h"
 
-#include "tests/jetsql/corpus.h"
+#include "data/engines/sqlite/dialect.h"
+#include "data/jetsql/translator.h"
+#include "data/values/runtimeerror.h"
 #include <QRegularExpression>
 
-QStringList corpusStatements()
-{
-    QStringList statements;
-    for (const corpus::Case &one : corpus::cases()) {
-        for (const corpus::Step &step : one.steps)
-            statements.append(step.statement);
-    }
-    return statements;
-}
-
-QString mutated(const QStringList &corpus, std::mt19937 &random)
+QString mutated(const QStringList &corpus, std::mt19937_64 &random)
 {
     const auto below = [&random](qsizetype limit) { return qsizetype(random() % std::max<qsizetype>(limit, 1)); };
     const auto pick = [&](const QStringList &list) { return list.at(below(list.size())); };
@@ -67,7 +59,7 @@ QString mutated(const QStringList &corpus, std::mt19937 &random)
 namespace {
 
 /// Whether the constants taken out of a statement are those that its parser sees.
-bool outlineAgrees(const QString &statement)
+bool fingerprintAgrees(const QString &statement)
 {
     std::vector<jetsql::Token> tokens = jetsql::tokensOf(statement);
     std::erase_if(tokens, [](const jetsql::Token &token) { return token.constant < 0; });
@@ -81,19 +73,19 @@ bool outlineAgrees(const QString &statement)
 
 } // namespace
 
-QString faultOf(const SqlCompany &company, const QString &statement)
+QString faultOf(const SqliteParser &parser, const QString &statement)
 {
-    if (!outlineAgrees(statement))
+    if (!fingerprintAgrees(statement))
         return QStringLiteral("the fingerprint has other constants than the statement");
     for (const jetsql::Plan plan : {jetsql::Plan::Improved, jetsql::Plan::AsWritten}) {
         try {
             const jetsql::Translation translation =
-                jetsql::translate(statement, company.catalog(), sqliteDialect(), plan);
+                jetsql::translate(statement, parser.catalog(), sqliteDialect(), plan);
             const bool fillsNewTable = translation.kind == jetsql::StatementKind::SelectInto;
             for (const QByteArray &sql : {translation.sql, translation.sqlWithParameters}) {
                 if (sql.isEmpty() || fillsNewTable)
                     continue;
-                if (const QString complaint = company.complaint(sql); !complaint.isEmpty())
+                if (const QString complaint = parser.complaint(sql); !complaint.isEmpty())
                     return complaint;
             }
         } catch (const RuntimeError &) {
@@ -103,7 +95,7 @@ QString faultOf(const SqlCompany &company, const QString &statement)
 }
 
 QString withOtherConstants(const QString &statement, const std::vector<jetsql::BindParameter> &parameters,
-                           std::mt19937 &random)
+                           std::mt19937_64 &random)
 {
     using jetsql::TokenKind;
     static const QStringList texts = {"''",          "'x'",    "\"It's\"",

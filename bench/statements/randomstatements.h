@@ -47,5 +47,5 @@ private:
     Statement group();
     Statement write();
 
-    std::mt19937 m_random;
+    std::mt19937_64 m_random;
 };

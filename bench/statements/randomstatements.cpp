@@ -1,4 +1,4 @@
-#include "tests/jetsql/randomstatements.h"
+#include "bench/statements/randomstatements.h"
 
 #include "data/schema/schema.h"
 

@@ -1,10 +1,10 @@
+#include "bench/statements/campaigns.h"
+#include "bench/statements/randomstatements.h"
 #include "data/values/runtimeerror.h"
 #include "data/values/textorder.h"
 #include "tests/dao/databasefile.h"
 #include "tests/jetsql/corpus.h"
-#include "tests/jetsql/randomstatements.h"
 
-// Random statements over random untidy rows, on the file and on the server at once.
 namespace {
 
 using Row = std::vector<Value>;
@@ -68,7 +68,7 @@ bool same(const Outcome &a, const Outcome &b, bool spelling)
     return std::equal(a.rows.begin(), a.rows.end(), b.rows.begin(), b.rows.end(), equal);
 }
 
-std::string shown(const Outcome &outcome)
+QString shown(const Outcome &outcome)
 {
     QString text = outcome.error ? "error " + QString::number(outcome.error) + ": " + outcome.detail + '\n' : QString();
     for (const Row &row : outcome.rows) {
@@ -76,26 +76,20 @@ std::string shown(const Outcome &outcome)
             text += (value.isNull() ? "Null" : corpus::shownText(value.toText())) + " | ";
         text += '\n';
     }
-    return text.toStdString();
-}
-
-int fromEnvironment(const char *name, int otherwise)
-{
-    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
+    return text;
 }
 
 } // namespace
 
-TEST(Differences, BetweenTheEnginesAreThoseThatAreMeant)
+QStringList differences(Extent extent)
 {
     constexpr int PerCompany = 40;
-    const int count = fromEnvironment("TAMRICK_STATEMENTS", 600);
-    const int seed = fromEnvironment("TAMRICK_SEED", 1);
-    RandomStatements random{unsigned(seed)};
+    RandomStatements random{extent.seed};
     const DatabaseFile files[] = {DatabaseFile(EngineKind::Sqlite), DatabaseFile(EngineKind::Postgres)};
     const std::unique_ptr<Database> databases[] = {files[0].open(), files[1].open()};
-    int differences = 0, errors = 0, rows = 0;
-    for (int done = 0; done < count && differences < 10; ++done) {
+    QStringList faults;
+    int errors = 0, rows = 0;
+    for (int done = 0; done < extent.count && faults.size() < 10; ++done) {
         if (done % PerCompany == 0) {
             for (const QString &statement : random.rows()) {
                 for (const auto &database : databases)
@@ -108,15 +102,14 @@ TEST(Differences, BetweenTheEnginesAreThoseThatAreMeant)
         rows += int(onFile.rows.size());
         if (same(onFile, onServer, statement.grouped))
             continue;
-        ++differences;
-        ADD_FAILURE() << "statement " << done << " of seed " << seed << ": " << statement.sql.toStdString()
-                      << "\non the file:\n"
-                      << shown(onFile) << "on the server:\n"
-                      << shown(onServer);
+        faults += QString("statement %1: %2\non the file:\n%3on the server:\n%4")
+                      .arg(done)
+                      .arg(statement.sql, shown(onFile), shown(onServer));
         if (!statement.table.isEmpty())
             done += PerCompany - 1 - done % PerCompany; // on with equal tables
     }
-    std::printf("%d statements, %d of them errors, %d rows: %d differences\n", count, errors, rows, differences);
-    EXPECT_LT(errors, count / 3);
-    EXPECT_GT(rows, count);
+    if (errors > extent.count / 3 || rows < extent.count)
+        faults += "too many errors or too few rows to tell";
+    std::printf("differences: %d statements, %d of them errors, %d rows\n", extent.count, errors, rows);
+    return faults;
 }
