@@ -52,6 +52,9 @@ void Books::compare(const QString &file, const QString &connect, int openOrders,
     compareShipments(cut);
     compareInvoices(cut);
     compareTable("TransferHeader", "transfer", 0, cut);
+    const QStringList adjustments = column("SELECT ID FROM AdjustmentHeader");
+    for (const QString &id : m_promised["adjustment"])
+        expect(adjustments.contains(id), "adjustment " + id + " is lost");
     const qsizetype payments = column("SELECT ID FROM Payments").size() - m_promised["payment"].size();
     expect(payments >= 0 && payments <= cut, QString("payments beyond those promised: %1").arg(payments));
     compareLedger(cut);

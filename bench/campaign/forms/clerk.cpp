@@ -172,6 +172,19 @@ void savePayment()
     promise("payment 0");
 }
 
+/// Of this day, in turn; the first six fill scratch tables, the sales also a date in each shipment.
+void showReport(int number)
+{
+    const std::pair<const char *, const char *> dialogs[] = {
+        {"frmSalesByCustomer", "btnOK"}, {"frmSalesByPart", "btnOK"},          {"frmSalesByTerritoryCustomer", "btnOK"},
+        {"frmSalesByWhsePart", "btnOK"}, {"frmInventorySalesReport", "btnOK"}, {"frmAvailableInventory", "btnOk"},
+        {"frmARTranReport", "btnOK"},    {"frmStatementReport", "btnOk"},      {"frmCashReceiptsReport", "btnOK"},
+    };
+    const auto &[dialog, button] = dialogs[size_t(number) % std::size(dialogs)];
+    FormDriver(dialog).click(button);
+    promise("report 0");
+}
+
 void saveDocument(const QString &role, int number)
 {
     if (role == u"orders") {
@@ -182,6 +195,11 @@ void saveDocument(const QString &role, int number)
         saveShipment(number);
         if (number % 5 == 0)
             runInvoices();
+    } else if (role == u"stock") {
+        number % 2 ? saveStock("frmInventoryAdjust", {"Main"}) : saveStock("frmTransfer", {"Main", "North"});
+        savePayment();
+    } else if (role == u"reports") {
+        showReport(number);
     } else {
         saveStock("frmInventoryAdjust", {"Main"});
         saveStock("frmTransfer", {"Main", "North"});

@@ -13,7 +13,7 @@ constexpr int Customers = 4; ///< of each kind: "Order 1" ... and "Ship 1" ...
 /// Makes the masters, and that many open orders to ship from.
 void prepare(const QString &file, const QString &connect, int openOrders);
 
-/// Saves `count` documents in the role "orders", "shipments" or "everything" (until killed when `count` is negative).
+/// Saves `count` documents in the role "orders", "shipments", "stock", "reports" or "everything" (until killed when `count` is negative).
 /// Documents are promised where they would be printed; with `prints` they are printed as the program prints them.
 /// Returns the exit status; a box that nobody expects, or a run-time error, is told on the standard error and is 1.
 int run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count,

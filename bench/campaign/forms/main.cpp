@@ -1,6 +1,7 @@
 #include "bench/campaign/forms/books.h"
 #include "bench/campaign/forms/clerk.h"
 #include "bench/campaign/forms/power.h"
+#include "bench/campaign/place.h"
 #include "tests/support/jetwriter.h"
 #include "toolkit/forms/mainmod.h"
 #include <QCommandLineParser>
@@ -17,7 +18,8 @@ namespace {
 
 struct Campaign
 {
-    QString file, connect, journal;
+    QString file, connect, journal, server;
+    QStringList roles; ///< of those who work at once
     int count = 0;
     uint seed = 0;
     Books books;
@@ -48,6 +50,25 @@ void go(QProcess &clerk)
 {
     clerk.write("\n");
     clerk.waitForBytesWritten();
+}
+
+/// All of them, started together.
+std::vector<std::unique_ptr<QProcess>> startClerks(const Campaign &campaign, int count)
+{
+    std::vector<std::unique_ptr<QProcess>> clerks;
+    for (const QString &role : campaign.roles)
+        clerks.push_back(startClerk(campaign, role, count));
+    for (const auto &clerk : clerks)
+        go(*clerk);
+    return clerks;
+}
+
+void compare(Campaign &campaign, const QByteArray &said, int openOrders, int cut)
+{
+    Place(campaign.file).waitUntilLeft();
+    campaign.books.add(QString::fromUtf8(said).split('\n'));
+    campaign.books.compare(campaign.file, campaign.connect, openOrders, cut);
+    campaign.faults += campaign.books.faults();
 }
 
 /// What the administrator's tool finds wrong with the file.
@@ -82,27 +103,46 @@ void kills(Campaign &campaign, int openOrders)
         clerk->waitForFinished();
         said += clerk->readAllStandardOutput();
         campaign.faults += faultsOf(*clerk);
-        campaign.books.add(QString::fromUtf8(said).split('\n'));
-        campaign.books.compare(campaign.file, campaign.connect, openOrders, kill);
-        campaign.faults += campaign.books.faults();
+        compare(campaign, said, openOrders, kill);
     }
 }
 
-/// One clerk takes orders while another ships and bills.
-void pair(Campaign &campaign, int openOrders)
+/// One clerk takes orders while another ships and bills; on a server a third moves stock and books payments, and a
+/// fourth runs reports.
+void together(Campaign &campaign, int openOrders)
 {
-    const auto orders = startClerk(campaign, "orders", campaign.count);
-    const auto shipments = startClerk(campaign, "shipments", campaign.count);
-    for (const auto *clerk : {&orders, &shipments})
-        go(**clerk);
-    for (const auto *clerk : {&orders, &shipments}) {
-        if (!(*clerk)->waitForFinished(-1) || (*clerk)->exitCode() != 0)
+    QByteArray said;
+    for (const auto &clerk : startClerks(campaign, campaign.count)) {
+        if (!clerk->waitForFinished(-1) || clerk->exitCode() != 0)
             campaign.faults += "a clerk was stopped";
-        campaign.faults += faultsOf(**clerk);
-        campaign.books.add(QString::fromUtf8((*clerk)->readAllStandardOutput()).split('\n'));
+        campaign.faults += faultsOf(*clerk);
+        said += clerk->readAllStandardOutput();
     }
-    campaign.books.compare(campaign.file, campaign.connect, openOrders, 0);
-    campaign.faults += campaign.books.faults();
+    compare(campaign, said, openOrders, 0);
+}
+
+/// Kills the server under all clerks again and again: all of its processes, or one, whereupon it ends the sessions of
+/// the others by itself. Each clerk meets the error of a lost session.
+void crashes(Campaign &campaign, int openOrders)
+{
+    QRandomGenerator random(campaign.seed);
+    for (int crash = 1; crash <= campaign.count && campaign.faults.isEmpty(); ++crash) {
+        const auto clerks = startClerks(campaign, -1);
+        QByteArray said;
+        const int saves = random.bounded(4);
+        while (said.count('\n') <= saves && clerks[0]->waitForReadyRead(60000))
+            said += clerks[0]->readAllStandardOutput();
+        QThread::usleep(random.bounded(60000));
+        if (QProcess::execute(TAMRICK_TEST_SERVER, {"crash", campaign.server, crash % 2 ? "all" : "one"}) != 0)
+            campaign.faults += "the server did not start again";
+        for (const auto &clerk : clerks) {
+            clerk->waitForFinished();
+            if (const QStringList faults = faultsOf(*clerk); !faults.value(0).startsWith(u"fault: 3043 "))
+                campaign.faults += "a clerk ended otherwise: " + faults.join(' ');
+            said += clerk->readAllStandardOutput();
+        }
+        compare(campaign, said, openOrders, crash * int(clerks.size()));
+    }
 }
 
 /// A clerk who is recorded. The program stands in a folder of its own on a machine without printers, where it keeps
@@ -152,10 +192,10 @@ void power(Campaign &campaign, int openOrders, int images)
 
 void finish(Campaign &campaign, const QString &what)
 {
-    checkFile(campaign, what == u"kills");
-    std::printf("%s through the forms, %s journal, count %d, seed %u: %d saves reported, %d faults\n", qPrintable(what),
-                qPrintable(campaign.journal), campaign.count, campaign.seed, campaign.books.documents(),
-                int(campaign.faults.size()));
+    checkFile(campaign, what != u"together");
+    std::printf("%s through the forms, %s, count %d, seed %u: %d saves reported, %d faults\n", qPrintable(what),
+                qPrintable(campaign.server.isEmpty() ? campaign.journal + " journal" : QString("server")),
+                campaign.count, campaign.seed, campaign.books.documents(), int(campaign.faults.size()));
 }
 
 /// Writes what the clerks need to work on, as an old database.
@@ -174,10 +214,11 @@ int writeOld(const QString &path, const QString &connect, int openOrders)
 int main(int argc, char **argv)
 {
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills, pair, power, work or old");
+    parser.addPositionalArgument("campaign", "kills, together, power, crashes of a server, work or old");
     parser.addOptions({{"count", "how many kills, or documents of each clerk", "n", "10"},
                        {"images", "how many disks a power failure leaves", "n", "100"},
                        {"journal", "log or rollback", "mode", "log"},
+                       {"server", "the link of scripts/testserver, for a database there", "path"},
                        {"seed", "of the moments of the kills", "n", "1"},
                        {"folder", "where the file is made", "path", QDir::tempPath()},
                        {"file", "for a clerk, or to write an old one to", "path"},
@@ -199,7 +240,7 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     if (what == u"old")
         return writeOld(parser.value("file"), DatabaseConnect, count);
-    if (what != u"kills" && what != u"pair" && what != u"power")
+    if (what != u"kills" && what != u"together" && what != u"power" && what != u"crashes")
         parser.showHelp(2);
     const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");
     Campaign campaign;
@@ -209,12 +250,21 @@ int main(int argc, char **argv)
     campaign.connect = DatabaseConnect + ";busy=20000;journal=" + campaign.journal;
     campaign.count = count;
     campaign.seed = parser.value("seed").toUInt();
-    const int openOrders = what == u"kills" ? count * 10 + Clerk::Customers : count + Clerk::Customers;
+    campaign.roles = QStringList{"orders", "shipments"};
+    if (campaign.server = parser.value("server"); !campaign.server.isEmpty()) {
+        campaign.file = Place::onServer(campaign.server).name();
+        campaign.connect = DatabaseConnect;
+        campaign.roles += {"stock", "reports"};
+    }
+    const int openOrders =
+        what == u"kills" || what == u"crashes" ? count * 10 + Clerk::Customers : count + Clerk::Customers;
     Clerk::prepare(campaign.file, campaign.connect, openOrders);
     if (what == u"kills")
         kills(campaign, openOrders);
-    else if (what == u"pair")
-        pair(campaign, openOrders);
+    else if (what == u"together")
+        together(campaign, openOrders);
+    else if (what == u"crashes")
+        crashes(campaign, openOrders);
     else
         power(campaign, openOrders, parser.value("images").toInt());
     if (what != u"power")
