@@ -11,54 +11,33 @@ protected:
     QStringList adjustments() const { return table("AdjustmentHeader"); }
     QStringList details() const { return database.rows("SELECT * FROM AdjustmentDetail"); }
 
-    static void addLine(FormDriver &user, const QString &part, const QString &quantity)
+    static QString line(const char *part, const char *quantity)
     {
-        pick(user, "cmbPart", part);
-        user.type("txtAdjustment", quantity);
-        user.click("btnUpdate");
+        return QString("cmbPart: %1; txtAdjustment: %2; btnUpdate;").arg(part, quantity);
     }
-    /// A saved adjustment of the given lines in warehouse Main.
-    static void saveAdjustment(const QList<QPair<QString, QString>> &lines)
-    {
-        FormDriver user(Adjust);
-        pick(user, "cmbWarehouse", "Main");
-        for (const auto &[part, quantity] : lines)
-            addLine(user, part, quantity);
-        user.click("btnSave");
-        settle();
-    }
-    static void saveTransfer(const QString &from, const QString &to, const QString &part, const QString &quantity)
-    {
-        FormDriver user(Transfer);
-        pick(user, "cmbFrom", from);
-        pick(user, "cmbTo", to);
-        addLine(user, part, quantity);
-        user.click("btnSave");
-        settle();
-    }
-    /// Opens a saved document by its number.
-    static FormDriver open(const char *form, const QString &id)
+    static FormDriver act(const char *form, const QString &steps)
     {
         FormDriver user(form);
-        user.type("txtID", id);
-        user.key(Qt::Key_Tab);
+        user.act(steps);
         return user;
     }
+    /// A saved adjustment of warehouse Main, and a saved transfer from Main to North.
+    static void adjust(const QString &lines) { act(Adjust, "cmbWarehouse: Main; <Tab>;" + lines + "btnSave"); }
+    static void transfer(const QString &lines)
+    {
+        act(Transfer, "cmbFrom: Main; cmbTo: North; <Tab>;" + lines + "btnSave");
+    }
+    static QStringList lines(const FormDriver &user) { return ::lines(user, "vsfgAdjustment"); }
 };
 
 TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
 {
-    for (const auto &[form, lists] :
-         {std::pair{Adjust, QStringList{"cmbWarehouse"}}, {Transfer, {"cmbFrom", "cmbTo"}}}) {
-        FormDriver user(form);
-        for (const QString &list : lists) {
-            auto *warehouses = user.form()->findChild<ComboBox *>(list);
-            EXPECT_EQ(warehouses->listCount(), 2);
-            EXPECT_EQ(warehouses->list(1), "North");
-        }
-        EXPECT_EQ(user.control<ComboBox>("cmbPart")->listCount(), 2);
-        EXPECT_EQ(user.control<ComboBox>("cmbType")->list(1), "Brackets");
-        EXPECT_EQ(user.control<ComboBox>("cmbCost")->list(1), "1.25");
+    for (const auto &[form, list] : {std::pair{Adjust, "cmbWarehouse"}, {Transfer, "cmbFrom"}, {Transfer, "cmbTo"}}) {
+        const FormDriver user(form);
+        EXPECT_EQ(entries(user, list), "Main|North");
+        EXPECT_EQ(entries(user, "cmbPart"), "AX-100|BR-200|CX-300");
+        EXPECT_EQ(entries(user, "cmbType"), "Axles|Brackets|Brackets");
+        EXPECT_EQ(entries(user, "cmbCost"), "2.5|1.25|0.05");
         EXPECT_EQ(user.text("dtDate"), "3/30/2011");
         const auto *grid = user.control<FlexGrid>("vsfgAdjustment");
         EXPECT_TRUE(grid->isColumnHidden(3));
@@ -68,249 +47,155 @@ TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
 
 TEST_F(StockForms, LineEntryOpensWhenTheWarehousesAreLeftFilled)
 {
-    FormDriver adjust(Adjust);
-    EXPECT_FALSE(adjust.enabled("Frame2"));
-    adjust.click("cmbWarehouse");
-    adjust.key(Qt::Key_Tab);
-    EXPECT_FALSE(adjust.enabled("Frame2")) << "left empty";
-    pick(adjust, "cmbWarehouse", "Main");
-    EXPECT_TRUE(adjust.enabled("Frame2"));
-    EXPECT_EQ(adjust.focus(), "cmbPart");
-
-    adjust.click("btnExit");
-    settle();
-    FormDriver transfer(Transfer);
-    pick(transfer, "cmbTo", "North");
-    EXPECT_FALSE(transfer.enabled("Frame2")) << "one of the two";
-    pick(transfer, "cmbFrom", "Main");
-    EXPECT_TRUE(transfer.enabled("Frame2"));
-    EXPECT_EQ(transfer.focus(), "cmbPart");
+    for (const auto &[form, steps, open] : {std::tuple{Adjust, "cmbWarehouse:; txtID; cmbWarehouse; <Tab>", false},
+                                            {Adjust, "cmbWarehouse: Main; <Tab>", true},
+                                            {Transfer, "cmbTo: North; <Tab>", false},
+                                            {Transfer, "cmbFrom: Main; <Tab>", true}}) {
+        const FormDriver user = act(form, steps);
+        EXPECT_EQ(user.enabled("Frame2"), open) << steps;
+        EXPECT_TRUE(!open || user.focus() == "cmbPart") << steps;
+    }
 }
 
 TEST_F(StockForms, LinesAreAppendedAsTypedAndTotalled)
 {
-    FormDriver user(Adjust);
-    pick(user, "cmbWarehouse", "Main");
-    user.click("btnUpdate");
-    user.type("txtAdjustment", "5");
-    user.click("btnUpdate");
-    EXPECT_EQ(lines(user, "vsfgAdjustment"), QStringList()) << "no part chosen: nothing at all";
-    addLine(user, "AX-100", "10");
+    FormDriver user = act(Adjust, "cmbWarehouse: Main; <Tab>; btnUpdate; txtAdjustment: 5; btnUpdate;");
+    EXPECT_EQ(lines(user), QStringList()) << "no part chosen: nothing at all";
+    user.act(line("AX-100", "10"));
     EXPECT_EQ(user.text("txtAdjustment"), "");
     EXPECT_EQ(user.focus(), "cmbPart");
-    addLine(user, "AX-100", "-2.5");
-    addLine(user, "BR-200", "3 dozen");
-    user.click("btnUpdate");
-    EXPECT_EQ(lines(user, "vsfgAdjustment"),
+    user.act(line("AX-100", "-2.5") + line("BR-200", "3 dozen") + "btnUpdate");
+    EXPECT_EQ(lines(user),
               (QStringList{"AX-100|Axles|10|2.5", "AX-100|Axles|-2.5|2.5", "BR-200|Brackets|3 dozen|1.25"}));
     EXPECT_EQ(user.text("lblTotal"), "10.5");
     EXPECT_TRUE(user.control<FlexGrid>("vsfgAdjustment")->isColumnHidden(3));
-
-    user.click("btnDelete");
-    EXPECT_EQ(lines(user, "vsfgAdjustment").size(), 3) << "no line selected";
-    user.clickCell("vsfgAdjustment", 2, 0);
-    user.click("btnDelete");
-    EXPECT_EQ(lines(user, "vsfgAdjustment").size(), 2);
+    user.act("btnDelete");
+    EXPECT_EQ(lines(user).size(), 3) << "no line selected";
+    user.act("vsfgAdjustment[2]; btnDelete");
+    EXPECT_EQ(lines(user).size(), 2);
     EXPECT_EQ(user.text("lblTotal"), "13");
+    user.act("btnExit");
+    EXPECT_FALSE(user.isLoaded()) << "without asking";
+    EXPECT_EQ(adjustments(), QStringList());
 }
 
 TEST_F(StockForms, SaveNeedsWarehousesAndALine)
 {
-    const auto refuse = [this](FormDriver &form, const char *prompt) {
-        boxes.expect("Not Enough Data", prompt);
-        form.click("btnSave");
-        boxes.verify();
-    };
     const char *const adjust = "You must select a Warehouse and add atleast one adjustment.";
     const char *const transfer = "You must select a To and From Location and add atleast one adjustment.";
-    FormDriver first(Adjust);
-    refuse(first, adjust);
-    pick(first, "cmbWarehouse", "Main");
-    refuse(first, adjust);
-    addLine(first, "AX-100", "1");
-    first.control<ComboBox>("cmbWarehouse")->setListIndex(-1);
-    refuse(first, adjust);
-    FormDriver second(Transfer);
-    pick(second, "cmbFrom", "Main");
-    refuse(second, transfer);
-    pick(second, "cmbTo", "North");
-    refuse(second, transfer);
-    EXPECT_TRUE(first.isLoaded());
-    EXPECT_EQ(adjustments(), QStringList());
+    const QString oneLine = line("AX-100", "1");
+    for (const auto &[form, steps, prompt] : {std::tuple{Adjust, QString(), adjust},
+                                              {Adjust, "cmbWarehouse: Main; <Tab>", adjust},
+                                              {Adjust, oneLine + "cmbWarehouse:", adjust},
+                                              {Transfer, "cmbFrom: Main", transfer},
+                                              {Transfer, "cmbTo: North; <Tab>", transfer},
+                                              {Transfer, oneLine + "cmbTo:", transfer},
+                                              {Transfer, "cmbTo: North; cmbFrom:", transfer}}) {
+        FormDriver user(form);
+        expectBox(user, steps + "; btnSave", "Not Enough Data", prompt);
+        EXPECT_TRUE(user.isLoaded());
+    }
+    EXPECT_EQ(adjustments() + table("TransferHeader"), QStringList());
 }
 
-TEST_F(StockForms, AdjustmentWritesHeaderLinesAndLedger)
+TEST_F(StockForms, SavingAnAdjustmentAgainPostsItAgainUnderTheWarehouseShown)
 {
-    saveAdjustment({{"AX-100", "10"}, {"AX-100", "-2.5"}, {"BR-200", "1.5"}});
+    adjust(line("AX-100", "10") + line("AX-100", "-2.5") + line("BR-200", "1.5"));
     EXPECT_FALSE(Forms::loaded(Adjust));
     EXPECT_EQ(adjustments(), QStringList{"1|3/30/2011|3/30/2011 2:05:09 PM|Main"});
     EXPECT_EQ(details(), (QStringList{"1|AX-100|10", "1|AX-100|-2.5", "1|BR-200|1.5"}));
     EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|8", "Main|BR-200|2"}))
         << "each line rounds by itself, halves to even";
-}
 
-TEST_F(StockForms, SavingAnAdjustmentAgainPostsItAgainUnderTheWarehouseShown)
-{
-    saveAdjustment({{"AX-100", "10"}, {"BR-200", "4"}});
-    FormDriver user = open(Adjust, "1");
-    EXPECT_EQ(lines(user, "vsfgAdjustment"), (QStringList{"AX-100|Axles|10|", "BR-200|Brackets|4|"}))
-        << "no cost on reload";
-    EXPECT_EQ(user.text("cmbWarehouse"), "Main");
-    EXPECT_EQ(user.text("lblTotal"), "14");
+    const QStringList loaded{"AX-100|Axles|10|", "AX-100|Axles|-2.5|", "BR-200|Brackets|1.5|"};
+    FormDriver user = act(Adjust, "txtID: 1; <Tab>");
+    EXPECT_EQ(lines(user), loaded) << "no cost on reload";
+    EXPECT_EQ(user.shows("cmbWarehouse lblTotal"), "Main|9");
     EXPECT_TRUE(user.enabled("Frame2"));
-    user.clickCell("vsfgAdjustment", 2, 0);
-    user.click("btnDelete");
-    pick(user, "cmbWarehouse", "North");
-    user.click("btnSave");
-    settle();
+    user.act(line("BR-200", "5"));
+    EXPECT_EQ(lines(user).size(), 4);
+    user.act("txtID; <Tab>");
+    EXPECT_EQ(lines(user), loaded) << "passing through the number drops what was not saved";
+    user.act("vsfgAdjustment[3]; btnDelete; vsfgAdjustment[2]; btnDelete; cmbWarehouse: North; <Tab>; btnSave");
     EXPECT_EQ(adjustments(), QStringList{"1|3/30/2011|3/30/2011 2:05:09 PM|North"});
     EXPECT_EQ(details(), QStringList{"1|AX-100|10"});
-    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|10", "Main|BR-200|4", "North|AX-100|10"})) << "nothing is taken back";
+    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|8", "Main|BR-200|2", "North|AX-100|10"})) << "nothing is taken back";
 }
 
-TEST_F(StockForms, PassingThroughTheNumberDropsLineChangesThatWereNotSaved)
+TEST_F(StockForms, TransferWritesTwoHalvesAndPostsBothWarehousesAtEachSave)
 {
-    saveAdjustment({{"AX-100", "10"}});
-    FormDriver user = open(Adjust, "1");
-    addLine(user, "BR-200", "5");
-    EXPECT_EQ(lines(user, "vsfgAdjustment").size(), 2);
-    user.click("txtID");
-    user.key(Qt::Key_Tab);
-    EXPECT_EQ(lines(user, "vsfgAdjustment"), QStringList{"AX-100|Axles|10|"});
-}
-
-TEST_F(StockForms, UnknownNumberIsRefusedAndCleared)
-{
-    saveAdjustment({{"AX-100", "10"}});
-    boxes.expect("Invalid Adjustment ID", "Invalid Adjustment ID. Please Re-enter.");
-    boxes.expect("Invalid Transfer ID", "Invalid Transfer ID. Please Re-enter.");
-    for (const char *form : {Adjust, Transfer}) {
-        FormDriver user = open(form, form == Adjust ? "77" : "1") /* an adjustment's */;
-        EXPECT_EQ(user.text("txtID"), "");
-        EXPECT_EQ(user.focus(), "txtID");
-    }
-}
-
-TEST_F(StockForms, HeaderWithoutLinesShowsOneBlankLineAndAnEmptiedAdjustmentIsRefused)
-{
-    addRow("AdjustmentHeader", {{"Warehouse", "Main"}, {"Date", Date(2011, 3, 1)}});
-    FormDriver user = open(Adjust, "1");
-    EXPECT_EQ(lines(user, "vsfgAdjustment"), QStringList{"|||"});
-    EXPECT_EQ(user.text("dtDate"), "3/1/2011");
-    user.clickCell("vsfgAdjustment", 1, 0);
-    user.click("btnDelete");
-    boxes.expect("Not Enough Data", "You must select a Warehouse and add atleast one adjustment.");
-    user.click("btnSave");
-    settle();
-}
-
-TEST_F(StockForms, TransferWritesTwoHalvesAndPostsBothWarehouses)
-{
-    saveTransfer("Main", "North", "AX-100", "5");
-    EXPECT_EQ(adjustments(),
-              (QStringList{"1|3/30/2011|3/30/2011 2:05:09 PM|Main", "2|3/30/2011|3/30/2011 2:05:09 PM|North"}));
-    EXPECT_EQ(details(), (QStringList{"1|AX-100|-5", "2|AX-100|5"}));
-    EXPECT_EQ(database.rows("SELECT * FROM TransferHeader"), QStringList{"1|1|2"});
+    transfer(line("AX-100", "5"));
+    const QStringList headers{"1|3/30/2011|3/30/2011 2:05:09 PM|Main", "2|3/30/2011|3/30/2011 2:05:09 PM|North"};
     EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|-5", "North|AX-100|5"}));
+    FormDriver user = act(Transfer, "txtID: 1; <Tab>");
+    EXPECT_EQ(user.shows("cmbFrom cmbTo lblTotal"), "Main|North|5");
+    EXPECT_EQ(lines(user), QStringList{"AX-100|Axles|5|"}) << "the incoming half, so positive";
+    user.act("btnSave");
+    EXPECT_EQ(adjustments(), headers);
+    EXPECT_EQ(details(), (QStringList{"1|AX-100|-5", "2|AX-100|5"}));
+    EXPECT_EQ(table("TransferHeader"), QStringList{"1|1|2"});
+    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|-10", "North|AX-100|10"}));
+    EXPECT_EQ(lines(act(Adjust, "txtID: 1; <Tab>")), QStringList{"AX-100|Axles|-5|"}) << "half of it as an adjustment";
 
-    saveTransfer("Main", "Main", "BR-200", "-7");
+    act(Transfer, "cmbFrom: Main; cmbTo: Main; <Tab>;" + line("BR-200", "-7") + "btnSave");
     EXPECT_EQ(details().mid(2), (QStringList{"3|BR-200|7", "4|BR-200|-7"}));
     EXPECT_EQ(ledger().at(1), "Main|BR-200|0") << "within one warehouse the two calls cancel";
 }
 
-TEST_F(StockForms, SavingATransferAgainKeepsItsHeadersAndPostsItAgain)
+TEST_F(StockForms, NumbersThatOpenNothing)
 {
-    saveTransfer("Main", "North", "AX-100", "5");
-    FormDriver user = open(Transfer, "1");
-    EXPECT_EQ(user.text("cmbFrom"), "Main");
-    EXPECT_EQ(user.text("cmbTo"), "North");
-    EXPECT_EQ(lines(user, "vsfgAdjustment"), QStringList{"AX-100|Axles|5|"}) << "the incoming half, so positive";
-    EXPECT_EQ(user.text("lblTotal"), "5");
-    user.click("btnSave");
-    settle();
-    EXPECT_EQ(adjustments().size(), 2);
-    EXPECT_EQ(details(), (QStringList{"1|AX-100|-5", "2|AX-100|5"}));
-    EXPECT_EQ(database.rows("SELECT * FROM TransferHeader"), QStringList{"1|1|2"});
-    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|-10", "North|AX-100|10"}));
-}
-
-TEST_F(StockForms, HalfOfATransferOpensAsAnAdjustment)
-{
-    saveTransfer("Main", "North", "AX-100", "5");
-    EXPECT_EQ(lines(open(Adjust, "1"), "vsfgAdjustment"), QStringList{"AX-100|Axles|-5|"});
-}
-
-TEST_F(StockForms, OutgoingHalfIsReadInSixteenBits)
-{
+    adjust(line("AX-100", "10"));
+    for (const auto &[form, number, title] : {std::tuple{Adjust, "77", "Invalid Adjustment ID"},
+                                              {Transfer, "1", "Invalid Transfer ID"}}) { // an adjustment's
+        FormDriver user(form);
+        expectBox(user, QString("txtID: %1; <Tab>").arg(number), title, QString(title) + ". Please Re-enter.");
+        EXPECT_EQ(user.text("txtID"), "");
+        EXPECT_EQ(user.focus(), "txtID");
+    }
+    Forms::unloadAll();
     addRow("AdjustmentHeader", {{"Warehouse", "North"}, {"Date", Date(2011, 3, 1)}});
-    database.execute("INSERT INTO TransferHeader (ID, FromID, ToID) VALUES (1, 32767, 1)");
-    database.execute("INSERT INTO TransferHeader (ID, FromID, ToID) VALUES (2, 32768, 1)");
-    FormDriver user = open(Transfer, "1");
-    EXPECT_EQ(user.text("cmbFrom"), "") << "no such half: left alone";
-    EXPECT_EQ(user.text("cmbTo"), "North");
-    user.type("txtID", "2");
-    expectRuntimeError(6, [&] { user.key(Qt::Key_Tab); });
-}
-
-struct Failure
-{
-    const char *form, *quantity;
-    int error;
-    QStringList details, ledger;
-};
-class StockFormFailures : public StockForms, public testing::WithParamInterface<Failure>
-{
-};
-
-TEST_P(StockFormFailures, LeaveWhatWasWrittenBefore)
-{
-    const Failure &failure = GetParam();
-    FormDriver user(failure.form);
-    for (const auto &[warehouse, name] : {std::pair{"cmbWarehouse", "Main"}, {"cmbFrom", "Main"}, {"cmbTo", "North"}})
-        if (user.form()->findChild<ComboBox *>(warehouse))
-            pick(user, warehouse, name);
-    addLine(user, "BR-200", "1");
-    addLine(user, "AX-100", failure.quantity);
-    expectRuntimeError(failure.error, [&] { user.click("btnSave"); });
-    EXPECT_EQ(details(), failure.details);
-    EXPECT_EQ(ledger(), failure.ledger);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Quantities, StockFormFailures,
-    testing::Values(Failure{"frmInventoryAdjust", "ten", 3421, {"1|BR-200|1"}, {"Main|BR-200|1"}},
-                    Failure{"frmInventoryAdjust", "32768", 6, {"1|BR-200|1", "1|AX-100|32768"}, {"Main|BR-200|1"}},
-                    Failure{"frmTransfer",
-                            "ten",
-                            3421,
-                            {"1|BR-200|-1", "1|AX-100|0", "2|BR-200|1"},
-                            {"Main|BR-200|-1", "North|BR-200|1"}},
-                    Failure{"frmTransfer",
-                            "40000",
-                            6,
-                            {"1|BR-200|-1", "1|AX-100|-40000", "2|BR-200|1", "2|AX-100|40000"},
-                            {"Main|BR-200|-1", "North|BR-200|1"}}),
-    [](const auto &info) { return std::string(info.param.form) + "_" + info.param.quantity; });
-
-TEST_F(StockForms, NumberThatIsNoneAndWarehouseNoLongerActiveAreRunTimeErrors)
-{
     addRow("AdjustmentHeader", {{"Warehouse", "Old"}, {"Date", Date(2011, 3, 1)}});
-    FormDriver user(Adjust);
-    user.type("txtID", "1 2");
-    expectRuntimeError(3075, [&] { user.key(Qt::Key_Tab); });
+    for (const int from : {32767, 32768})
+        addRow("TransferHeader", {{"FromID", from}, {"ToID", 2}});
+    FormDriver user = act(Transfer, "txtID: 1; <Tab>");
+    EXPECT_EQ(user.shows("cmbFrom cmbTo"), "|North") << "no such half: left alone";
+    expectRuntimeError(6, [&] { user.act("txtID: 2; <Tab>"); }); // the outgoing half is read in sixteen bits
+    user = act(Adjust, "txtID: 2; <Tab>");
+    EXPECT_EQ(lines(user), QStringList{"|||"}) << "a header without lines";
+    EXPECT_EQ(user.text("dtDate"), "3/1/2011");
+    expectBox(user, "vsfgAdjustment[1]; btnDelete; btnSave", "Not Enough Data",
+              "You must select a Warehouse and add atleast one adjustment.");
+    expectRuntimeError(3075, [&] { user.act("txtID: 1 2; <Tab>"); });
     user.click("txtID");
-    user.type("txtID", "1");
-    expectRuntimeError(383, [&] { user.key(Qt::Key_Tab); });
+    expectRuntimeError(383, [&] { user.act("txtID: 3; <Tab>"); }); // a warehouse no longer active
 }
 
-TEST_F(StockForms, ExitLeavesWithoutSavingOrAsking)
+TEST_F(StockForms, FailuresLeaveWhatWasWrittenBefore)
 {
-    FormDriver user(Adjust);
-    pick(user, "cmbWarehouse", "Main");
-    addLine(user, "AX-100", "1");
-    user.click("btnExit");
-    EXPECT_FALSE(user.isLoaded());
-    EXPECT_EQ(adjustments(), QStringList());
+    const struct
+    {
+        const char *form, *quantity;
+        int error;
+        QStringList details, ledger;
+    } failures[] = {
+        {Adjust, "ten", 3421, {"1|BR-200|1"}, {"Main|BR-200|1"}},
+        {Adjust, "32768", 6, {"2|BR-200|1", "2|AX-100|32768"}, {"Main|BR-200|1"}},
+        {Transfer, "ten", 3421, {"3|BR-200|-1", "3|AX-100|0", "4|BR-200|1"}, {"Main|BR-200|-1", "North|BR-200|1"}},
+        {Transfer,
+         "40000",
+         6,
+         {"5|BR-200|-1", "5|AX-100|-40000", "6|BR-200|1", "6|AX-100|40000"},
+         {"Main|BR-200|-1", "North|BR-200|1"}},
+    };
+    for (const auto &failure : failures) {
+        const QString lines = line("BR-200", "1") + line("AX-100", failure.quantity);
+        expectRuntimeError(failure.error, [&] { failure.form == Adjust ? adjust(lines) : transfer(lines); });
+        EXPECT_EQ(details(), failure.details);
+        EXPECT_EQ(ledger(), failure.ledger);
+        Forms::unloadAll();
+        for (const char *written : {"AdjustmentDetail", "AvailInv"})
+            database.execute(QStringLiteral("DELETE FROM ") + written);
+    }
 }
 
 } // namespace

@@ -1,308 +1,194 @@
 #include "tests/orders/orderdesk.h"
+#include "toolkit/controls/mousepointer.h"
 
 namespace {
+
+const char *const Header =
+    "cmbCustomer txtOrderNumber dtOrderDate dtDueDate cmbWarehouse lblID lblStatus lblTotal txtOverDue";
+const char *const ShipTo = "txtShipTo txtAddress1 txtAddress2 txtCity txtState txtZip txtPhone txtFax";
 
 class OrderEntry : public OrderDesk
 {
 protected:
-    static const QList<const char *> &shipTo()
-    {
-        static const QList<const char *> fields = {"txtShipTo", "txtAddress1", "txtAddress2", "txtCity",
-                                                   "txtState",  "txtZip",      "txtPhone",    "txtFax"};
-        return fields;
-    }
     int viewers() const { return int(mdi->findChildren<QWidget *>("Viewer").size()); }
 };
 
-TEST_F(OrderEntry, ANewFormShowsTodayTheDefaultWarehouseAndAnEmptyGrid)
+TEST_F(OrderEntry, ANewFormShowsTodayTheDefaultWarehouseAndWhatIsActive)
 {
+    gDefaultWarehouse = "North";
     FormDriver form("frmOrderEntry");
-    EXPECT_EQ(texts(form, {"cmbCustomer", "txtOrderNumber", "dtOrderDate", "dtDueDate", "cmbWarehouse", "lblID",
-                           "lblStatus", "lblTotal", "txtOverDue"}),
-              ",,3/30/2011,3/30/2011,North,,,0,");
-    EXPECT_EQ(form.row("vsfgItems", 0), "Item Number|Qty|Part No.|Category|Price Each|Price Ext.|Cust. No.");
-    EXPECT_EQ(form.grid("vsfgItems").mid(1), QStringList());
+    EXPECT_EQ(form.shows(Header), "||3/30/2011|3/30/2011|North|||0|");
+    EXPECT_EQ(form.grid("vsfgItems"), QStringList{"Item Number|Qty|Part No.|Category|Price Each|Price Ext.|Cust. No."});
     EXPECT_FALSE(form.enabled("txtFreight"));
-    EXPECT_EQ(form.control<ComboBox>("cmbCustomer")->listCount(), 2) << "active ones only";
-    EXPECT_EQ(form.control<ComboBox>("cmbWarehouse")->listCount(), 2);
-    const auto *parts = form.control<ComboBox>("cmbPart");
-    EXPECT_EQ(parts->list(0) + parts->list(1) + parts->list(2), "P1P2P3") << "whichever was written first";
-    for (const char *list : {"cmbCategory", "cmbPrice"}) {
-        EXPECT_EQ(form.control<ComboBox>(list)->listCount(), 3);
+    for (const auto &[list, held] : {std::pair{"cmbCustomer", "Acme Rail|Birch Mill"},
+                                     {"cmbWarehouse", "Main|North"},
+                                     {"cmbPart", "AX-100|BR-200|CX-300"},
+                                     {"cmbCategory", "Axles|Brackets|Brackets"},
+                                     {"cmbPrice", "10|2.5|0.1"}})
+        EXPECT_EQ(entries(form, list), held) << "whichever was written first";
+    for (const char *list : {"cmbCategory", "cmbPrice"})
         EXPECT_FALSE(form.control<ComboBox>(list)->isVisible());
-    }
-    EXPECT_FALSE(QGuiApplication::overrideCursor());
 }
 
-TEST_F(OrderEntry, LoadingStopsAtAnUnknownDefaultWarehouseAndAtANullPrice)
+TEST_F(OrderEntry, LoadingStopsAtAnUnknownDefaultWarehouseAndAtAPartWithoutPrice)
 {
-    gDefaultWarehouse = "Closed Hall";
-    EXPECT_EQ(errorNumberOf([] { FormDriver("frmOrderEntry"); }), 383);
-    setDefaultPointer();
+    gDefaultWarehouse = "Old";
+    expectRuntimeError(383, [] { Load("frmOrderEntry"); });
+    Forms::unloadAll();
+    gDefaultWarehouse = "Main";
+    database.execute("UPDATE Part SET SalePrice = NULL WHERE PartNo = 'BR-200'");
+    expectRuntimeError(94, [] { Load("frmOrderEntry"); });
 }
 
-TEST_F(OrderEntry, LoadingStopsAtAPartWithoutPrice)
+TEST_F(OrderEntry, PickingACustomerCopiesItsShipToAndLeavingItShowsItsOverdueBalance)
 {
-    addRow("Part", {{"PartNo", "P9"}, {"Category", "Nuts"}, {"SalePrice", Value()}, {"Status", "Active"}});
-    EXPECT_EQ(errorNumberOf([] { FormDriver("frmOrderEntry"); }), 94);
-    setDefaultPointer();
-}
-
-TEST_F(OrderEntry, PickingACustomerCopiesItsShipToOverWhatStands)
-{
+    addRow("Invoice", {{"Invoice", "1"}, {"Customer", "Acme Rail"}, {"DueDate", Date(2011, 3, 29)}, {"Total", 120.5}});
     FormDriver form("frmOrderEntry");
-    form.choose("cmbCustomer", "Acme");
-    EXPECT_EQ(texts(form, shipTo()), "Acme Dock,1 Quay,Gate 3,Erie,PA,16501,555-1,555-2");
-    form.type("txtCity", "Corry");
-    form.choose("cmbCustomer", "Bolt Bros");
-    EXPECT_EQ(texts(form, shipTo()), ",,,,,,,");
-}
-
-TEST_F(OrderEntry, OverdueBalanceShowsWhenTheCustomerIsLeft)
-{
-    addRow("Invoice", {{"Invoice", "1"}, {"Customer", "Acme"}, {"DueDate", Date(2011, 3, 29)}, {"Total", 120.5}});
-    FormDriver form("frmOrderEntry");
-    form.choose("cmbCustomer", "Acme");
+    form.act("cmbCustomer: Acme Rail");
+    EXPECT_EQ(form.shows(ShipTo), "Acme Dock|1 Quay|Gate 3|Erie|PA|16501|555-1|555-2");
     EXPECT_EQ(form.text("txtOverDue"), "");
-    form.key(Qt::Key_Tab);
+    form.act("<Tab>");
     EXPECT_EQ(form.text("txtOverDue"), "120.5");
     EXPECT_EQ(form.control<MaskEdBox>("txtOverDue")->formattedText(), "$120.50");
     EXPECT_EQ(form.focus(), "txtOrderNumber");
+    form.act("txtCity: Corry; cmbCustomer: Birch Mill");
+    EXPECT_EQ(form.shows(ShipTo), "|||||||") << "over what stands there";
 }
 
 TEST_F(OrderEntry, SaveRequiresWarehouseCustomerAndNumber)
 {
     FormDriver form("frmOrderEntry");
-    const auto refused = [&] {
-        boxes.expect("Required Fields", "Warehouse, Customer, and Order Number fields are required.");
-        form.click("btnSave");
-        boxes.verify();
-    };
-    refused();
-    form.choose("cmbCustomer", "Acme");
-    refused();
-    form.type("txtOrderNumber", "A-1");
-    form.control<ComboBox>("cmbWarehouse")->setListIndex(-1);
-    refused();
+    for (const char *steps :
+         {"btnSave", "cmbCustomer: Acme Rail; btnSave", "txtOrderNumber: A-1; cmbWarehouse:; btnSave"})
+        expectBox(form, steps, "Required Fields", "Warehouse, Customer, and Order Number fields are required.");
     EXPECT_TRUE(form.isLoaded());
-    EXPECT_EQ(database.rows("SELECT * FROM Orders"), QStringList());
+    EXPECT_EQ(table("Orders"), QStringList());
 }
 
 TEST_F(OrderEntry, SavesANewOrderOfSheetListAndTypedPricesAndShowsThePickTicket)
 {
-    FormDriver form = newOrder();
-    addLine(form, "P1", "4");
-    addLine(form, "P2", "3");
-    enterLine(form, "P2", "2", "1.15");
-    form.type("txtCustomerNumber", "their-7");
-    form.click("btnSaveItem");
-    form.type("txtZip", "16502");
-    const int before = viewers();
-    form.click("btnSave");
+    FormDriver form = newOrder("cmbPart: AX-100; txtQty: 4; btnSaveItem; cmbPart: BR-200; txtQty: 3; btnSaveItem;"
+                               "cmbPart: BR-200; txtQty: 2; txtPriceEach: 1.15; txtCustomerNumber: their-7;"
+                               "btnSaveItem; txtZip: 16502; btnSave");
     EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(viewers(), before + 1);
-    EXPECT_FALSE(QGuiApplication::overrideCursor());
-    EXPECT_EQ(header("1"), "1|A-1|Acme|North|Open|3/30/2011|3/30/2011|Acme Dock|1 Quay|Gate 3|Erie|PA|16502|555-1|"
-                           "555-2|3/30/2011|44.8");
-    EXPECT_EQ(lines("1"),
-              (QStringList{"1|1|4|P1|Bolts|8.75|35|", "1|2|3|P2|Nuts|2.5|7.5|", "1|3|2|P2|Nuts|1.15|2.3|their-7"}));
-    EXPECT_EQ(database.rows("SELECT * FROM Shipment") + database.rows("SELECT * FROM AvailInv"), QStringList());
-}
-
-TEST_F(OrderEntry, AnOrderWithoutLinesSavesAndItsNumberMayRepeat)
-{
-    for (int i = 0; i < 2; ++i) {
-        FormDriver form = newOrder("Bolt Bros", "B-1");
-        leave(form, "btnSave");
-    }
-    EXPECT_EQ(database.rows("SELECT ID, OrderNumber, Customer, Total FROM Orders ORDER BY ID"),
-              (QStringList{"1|B-1|Bolt Bros|0", "2|B-1|Bolt Bros|0"}));
+    EXPECT_EQ(viewers(), 1);
+    EXPECT_EQ(table("Orders"),
+              QStringList{"1|A-1|Acme Rail|Main|Open|3/30/2011|3/30/2011|Acme Dock|1 Quay|Gate 3|Erie|PA|16502|555-1|"
+                          "555-2|3/30/2011|44.8"});
+    EXPECT_EQ(savedLines(), (QStringList{"1|1|4|AX-100|Axles|8.75|35|", "1|2|3|BR-200|Brackets|2.5|7.5|",
+                                         "1|3|2|BR-200|Brackets|1.15|2.3|their-7"}));
+    newOrder("btnSave", "Birch Mill");
+    EXPECT_EQ(table("Orders").constLast(), "2|A-1|Birch Mill|Main|Open|3/30/2011|3/30/2011|||||||||3/30/2011|0")
+        << "a number may repeat, and lines be none";
+    EXPECT_EQ(table("Shipment") + ledger(), QStringList());
 }
 
 TEST_F(OrderEntry, OpeningAnOrderFillsTheFormAndLocksItsKeys)
 {
-    const QString id = order("A-7", 2, "Bolt Bros", "South", "Closed");
+    const QString id =
+        addOrder("A-7", "Birch Mill", {{"AX-100", 1, 10}, {"BR-200", 2, 10}}, "Closed", "North", Date(2011, 2, 1));
+    database.execute("UPDATE OrderItem SET PriceExt = 99");
     FormDriver form = opened(id);
-    EXPECT_EQ(texts(form, {"cmbCustomer", "txtOrderNumber", "dtOrderDate", "dtDueDate", "cmbWarehouse", "lblID",
-                           "lblStatus", "lblTotal", "txtOverDue"}),
-              "Bolt Bros,A-7,3/1/2011,3/9/2011,South," + id + ",Closed,20,");
-    EXPECT_EQ(texts(form, shipTo()), "Dock,,,,,,,");
-    EXPECT_EQ(form.grid("vsfgItems").mid(1), (QStringList{"1|1|P1|Bolts|10|10|C1", "2|2|P1|Bolts|10|20|C2"}))
+    EXPECT_EQ(form.shows(Header), "Birch Mill|A-7|2/1/2011|2/9/2011|North|" + id + "|Closed|30|")
+        << "locking the customer is not leaving it";
+    EXPECT_EQ(form.shows(ShipTo), "Dock 4|1 Pier Rd||Erie|PA|16501||");
+    EXPECT_EQ(lines(form, "vsfgItems"), (QStringList{"1|1|AX-100|Axles|10|10|C1", "2|2|BR-200|Axles|10|20|C2"}))
         << "amounts are computed, the stored 99 is not read";
-    EXPECT_EQ(form.shownRow("vsfgItems", 2), "2|2|P1|Bolts|$10.|$20.|C2");
+    EXPECT_EQ(form.shownRow("vsfgItems", 2), "2|2|BR-200|Axles|$10.|$20.|C2");
     for (const char *name : {"cmbCustomer", "txtOrderNumber", "dtOrderDate", "dtDueDate"})
         EXPECT_FALSE(form.enabled(name)) << name;
     for (const char *name : {"cmbWarehouse", "txtShipTo", "chkDropShip"})
         EXPECT_TRUE(form.enabled(name)) << name;
-    EXPECT_EQ(form.text("txtOverDue"), "") << "locking the box is not leaving it";
-}
-
-TEST_F(OrderEntry, AnUnknownOrderLeavesTheFormNew)
-{
-    FormDriver form = opened("0");
-    EXPECT_EQ(form.text("lblID"), "");
-    EXPECT_TRUE(form.enabled("cmbCustomer"));
+    form.act("btnExit");
+    FormDriver unknown = opened("0");
+    EXPECT_EQ(unknown.text("lblID"), "");
+    EXPECT_TRUE(unknown.enabled("cmbCustomer"));
+    unknown.act("btnExit");
+    const QString inactive = addOrder("A-8", "Cobb Yard");
+    expectRuntimeError(383, [&] { opened(inactive); });
 }
 
 TEST_F(OrderEntry, AShippedOrderCannotBecomeADropShipment)
 {
-    const QString id = order("A-7");
-    addRow("Shipment", {{"OrderID", id}});
+    const QString id = twoLines();
     FormDriver form = opened(id);
+    form.act("chkDropShip");
+    EXPECT_TRUE(form.enabled("txtFreight"));
+    addShipment(id, {});
+    static_cast<frmOrderEntry *>(form.form())->OpenOrder(qint16(id.toInt()));
+    EXPECT_FALSE(form.enabled("txtFreight")) << "opened over one that was to be dropped";
     EXPECT_FALSE(form.enabled("chkDropShip"));
-    EXPECT_FALSE(form.enabled("txtFreight"));
-    leave(form, "btnExit");
-    gDatabase->Execute("DELETE FROM Shipment");
-    FormDriver other = opened(id);
-    other.click("chkDropShip");
-    EXPECT_TRUE(other.enabled("txtFreight"));
-    addRow("Shipment", {{"OrderID", id}});
-    static_cast<frmOrderEntry *>(other.form())->OpenOrder(qint16(id.toInt()));
-    EXPECT_FALSE(other.enabled("txtFreight")) << "opened over one that was to be dropped";
-}
-
-TEST_F(OrderEntry, AnOrderOfAnInactiveCustomerStopsAtThatField)
-{
-    const QString id = order("A-7", 1, "Old Co");
-    EXPECT_EQ(errorNumberOf([&] { opened(id); }), 383);
 }
 
 TEST_F(OrderEntry, NullAmountsShowAsNothingAndAnEmptyStatusIsSavedOpen)
 {
-    const QString id = order("A-7", 2);
-    gDatabase->Execute("UPDATE Orders SET Total = NULL, Status = '' WHERE ID = " + id);
-    gDatabase->Execute("UPDATE OrderItem SET Qty = NULL WHERE ItemNumber = 1");
-    gDatabase->Execute("UPDATE OrderItem SET PriceEach = NULL WHERE ItemNumber = 2");
+    const QString id = twoLines();
+    database.execute("UPDATE Orders SET Total = NULL, Status = ''");
+    database.execute("UPDATE OrderItem SET Qty = NULL WHERE ItemNumber = 1");
+    database.execute("UPDATE OrderItem SET PriceEach = NULL WHERE ItemNumber = 2");
     FormDriver form = opened(id);
     EXPECT_EQ(form.text("lblTotal"), "0");
-    EXPECT_EQ(form.grid("vsfgItems").mid(1), (QStringList{"1||P1|Bolts|10||C1", "2|2|P1|Bolts|||C2"}));
-    gDatabase->Execute("DELETE FROM OrderItem");
+    EXPECT_EQ(lines(form, "vsfgItems"), (QStringList{"1||AX-100|Axles|10||C1", "2|2|AX-100|Axles|||C2"}));
+    database.execute("DELETE FROM OrderItem");
     static_cast<frmOrderEntry *>(form.form())->OpenOrder(qint16(id.toInt()));
-    form.click("btnSave");
-    EXPECT_EQ(database.rows("SELECT Status FROM Orders"), QStringList{"Open"});
-}
-
-TEST_F(OrderEntry, AnExistingOrderIsDroppedOnItsOwnDateAsItsOwn)
-{
-    order("A-6", 0);
-    const QString id = order("A-7", 2);
-    FormDriver form = opened(id);
-    form.click("chkDropShip");
-    form.type("txtFreight", "$12.50");
-    form.click("btnSave");
-    EXPECT_EQ(database.rows("SELECT * FROM Shipment"), QStringList{"1|2|3/1/2011||12.5|0|False|"});
-    EXPECT_EQ(database.rows("SELECT * FROM ShipmentItems"), (QStringList{"1|2|1|1", "1|2|2|2"}));
-    EXPECT_EQ(database.rows("SELECT DueDate FROM Orders WHERE ID = 2"), QStringList{"3/9/2011"});
-    form = newOrder();
-    form.click("chkDropShip");
-    form.type("txtFreight", "abc");
-    expectRuntimeError(3421, [&] { form.click("btnSave"); });
+    form.act("btnSave");
+    EXPECT_EQ(status(id), "Open");
 }
 
 TEST_F(OrderEntry, SavingAnOpenedOrderRewritesHeaderAndLines)
 {
-    const QString id = order("A-7", 2);
-    FormDriver form = opened(id);
-    form.type("txtShipTo", "Dock 9");
-    form.choose("cmbWarehouse", "South");
-    addLine(form, "P2", "2");
-    form.click("btnSave");
-    EXPECT_EQ(header(id), id + "|A-7|Acme|South|Open|3/1/2011|3/9/2011|Dock 9||||||||3/30/2011|35");
-    EXPECT_EQ(lines(id),
-              (QStringList{id + "|1|1|P1|Bolts|10|10|C1", id + "|2|2|P1|Bolts|10|20|C2", id + "|3|2|P2|Nuts|2.5|5|"}));
+    opened(twoLines()).act("txtShipTo: Dock 9; cmbWarehouse: North; cmbPart: BR-200; txtQty: 2; btnSaveItem; btnSave");
+    EXPECT_EQ(table("Orders"), QStringList{"1|A-7|Acme Rail|North|Open|3/1/2011|3/9/2011|Dock 9|1 Pier Rd||Erie|PA|"
+                                           "16501|||3/30/2011|35"});
+    EXPECT_EQ(savedLines(), (QStringList{"1|1|1|AX-100|Axles|10|10|C1", "1|2|2|AX-100|Axles|10|20|C2",
+                                         "1|3|2|BR-200|Brackets|2.5|5|"}));
 }
 
 TEST_F(OrderEntry, StatusButtonsAskAndTheSaveWrites)
 {
-    struct Press
-    {
-        const char *button, *title, *question, *status;
-    };
-    const QString id = order("A-7");
-    for (const Press &press :
-         {Press{"btnVoidOrder", "Void Order Confirmations", "Are you sure you want to void this order?", "Void"},
-          Press{"btnClose", "Close Order Confirmations", "Are you sure you want to close this order?", "Closed"},
-          Press{"btnOpenOrder", "Open Order Confirmations", "Are you sure you want to open this order?", "Open"}}) {
-        const QString before = header(id);
-        FormDriver form = opened(id);
-        const QString shown = form.text("lblStatus");
-        boxes.expect(press.title, press.question, "No");
-        form.click(press.button);
-        EXPECT_EQ(form.text("lblStatus"), shown);
-        boxes.expect(press.title, press.question, "Yes");
-        form.click(press.button);
-        EXPECT_EQ(form.text("lblStatus"), press.status);
-        boxes.verify();
-        EXPECT_EQ(header(id), before) << "nothing is written yet";
-        leave(form, "btnSave");
-        EXPECT_EQ(database.rows("SELECT Status FROM Orders WHERE ID = " + id), QStringList{press.status});
+    const QString id = twoLines();
+    for (const auto &[button, does, after] : {std::tuple{"btnVoidOrder", "Void", "Void"},
+                                              {"btnClose", "Close", "Closed"},
+                                              {"btnOpenOrder", "Open", "Open"}}) {
+        const QString title = QString(does) + " Order Confirmations";
+        const QString question = "Are you sure you want to " + QString(does).toLower() + " this order?";
+        const QString before = status(id);
+        for (const char *end : {"btnExit", "btnSave"}) {
+            FormDriver form = opened(id);
+            expectBox(form, button, title, question, "No");
+            EXPECT_EQ(form.text("lblStatus"), before);
+            expectBox(form, button, title, question, "Yes");
+            EXPECT_EQ(form.text("lblStatus"), after);
+            EXPECT_EQ(status(id), before) << "nothing is written yet";
+            form.act(end);
+        }
+        EXPECT_EQ(status(id), after);
     }
-}
-
-TEST_F(OrderEntry, ExitThrowsAStatusChangeAway)
-{
-    const QString id = order("A-7");
-    const QString before = header(id);
-    FormDriver form = opened(id);
-    boxes.expect("Void Order Confirmations", "Are you sure you want to void this order?", "Yes");
-    form.click("btnVoidOrder");
-    form.click("btnExit");
-    EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(header(id), before);
-}
-
-TEST_F(OrderEntry, ANewOrderIsSavedOpenWhateverWasPressed)
-{
     FormDriver form = newOrder();
-    boxes.expect("Void Order Confirmations", "Are you sure you want to void this order?", "Yes");
-    form.click("btnVoidOrder");
-    form.click("btnSave");
-    EXPECT_EQ(database.rows("SELECT Status FROM Orders"), QStringList{"Open"});
+    expectBox(form, "btnVoidOrder; btnSave", "Void Order Confirmations", "Are you sure you want to void this order?",
+              "Yes");
+    EXPECT_EQ(status("2"), "Open") << "a new order is, whatever was pressed";
 }
 
 TEST_F(OrderEntry, ADropShipmentIsBookedInsteadOfThePickTicket)
 {
-    FormDriver form = newOrder();
-    form.click("chkDropShip");
-    EXPECT_TRUE(form.enabled("txtFreight"));
-    form.type("txtFreight", "12.50");
-    addLine(form, "P1", "4");
-    addLine(form, "P2", "0");
-    addLine(form, "P2", "-1");
-    const int before = viewers();
-    form.click("btnSave");
-    EXPECT_EQ(viewers(), before);
-    EXPECT_EQ(database.rows("SELECT * FROM Shipment"), QStringList{"1|1|3/30/2011||12.5|0|False|"});
-    EXPECT_EQ(database.rows("SELECT * FROM ShipmentItems"), (QStringList{"1|1|1|4", "1|1|3|-1"}));
-    EXPECT_EQ(database.rows("SELECT Status FROM Orders"), QStringList{"Open"});
-    EXPECT_EQ(database.rows("SELECT * FROM AvailInv"), QStringList());
-}
-
-TEST_F(OrderEntry, ADropShipmentWithoutFreightOrQuantitiesStoresZeroAndNoLines)
-{
-    FormDriver form = newOrder();
-    form.click("chkDropShip");
-    form.click("chkDropShip");
+    FormDriver form = newOrder("chkDropShip; txtFreight: 12.50; cmbPart: AX-100; txtQty: 4; btnSaveItem;"
+                               "cmbPart: BR-200; txtQty: 0; btnSaveItem; cmbPart: BR-200; txtQty: -1; btnSaveItem;"
+                               "btnSave");
+    EXPECT_EQ(viewers(), 0);
+    EXPECT_EQ(status("1"), "Open");
+    form = newOrder("chkDropShip; chkDropShip");
     EXPECT_FALSE(form.enabled("txtFreight"));
-    form.click("chkDropShip");
-    addLine(form, "P1", "0");
-    form.click("btnSave");
-    EXPECT_EQ(database.rows("SELECT * FROM Shipment"), QStringList{"1|1|3/30/2011||0|0|False|"});
-    EXPECT_EQ(database.rows("SELECT * FROM ShipmentItems"), QStringList());
-}
-
-TEST_F(OrderEntry, TheTabOrderGoesThroughHeaderThenLines)
-{
-    FormDriver form("frmOrderEntry");
-    form.control<QWidget>("cmbCustomer")->setFocus();
-    QStringList passed;
-    for (int i = 0; i < 14; ++i) {
-        passed += form.focus();
-        form.key(Qt::Key_Tab);
-    }
-    EXPECT_EQ(passed.join(' '), "cmbCustomer txtOrderNumber dtOrderDate dtDueDate cmbWarehouse txtShipTo txtAddress1 "
-                                "txtAddress2 txtCity txtState txtZip txtPhone txtFax chkDropShip");
-    EXPECT_EQ(form.focus(), "cmbPart") << "the freight is off";
+    form.act("chkDropShip; cmbPart: AX-100; txtQty: 0; btnSaveItem; btnSave");
+    opened(twoLines()).act("chkDropShip; txtFreight: $7.50; btnSave");
+    EXPECT_EQ(table("Shipment"),
+              (QStringList{"1|1|3/30/2011||12.5|0|False|", "2|2|3/30/2011||0|0|False|", "3|3|3/1/2011||7.5|0|False|"}))
+        << "an existing order on its own date";
+    EXPECT_EQ(table("ShipmentItems", "ShipmentID, OrderLineItem"),
+              (QStringList{"1|1|1|4", "1|1|3|-1", "3|3|1|1", "3|3|2|2"}));
+    EXPECT_EQ(database.rows("SELECT DueDate FROM Orders WHERE ID = 3"), QStringList{"3/9/2011"});
+    EXPECT_EQ(ledger(), QStringList());
+    expectRuntimeError(3421, [] { newOrder("chkDropShip; txtFreight: abc; btnSave"); });
 }
 
 } // namespace

@@ -4,38 +4,61 @@ CompanyTest::CompanyTest()
 {
     for (const char *master : {"Customer", "Warehouse", "Part", "PriceSheet"})
         database.execute(QStringLiteral("DELETE * FROM ") + master);
-    for (const auto &[name, status] : {std::pair{"Main", "Active"}, {"North", "Active"}, {"Old", "InActive"}})
+    for (const auto &[name, status] : {std::pair{"North", "Active"}, {"Main", "Active"}, {"Old", "InActive"}})
         addRow("Warehouse", {{"Warehouse", name}, {"Status", status}});
     const auto part = [](const char *name, const char *category, double cost, double price, const char *status) {
         addRow("Part",
                {{"PartNo", name}, {"Category", category}, {"Cost", cost}, {"SalePrice", price}, {"Status", status}});
     };
-    part("AX-100", "Axles", 2.5, 4.75, "Active");
-    part("BR-200", "Brackets", 1.25, 2.2, "Active");
+    part("BR-200", "Brackets", 1.25, 2.5, "Active");
+    part("AX-100", "Axles", 2.5, 10, "Active");
+    part("CX-300", "Brackets", 0.05, 0.1, "Active");
     part("ZZ-900", "Axles", 9, 20, "InActive");
-    const auto customer = [](const char *name, const char *terms, int days, const char *status) {
-        addRow("Customer", {{"Customer", name}, {"Terms", terms}, {"Days", days}, {"Status", status}});
-    };
-    customer("Acme Rail", "Net 30", 30, "Active");
-    customer("Birch Mill", "COD", 0, "Active");
-    customer("Cobb Yard", "Net 10", 10, "InActive");
+    for (const auto &[name, price] : {std::pair{"AX-100", 8.75}, {"CX-300", 0.0}})
+        addRow("PriceSheet", {{"PriceSheet", "Gold"}, {"Part", name}, {"Price", price}});
+    addRow("Customer", {{"Customer", "Acme Rail"},
+                        {"Status", "Active"},
+                        {"Terms", "Net 30"},
+                        {"Days", 30},
+                        {"PriceSheet", "Gold"},
+                        {"ShipTo", "Acme Dock"},
+                        {"ShipToAddress1", "1 Quay"},
+                        {"ShipToAddress2", "Gate 3"},
+                        {"ShipToCity", "Erie"},
+                        {"ShipToState", "PA"},
+                        {"ShipToZip", "16501"},
+                        {"ShipToPhone", "555-1"},
+                        {"ShipToFax", "555-2"}});
+    addRow("Customer", {{"Customer", "Birch Mill"}, {"Terms", "COD"}, {"Days", 0}, {"Status", "Active"}});
+    addRow("Customer", {{"Customer", "Cobb Yard"}, {"Terms", "Net 10"}, {"Days", 10}, {"Status", "InActive"}});
+}
+
+void CompanyTest::TearDown()
+{
+    EXPECT_FALSE(QGuiApplication::overrideCursor()) << "the hourglass is left standing";
+    DeskTest::TearDown();
 }
 
 QString CompanyTest::addOrder(const char *number, const char *customer, const std::vector<Line> &lines,
-                              const char *status)
+                              const char *status, const char *warehouse, Date date)
 {
+    double total = 0;
+    for (const Line &line : lines)
+        total += line.qty * line.price;
     const QString id = addRow("Orders", {{"OrderNumber", number},
                                          {"Customer", customer},
-                                         {"Warehouse", "Main"},
+                                         {"Warehouse", warehouse},
                                          {"Status", status},
-                                         {"OrderDate", Date(2011, 3, 1)},
-                                         {"DueDate", Date(2011, 3, 9)},
+                                         {"OrderDate", date},
+                                         {"DueDate", date.addDays(8)},
                                          {"ShipTo", "Dock 4"},
                                          {"ShipToAddress1", "1 Pier Rd"},
                                          {"ShipToAddress2", ""},
                                          {"ShipToCity", "Erie"},
                                          {"ShipToState", "PA"},
-                                         {"ShipToZip", "16501"}});
+                                         {"ShipToZip", "16501"},
+                                         {"DateAdded", date},
+                                         {"Total", total}});
     int item = 0;
     for (const Line &line : lines)
         addRow("OrderItem", {{"OrderID", id},
@@ -44,11 +67,12 @@ QString CompanyTest::addOrder(const char *number, const char *customer, const st
                              {"Category", "Axles"},
                              {"Qty", line.qty},
                              {"PriceEach", line.price},
-                             {"PriceExt", line.qty * line.price}});
+                             {"PriceExt", line.qty * line.price},
+                             {"CustomerNumber", "C" + QString::number(item)}});
     return id;
 }
 
-QString CompanyTest::addShipment(const QString &orderID, Date date, const std::vector<int> &quantities, double freight,
+QString CompanyTest::addShipment(const QString &orderID, const std::vector<int> &quantities, Date date, double freight,
                                  double adjustment)
 {
     const QString id = addRow(
@@ -59,6 +83,14 @@ QString CompanyTest::addShipment(const QString &orderID, Date date, const std::v
             addRow("ShipmentItems",
                    {{"ShipmentID", id}, {"OrderID", orderID}, {"OrderLineItem", int(i) + 1}, {"Qty", quantities[i]}});
     return id;
+}
+
+void CompanyTest::expectBox(FormDriver &form, const QString &steps, const QString &title, const QString &prompt,
+                            const QString &answer)
+{
+    boxes.expect(title, prompt, answer);
+    form.act(steps);
+    boxes.verify();
 }
 
 QString CompanyTest::status(const QString &order) const
@@ -76,30 +108,24 @@ QStringList CompanyTest::table(const QString &name, const QString &order) const
     return database.rows("SELECT * FROM " + name + " ORDER BY " + order);
 }
 
-void pick(FormDriver &form, const QString &combo, const QString &entry)
-{
-    form.choose(combo, entry);
-    form.key(Qt::Key_Tab);
-}
-
 QStringList lines(const FormDriver &form, const QString &grid)
 {
     return form.grid(grid).mid(1);
 }
 
-QStringList column(const FormDriver &form, const QString &grid, int col)
+QString column(const FormDriver &form, const QString &grid, int col)
 {
     QStringList cells;
     for (const QString &row : lines(form, grid))
         cells += row.split(u'|').at(col);
-    return cells;
+    return cells.join(u' ');
 }
 
-QStringList entries(const FormDriver &form, const QString &combo)
+QString entries(const FormDriver &form, const QString &combo)
 {
     const auto *box = form.control<ComboBox>(combo);
     QStringList all;
     for (int i = 0; i < box->listCount(); ++i)
         all += box->list(i);
-    return all;
+    return all.join(u'|');
 }

@@ -9,6 +9,13 @@
 #include <sanitizer/lsan_interface.h>
 #endif
 
+void settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
 void expectRuntimeError(int number, const std::function<void()> &action, const QString &description)
 {
 #ifdef __SANITIZE_ADDRESS__
@@ -53,11 +60,4 @@ void DeskTest::menu(const QString &name)
     ASSERT_TRUE(action) << "no menu entry " << qPrintable(name);
     ASSERT_TRUE(action->isEnabled()) << "menu entry greyed: " << qPrintable(name);
     action->trigger();
-}
-
-void DeskTest::settle()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
 }

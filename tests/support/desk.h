@@ -14,12 +14,13 @@
 /// process, here `action` ends.
 void expectRuntimeError(int number, const std::function<void()> &action, const QString &description = {});
 
+/// Lets everything that is posted happen, deletion of unloaded forms included.
+void settle();
+
 /// The hands and eyes of a user on one loaded form, whose controls are told by name:
 ///
 ///     FormDriver order("frmOrderEntry");        // opens it
-///     order.choose("cmbCustomer", "Acme Supply");
-///     order.type("txtOrderNumber", "1001");
-///     order.click("btnSave");
+///     order.act("cmbCustomer: Acme Supply; txtOrderNumber: 1001; btnSave");
 ///     EXPECT_EQ(order.text("lblStatus"), "Open");
 ///
 /// All input is key and mouse events. A control that isn't there ends the test with an exception.
@@ -38,6 +39,14 @@ public:
             throw std::runtime_error("no such control: " + name.toStdString());
         return found;
     }
+
+    /// Does one step after the other and lets all come to rest that they set going:
+    ///
+    ///     btnSave              a click          txtQty: 5            types over what stands there
+    ///     vsfgItems[2]         a click on a row cmbPart: AX-100      picks from a list, or types where one may type
+    ///     vsfgItems[1,3]: 4    types into a cell dtDate: 3/5/2011    types a date
+    ///     <Tab>                the key          cmbPart:             nothing picked any more, as code does it
+    void act(const QString &steps);
 
     /// Clicks on a control: presses a button, gives the focus to a field.
     void click(const QString &name);
@@ -62,6 +71,8 @@ public:
     /// What a control holds: the text of a field, the raw text of a masked box, the caption of a label, button or
     /// frame, a date picker's date, "True" or "False" for a check box.
     QString text(const QString &name) const;
+    /// The texts of some controls, blanks between their names, with "|" between them.
+    QString shows(const QString &names) const;
     /// One row of a grid, its cells with "|" between them, and the whole grid by its rows, the header first.
     QString row(const QString &grid, int row) const;
     QStringList grid(const QString &name) const;
@@ -73,6 +84,8 @@ public:
 
 private:
     QWidget *find(const QString &name) const;
+    void step(const QString &name, const QStringList &cell);
+    void step(const QString &name, const QStringList &cell, const QString &text);
 
     QPointer<Form> m_form;
 };
@@ -89,8 +102,6 @@ protected:
 
     /// Clicks a menu entry by the menu control's name. It must be enabled.
     void menu(const QString &name);
-    /// Lets everything that is posted happen, deletion of unloaded forms included.
-    static void settle();
 
     TestDatabase database;
     std::unique_ptr<MDI> mdi;

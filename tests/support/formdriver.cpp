@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHeaderView>
+#include <QRegularExpression>
 
 namespace {
 QPoint centre(const QWidget *widget)
@@ -31,6 +32,9 @@ FormDriver::FormDriver(const QString &form)
     QMetaObject::invokeMethod(
         qApp, [&] { m_form = Load(form); }, Qt::QueuedConnection);
     QCoreApplication::processEvents();
+    // A list that dropped down on a form since closed leaves no window active on the offscreen platform.
+    if (m_form && !QApplication::activeWindow())
+        QApplication::setActiveWindow(m_form->window());
 }
 
 QWidget *FormDriver::find(const QString &name) const
@@ -38,6 +42,47 @@ QWidget *FormDriver::find(const QString &name) const
     if (!isLoaded())
         throw std::runtime_error("the form is gone");
     return m_form->findChild<QWidget *>(name);
+}
+
+void FormDriver::act(const QString &steps)
+{
+    static const QRegularExpression form(R"(^([^:\[]+)(?:\[([\d,]+)\])?(?:: ?(.*))?$)");
+    for (const QString &one : steps.split(u';', Qt::SkipEmptyParts)) {
+        const QRegularExpressionMatch parts = form.match(one.trimmed());
+        const QStringList cell = parts.captured(2).split(u',', Qt::SkipEmptyParts);
+        if (parts.captured(1) == QLatin1String("<Tab>"))
+            key(Qt::Key_Tab);
+        else if (parts.hasCaptured(3))
+            step(parts.captured(1), cell, parts.captured(3));
+        else
+            step(parts.captured(1), cell);
+        QCoreApplication::processEvents();
+    }
+    settle();
+}
+
+void FormDriver::step(const QString &name, const QStringList &cell)
+{
+    if (cell.isEmpty())
+        click(name);
+    else
+        clickCell(name, cell[0].toInt());
+}
+
+void FormDriver::step(const QString &name, const QStringList &cell, const QString &text)
+{
+    auto *control = this->control<QWidget>(name);
+    auto *list = qobject_cast<ComboBox *>(control);
+    if (!cell.isEmpty())
+        typeCell(name, cell[0].toInt(), cell[1].toInt(), text);
+    else if (qobject_cast<DTPicker *>(control))
+        setDate(name, text);
+    else if (!list || list->isEditable())
+        type(name, text);
+    else if (text.isEmpty())
+        list->setListIndex(-1);
+    else
+        choose(name, text);
 }
 
 void FormDriver::click(const QString &name)
@@ -149,6 +194,14 @@ QString FormDriver::text(const QString &name) const
     if (!value.isValid())
         throw std::runtime_error("holds no text: " + name.toStdString());
     return value.toString();
+}
+
+QString FormDriver::shows(const QString &names) const
+{
+    QStringList texts;
+    for (const QString &name : names.split(u' '))
+        texts += text(name);
+    return texts.join(u'|');
 }
 
 QString FormDriver::row(const QString &grid, int row) const
