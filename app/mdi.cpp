@@ -9,6 +9,7 @@
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/controls/statusline.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>

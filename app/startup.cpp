@@ -1,6 +1,6 @@
 #include "app/startup.h"
 
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/mainmod.h"
 

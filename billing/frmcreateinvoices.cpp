@@ -1,7 +1,7 @@
 #include "billing/frmcreateinvoices.h"
 
 #include "billing/billingroutines.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "orders/orderroutines.h"
 #include "reports/operational.h"
 #include "toolkit/controls/msgbox.h"

@@ -1,6 +1,6 @@
 #include "inventory/frminventoryadjust.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "inventory/ledger.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/fillcombo.h"

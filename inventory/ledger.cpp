@@ -1,6 +1,6 @@
 #include "inventory/ledger.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/mainmod.h"

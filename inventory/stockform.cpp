@@ -1,6 +1,6 @@
 #include "inventory/stockform.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "toolkit/controls/formatgrid.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/forms/formlayout.h"

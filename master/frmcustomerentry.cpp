@@ -1,6 +1,6 @@
 #include "master/frmcustomerentry.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/formlayout.h"
 #include <QVBoxLayout>

@@ -1,12 +1,13 @@
 #include "orders/frmordernavigator.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "orders/frmorderentry.h"
 #include "toolkit/controls/formatgrid.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/forms/criteria.h"
 #include "toolkit/forms/fillcombo.h"
 #include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include "toolkit/forms/navigatorlayout.h"
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #include "orders/orderroutines.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "toolkit/forms/mainmod.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include "reportengine/viewer/viewer.h"
 #include "reports/layouts/catalogue.h"
 #include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/forms.h"
 
 HandOver::HandOver(Pointer pointer, Output output) : m_pointer(pointer), m_output(output)
 {

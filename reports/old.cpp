@@ -1,5 +1,5 @@
 #include "reports/old.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "data/workbook/paths.h"
 #include "data/workbook/workbook.h"
 #include "reports/handover.h"

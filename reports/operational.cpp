@@ -1,5 +1,6 @@
 #include "reports/operational.h"
-#include "data/values/conversions.h"
+#include "data/values/format.h"
+#include "data/values/numbers.h"
 #include "reportengine/report.h"
 #include "reports/handover.h"
 #include "toolkit/forms/mainmod.h"

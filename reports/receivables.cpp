@@ -1,5 +1,6 @@
 #include "reports/receivables.h"
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 #include "reportengine/report.h"
 #include "reports/handover.h"
 #include "toolkit/forms/mainmod.h"

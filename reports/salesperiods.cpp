@@ -1,5 +1,5 @@
 #include "reports/salesperiods.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "shipping/frmshipmententry.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "inventory/ledger.h"
 #include "orders/orderroutines.h"
 #include "reports/operational.h"

@@ -6,6 +6,7 @@
 #include "toolkit/forms/criteria.h"
 #include "toolkit/forms/fillcombo.h"
 #include "toolkit/forms/formlayout.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include "toolkit/forms/navigatorlayout.h"
 

@@ -1,7 +1,7 @@
 #include "tools/conversion.h"
 
 #include "data/dao/assignment.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "data/values/runtimeerror.h"
 #include "tools/oneline.h"
 #include "tools/toolerror.h"

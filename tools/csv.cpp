@@ -1,6 +1,5 @@
 #include "tools/csv.h"
 
-#include "data/values/conversions.h"
 #include "tools/toolerror.h"
 #include <QLocale>
 #include <QStringDecoder>

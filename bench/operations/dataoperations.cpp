@@ -12,6 +12,7 @@
 #include "reports/receivables.h"
 #include "reports/sales.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QMessageBox>

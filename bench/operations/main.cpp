@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "bench/bare/engine.h"
 #include "bench/operations/meter.h"
 #include "bench/operations/operation.h"

@@ -6,6 +6,7 @@
 #include "app/mdi.h"
 #include "reportengine/output/printing.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QMessageBox>

@@ -5,6 +5,7 @@
 #include "app/mdi.h"
 #include "reports/operational.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #include <QComboBox>

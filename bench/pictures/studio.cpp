@@ -1,8 +1,9 @@
 #include "bench/pictures/studio.h"
 
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "data/schema/schema.h"
 #include "reportengine/viewer/viewer.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
 #include <QAction>

@@ -1,6 +1,7 @@
 #include "data/engine/storedvalue.h"
 
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 #include <chrono>
 #include <limits>
 

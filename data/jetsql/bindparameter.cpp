@@ -1,6 +1,6 @@
 #include "data/jetsql/bindparameter.h"
 
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 
 namespace jetsql {
 

@@ -3,7 +3,8 @@
 #include "data/jetsql/errors.h"
 #include "data/jetsql/parametermarks.h"
 #include "data/jetsql/typing.h"
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 
 namespace jetsql {
 namespace {

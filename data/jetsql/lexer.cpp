@@ -1,6 +1,6 @@
 #include "data/jetsql/lexer.h"
 
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "data/jetsql/parametermarks.h"
 
 #include "data/schema/schema.h"
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 
 namespace jetsql {
 namespace {

@@ -1,4 +1,4 @@
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 
 #include "data/values/clock.h"
 #include "data/values/runtimeerror.h"

@@ -1,5 +1,6 @@
-#include "data/values/conversions.h"
+#include "data/values/format.h"
 
+#include "data/values/numbers.h"
 namespace {
 
 /// One section of a picture: the digits' places and what stands before and behind them.

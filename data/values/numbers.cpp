@@ -1,4 +1,4 @@
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 
 #include "data/values/runtimeerror.h"
 #include <sstream>

@@ -1,6 +1,7 @@
 #include "data/values/value.h"
 
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 #include "data/values/runtimeerror.h"
 #include <cmath>
 

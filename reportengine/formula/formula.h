@@ -2,6 +2,9 @@
 
 #include "data/values/value.h"
 #include <QDateTime>
+#include <array>
+#include <cmath>
+#include <limits>
 #include <memory>
 #include <span>
 #include <vector>
@@ -35,12 +38,17 @@ class Formula
 {
 public:
     static constexpr size_t Batch = 256;
+    using Numbers = std::array<double, Batch>;
+    static constexpr double Null = std::numeric_limits<double>::quiet_NaN();
+    static constexpr double True = -1;
+    static constexpr double False = 0;
+    static bool isTrue(double number) { return number != False && !std::isnan(number); }
 
     explicit Formula(FormulaType type) : m_type(type) {}
     virtual ~Formula() = default;
     FormulaType type() const { return m_type; }
 
-    /// The value for each row; no texts. A date is its days, True -1; not-a-number stands for Null.
+    /// The value for each row; no texts. A date is its days.
     virtual void numbers(const FormulaContext &context, std::span<const int> rows, double *out) const;
     /// The value for each row.
     virtual void values(const FormulaContext &context, std::span<const int> rows, Value *out) const;
@@ -70,22 +78,5 @@ struct Aggregate
     int level;        ///< of the group it is taken over; -1: all rows
 };
 
-/// Where a formula text finds what it names. Each returns null (or -1) for an unknown name.
-class FormulaScope
-{
-public:
-    virtual ~FormulaScope() = default;
-    virtual FormulaPtr field(const QString &name) = 0;
-    virtual FormulaPtr formula(const QString &name) = 0;
-    virtual FormulaPtr runningTotal(const QString &name) = 0;
-    virtual FormulaPtr parameter(const QString &name) = 0;
-    /// The level of the group over this reference ("{t.PartNo}", "{@Month}").
-    virtual int groupLevel(const QString &reference) = 0;
-    /// The printed name of the group of that level.
-    virtual FormulaPtr groupName(int level) = 0;
-    /// `text` is how the source names the total: equal texts share one computation.
-    virtual FormulaPtr aggregate(const Aggregate &aggregate, const QString &text) = 0;
-};
-
-/// Parses a formula text. Error 440, the reason in its detail.
-FormulaPtr parseFormula(const QString &text, FormulaScope &scope);
+/// The value that a number of Formula::numbers stands for, in a formula of that type.
+Value valueOf(FormulaType type, double number);

@@ -1,4 +1,7 @@
-#include "data/values/conversions.h"
+#include "reportengine/formula/formulafunctions.h"
+
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 #include "reportengine/formula/formulanodes.h"
 #include "reportengine/rows/rowstore.h"
 #include <QLocale>

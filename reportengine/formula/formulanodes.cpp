@@ -5,72 +5,6 @@
 #include "reportengine/rows/rowstore.h"
 #include <QVarLengthArray>
 #include <array>
-#include <limits>
-
-constexpr double Null = std::numeric_limits<double>::quiet_NaN();
-constexpr double True = -1;
-constexpr double False = 0;
-
-namespace {
-
-using Numbers = std::array<double, Formula::Batch>;
-/// Room for one value, which is what a page asks for; a batch of them goes to the heap.
-using Values = QVarLengthArray<Value, 1>;
-
-bool isTrue(double flag)
-{
-    return flag != 0 && !std::isnan(flag);
-}
-
-double numberOf(const Value &value)
-{
-    if (value.isNull())
-        return Null;
-    return value.type() == Value::Type::Date ? value.toDate().serial() : value.toDouble();
-}
-
-} // namespace
-
-Value valueOf(FormulaType type, double number)
-{
-    if (std::isnan(number))
-        return {};
-    if (type == FormulaType::Boolean)
-        return isTrue(number);
-    return type == FormulaType::Date ? Value(Date(number)) : Value(number);
-}
-
-void Formula::numbers(const FormulaContext &context, std::span<const int> rows, double *out) const
-{
-    if (rows.empty())
-        return;
-    Values values(variesByRow() ? qsizetype(rows.size()) : 1);
-    this->values(context, rows.first(values.size()), values.data());
-    std::transform(values.cbegin(), values.cend(), out, numberOf);
-    std::fill(out + values.size(), out + rows.size(), *out);
-}
-
-void Formula::values(const FormulaContext &context, std::span<const int> rows, Value *out) const
-{
-    Numbers numbers;
-    this->numbers(context, rows, numbers.data());
-    std::transform(numbers.data(), numbers.data() + rows.size(), out,
-                   [this](double number) { return valueOf(type(), number); });
-}
-
-Value Formula::value(const FormulaContext &context, int row) const
-{
-    Value value;
-    values(context, {&row, 1}, &value);
-    return value;
-}
-
-bool Formula::holds(const FormulaContext &context) const
-{
-    double flag = 0;
-    numbers(context, {&context.row, 1}, &flag);
-    return isTrue(flag);
-}
 
 void ConstantFormula::values(const FormulaContext &, std::span<const int> rows, Value *out) const
 {
@@ -178,7 +112,7 @@ double answer(const QString &symbol, int order)
 {
     const bool orEqual = symbol.endsWith('=');
     const bool fits = order == 0 ? orEqual : symbol.contains(order < 0 ? '<' : '>');
-    return fits ? True : False;
+    return fits ? Formula::True : Formula::False;
 }
 
 /// An operand that is no text, for each row; Null as the report wants it.
@@ -197,7 +131,7 @@ struct Choice
     Choice(std::span<const int> rows, const double *flags, bool wanted)
     {
         for (size_t i = 0; i < rows.size(); ++i) {
-            if (isTrue(flags[i]) != wanted)
+            if (Formula::isTrue(flags[i]) != wanted)
                 continue;
             places[count] = int(i);
             chosen[count++] = rows[i];
@@ -251,7 +185,7 @@ public:
     }
     void values(const FormulaContext &context, std::span<const int> rows, Value *out) const override
     {
-        Values results(qsizetype(rows.size()));
+        QVarLengthArray<Value, 1> results(qsizetype(rows.size()));
         choose(context, rows, &Formula::values, results.data(), out);
     }
 

@@ -48,8 +48,6 @@ private:
 
 /// The value of an operand inside an operation: Null becomes the type's default where the report wants that.
 Value operand(const Formula &formula, const FormulaContext &context, int row);
-/// The value that a number of Formula::numbers stands for, in a formula of that type.
-Value valueOf(FormulaType type, double number);
 /// 0, "", False or the day 0.
 Value defaultOf(FormulaType type);
 /// Below 0, 0 or above 0. Both of one type; Null stands first.
@@ -66,6 +64,3 @@ FormulaPtr comparison(const QString &symbol, FormulaPtr left, FormulaPtr right);
 FormulaPtr logical(bool isAnd, FormulaPtr left, FormulaPtr right);
 /// `otherwise` may be null: the default of the type then.
 FormulaPtr conditional(FormulaPtr condition, FormulaPtr then, FormulaPtr otherwise);
-
-/// The function of that lower-case name over these arguments, or null when there is none that fits them.
-FormulaPtr functionCall(const QString &name, const std::vector<FormulaPtr> &arguments);

@@ -1,3 +1,6 @@
+#include "reportengine/formula/formulaparser.h"
+
+#include "reportengine/formula/formulafunctions.h"
 #include "reportengine/formula/formulalexer.h"
 #include "reportengine/formula/formulanodes.h"
 #include <QMap>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reportengine/formula/formula.h"
+#include "reportengine/formula/formulaparser.h"
 #include "reportengine/pages/layout.h"
 #include "reportengine/rows/dataset.h"
 #include <QMap>

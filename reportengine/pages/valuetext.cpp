@@ -1,6 +1,7 @@
 #include "reportengine/pages/valuetext.h"
 
-#include "data/values/conversions.h"
+#include "data/values/format.h"
+#include "data/values/numbers.h"
 #include <QLocale>
 
 namespace {

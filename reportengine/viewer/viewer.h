@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include <memory>
 
 class CRViewer;

@@ -1,5 +1,5 @@
 #include "reports/dialogs/productiondialog.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/formlayout.h"

@@ -1,5 +1,5 @@
 #include "reports/dialogs/receivablesdialogs.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "reports/receivables.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"

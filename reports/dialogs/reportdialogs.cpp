@@ -10,6 +10,7 @@
 #include "reports/production.h"
 #include "reports/receivables.h"
 #include "reports/sales.h"
+#include "toolkit/forms/forms.h"
 
 namespace {
 

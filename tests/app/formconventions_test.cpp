@@ -1,4 +1,4 @@
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "tests/support/desk.h"
 
 #include <QAbstractButton>

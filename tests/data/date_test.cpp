@@ -1,5 +1,5 @@
 #include "data/values/clock.h"
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 #include "tests/support/printers.h"
 
 namespace {

@@ -1,4 +1,5 @@
-#include "data/values/conversions.h"
+#include "data/values/format.h"
+#include "data/values/numbers.h"
 #include "tests/support/printers.h"
 
 namespace {

@@ -1,4 +1,5 @@
-#include "data/values/conversions.h"
+#include "data/values/format.h"
+#include "data/values/numbers.h"
 #include "reportengine/pages/valuetext.h"
 #include "reports/layouts/letterhead.h"
 #include "tests/reportengine/reportfixture.h"

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include "reportengine/report.h"
 #include "tests/support/printers.h"
 #include "tests/support/rows.h"
 #include "tests/support/testdatabase.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include <QLockFile>
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
 #include "tests/support/desk.h"
 
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "data/values/runtimeerror.h"
 #include "toolkit/controls/mousepointer.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
 #ifdef __SANITIZE_ADDRESS__

@@ -6,6 +6,7 @@
 #include "tests/support/testclock.h"
 #include "tests/support/testdatabase.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 #include <QTest>
 #include <gtest/gtest.h>
 

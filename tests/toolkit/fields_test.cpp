@@ -1,6 +1,6 @@
 #include "tests/toolkit/controlform.h"
 
-#include "data/values/conversions.h"
+#include "data/values/format.h"
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>

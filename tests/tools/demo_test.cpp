@@ -1,6 +1,6 @@
 #include "tests/tools/toolstest.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 
 namespace {
 

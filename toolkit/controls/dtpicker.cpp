@@ -1,6 +1,6 @@
 #include "toolkit/controls/dtpicker.h"
 
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
 #include "data/values/runtimeerror.h"
 #include <QApplication>
 #include <QCalendarWidget>

@@ -1,6 +1,6 @@
 #include "toolkit/controls/flexgridmodel.h"
 
-#include "data/values/conversions.h"
+#include "data/values/format.h"
 #include "data/values/runtimeerror.h"
 
 namespace {

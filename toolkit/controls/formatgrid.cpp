@@ -1,6 +1,6 @@
 #include "toolkit/controls/formatgrid.h"
 
-#include "data/values/conversions.h"
+#include "data/values/format.h"
 #include "toolkit/controls/flexgrid.h"
 
 void formatGrid(FlexGrid *grid, std::initializer_list<int> moneyColumns)

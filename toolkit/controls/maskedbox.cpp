@@ -1,6 +1,6 @@
 #include "toolkit/controls/maskedbox.h"
 
-#include "data/values/conversions.h"
+#include "data/values/format.h"
 #include <QPainter>
 #include <QStyleOptionFrame>
 

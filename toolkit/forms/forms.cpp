@@ -1,5 +1,6 @@
-#include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 
+#include "toolkit/forms/form.h"
 #include <QMap>
 
 namespace {

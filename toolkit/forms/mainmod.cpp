@@ -1,7 +1,7 @@
 #include "toolkit/forms/mainmod.h"
 
-#include "data/values/conversions.h"
 #include "data/values/inputfile.h"
+#include "data/values/numbers.h"
 #include "data/values/runtimeerror.h"
 
 std::unique_ptr<Database> gDatabase;

@@ -1,7 +1,7 @@
 #include "tools/check/findings.h"
 
 #include "data/engines/sqlite/connection.h"
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include <QRegularExpression>
 
 namespace check {

@@ -1,6 +1,6 @@
 #include "tools/demo/company.h"
 
-#include "data/values/conversions.h"
+#include "data/values/numbers.h"
 #include <numeric>
 
 namespace demo {

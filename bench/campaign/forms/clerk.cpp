@@ -1,7 +1,7 @@
 #include "bench/campaign/forms/clerk.h"
 
 #include "app/application.h"
-#include "app/forms.h"
+#include "app/formlist.h"
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
 #include "data/values/runtimeerror.h"
@@ -10,6 +10,7 @@
 #include "reportengine/rows/rowstore.h"
 #include "tests/support/desk.h"
 #include "tests/support/rows.h"
+#include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QMessageBox>
 #include <iostream>

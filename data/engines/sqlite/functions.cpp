@@ -1,7 +1,8 @@
 #include "data/engines/sqlite/functions.h"
 
 #include "data/engines/sqlite/likepattern.h"
-#include "data/values/conversions.h"
+#include "data/values/datetext.h"
+#include "data/values/numbers.h"
 #include "data/values/value.h"
 #include <cmath>
 #include <memory>

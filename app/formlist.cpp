@@ -1,4 +1,4 @@
-#include "app/forms.h"
+#include "app/formlist.h"
 
 #include "app/about.h"
 #include "billing/frmcreateinvoices.h"
@@ -14,6 +14,7 @@
 #include "shipping/frmshipmententry.h"
 #include "shipping/frmshipmentnavigator.h"
 #include "toolkit/forms/form.h"
+#include "toolkit/forms/forms.h"
 
 namespace {
 template <class FormClass> Form *make()
