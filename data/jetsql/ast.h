@@ -14,7 +14,6 @@ namespace jetsql {
 struct Select;
 
 enum class Op {
-    None,
     Or,
     And,
     Not,
@@ -67,52 +66,119 @@ struct ExprType
 struct Expr;
 using ExprPtr = std::unique_ptr<Expr>;
 
-struct Expr
+// What an expression is; what it is made of stands in the Expr.
+
+struct Constant
 {
-    enum class Kind {
-        Null,
-        Text,
-        Number,
-        Date,
-        Boolean,
-        Column,
-        Unary,
-        Binary,
-        Like,
-        InList,
-        InSelect,
-        Between,
-        IsNull,
-        Aggregate,
-        Subselect,
-        Exists
-    };
+    enum class Kind { Null, Text, Number, Date, Boolean };
 
     Kind kind = Kind::Null;
-    Op op = Op::None;                     ///< of Unary and Binary; And and Or take any number of operands
-    Aggregate aggregate = Aggregate::Sum; ///< of an Aggregate
-    bool negated = false;                 ///< NOT LIKE, NOT IN, NOT BETWEEN, IS NOT NULL
-    bool whole = false;                   ///< a Number without fraction, within 32 bits
-    double number = 0;                    ///< Number, the serial of a Date, 1 or 0 for a Boolean
-    int constant = -1;                    ///< of a Text, Number or Date: which of the statement's constants it is
-    bool minus = false;                   ///< a Number with an odd count of minus signs before it
-    QString qualifier;                    ///< of a Column, empty without one
-    QString name;                         ///< of a Column, the characters of a Text, "ISNULL" of a call of it
-    QStringView source;                   ///< as typed
-    std::vector<ExprPtr> operands;        ///< COUNT(*) has none
-    std::unique_ptr<Select> select;
+    QString text = {};        ///< of a Text, without its delimiters
+    double number = 0;        ///< Number, the serial of a Date, 1 or 0 for a Boolean
+    bool whole = false;       ///< a Number without fraction, within 32 bits
+    bool minus = false;       ///< a Number with an odd count of minus signs before it
+    int place = -1;           ///< of a Text, Number or Date: which of the statement's constants it is
+    bool isParameter = false; ///< written as a parameter (parameter marks)
 
-    const Source *from = nullptr; ///< of a Column (resolver)
-    int column = -1;              ///< position in its table (resolver)
-    ExprType type;                ///< (typing)
-    bool isParameter = false;     ///< of a constant: written as a parameter (parameter marks)
-    int height = 1;               ///< levels of operators and brackets down to its deepest constant or column (parser)
-    mutable int visits = 0;       ///< how often a pass has come by
+    /// The same value; it may be typed in another way.
+    bool operator==(const Constant &other) const
+    {
+        return kind == other.kind && text == other.text && number == other.number;
+    }
+};
+
+struct Column
+{
+    QString qualifier = {}; ///< empty without one
+    QString name = {};
+    const Source *from = nullptr; ///< (resolver)
+    int index = -1;               ///< position in its table (resolver)
+
+    const ColumnDef &def() const { return from->def->columns[index]; }
+    bool operator==(const Column &other) const { return from == other.from && index == other.index; }
+};
+
+/// Not and Negate have one operand, And and Or any number, all others two.
+struct Operation
+{
+    Op op;
+    bool operator==(const Operation &) const = default;
+};
+
+/// COUNT(*) has no operand.
+struct AggregateCall
+{
+    Aggregate function;
+    bool operator==(const AggregateCall &) const = default;
+};
+
+struct IsNull
+{
+    bool negated = false;
+    bool called = false; ///< ISNULL(x), which is another expression than x IS NULL for GROUP BY
+    bool operator==(const IsNull &) const = default;
+};
+
+/// The text and its pattern.
+struct Like
+{
+    bool negated = false;
+    bool operator==(const Like &) const = default;
+};
+
+/// The value and the list's.
+struct InList
+{
+    bool negated = false;
+    bool operator==(const InList &) const = default;
+};
+
+/// The value; the list comes from the SELECT.
+struct InSelect
+{
+    bool negated = false;
+    bool operator==(const InSelect &) const = default;
+};
+
+/// The value, the least and the greatest.
+struct Between
+{
+    bool negated = false;
+    bool operator==(const Between &) const = default;
+};
+
+/// A SELECT as a value.
+struct Subselect
+{
+    bool operator==(const Subselect &) const = default;
+};
+
+struct Exists
+{
+    bool operator==(const Exists &) const = default;
+};
+
+struct Expr
+{
+    using Node = std::variant<Constant, Column, Operation, AggregateCall, IsNull, Like, InList, InSelect, Between,
+                              Subselect, Exists>;
+
+    Node node;
+    std::vector<ExprPtr> operands;
+    std::unique_ptr<Select> select; ///< of an InSelect, Subselect or Exists
+    QStringView source;             ///< as typed
+    ExprType type;                  ///< (typing)
+    int height = 1;         ///< levels of operators and brackets down to its deepest constant or column (parser)
+    mutable int visits = 0; ///< how often a pass has come by
+
+    template <class T> const T *as() const { return std::get_if<T>(&node); }
+    template <class T> T *as() { return std::get_if<T>(&node); }
+    bool is(Op op) const { return as<Operation>() && as<Operation>()->op == op; }
+    bool is(Constant::Kind kind) const { return as<Constant>() && as<Constant>()->kind == kind; }
 
     /// Counts a pass coming by. Each expression is visited a few times and no more, so that the time a statement takes
     /// is that of its length; one that multiplies the visits by nesting is error 3360.
     void visit() const;
-    bool isConstant() const { return kind <= Kind::Boolean; }
 };
 
 /// A table, or two joined.

@@ -121,13 +121,6 @@ void Parser::failHere()
     failExpression(message, clauseText());
 }
 
-ExprPtr Parser::make(Expr::Kind kind)
-{
-    auto expr = std::make_unique<Expr>();
-    expr->kind = kind;
-    return expr;
-}
-
 /// Notes what was typed for an expression that ends before the token at hand.
 ExprPtr Parser::closed(ExprPtr expr, qsizetype start) const
 {
@@ -144,7 +137,7 @@ int Parser::heightOf(const Expr &expr)
     int tallest = expr.select ? expr.select->height : 0;
     for (const ExprPtr &operand : expr.operands)
         tallest = std::max(tallest, operand->height);
-    const bool chain = expr.op == Op::And || expr.op == Op::Or;
+    const bool chain = expr.is(Op::And) || expr.is(Op::Or);
     return tallest + (chain ? int(expr.operands.size()) - 1 : 1);
 }
 
@@ -164,9 +157,7 @@ ExprPtr Parser::chain(Op op, Keyword word, ExprPtr (Parser::*operand)())
     ExprPtr first = (this->*operand)();
     if (!at(word))
         return first;
-    ExprPtr result = make(Expr::Kind::Binary);
-    result->op = op;
-    result->operands.push_back(std::move(first));
+    ExprPtr result = make(Operation{op}, std::move(first));
     while (accept(word)) {
         result->operands.push_back((this->*operand)());
         if (result->operands.size() > maxChain)
@@ -181,10 +172,7 @@ ExprPtr Parser::negation()
         return comparison();
     const Nesting nesting(*this);
     const qsizetype start = take().start;
-    ExprPtr result = make(Expr::Kind::Unary);
-    result->op = Op::Not;
-    result->operands.push_back(negation());
-    return closed(std::move(result), start);
+    return closed(make(Operation{Op::Not}, negation()), start);
 }
 
 ExprPtr Parser::comparison()
@@ -198,11 +186,7 @@ ExprPtr Parser::comparison()
                                           [this](const SymbolOp &known) { return at(known.symbol); });
         if (symbol != std::end(comparisons)) {
             take();
-            ExprPtr result = make(Expr::Kind::Binary);
-            result->op = symbol->op;
-            result->operands.push_back(std::move(left));
-            result->operands.push_back(arithmetic(loosest));
-            left = std::move(result);
+            left = make(Operation{symbol->op}, std::move(left), arithmetic(loosest));
         } else if (at(Keyword::Is)) {
             left = isNull(std::move(left));
         } else if (at(Keyword::Not) || at(Keyword::Like) || at(Keyword::In) || at(Keyword::Between)) {
@@ -217,40 +201,29 @@ ExprPtr Parser::comparison()
 ExprPtr Parser::isNull(ExprPtr left)
 {
     take(); // IS
-    ExprPtr result = make(Expr::Kind::IsNull);
-    result->negated = accept(Keyword::Not);
+    const bool negated = accept(Keyword::Not);
     if (!accept(Keyword::Null))
         failHere();
-    result->operands.push_back(std::move(left));
-    return result;
+    return make(IsNull{.negated = negated}, std::move(left));
 }
 
 /// LIKE, IN and BETWEEN, each perhaps behind a NOT.
 ExprPtr Parser::negatable(ExprPtr left)
 {
     const bool negated = accept(Keyword::Not);
-    ExprPtr result;
-    if (accept(Keyword::Like)) {
-        result = make(Expr::Kind::Like);
-        result->operands.push_back(std::move(left));
-        result->operands.push_back(arithmetic(loosest));
-    } else if (accept(Keyword::In)) {
-        result = inList(std::move(left));
-    } else if (accept(Keyword::Between)) {
-        result = make(Expr::Kind::Between);
-        result->operands.push_back(std::move(left));
-        result->operands.push_back(arithmetic(loosest));
-        if (!accept(Keyword::And))
-            failHere();
-        result->operands.push_back(arithmetic(loosest));
-    } else {
+    if (accept(Keyword::Like))
+        return make(Like{negated}, std::move(left), arithmetic(loosest));
+    if (accept(Keyword::In))
+        return inList(std::move(left), negated);
+    if (!accept(Keyword::Between))
         failHere();
-    }
-    result->negated = negated;
-    return result;
+    ExprPtr least = arithmetic(loosest);
+    if (!accept(Keyword::And))
+        failHere();
+    return make(Between{negated}, std::move(left), std::move(least), arithmetic(loosest));
 }
 
-ExprPtr Parser::inList(ExprPtr left)
+ExprPtr Parser::inList(ExprPtr left, bool negated)
 {
     if (!at(u'('))
         failHere();
@@ -258,12 +231,10 @@ ExprPtr Parser::inList(ExprPtr left)
     take();
     ExprPtr result;
     if (at(Keyword::Select)) {
-        result = make(Expr::Kind::InSelect);
+        result = make(InSelect{negated}, std::move(left));
         result->select = select();
-        result->operands.push_back(std::move(left));
     } else {
-        result = make(Expr::Kind::InList);
-        result->operands.push_back(std::move(left));
+        result = make(InList{negated}, std::move(left));
         if (at(u')'))
             failExpression("Syntax error", clauseText());
         do
@@ -286,19 +257,11 @@ ExprPtr Parser::arithmetic(int level)
         const auto *symbol =
             std::find_if(std::begin(arithmeticOps), std::end(arithmeticOps),
                          [this, level](const LevelOp &known) { return known.level == level && at(known.symbol); });
-        Op op = Op::None;
-        if (symbol != std::end(arithmeticOps))
-            op = symbol->op;
-        else if (level == modLevel && at(Keyword::Mod))
-            op = Op::Mod;
-        else
+        const bool mod = level == modLevel && at(Keyword::Mod);
+        if (symbol == std::end(arithmeticOps) && !mod)
             return left;
         take();
-        ExprPtr result = make(Expr::Kind::Binary);
-        result->op = op;
-        result->operands.push_back(std::move(left));
-        result->operands.push_back(arithmetic(level + 1));
-        left = closed(std::move(result), start);
+        left = closed(make(Operation{mod ? Op::Mod : symbol->op}, std::move(left), arithmetic(level + 1)), start);
     }
 }
 
@@ -312,15 +275,12 @@ ExprPtr Parser::unary()
     ExprPtr operand = unary();
     if (!negate)
         return operand;
-    if (operand->kind == Expr::Kind::Number) {
-        operand->number = -operand->number;
-        operand->minus = !operand->minus;
+    if (auto *constant = operand->as<Constant>(); constant && constant->kind == Constant::Kind::Number) {
+        constant->number = -constant->number;
+        constant->minus = !constant->minus;
         return closed(std::move(operand), start);
     }
-    ExprPtr result = make(Expr::Kind::Unary);
-    result->op = Op::Negate;
-    result->operands.push_back(std::move(operand));
-    return closed(std::move(result), start);
+    return closed(make(Operation{Op::Negate}, std::move(operand)), start);
 }
 
 ExprPtr Parser::power()
@@ -330,26 +290,23 @@ ExprPtr Parser::power()
     if (!accept(u'^'))
         return base;
     const Nesting nesting(*this);
-    ExprPtr result = make(Expr::Kind::Binary);
-    result->op = Op::Power;
-    result->operands.push_back(std::move(base));
-    result->operands.push_back(unary());
-    return closed(std::move(result), start);
+    return closed(make(Operation{Op::Power}, std::move(base), unary()), start);
 }
 
 ExprPtr Parser::primary()
 {
     const Token &token = peek();
-    Expr::Kind kind = Expr::Kind::Null;
+    using Kind = Constant::Kind;
+    Kind kind = Kind::Null;
     switch (token.kind) {
     case TokenKind::Text:
-        kind = Expr::Kind::Text;
+        kind = Kind::Text;
         break;
     case TokenKind::Number:
-        kind = Expr::Kind::Number;
+        kind = Kind::Number;
         break;
     case TokenKind::Date:
-        kind = Expr::Kind::Date;
+        kind = Kind::Date;
         break;
     case TokenKind::BracketName:
         return columnOrCall();
@@ -357,9 +314,9 @@ ExprPtr Parser::primary()
         if (token.keyword == Keyword::None)
             return columnOrCall();
         if (token.keyword == Keyword::True || token.keyword == Keyword::False)
-            kind = Expr::Kind::Boolean;
+            kind = Kind::Boolean;
         else if (token.keyword == Keyword::Exists && peek(1).symbol == u'(' && peek(2).keyword == Keyword::Select)
-            return take(), subselect(Expr::Kind::Exists, token.start);
+            return take(), subselect(Exists{}, token.start);
         else if (token.keyword != Keyword::Null)
             failHere();
         break;
@@ -370,19 +327,20 @@ ExprPtr Parser::primary()
     default:
         failHere();
     }
-    ExprPtr literal = make(kind);
-    literal->name = token.kind == TokenKind::Text ? token.text : QString();
-    literal->whole = token.whole;
-    literal->constant = token.constant;
-    literal->number = kind == Expr::Kind::Boolean ? token.keyword == Keyword::True : token.number;
+    const bool yes = token.keyword == Keyword::True;
+    Constant constant{.kind = kind,
+                      .text = kind == Kind::Text ? token.text : QString(),
+                      .number = kind == Kind::Boolean ? double(yes) : token.number,
+                      .whole = token.whole,
+                      .place = token.constant};
     take();
-    return closed(std::move(literal), token.start);
+    return closed(make(std::move(constant)), token.start);
 }
 
 ExprPtr Parser::bracketed()
 {
     if (peek(1).keyword == Keyword::Select)
-        return subselect(Expr::Kind::Subselect, peek().start);
+        return subselect(Subselect{}, peek().start);
     const Nesting nesting(*this);
     const qsizetype start = take().start;
     ExprPtr inside = expression();
@@ -400,11 +358,11 @@ void Parser::closeBracket()
     failHere();
 }
 
-ExprPtr Parser::subselect(Expr::Kind kind, qsizetype start)
+ExprPtr Parser::subselect(Expr::Node node, qsizetype start)
 {
     const Nesting nesting(*this);
     take(); // the bracket
-    ExprPtr result = make(kind);
+    ExprPtr result = make(std::move(node));
     result->select = select();
     closeBracket();
     return closed(std::move(result), start);
@@ -415,15 +373,13 @@ ExprPtr Parser::columnOrCall()
     const Token &first = take();
     if (first.kind == TokenKind::Name && at(u'('))
         return call(first);
-    ExprPtr column = make(Expr::Kind::Column);
-    column->name = first.text;
+    Column column{.name = first.text};
     if (accept(u'.') || accept(u'!')) {
         if (!atName())
             failHere();
-        column->qualifier = column->name;
-        column->name = take().text;
+        column = {.qualifier = first.text, .name = take().text};
     }
-    return closed(std::move(column), first.start);
+    return closed(make(std::move(column)), first.start);
 }
 
 /// The aggregates and ISNULL; the program's statements call nothing else.
@@ -437,11 +393,7 @@ ExprPtr Parser::call(const Token &name)
     const bool isAggregate = aggregate != std::end(aggregates);
     if (!isAggregate && word != QLatin1String("ISNULL"))
         fail(3085, {name.text});
-    ExprPtr result = make(isAggregate ? Expr::Kind::Aggregate : Expr::Kind::IsNull);
-    if (isAggregate)
-        result->aggregate = aggregate->second;
-    else
-        result->name = word; // so that ISNULL(x) and x IS NULL stay two expressions for GROUP BY
+    ExprPtr result = isAggregate ? make(AggregateCall{aggregate->second}) : make(IsNull{.called = true});
     if (!(isAggregate && aggregate->second == Aggregate::Count && accept(u'*')))
         result->operands.push_back(expression());
     closeBracket();

@@ -9,7 +9,7 @@
 namespace jetsql {
 namespace {
 
-using Kind = Expr::Kind;
+using Kind = Constant::Kind;
 using Level = Piece::Level;
 
 Piece call(const char *function, const QString &arguments)
@@ -20,28 +20,28 @@ Piece call(const char *function, const QString &arguments)
 /// True where `&` need not turn a Null into the empty text.
 bool neverNull(const Expr &expr)
 {
-    return expr.isConstant() && expr.kind != Kind::Null;
+    return expr.as<Constant>() && !expr.is(Kind::Null);
 }
 
 /// The most characters an expression can have as a text, or a number beyond any column's size.
 int longestText(const Expr &expr)
 {
     constexpr int unknown = 1 << 20;
-    if (expr.kind == Kind::Text)
-        return int(expr.name.size());
-    if (expr.kind == Kind::Binary && expr.op == Op::Concat)
+    if (expr.is(Kind::Text))
+        return int(expr.as<Constant>()->text.size());
+    if (expr.is(Op::Concat))
         return std::min(unknown, longestText(*expr.operands[0]) + longestText(*expr.operands[1]));
     if (expr.type.null)
         return 0;
     if (expr.type.isText())
-        return expr.kind == Kind::Column && expr.type.size > 0 ? expr.type.size : unknown;
+        return expr.as<Column>() && expr.type.size > 0 ? expr.type.size : unknown;
     return expr.type.type == ColumnType::Long ? 11 : 24;
 }
 
 bool isWholeArithmetic(const Expr &expr)
 {
-    return expr.kind == Kind::Binary && (expr.op == Op::Add || expr.op == Op::Subtract || expr.op == Op::Multiply) &&
-           expr.type.isNumber() && expr.type.type == ColumnType::Long;
+    return (expr.is(Op::Add) || expr.is(Op::Subtract) || expr.is(Op::Multiply)) && expr.type.isNumber() &&
+           expr.type.type == ColumnType::Long;
 }
 
 /// SQLite lets no function have more arguments.
@@ -50,7 +50,7 @@ constexpr size_t maxArguments = 100;
 /// The parts of a chain of `&`.
 void flatten(const Expr &expr, std::vector<const Expr *> &parts)
 {
-    if (expr.kind != Kind::Binary || expr.op != Op::Concat) {
+    if (!expr.is(Op::Concat)) {
         parts.push_back(&expr);
         return;
     }
@@ -61,7 +61,8 @@ void flatten(const Expr &expr, std::vector<const Expr *> &parts)
 /// 0 and -1 are the numbers that a Yes/No can equal.
 bool isYesNoNumber(const Expr &expr)
 {
-    return expr.kind == Kind::Number && (expr.number == 0 || expr.number == -1);
+    const auto *number = expr.as<Constant>();
+    return expr.is(Kind::Number) && (number->number == 0 || number->number == -1);
 }
 
 QString operatorText(Op op)
@@ -118,19 +119,19 @@ Piece ExpressionWriter::plain(const Expr &expr) const
 
 bool ExpressionWriter::isTextKey(const Expr &expr) const
 {
-    return m_groupKeys && expr.type.isText() && !expr.isConstant() &&
+    return m_groupKeys && expr.type.isText() && !expr.as<Constant>() &&
            std::any_of(m_groupKeys->begin(), m_groupKeys->end(),
                        [&expr](const ExprPtr &key) { return sameExpression(*key, expr); });
 }
 
-Piece ExpressionWriter::literal(const Expr &expr) const
+Piece ExpressionWriter::literal(const Constant &constant) const
 {
-    const Level level = expr.number < 0 ? Level::Unary : Level::Primary;
-    if (expr.isParameter)
-        return {parameterMark(expr), level};
-    if (expr.whole)
-        return {QString::number(qint64(expr.number)), level};
-    QString text = QString::number(expr.number, 'g', QLocale::FloatingPointShortest);
+    const Level level = constant.number < 0 ? Level::Unary : Level::Primary;
+    if (constant.isParameter)
+        return {parameterMark(constant), level};
+    if (constant.whole)
+        return {QString::number(qint64(constant.number)), level};
+    QString text = QString::number(constant.number, 'g', QLocale::FloatingPointShortest);
     if (!text.contains(u'.') && !text.contains(u'e'))
         text += QLatin1String(".0");
     return {m_dialect.fraction(text), level};
@@ -139,56 +140,53 @@ Piece ExpressionWriter::literal(const Expr &expr) const
 Piece ExpressionWriter::stored(const Expr &expr) const
 {
     expr.visit();
-    switch (expr.kind) {
-    case Kind::Null:
-        return {m_dialect.null(expr.type)};
-    case Kind::Text:
-        return {expr.isParameter ? parameterMark(expr) : quotedText(expr.name)};
-    case Kind::Number:
-        return literal(expr);
-    case Kind::Date:
-        return {expr.isParameter ? parameterMark(expr) : m_dialect.date(Date(expr.number).toIso())};
-    case Kind::Boolean:
-        return {m_dialect.boolean(expr.number != 0)};
-    case Kind::Column:
-        return column(expr);
-    case Kind::Unary:
-        return unary(expr);
-    case Kind::Binary:
-        return binary(expr);
-    case Kind::Like:
-        return like(expr);
-    case Kind::InList:
-        return inList(expr);
-    case Kind::InSelect:
-        return inSelect(expr);
-    case Kind::Between:
-        return between(expr);
-    case Kind::IsNull:
-        return {plain(*expr.operands[0]).at(Level::Sum) + (expr.negated ? " IS NOT NULL" : " IS NULL"),
-                Level::Equality};
-    case Kind::Aggregate:
-        return aggregate(expr);
-    case Kind::Subselect:
-        return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Value) + u')'};
-    case Kind::Exists:
-        return {"EXISTS (" + m_subselect(m_dialect, *expr.select, Inner::List) + u')'};
-    }
-    return {};
+    return std::visit([this, &expr](const auto &node) { return written(node, expr); }, expr.node);
 }
 
-Piece ExpressionWriter::column(const Expr &expr) const
+Piece ExpressionWriter::written(const Constant &constant, const Expr &expr) const
 {
-    return {expr.from->handle + u'.' + quotedName(expr.from->def->columns[expr.column].name)};
+    switch (constant.kind) {
+    case Kind::Text:
+        return {constant.isParameter ? parameterMark(constant) : quotedText(constant.text)};
+    case Kind::Number:
+        return literal(constant);
+    case Kind::Date:
+        return {constant.isParameter ? parameterMark(constant) : m_dialect.date(Date(constant.number).toIso())};
+    case Kind::Boolean:
+        return {m_dialect.boolean(constant.number != 0)};
+    case Kind::Null:
+        break;
+    }
+    return {m_dialect.null(expr.type)};
+}
+
+Piece ExpressionWriter::written(const IsNull &test, const Expr &expr) const
+{
+    return {plain(*expr.operands[0]).at(Level::Sum) + (test.negated ? " IS NOT NULL" : " IS NULL"), Level::Equality};
+}
+
+Piece ExpressionWriter::written(const Subselect &, const Expr &expr) const
+{
+    return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Value) + u')'};
+}
+
+Piece ExpressionWriter::written(const Exists &, const Expr &expr) const
+{
+    return {"EXISTS (" + m_subselect(m_dialect, *expr.select, Inner::List) + u')'};
+}
+
+Piece ExpressionWriter::written(const Column &column, const Expr &) const
+{
+    return {column.from->handle + u'.' + quotedName(column.def().name)};
 }
 
 Piece ExpressionWriter::number(const Expr &expr) const
 {
-    if (expr.kind == Kind::Boolean)
-        return {expr.number != 0 ? "-1" : "0", Level::Unary};
-    if (expr.kind == Kind::Date)
-        return {QString::number(expr.number, 'g', 17)};
-    if (expr.kind == Kind::Subselect) {
+    if (expr.is(Kind::Boolean))
+        return {expr.as<Constant>()->number != 0 ? "-1" : "0", Level::Unary};
+    if (expr.is(Kind::Date))
+        return {QString::number(expr.as<Constant>()->number, 'g', 17)};
+    if (expr.as<Subselect>()) {
         expr.visit();
         return {u'(' + m_subselect(m_dialect, *expr.select, Inner::Number) + u')'};
     }
@@ -206,8 +204,8 @@ Piece ExpressionWriter::number(const Expr &expr) const
 
 Piece ExpressionWriter::text(const Expr &expr) const
 {
-    if (expr.kind == Kind::Number)
-        return {quotedText(textOf(expr.number))};
+    if (expr.is(Kind::Number))
+        return {quotedText(textOf(expr.as<Constant>()->number))};
     if (expr.type.null || expr.type.isText())
         return plain(expr);
     if (expr.type.isDate())
@@ -229,23 +227,19 @@ QString ExpressionWriter::collated(const Expr &expr) const
     const Piece piece = plain(expr);
     if (!expr.type.isText())
         return piece.text;
-    return m_dialect.key(piece.at(Level::Primary), expr.kind == Kind::Column);
+    return m_dialect.key(piece.at(Level::Primary), expr.as<Column>() != nullptr);
 }
 
-Piece ExpressionWriter::unary(const Expr &expr) const
+Piece ExpressionWriter::written(const Operation &operation, const Expr &expr) const
 {
-    const Expr &operand = *expr.operands[0];
-    if (expr.op == Op::Not)
-        return {"NOT " + condition(operand).at(Level::Not), Level::Not};
-    return {u'-' + number(operand).at(Level::Primary), Level::Unary};
-}
-
-Piece ExpressionWriter::binary(const Expr &expr) const
-{
-    switch (expr.op) {
+    switch (operation.op) {
+    case Op::Not:
+        return {"NOT " + condition(*expr.operands[0]).at(Level::Not), Level::Not};
+    case Op::Negate:
+        return {u'-' + number(*expr.operands[0]).at(Level::Primary), Level::Unary};
     case Op::Or:
     case Op::And:
-        return junction(expr);
+        return junction(expr, operation.op);
     case Op::Concat:
         return joinedTexts(expr);
     case Op::Equal:
@@ -254,15 +248,15 @@ Piece ExpressionWriter::binary(const Expr &expr) const
     case Op::LessEqual:
     case Op::Greater:
     case Op::GreaterEqual:
-        return comparison(expr);
+        return comparison(expr, operation.op);
     default:
-        return arithmetic(expr);
+        return arithmetic(expr, operation.op);
     }
 }
 
-Piece ExpressionWriter::junction(const Expr &expr) const
+Piece ExpressionWriter::junction(const Expr &expr, Op op) const
 {
-    const bool both = expr.op == Op::And;
+    const bool both = op == Op::And;
     const Level level = both ? Level::And : Level::Or;
     QStringList parts;
     for (const ExprPtr &operand : expr.operands)
@@ -270,27 +264,28 @@ Piece ExpressionWriter::junction(const Expr &expr) const
     return {parts.join(QLatin1String(both ? " AND " : " OR ")), level};
 }
 
-Piece ExpressionWriter::comparison(const Expr &expr) const
+Piece ExpressionWriter::comparison(const Expr &expr, Op op) const
 {
     const Expr &left = *expr.operands[0];
     const Expr &right = *expr.operands[1];
-    const bool equality = expr.op == Op::Equal || expr.op == Op::NotEqual;
+    const bool equality = op == Op::Equal || op == Op::NotEqual;
     const Level level = equality ? Level::Equality : Level::Order;
-    const auto joined = [&](const QString &a, const QString &b) { return Piece{a + operatorText(expr.op) + b, level}; };
+    const auto joined = [&](const QString &a, const QString &b) { return Piece{a + operatorText(op) + b, level}; };
     const auto stored = [this](const Expr &side) { return plain(side).at(Level::Sum); };
     const auto counted = [this](const Expr &side) { return number(side).at(Level::Sum); };
 
     if (left.type.isText() || right.type.isText()) {
         if (m_dialect.comparesByKeys())
             return joined(collated(left), collated(right));
-        const bool column = left.kind == Kind::Column || right.kind == Kind::Column;
+        const bool column = left.as<Column>() || right.as<Column>();
         return joined(column ? stored(left) : collated(left), stored(right));
     }
     if (left.type.null || right.type.null || (left.type.isDate() && right.type.isDate()))
         return joined(stored(left), stored(right));
     // A Yes/No is stored as 1 or 0; only its order has to be that of -1 and 0.
     if (equality && left.type.isYesNo() && (right.type.isYesNo() || isYesNoNumber(right)))
-        return joined(stored(left), right.type.isYesNo() ? stored(right) : m_dialect.boolean(right.number != 0));
+        return joined(stored(left),
+                      right.type.isYesNo() ? stored(right) : m_dialect.boolean(right.as<Constant>()->number != 0));
     return joined(counted(left), counted(right));
 }
 
@@ -317,36 +312,37 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
 }
 
 /// The bare sum or product. Whole numbers in a chain are checked once, at its end.
-Piece ExpressionWriter::counted(const Expr &expr) const
+Piece ExpressionWriter::counted(const Expr &expr, Op op) const
 {
-    const Level level = expr.op == Op::Multiply ? Level::Product : Level::Sum;
+    const Level level = op == Op::Multiply ? Level::Product : Level::Sum;
     const auto side = [this](const Expr &operand) {
         if (isWholeArithmetic(operand))
-            return counted(operand);
+            return counted(operand, operand.as<Operation>()->op);
         const Piece piece = number(operand);
         const bool whole = operand.type.isNumber() && operand.type.type == ColumnType::Long;
         return whole ? Piece{m_dialect.wide(piece.text), piece.level} : piece;
     };
-    return {side(*expr.operands[0]).at(level) + operatorText(expr.op) + side(*expr.operands[1]).at(Level(level + 1)),
-            level};
+    return {side(*expr.operands[0]).at(level) + operatorText(op) + side(*expr.operands[1]).at(Level(level + 1)), level};
 }
 
-Piece ExpressionWriter::arithmetic(const Expr &expr) const
+Piece ExpressionWriter::arithmetic(const Expr &expr, Op op) const
 {
     const Expr &left = *expr.operands[0];
     const Expr &right = *expr.operands[1];
-    if (const char *function = arithmeticFunction(expr.op))
+    if (const char *function = arithmeticFunction(op))
         return call(function, number(left).text + ", " + number(right).text);
     if (expr.type.isText())
         return {text(left).at(Level::Concat) + " || " + text(right).at(Level::Unary), Level::Concat};
-    const Piece result = counted(expr);
+    const Piece result = counted(expr, op);
     if (expr.type.isDate())
         return call("jet_date", result.text);
     if (expr.type.isNumber() && expr.type.type == ColumnType::Currency)
         return call("jet_money", result.text);
     // Whole numbers overflow at 32 bits, which a factor of 1 or -1 cannot bring about.
-    const auto unit = [](const Expr &side) { return side.kind == Kind::Number && std::abs(side.number) <= 1; };
-    if (!isWholeArithmetic(expr) || (expr.op == Op::Multiply && (unit(left) || unit(right))))
+    const auto unit = [](const Expr &side) {
+        return side.is(Kind::Number) && std::abs(side.as<Constant>()->number) <= 1;
+    };
+    if (!isWholeArithmetic(expr) || (op == Op::Multiply && (unit(left) || unit(right))))
         return result;
     return call("jet_range", result.text);
 }
@@ -359,7 +355,7 @@ QString ExpressionWriter::comparand(const Expr &expr, bool asNumber) const
     return (asNumber ? number(expr) : plain(expr)).at(Level::Sum);
 }
 
-Piece ExpressionWriter::inList(const Expr &expr) const
+Piece ExpressionWriter::written(const InList &in, const Expr &expr) const
 {
     const Expr &left = *expr.operands[0];
     bool mixed = false;
@@ -369,21 +365,21 @@ Piece ExpressionWriter::inList(const Expr &expr) const
     for (size_t i = 1; i < expr.operands.size(); ++i)
         values.append(comparand(*expr.operands[i], mixed));
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
-    return {head + (expr.negated ? " NOT IN (" : " IN (") + values.join(QLatin1String(", ")) + u')', Level::Equality};
+    return {head + (in.negated ? " NOT IN (" : " IN (") + values.join(QLatin1String(", ")) + u')', Level::Equality};
 }
 
-Piece ExpressionWriter::inSelect(const Expr &expr) const
+Piece ExpressionWriter::written(const InSelect &in, const Expr &expr) const
 {
     const Expr &left = *expr.operands[0];
     const ExprType &inner = expr.select->items.front().expr->type;
     const bool mixed = !left.type.isText() && !inner.null && !left.type.null && inner.type != left.type.type;
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
-    return {head + (expr.negated ? " NOT IN (" : " IN (") +
+    return {head + (in.negated ? " NOT IN (" : " IN (") +
                 m_subselect(m_dialect, *expr.select, mixed ? Inner::Numbers : Inner::List) + u')',
             Level::Equality};
 }
 
-Piece ExpressionWriter::between(const Expr &expr) const
+Piece ExpressionWriter::written(const Between &between, const Expr &expr) const
 {
     const Expr &left = *expr.operands[0];
     bool mixed = false;
@@ -391,34 +387,34 @@ Piece ExpressionWriter::between(const Expr &expr) const
         mixed = mixed || operand->type.isYesNo() || (!operand->type.isText() && operand->type.type != left.type.type);
     mixed = mixed && !left.type.isText();
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
-    return {head + (expr.negated ? " NOT BETWEEN " : " BETWEEN ") + comparand(*expr.operands[1], mixed) + " AND " +
+    return {head + (between.negated ? " NOT BETWEEN " : " BETWEEN ") + comparand(*expr.operands[1], mixed) + " AND " +
                 comparand(*expr.operands[2], mixed),
             Level::Equality};
 }
 
-Piece ExpressionWriter::like(const Expr &expr) const
+Piece ExpressionWriter::written(const Like &like, const Expr &expr) const
 {
     const Expr &pattern = *expr.operands[1];
     const Piece match{m_dialect.like(pattern, text(pattern).text, text(*expr.operands[0]).text)};
-    return expr.negated ? Piece{"NOT " + match.text, Level::Not} : match;
+    return like.negated ? Piece{"NOT " + match.text, Level::Not} : match;
 }
 
-Piece ExpressionWriter::aggregate(const Expr &expr) const
+Piece ExpressionWriter::written(const AggregateCall &call, const Expr &expr) const
 {
     // Inside of it the rows of the group are met one by one.
     if (m_groupKeys)
-        return ExpressionWriter(m_dialect, m_subselect).aggregate(expr);
-    if (expr.aggregate == Aggregate::Count)
+        return ExpressionWriter(m_dialect, m_subselect).written(call, expr);
+    if (call.function == Aggregate::Count)
         return {"count(" + (expr.operands.empty() ? QString("*") : plain(*expr.operands[0]).text) + u')'};
     const Expr &operand = *expr.operands[0];
-    if (expr.aggregate == Aggregate::Sum) {
+    if (call.function == Aggregate::Sum) {
         const bool money = expr.type.type == ColumnType::Currency;
         return {m_dialect.sum(number(operand).text, money)};
     }
-    if (expr.aggregate == Aggregate::Avg)
+    if (call.function == Aggregate::Avg)
         return {m_dialect.average(number(operand).text)};
     // Yes is the lesser: -1.
-    const bool least = (expr.aggregate == Aggregate::Min) != operand.type.isYesNo();
+    const bool least = (call.function == Aggregate::Min) != operand.type.isYesNo();
     const Piece value = plain(operand);
     return {m_dialect.extreme(least, operand.type.isText() ? value.at(Level::Primary) : value.text, operand)};
 }
@@ -436,9 +432,10 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
     case ColumnType::Date: {
         if (from.isDate())
             return plain(expr);
-        const std::optional<Date> date = expr.kind == Kind::Text ? dateFromText(expr.name) : std::nullopt;
+        const auto *constant = expr.as<Constant>();
+        const std::optional<Date> date = expr.is(Kind::Text) ? dateFromText(constant->text) : std::nullopt;
         if (date)
-            return {expr.isParameter ? parameterMark(expr) : m_dialect.date(date->toIso())};
+            return {constant->isParameter ? parameterMark(*constant) : m_dialect.date(date->toIso())};
         return from.isText() ? call("jet_date_of", plain(expr).text) : call("jet_date", number(expr).text);
     }
     case ColumnType::YesNo:

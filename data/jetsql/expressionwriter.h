@@ -54,21 +54,24 @@ public:
 private:
     Piece stored(const Expr &expr) const;
     bool isTextKey(const Expr &expr) const;
-    Piece column(const Expr &expr) const;
-    Piece junction(const Expr &expr) const;
-    Piece unary(const Expr &expr) const;
-    Piece binary(const Expr &expr) const;
-    Piece comparison(const Expr &expr) const;
+    Piece written(const Constant &constant, const Expr &expr) const;
+    Piece written(const Column &column, const Expr &expr) const;
+    Piece written(const Operation &operation, const Expr &expr) const;
+    Piece written(const AggregateCall &call, const Expr &expr) const;
+    Piece written(const IsNull &test, const Expr &expr) const;
+    Piece written(const Like &like, const Expr &expr) const;
+    Piece written(const InList &in, const Expr &expr) const;
+    Piece written(const InSelect &in, const Expr &expr) const;
+    Piece written(const Between &between, const Expr &expr) const;
+    Piece written(const Subselect &subselect, const Expr &expr) const;
+    Piece written(const Exists &exists, const Expr &expr) const;
+    Piece junction(const Expr &expr, Op op) const;
+    Piece comparison(const Expr &expr, Op op) const;
     Piece joinedTexts(const Expr &expr) const;
-    Piece arithmetic(const Expr &expr) const;
-    Piece counted(const Expr &expr) const;
-    Piece inList(const Expr &expr) const;
-    Piece inSelect(const Expr &expr) const;
-    Piece between(const Expr &expr) const;
-    Piece like(const Expr &expr) const;
-    Piece aggregate(const Expr &expr) const;
+    Piece arithmetic(const Expr &expr, Op op) const;
+    Piece counted(const Expr &expr, Op op) const;
     Piece fitted(const Expr &expr, const ColumnDef &column) const;
-    Piece literal(const Expr &expr) const;
+    Piece literal(const Constant &constant) const;
     QString comparand(const Expr &expr, bool asNumber) const;
 
     const Dialect &m_dialect;

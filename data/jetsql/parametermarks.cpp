@@ -6,20 +6,20 @@
 namespace jetsql {
 namespace {
 
-using Kind = Expr::Kind;
+using Kind = Constant::Kind;
 
 /// Begins a parameterMark, before the constant's number. Unicode promises that it stands for nothing in a text.
 constexpr QChar mark = u'\uFDD0';
 /// Statements with more constants than this are hardly alike.
 constexpr int maxConstants = 100;
 
-bool isNamedByIndexCondition(const Expr &column)
+bool isNamedByIndexCondition(const Column &column)
 {
     const TableDef &table = *column.from->def;
     const auto &indexes = Schema::indexes();
     return std::any_of(indexes.begin(), indexes.end(), [&](const Schema::Index &index) {
         return index.table.compare(table.Name, Qt::CaseInsensitive) == 0 &&
-               index.where.contains(table.columns[column.column].name, Qt::CaseInsensitive);
+               index.where.contains(column.def().name, Qt::CaseInsensitive);
     });
 }
 
@@ -78,36 +78,37 @@ private:
     {
         if (condition.select)
             mark(*condition.select);
-        const bool chain = condition.op == Op::And || condition.op == Op::Or || condition.op == Op::Not;
+        const bool chain = condition.is(Op::And) || condition.is(Op::Or) || condition.is(Op::Not);
         if (chain) {
             for (ExprPtr &operand : condition.operands)
                 markCondition(*operand);
-        } else if (condition.kind == Kind::InList || condition.kind == Kind::Between || comparesTwo(condition)) {
+        } else if (condition.as<InList>() || condition.as<Between>() || comparesTwo(condition)) {
             markCompared(condition.operands);
         }
     }
 
     static bool comparesTwo(const Expr &expr)
     {
-        return expr.kind == Kind::Binary && expr.op >= Op::Equal && expr.op <= Op::GreaterEqual;
+        const auto *operation = expr.as<Operation>();
+        return operation && operation->op >= Op::Equal && operation->op <= Op::GreaterEqual;
     }
 
     /// A column and constants of its kind, in any order. With others among them they are written in another form.
     void markCompared(std::vector<ExprPtr> &operands)
     {
         const auto column = std::find_if(operands.begin(), operands.end(),
-                                         [](const ExprPtr &operand) { return operand->kind == Kind::Column; });
-        if (column == operands.end() || isNamedByIndexCondition(**column))
+                                         [](const ExprPtr &operand) { return operand->as<Column>() != nullptr; });
+        if (column == operands.end() || isNamedByIndexCondition(*(*column)->as<Column>()))
             return;
         const ExprType type = (*column)->type;
         const bool alike = std::all_of(operands.begin(), operands.end(), [&](const ExprPtr &operand) {
-            const bool same = (type.isText() && operand->kind == Kind::Text) ||
-                              (type.isDate() && operand->kind == Kind::Date) ||
-                              (type.isNumber() && operand->kind == Kind::Number);
+            const bool same = (type.isText() && operand->is(Kind::Text)) ||
+                              (type.isDate() && operand->is(Kind::Date)) ||
+                              (type.isNumber() && operand->is(Kind::Number));
             return operand == *column || same;
         });
         for (size_t i = 0; alike && i < operands.size(); ++i) {
-            if (operands[i]->isConstant())
+            if (operands[i]->as<Constant>())
                 add(*operands[i], BindParameter::Form::Stored);
         }
     }
@@ -115,23 +116,25 @@ private:
     void markAssigned(Expr &value, const ColumnDef &column)
     {
         const ColumnType type = column.type;
+        const QString text = value.is(Kind::Text) ? value.as<Constant>()->text : QString();
         const bool number = type == ColumnType::Long || type == ColumnType::Currency || type == ColumnType::Double;
-        if ((value.kind == Kind::Number && number) || (value.kind == Kind::Date && type == ColumnType::Date) ||
-            (value.kind == Kind::Text && type == ColumnType::Memo))
+        if ((value.is(Kind::Number) && number) || (value.is(Kind::Date) && type == ColumnType::Date) ||
+            (value.is(Kind::Text) && type == ColumnType::Memo))
             add(value, BindParameter::Form::Stored);
-        else if (value.kind == Kind::Text && type == ColumnType::Text && value.name.size() <= column.size)
+        else if (value.is(Kind::Text) && type == ColumnType::Text && text.size() <= column.size)
             add(value, BindParameter::Form::Fitting, column.size);
-        else if (value.kind == Kind::Text && type == ColumnType::Date && dateFromText(value.name))
+        else if (value.is(Kind::Text) && type == ColumnType::Date && dateFromText(text))
             add(value, BindParameter::Form::DateText);
     }
 
-    void add(Expr &constant, BindParameter::Form form, int size = 0)
+    void add(Expr &expr, BindParameter::Form form, int size = 0)
     {
-        if (constant.constant < 0 || constant.constant >= maxConstants)
+        auto &constant = *expr.as<Constant>();
+        if (constant.place < 0 || constant.place >= maxConstants)
             return;
         constant.isParameter = true;
-        const ColumnType type = form == BindParameter::Form::DateText ? ColumnType::Date : constant.type.type;
-        parameters.push_back({constant.constant, constant.minus, form, size, type});
+        const ColumnType type = form == BindParameter::Form::DateText ? ColumnType::Date : expr.type.type;
+        parameters.push_back({constant.place, constant.minus, form, size, type});
     }
 };
 
@@ -149,9 +152,9 @@ bool canHaveParameters(const QString &sql)
     return !sql.contains(mark);
 }
 
-QString parameterMark(const Expr &constant)
+QString parameterMark(const Constant &constant)
 {
-    return QString(mark) + QChar(char16_t(constant.constant));
+    return QString(mark) + QChar(char16_t(constant.place));
 }
 
 void setParameters(Translation &translation, const QString &marked, const std::vector<BindParameter> &known,

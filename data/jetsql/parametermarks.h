@@ -14,7 +14,7 @@ std::vector<BindParameter> markParameters(ParsedStatement &statement);
 bool canHaveParameters(const QString &sql);
 
 /// What the writer writes for a marked constant.
-QString parameterMark(const Expr &constant);
+QString parameterMark(const Constant &constant);
 
 /// Turns a text with parameter marks into `sqlWithParameters` and `parameters`.
 void setParameters(Translation &translation, const QString &marked, const std::vector<BindParameter> &known,

@@ -60,7 +60,7 @@ private:
     ExprPtr negation();
     ExprPtr comparison();
     ExprPtr negatable(ExprPtr left);
-    ExprPtr inList(ExprPtr left);
+    ExprPtr inList(ExprPtr left, bool negated);
     ExprPtr isNull(ExprPtr left);
     ExprPtr arithmetic(int level);
     ExprPtr unary();
@@ -69,9 +69,16 @@ private:
     ExprPtr bracketed();
     ExprPtr columnOrCall();
     ExprPtr call(const Token &name);
-    ExprPtr subselect(Expr::Kind kind, qsizetype start);
+    ExprPtr subselect(Expr::Node node, qsizetype start);
     void closeBracket();
-    ExprPtr make(Expr::Kind kind);
+    /// An expression over these operands.
+    template <class... Operands> static ExprPtr make(Expr::Node node, Operands... operands)
+    {
+        auto expr = std::make_unique<Expr>();
+        expr->node = std::move(node);
+        (expr->operands.push_back(std::move(operands)), ...);
+        return expr;
+    }
     ExprPtr closed(ExprPtr expr, qsizetype start) const;
     static int heightOf(const Expr &expr);
     QStringView clauseText() const;

@@ -6,7 +6,6 @@
 namespace jetsql {
 namespace {
 
-using Kind = Expr::Kind;
 using Sources = std::vector<const Source *>;
 
 bool contains(const Sources &sources, const Source *source)
@@ -27,35 +26,27 @@ Sources united(Sources a, const Sources &b)
 Sources nullWith(const Expr &expr)
 {
     expr.visit();
-    switch (expr.kind) {
-    case Kind::Column:
-        return {expr.from};
-    case Kind::Unary:
-    case Kind::InList:
-    case Kind::Between:
+    if (const auto *column = expr.as<Column>())
+        return {column->from};
+    if (expr.as<InList>() || expr.as<Between>() || expr.is(Op::Not) || expr.is(Op::Negate))
         return nullWith(*expr.operands[0]);
-    case Kind::Like:
+    const bool hidesNull = expr.is(Op::And) || expr.is(Op::Or) || expr.is(Op::Concat);
+    if (expr.as<Like>() || (expr.as<Operation>() && !hidesNull))
         return united(nullWith(*expr.operands[0]), nullWith(*expr.operands[1]));
-    case Kind::Binary:
-        if (expr.op == Op::And || expr.op == Op::Or || expr.op == Op::Concat)
-            return {};
-        return united(nullWith(*expr.operands[0]), nullWith(*expr.operands[1]));
-    default:
-        return {};
-    }
+    return {};
 }
 
 /// The tables whose unmatched rows a condition never lets through.
 Sources rejectedBy(const Expr &condition)
 {
     condition.visit();
-    if (condition.kind == Kind::Binary && condition.op == Op::And) {
+    if (condition.is(Op::And)) {
         Sources all;
         for (const ExprPtr &operand : condition.operands)
             all = united(std::move(all), rejectedBy(*operand));
         return all;
     }
-    if (condition.kind == Kind::Binary && condition.op == Op::Or) {
+    if (condition.is(Op::Or)) {
         Sources common = rejectedBy(*condition.operands.front());
         for (size_t i = 1; i < condition.operands.size(); ++i) {
             const Sources other = rejectedBy(*condition.operands[i]);
@@ -63,11 +54,11 @@ Sources rejectedBy(const Expr &condition)
         }
         return common;
     }
-    if (condition.kind == Kind::IsNull)
-        return condition.negated ? nullWith(*condition.operands[0]) : Sources();
+    if (const auto *test = condition.as<IsNull>())
+        return test->negated ? nullWith(*condition.operands[0]) : Sources();
     // Nothing is in a list only where the list has rows; anything is outside an empty one.
-    if (condition.kind == Kind::InSelect)
-        return condition.negated ? Sources() : nullWith(*condition.operands[0]);
+    if (const auto *in = condition.as<InSelect>())
+        return in->negated ? Sources() : nullWith(*condition.operands[0]);
     return nullWith(condition);
 }
 
@@ -95,7 +86,7 @@ void strengthen(FromNode &node, const Sources &rejected)
 std::vector<ExprPtr *> conjuncts(ExprPtr &condition)
 {
     std::vector<ExprPtr *> parts;
-    if (condition && condition->kind == Kind::Binary && condition->op == Op::And) {
+    if (condition && condition->is(Op::And)) {
         for (ExprPtr &operand : condition->operands)
             parts.push_back(&operand);
     } else if (condition) {
@@ -107,29 +98,27 @@ std::vector<ExprPtr *> conjuncts(ExprPtr &condition)
 /// Whether an expression takes its columns from one table alone.
 bool readsOnly(const Expr &expr, const Source *source)
 {
-    if (expr.select || (expr.kind == Kind::Column && expr.from != source))
+    const auto *column = expr.as<Column>();
+    if (expr.select || (column && column->from != source))
         return false;
     return std::all_of(expr.operands.begin(), expr.operands.end(),
                        [source](const ExprPtr &operand) { return readsOnly(*operand, source); });
 }
 
-bool isIndexed(const Expr &column)
+bool isIndexed(const Column &column)
 {
     const TableDef &table = *column.from->def;
     const auto &indexes = Schema::indexes();
-    return table.columns[column.column].autoNumber ||
-           std::any_of(indexes.begin(), indexes.end(), [&](const Schema::Index &index) {
+    return column.def().autoNumber || std::any_of(indexes.begin(), indexes.end(), [&](const Schema::Index &index) {
                return index.table.compare(table.Name, Qt::CaseInsensitive) == 0 && index.where.isEmpty() &&
-                      index.columns.first().compare(table.columns[column.column].name, Qt::CaseInsensitive) == 0;
+                      index.columns.first().compare(column.def().name, Qt::CaseInsensitive) == 0;
            });
 }
 
 ExprPtr columnOf(const Source &source, int column, const ExprType &type)
 {
     auto expr = std::make_unique<Expr>();
-    expr->kind = Kind::Column;
-    expr->from = &source;
-    expr->column = column;
+    expr->node = Column{{}, {}, &source, column};
     expr->type = type;
     return expr;
 }
@@ -148,7 +137,8 @@ public:
         const Source *table = inner.sources.front().get();
         const Expr &sum = *inner.items.front().expr;
         // COUNT is 0, not Null, where there is no row.
-        if (sum.kind != Kind::Aggregate || sum.aggregate == Aggregate::Count || !readsOnly(sum, table))
+        const auto *call = sum.as<AggregateCall>();
+        if (!call || call->function == Aggregate::Count || !readsOnly(sum, table))
             return;
         for (ExprPtr *part : conjuncts(inner.where)) {
             if (readsOnly(**part, table))
@@ -157,7 +147,7 @@ public:
                 return;
             m_tie = part;
         }
-        m_fits = m_tie && !isIndexed(key());
+        m_fits = m_tie && !isIndexed(*key().as<Column>());
     }
 
     bool fits() const { return m_fits; }
@@ -168,38 +158,42 @@ public:
     {
         ExprPtr condition = std::move(*m_tie);
         dropTie();
-        const bool keyFirst = condition->operands[0]->from == m_inner.sources.front().get();
-        const Expr &key = *condition->operands[keyFirst ? 0 : 1];
-        m_inner.groupBy.push_back(columnOf(*key.from, key.column, key.type));
+        const bool keyFirst = isInner(*condition->operands[0]);
+        const Expr &tied = *condition->operands[keyFirst ? 0 : 1];
+        const Column key = *tied.as<Column>();
+        const ExprType type = tied.type;
+        m_inner.groupBy.push_back(columnOf(*key.from, key.index, type));
         SelectItem item;
-        item.expr = columnOf(*key.from, key.column, key.type);
+        item.expr = columnOf(*key.from, key.index, type);
         item.alias = "k";
         m_inner.items.insert(m_inner.items.begin(), std::move(item));
         m_inner.items.back().alias = "v";
-        source.derivedDef.columns = {{"k", key.type.type, key.type.size}, {"v"}};
-        condition->operands[keyFirst ? 0 : 1] = columnOf(source, 0, key.type);
+        source.derivedDef.columns = {{"k", type.type, type.size}, {"v"}};
+        condition->operands[keyFirst ? 0 : 1] = columnOf(source, 0, type);
         return condition;
     }
 
 private:
     static bool isTie(const Expr &expr, const Source *table, const Select &outer)
     {
-        if (expr.kind != Kind::Binary || expr.op != Op::Equal)
+        if (!expr.is(Op::Equal) || expr.operands[0]->type.type != expr.operands[1]->type.type)
             return false;
-        const Expr &a = *expr.operands[0];
-        const Expr &b = *expr.operands[1];
-        if (a.kind != Kind::Column || b.kind != Kind::Column || a.type.type != b.type.type)
+        const auto *a = expr.operands[0]->as<Column>();
+        const auto *b = expr.operands[1]->as<Column>();
+        if (!a || !b)
             return false;
-        const Source *other = a.from == table ? b.from : a.from;
-        return (a.from == table || b.from == table) &&
+        const Source *other = a->from == table ? b->from : a->from;
+        return (a->from == table || b->from == table) &&
                std::any_of(outer.sources.begin(), outer.sources.end(),
                            [other](const auto &source) { return source.get() == other; });
     }
 
+    bool isInner(const Expr &column) const { return column.as<Column>()->from == m_inner.sources.front().get(); }
+
     const Expr &key() const
     {
         const auto &sides = (*m_tie)->operands;
-        return sides[0]->from == m_inner.sources.front().get() ? *sides[0] : *sides[1];
+        return isInner(*sides[0]) ? *sides[0] : *sides[1];
     }
 
     void dropTie()
@@ -225,7 +219,7 @@ void joinCorrelatedSums(Select &select)
         return;
     int count = 0;
     for (SelectItem &item : select.items) {
-        if (item.expr->kind != Kind::Subselect)
+        if (!item.expr->as<Subselect>())
             continue;
         CorrelatedSum sum(*item.expr->select, select);
         if (!sum.fits())

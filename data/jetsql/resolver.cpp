@@ -176,29 +176,27 @@ private:
 
     static ExprPtr column(const Source &source, int index)
     {
+        const QString &name = source.def->columns[index].name;
         auto expr = std::make_unique<Expr>();
-        expr->kind = Expr::Kind::Column;
-        expr->from = &source;
-        expr->column = index;
-        expr->qualifier = source.shownName();
-        expr->name = source.def->columns[index].name;
-        expr->source = expr->name;
+        expr->node = Column{source.shownName(), name, &source, index};
+        expr->source = name;
         return expr;
     }
 
     /// ORDER BY may also name a result column by its position or by its AS name, where no table has that name.
     void resolveOrder(Select &select, OrderItem &item, const Scope &scope)
     {
-        const Expr &expr = *item.expr;
-        if (expr.kind == Expr::Kind::Number && expr.whole && expr.number >= 1 && expr.number <= select.items.size()) {
-            item.position = int(expr.number) - 1;
+        const auto *number = item.expr->as<Constant>();
+        if (number && number->whole && number->number >= 1 && number->number <= select.items.size()) {
+            item.position = int(number->number) - 1;
             return;
         }
-        if (expr.kind == Expr::Kind::Column && expr.qualifier.isEmpty() && owners(expr.name, scope).size() != 1) {
+        const auto *named = item.expr->as<Column>();
+        if (named && named->qualifier.isEmpty() && owners(named->name, scope).size() != 1) {
             for (size_t i = 0; i < select.items.size() && item.position < 0; ++i) {
                 const SelectItem &shown = select.items[i];
-                const bool selected = shown.alias.isEmpty() && shown.expr->kind == Expr::Kind::Column;
-                if (same(selected ? shown.expr->name : shown.alias, expr.name))
+                const auto *selected = shown.alias.isEmpty() ? shown.expr->as<Column>() : nullptr;
+                if (same(selected ? selected->name : shown.alias, named->name))
                     item.position = int(i);
             }
             if (item.position >= 0)
@@ -210,9 +208,9 @@ private:
     /// `aggregateError`: the error of an aggregate at this place, 0 where one may stand.
     void resolve(Expr &expr, const Scope &scope, int aggregateError)
     {
-        if (expr.kind == Expr::Kind::Column)
+        if (expr.as<Column>())
             return resolveColumn(expr, scope);
-        if (expr.kind == Expr::Kind::Aggregate) {
+        if (expr.as<AggregateCall>()) {
             if (aggregateError)
                 fail(aggregateError, {expr.source.toString()});
             m_select->aggregates = true;
@@ -224,7 +222,7 @@ private:
             Select *around = m_select;
             resolve(*expr.select, &scope);
             m_select = around;
-            if (expr.kind != Expr::Kind::Exists && expr.select->items.size() != 1)
+            if (!expr.as<Exists>() && expr.select->items.size() != 1)
                 fail(3306);
         }
     }
@@ -242,34 +240,34 @@ private:
     /// The innermost FROM clause that has the column, or the table it is qualified with, decides.
     void resolveColumn(Expr &expr, const Scope &scope)
     {
+        auto &column = *expr.as<Column>();
         for (const Scope *level = &scope; level; level = level->outer) {
             const Source *owner = nullptr;
-            if (expr.qualifier.isEmpty()) {
-                const auto found = owners(expr.name, *level);
+            if (column.qualifier.isEmpty()) {
+                const auto found = owners(column.name, *level);
                 if (found.size() > 1)
-                    fail(3079, {expr.name});
+                    fail(3079, {column.name});
                 owner = found.empty() ? nullptr : found.front();
             } else {
                 for (const Source *source : level->sources) {
-                    if (!owner && same(source->shownName(), expr.qualifier))
+                    if (!owner && same(source->shownName(), column.qualifier))
                         owner = source;
                 }
-                if (owner && owner->def->indexOf(expr.name) < 0)
+                if (owner && owner->def->indexOf(column.name) < 0)
                     break;
             }
             if (owner) {
-                expr.from = owner;
-                expr.column = owner->def->indexOf(expr.name);
+                column.from = owner;
+                column.index = owner->def->indexOf(column.name);
                 return;
             }
         }
-        const bool yes = same(expr.name, u"Yes");
-        if (expr.qualifier.isEmpty() && (yes || same(expr.name, u"No"))) {
-            expr.kind = Expr::Kind::Boolean;
-            expr.number = yes;
+        const bool yes = same(column.name, u"Yes");
+        if (column.qualifier.isEmpty() && (yes || same(column.name, u"No"))) {
+            expr.node = Constant{.kind = Constant::Kind::Boolean, .number = double(yes)};
             return;
         }
-        m_unknown.insert((expr.qualifier + u'.' + expr.name).toLower());
+        m_unknown.insert((column.qualifier + u'.' + column.name).toLower());
     }
 
     const Catalog &m_catalog;
@@ -289,9 +287,10 @@ QStringList resolveNames(ParsedStatement &statement, const Catalog &catalog)
 QStringList resultNames(const Select &select, QChar joiner)
 {
     const auto bare = [](const SelectItem &item) {
-        return item.alias.isEmpty() && item.expr->kind == Expr::Kind::Column && item.expr->from;
+        const auto *column = item.expr->as<Column>();
+        return item.alias.isEmpty() && column && column->from;
     };
-    const auto stored = [](const SelectItem &item) { return item.expr->from->def->columns[item.expr->column].name; };
+    const auto stored = [](const SelectItem &item) { return item.expr->as<Column>()->def().name; };
     QHash<QString, int> uses;
     for (const SelectItem &item : select.items) {
         if (bare(item))
@@ -305,7 +304,7 @@ QStringList resultNames(const Select &select, QChar joiner)
         else if (!bare(item))
             names.append("Expr" + QString::number(expressions++));
         else if (uses.value(stored(item).toLower()) > 1)
-            names.append(item.expr->from->shownName() + joiner + stored(item));
+            names.append(item.expr->as<Column>()->from->shownName() + joiner + stored(item));
         else
             names.append(stored(item));
     }

@@ -131,63 +131,74 @@ private:
 
     static ExprType typeOf(const Expr &expr)
     {
-        using Kind = Expr::Kind;
-        switch (expr.kind) {
-        case Kind::Null:
+        return std::visit([&expr](const auto &node) { return typeOf(node, expr); }, expr.node);
+    }
+
+    static ExprType typeOf(const Constant &constant, const Expr &)
+    {
+        switch (constant.kind) {
+        case Constant::Kind::Null:
             return {true};
-        case Kind::Text:
-            return {false, ColumnType::Text, int(std::max<qsizetype>(1, expr.name.size())), false};
-        case Kind::Number:
-            return ofType(expr.whole ? ColumnType::Long : ColumnType::Double);
-        case Kind::Date:
+        case Constant::Kind::Text:
+            return {false, ColumnType::Text, int(std::max<qsizetype>(1, constant.text.size())), false};
+        case Constant::Kind::Number:
+            return ofType(constant.whole ? ColumnType::Long : ColumnType::Double);
+        case Constant::Kind::Date:
             return ofType(ColumnType::Date);
-        case Kind::Column: {
-            const ColumnDef &column = expr.from->def->columns[expr.column];
-            return {false, column.type, column.size, column.autoNumber};
-        }
-        case Kind::Subselect: {
-            ExprType type = expr.select->items.front().expr->type;
-            type.autoNumber = false;
-            return type;
-        }
-        case Kind::Aggregate:
-            return aggregateType(expr);
-        case Kind::Unary:
-        case Kind::Binary:
-            return operatorType(expr);
-        case Kind::InSelect:
-            requireComparable(*expr.operands.front(), *expr.select->items.front().expr);
-            break;
-        case Kind::InList:
-        case Kind::Between:
-            for (size_t i = 1; i < expr.operands.size(); ++i)
-                requireComparable(*expr.operands.front(), *expr.operands[i]);
-            break;
-        case Kind::Boolean:
-        case Kind::Like:
-        case Kind::IsNull:
-        case Kind::Exists:
+        case Constant::Kind::Boolean:
             break;
         }
         return ofType(ColumnType::YesNo);
     }
 
-    static ExprType aggregateType(const Expr &expr)
+    static ExprType typeOf(const Column &column, const Expr &)
     {
-        if (expr.aggregate == Aggregate::Count)
+        const ColumnDef &def = column.def();
+        return {false, def.type, def.size, def.autoNumber};
+    }
+
+    static ExprType typeOf(const Subselect &, const Expr &expr)
+    {
+        ExprType type = expr.select->items.front().expr->type;
+        type.autoNumber = false;
+        return type;
+    }
+
+    static ExprType typeOf(const InSelect &, const Expr &expr)
+    {
+        requireComparable(*expr.operands.front(), *expr.select->items.front().expr);
+        return ofType(ColumnType::YesNo);
+    }
+
+    /// IN and BETWEEN.
+    static ExprType comparedWithFirst(const Expr &expr)
+    {
+        for (size_t i = 1; i < expr.operands.size(); ++i)
+            requireComparable(*expr.operands.front(), *expr.operands[i]);
+        return ofType(ColumnType::YesNo);
+    }
+    static ExprType typeOf(const InList &, const Expr &expr) { return comparedWithFirst(expr); }
+    static ExprType typeOf(const Between &, const Expr &expr) { return comparedWithFirst(expr); }
+    static ExprType typeOf(const Like &, const Expr &) { return ofType(ColumnType::YesNo); }
+    static ExprType typeOf(const IsNull &, const Expr &) { return ofType(ColumnType::YesNo); }
+    static ExprType typeOf(const Exists &, const Expr &) { return ofType(ColumnType::YesNo); }
+
+    static ExprType typeOf(const AggregateCall &call, const Expr &expr)
+    {
+        if (call.function == Aggregate::Count)
             return ofType(ColumnType::Long);
         ExprType type = expr.operands.front()->type;
         type.autoNumber = false;
-        if (expr.aggregate == Aggregate::Min || expr.aggregate == Aggregate::Max)
+        if (call.function == Aggregate::Min || call.function == Aggregate::Max)
             return type;
         if (type.isText())
             fail(3464);
         return ofType(type.type == ColumnType::Currency && !type.null ? ColumnType::Currency : ColumnType::Double);
     }
 
-    static ExprType operatorType(const Expr &expr)
+    static ExprType typeOf(const Operation &operation, const Expr &expr)
     {
-        switch (expr.op) {
+        switch (operation.op) {
         case Op::Or:
         case Op::And:
         case Op::Not:
@@ -209,14 +220,15 @@ private:
             return type.isNumber() ? ofType(type.type) : ofType(type.isYesNo() ? ColumnType::Long : ColumnType::Double);
         }
         default:
-            return arithmeticType(expr.op, expr.operands[0]->type, expr.operands[1]->type);
+            return arithmeticType(operation.op, expr.operands[0]->type, expr.operands[1]->type);
         }
     }
 
     static bool usesUnqualified(const Expr &expr, QStringView name)
     {
-        if (expr.kind == Expr::Kind::Column && expr.qualifier.isEmpty())
-            return name.compare(expr.name, Qt::CaseInsensitive) == 0;
+        const auto *column = expr.as<Column>();
+        if (column && column->qualifier.isEmpty())
+            return name.compare(column->name, Qt::CaseInsensitive) == 0;
         return std::any_of(expr.operands.begin(), expr.operands.end(),
                            [name](const ExprPtr &operand) { return usesUnqualified(*operand, name); });
     }
@@ -233,15 +245,15 @@ private:
     /// statement around, or made of such.
     static bool covered(const Expr &expr, const Select &select)
     {
-        if (expr.kind == Expr::Kind::Aggregate || expr.isConstant())
+        if (expr.as<AggregateCall>() || expr.as<Constant>())
             return true;
         for (const ExprPtr &key : select.groupBy) {
             if (sameExpression(*key, expr))
                 return true;
         }
-        if (expr.kind == Expr::Kind::Column) {
+        if (const auto *column = expr.as<Column>()) {
             return std::none_of(select.sources.begin(), select.sources.end(),
-                                [&expr](const auto &source) { return source.get() == expr.from; });
+                                [column](const auto &source) { return source.get() == column->from; });
         }
         return std::all_of(expr.operands.begin(), expr.operands.end(),
                            [&select](const ExprPtr &operand) { return covered(*operand, select); });
@@ -294,9 +306,9 @@ std::vector<ResultColumn> resultColumns(const Select &select)
         const Expr &expr = *select.items[i].expr;
         ResultColumn column;
         column.name = names[int(i)];
-        if (expr.kind == Expr::Kind::Column) {
-            column.sourceTable = expr.from->shownName();
-            column.sourceColumn = expr.from->def->columns[expr.column].name;
+        if (const auto *stored = expr.as<Column>()) {
+            column.sourceTable = stored->from->shownName();
+            column.sourceColumn = stored->def().name;
         }
         column.type = expr.type.null ? ColumnType::Text : expr.type.type;
         column.size = expr.type.null ? concatenatedSize : expr.type.size;
@@ -308,18 +320,10 @@ std::vector<ResultColumn> resultColumns(const Select &select)
 
 bool sameExpression(const Expr &a, const Expr &b)
 {
-    if (a.kind != b.kind || a.op != b.op || a.aggregate != b.aggregate || a.negated != b.negated || a.select ||
-        b.select || a.operands.size() != b.operands.size())
-        return false;
-    if (a.kind == Expr::Kind::Column)
-        return a.from == b.from && a.column == b.column;
-    if (a.name != b.name || a.number != b.number)
-        return false;
-    for (size_t i = 0; i < a.operands.size(); ++i) {
-        if (!sameExpression(*a.operands[i], *b.operands[i]))
-            return false;
-    }
-    return true;
+    // Two SELECTs inside are never taken for the same.
+    return !a.select && !b.select && a.node == b.node &&
+           std::equal(a.operands.begin(), a.operands.end(), b.operands.begin(), b.operands.end(),
+                      [](const ExprPtr &left, const ExprPtr &right) { return sameExpression(*left, *right); });
 }
 
 } // namespace jetsql

@@ -69,7 +69,7 @@ private:
         QStringList keys;
         for (size_t i = 0; i < m_select.items.size(); ++i) {
             const Expr &expr = *m_select.items[i].expr;
-            if (!expr.isConstant())
+            if (!expr.as<Constant>())
                 keys.append(m_dialect.comparesByKeys() ? m_result.collated(expr) : item(i));
         }
         if (keys.isEmpty() && m_dialect.comparesByKeys()) // constants alone are one row
@@ -161,14 +161,15 @@ private:
     {
         if (sameExpression(key, expr))
             return true;
-        return key.kind == Expr::Kind::Column && expr.kind == Expr::Kind::Column && key.from == expr.from &&
-               isRowNumber(key);
+        const auto *number = key.as<Column>();
+        const auto *column = expr.as<Column>();
+        return number && column && number->from == column->from && isRowNumber(*number);
     }
 
     /// The AutoNumber of a table that the program keeps is its primary key; in a copy it need not be.
-    static bool isRowNumber(const Expr &column)
+    static bool isRowNumber(const Column &column)
     {
-        if (!column.type.autoNumber)
+        if (!column.def().autoNumber)
             return false;
         const auto &tables = Schema::permanentTables();
         return std::any_of(tables.begin(), tables.end(), [&column](const TableDef &table) {
@@ -183,7 +184,7 @@ private:
         const auto add = [&keys](const Expr &expr) {
             const bool known =
                 std::any_of(keys.begin(), keys.end(), [&expr](const Expr *key) { return determines(*key, expr); });
-            if (!known && !expr.isConstant())
+            if (!known && !expr.as<Constant>())
                 keys.push_back(&expr);
         };
         for (const OrderItem &order : m_select.orderBy) {
@@ -205,7 +206,7 @@ private:
     {
         const bool joined = m_select.sources.size() > 1 && !isProduct();
         const QString key = m_rows.collated(expr);
-        return joined && expr.kind == Expr::Kind::Column ? m_dialect.unindexed(key) : key;
+        return joined && expr.as<Column>() ? m_dialect.unindexed(key) : key;
     }
 
     QString orderText(const Expr &expr) const
@@ -251,7 +252,7 @@ private:
         for (const OrderItem &order : m_select.orderBy) {
             const Expr &expr = ordering(order);
             // Engines take a constant for the position of a column.
-            if (!expr.isConstant())
+            if (!expr.as<Constant>())
                 add(orderText(expr), order.descending);
             unique = unique || expr.type.autoNumber;
         }
@@ -299,7 +300,7 @@ private:
     {
         std::vector<SortKey> asked;
         for (const OrderItem &order : m_select.orderBy) {
-            if (!ordering(order).isConstant())
+            if (!ordering(order).as<Constant>())
                 asked.push_back({m_result.collated(ordering(order)), order.descending});
         }
         const size_t columns = m_select.items.size() + (withRow ? 1 : 0);
@@ -342,7 +343,7 @@ private:
             keys.push_back({isText ? m_dialect.key(name, false) : name, descending});
         };
         for (const OrderItem &order : m_select.orderBy) {
-            if (!ordering(order).isConstant())
+            if (!ordering(order).as<Constant>())
                 add(shownPosition(order), order.descending);
         }
         const std::vector<SortKey> asked = keys;

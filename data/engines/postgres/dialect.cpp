@@ -64,7 +64,8 @@ class PostgresDialect : public jetsql::Dialect
     QString shownInGroup(const QString &text) const override { return "min(" + text + ')'; }
     QString like(const Expr &pattern, const QString &written, const QString &text) const override
     {
-        const auto simple = pattern.kind == Expr::Kind::Text ? serverPattern(pattern.name) : std::nullopt;
+        const auto *constant = pattern.as<jetsql::Constant>();
+        const auto simple = pattern.is(jetsql::Constant::Kind::Text) ? serverPattern(constant->text) : std::nullopt;
         if (simple)
             return "(jet_fold(" + text + ") LIKE jet_fold(" + jetsql::quotedText(*simple) + "))";
         return "jet_like(" + written + ", " + text + ')';

@@ -32,7 +32,7 @@ class SqliteDialect : public jetsql::Dialect
     QString average(const QString &number) const override { return "avg(" + number + ')'; }
     QString extreme(bool least, const QString &value, const jetsql::Expr &expr) const override
     {
-        const QString compared = expr.type.isText() ? key(value, expr.kind == jetsql::Expr::Kind::Column) : value;
+        const QString compared = expr.type.isText() ? key(value, expr.as<jetsql::Column>() != nullptr) : value;
         return (least ? "min(" : "max(") + compared + ')';
     }
 
