@@ -63,6 +63,7 @@ constexpr Wording Wordings[] = {
     {3079, "The specified field '%1' could refer to more than one table listed in the FROM clause of your SQL "
            "statement."},
     {3103, "Circular reference caused by alias '%1' in query definition's SELECT list."},
+    {3112, "Record(s) cannot be read; no read permission on '%1'."},
     {3122, "You tried to execute a query that does not include the specified expression '%1' as part of an "
            "aggregate function."},
     {3127, "The INSERT INTO statement contains the following unknown field name: '%1'. Make sure you have typed "

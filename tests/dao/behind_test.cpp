@@ -157,9 +157,9 @@ TEST_P(Deadlock, EndsWithBothStatementsDone)
     const auto other = file.open();
     runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('a', 0)");
     runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('b', 0)");
-    const QString both =
-        "BEGIN; UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'b'; SELECT pg_sleep(0.3);"
-        "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'a'; COMMIT";
+    const QString both = "SET deadlock_timeout = '1min'; BEGIN;" // so that it is never the one that is picked
+                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'b'; SELECT pg_sleep(0.3);"
+                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'a'; COMMIT";
     std::thread tool([&] { file.plain(both); });
     const auto database = file.open();
     const int error = errorNumberOf([&] {

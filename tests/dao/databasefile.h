@@ -13,7 +13,12 @@ class DatabaseFile
 public:
     static constexpr auto Password = "secret";
 
-    explicit DatabaseFile(EngineKind engine = EngineKind::Sqlite) : m_engine(engine), m_place(DatabasePlace::on(engine))
+    explicit DatabaseFile(EngineKind engine = EngineKind::Sqlite) : DatabaseFile(engine, DatabasePlace::on(engine)) {}
+    explicit DatabaseFile(const OwnServer &server, const QString &options)
+        : DatabaseFile(EngineKind::Postgres, DatabasePlace::onServer(server.folder(), options))
+    {
+    }
+    DatabaseFile(EngineKind engine, std::unique_ptr<DatabasePlace> place) : m_engine(engine), m_place(std::move(place))
     {
         createDatabase(path(), Password);
     }

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QTemporaryDir>
+#include <QProcess>
 #include <array>
 #include <libpq-fe.h>
 #include <sqlite3.h>
@@ -40,24 +40,21 @@ private:
 class OnServer : public DatabasePlace
 {
 public:
-    explicit OnServer(bool behind)
-        : m_behind(behind), m_database(QString("t%1_%2").arg(QCoreApplication::applicationPid()).arg(++Count))
+    OnServer(const QString &folder, const QString &options)
+        : m_folder(folder), m_options(options),
+          m_database(QString("t%1_%2").arg(QCoreApplication::applicationPid()).arg(++Count))
     {
     }
     ~OnServer() override { run("postgres", "DROP DATABASE IF EXISTS " + m_database + " WITH (FORCE)"); }
 
-    QString name() const override { return uriOf(m_database) + (m_behind ? "" : "&behind=no"); }
+    QString name() const override { return uriOf(m_database) + m_options; }
     QString nameForAnother() const override { return name() + QString("&application_name=another%1").arg(++Count); }
     QString plain(const QString &sql) const override { return run(m_database, sql); }
 
 private:
-    /// The server that ctest has started for the tests, through its socket.
-    static QString uriOf(const QString &database)
-    {
-        return "postgresql://tamrick@/" + database + "?host=" + QFileInfo(TAMRICK_TEST_SERVER).canonicalFilePath();
-    }
+    QString uriOf(const QString &database) const { return "postgresql://tamrick@/" + database + "?host=" + m_folder; }
 
-    static QString run(const QString &database, const QString &sql)
+    QString run(const QString &database, const QString &sql) const
     {
         PGconn *connection = PQconnectdb(uriOf(database).toUtf8().constData());
         PGresult *result = PQexec(connection, sql.toUtf8().constData());
@@ -72,8 +69,7 @@ private:
     }
 
     static inline int Count = 0;
-    bool m_behind;
-    QString m_database;
+    QString m_folder, m_options, m_database;
 };
 
 } // namespace
@@ -93,5 +89,22 @@ std::unique_ptr<DatabasePlace> DatabasePlace::on(EngineKind engine)
 {
     if (engine == EngineKind::Sqlite)
         return std::make_unique<File>();
-    return std::make_unique<OnServer>(engine == EngineKind::Postgres);
+    // The server that ctest has started for the tests.
+    return onServer(QFileInfo(TAMRICK_TEST_SERVER).canonicalFilePath(),
+                    engine == EngineKind::Postgres ? QString() : "&behind=no");
+}
+
+std::unique_ptr<DatabasePlace> DatabasePlace::onServer(const QString &folder, const QString &options)
+{
+    return std::make_unique<OnServer>(folder, options);
+}
+
+QString OwnServer::folder() const
+{
+    return QFileInfo(m_folder.filePath("server")).canonicalFilePath();
+}
+
+void OwnServer::run(const QString &what)
+{
+    EXPECT_EQ(QProcess::execute(TAMRICK_TEST_DATA "/../scripts/testserver", {what, m_folder.filePath("server")}), 0);
 }

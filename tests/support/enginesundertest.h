@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -35,4 +35,23 @@ public:
     virtual QString plain(const QString &sql) const = 0;
 
     static std::unique_ptr<DatabasePlace> on(EngineKind engine);
+    /// On the server whose socket lies in that folder. `options` are those of a URI, each with an "&" before it.
+    static std::unique_ptr<DatabasePlace> onServer(const QString &folder, const QString &options);
+};
+
+/// A server of a test's own, which it may stop.
+class OwnServer
+{
+public:
+    OwnServer() { run("start"); }
+    OwnServer(const OwnServer &) = delete;
+    OwnServer &operator=(const OwnServer &) = delete;
+    ~OwnServer() { run("stop"); }
+
+    QString folder() const;
+
+private:
+    void run(const QString &what);
+
+    QTemporaryDir m_folder;
 };

@@ -1,5 +1,6 @@
 #include "data/engines/postgres/bulkrows.h"
 
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/queue.h"
 #include "data/engines/postgres/tables.h"
@@ -60,11 +61,11 @@ public:
 
     ~Copying() override
     {
-        // The last piece belongs to the load like those before it. What fails here fails the commit.
+        // The last piece belongs to the load like those before it. What fails here has the server give up the whole
+        // load, and fails the commit.
         try {
             send();
         } catch (const RuntimeError &) {
-            PQclear(PQexec(m_connection, "SELECT jet_raise(3000)"));
         }
     }
 
@@ -115,19 +116,25 @@ private:
     {
         if (m_lines.isEmpty())
             return;
-        const Result begun(PQexec(m_connection, m_sql.constData()));
-        if (PQresultStatus(begun.get()) != PGRES_COPY_IN)
-            throw errorFor(begun.get(), m_uri.text, m_context);
-        PQputCopyData(m_connection, m_lines.constData(), int(m_lines.size()));
-        PQputCopyEnd(m_connection, nullptr);
-        m_lines.clear();
+        PQsendQuery(m_connection, m_sql.constData());
         std::optional<RuntimeError> failure;
-        while (const Result result{PQgetResult(m_connection)}) {
-            if (PQresultStatus(result.get()) != PGRES_COMMAND_OK && !failure)
+        while (const Result result = nextResult(m_connection, m_uri, m_context)) {
+            const ExecStatusType status = PQresultStatus(result.get());
+            if (status == PGRES_COPY_IN)
+                sendLines();
+            else if (status != PGRES_COMMAND_OK && !failure)
                 failure = errorFor(result.get(), m_uri.text, m_context);
         }
+        m_lines.clear();
         if (failure)
             throw *failure;
+    }
+
+    void sendLines()
+    {
+        PQputCopyData(m_connection, m_lines.constData(), int(m_lines.size()));
+        PQputCopyEnd(m_connection, nullptr);
+        push(m_connection, m_uri, m_context);
     }
 
     PGconn *m_connection;

@@ -1,6 +1,7 @@
 #include "data/engines/postgres/createdatabase.h"
 
 #include "data/engine/passwordhash.h"
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/functions.h"
 #include "data/engines/postgres/session.h"

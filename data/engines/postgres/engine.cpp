@@ -1,5 +1,6 @@
 #include "data/engines/postgres/engine.h"
 
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/dialect.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/rowedit.h"

@@ -9,6 +9,11 @@ QString detailOf(const ErrorContext &context, const QString &words)
     return context.statement.isEmpty() ? words : context.statement + "\nPostgreSQL: " + words;
 }
 
+RuntimeError lost(const QString &detail)
+{
+    return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
+}
+
 RuntimeError lockError(const QString &uri, const ErrorContext &context, const QString &detail)
 {
     switch (context.kind) {
@@ -21,9 +26,16 @@ RuntimeError lockError(const QString &uri, const ErrorContext &context, const QS
     }
 }
 
-RuntimeError lost(const QString &detail)
+RuntimeError noRightError(const QString &uri, const ErrorContext &context, const QString &detail)
 {
-    return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
+    switch (context.kind) {
+    case ErrorContext::Opening:
+        return runtimeError(3051, {uri}, detail);
+    case ErrorContext::Reading:
+        return runtimeError(3112, {context.table}, detail);
+    default:
+        return runtimeError(3027, {}, detail);
+    }
 }
 
 /// What a SQLSTATE means to a user.
@@ -38,7 +50,7 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
     if (state == "53300" || state == "57P03")
         return runtimeError(3045, {uri}, detail);
     if (state == "42501")
-        return opening ? runtimeError(3051, {uri}, detail) : runtimeError(3027, {}, detail);
+        return noRightError(uri, context, detail);
     if (state == "25006")
         return runtimeError(3027, {}, detail);
     if (opening && (state == "42P01" || state == "42883"))
@@ -85,7 +97,7 @@ RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, cons
     const QString more = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL));
     const QString detail = detailOf(context, words + (more.isEmpty() ? QString() : u'\n' + more));
     if (state.isEmpty()) // libpq's own: the connection broke
-        return lost(detailOf(context, QString::fromUtf8(PQresultErrorMessage(result)).trimmed()));
+        return lostError(QString::fromUtf8(PQresultErrorMessage(result)).trimmed(), context);
     // A function of the dialect says by its message which error it means.
     if (state == "JT000") {
         const RuntimeError error = runtimeError(words.mid(4).toInt());
@@ -94,13 +106,18 @@ RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, cons
     return errorOfState(state, withoutPassword(uri), context, detail);
 }
 
+RuntimeError postgres::lostError(const QString &words, const ErrorContext &context)
+{
+    return lost(detailOf(context, words));
+}
+
 RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const ErrorContext &context)
 {
     const QString words = QString::fromUtf8(PQerrorMessage(connection)).trimmed();
     const QString shown = withoutPassword(uri);
     const QString detail = detailOf(context, withoutPassword(words));
     if (context.kind != ErrorContext::Opening)
-        return lost(detail);
+        return lostError(withoutPassword(words), context);
     if (PQconnectionNeedsPassword(connection))
         return runtimeError(3031, {}, detail);
     // Only the words tell the state of a failed opening: "FATAL:  28P01: password authentication failed ...".

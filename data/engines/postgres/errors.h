@@ -11,7 +11,9 @@ QString withoutPassword(const QString &uri);
 
 /// The run-time error a user sees for a failed result; the server's own words are kept in the detail.
 RuntimeError errorFor(const PGresult *result, const QString &uri, const ErrorContext &context);
-/// The same for a connection that is lost, or could not be opened.
+/// Error 3043, and what is known of the reason.
+RuntimeError lostError(const QString &words, const ErrorContext &context);
+/// The error for a connection that is lost, or could not be opened.
 RuntimeError errorFor(PGconn *connection, const QString &uri, const ErrorContext &context);
 
 enum class Failure {

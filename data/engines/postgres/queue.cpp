@@ -1,7 +1,7 @@
 #include "data/engines/postgres/queue.h"
 
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/errors.h"
-#include "data/engines/postgres/socketwait.h"
 
 namespace {
 
@@ -50,14 +50,8 @@ void Queue::enter()
         m_forget = false;
     }
     m_inTransaction = PQtransactionStatus(m_connection) != PQTRANS_IDLE;
-    if (!PQenterPipelineMode(m_connection) || PQsetnonblocking(m_connection, 1) != 0)
+    if (!PQenterPipelineMode(m_connection))
         raiseLost({});
-}
-
-void Queue::leave()
-{
-    PQsetnonblocking(m_connection, 0);
-    PQexitPipelineMode(m_connection);
 }
 
 QByteArray Queue::prepared(const QByteArray &sql)
@@ -102,21 +96,12 @@ void Queue::sync()
     push();
 }
 
-/// Hands the system what it takes. Where it takes no more the server may be waiting to be read from, so that both are
-/// served until everything is on its way.
 void Queue::push()
 {
-    for (;;) {
-        const int left = PQflush(m_connection);
-        if (left < 0)
-            raiseLost(context(m_expected.back()));
-        if (left == 0)
-            return;
-        if (waitForSocket(m_connection, Input | Output, -1) & Input) {
-            if (!PQconsumeInput(m_connection))
-                raiseLost(context(m_expected.back()));
-            takeArrived();
-        }
+    try {
+        postgres::push(m_connection, m_uri, context(m_expected.back()), [this] { takeArrived(); });
+    } catch (const RuntimeError &loss) {
+        raiseLost(loss);
     }
 }
 
@@ -127,12 +112,18 @@ void Queue::takeArrived()
         takeAnswer();
 }
 
+Result Queue::next()
+{
+    try {
+        return nextResult(m_connection, m_uri, context(m_expected.front()));
+    } catch (const RuntimeError &loss) {
+        raiseLost(loss);
+    }
+}
+
 void Queue::takeAnswer()
 {
-    Result result(PQgetResult(m_connection));
-    // A connection that is lost gives no answers, for ever.
-    if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(context(m_expected.front()));
+    Result result = next();
     if (!result || PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC)
         m_expected.pop_front();
     else
@@ -143,7 +134,7 @@ void Queue::takeAnswers()
 {
     while (!m_expected.empty())
         takeAnswer();
-    leave();
+    PQexitPipelineMode(m_connection);
 }
 
 void Queue::note(Result result)
@@ -181,7 +172,6 @@ void Queue::walk(const QByteArray &sql, const Parameters &parameters, const Erro
     send(sql, parameters, context);
     do {
         sync();
-        PQsetnonblocking(m_connection, 0);
         while (m_expected.size() > 2)
             takeAnswer();
         if (!m_failure) {
@@ -197,9 +187,7 @@ Result Queue::fetch()
 {
     if (m_expected.empty())
         return {};
-    Result result(PQgetResult(m_connection));
-    if (PQstatus(m_connection) != CONNECTION_OK)
-        raiseLost(context(m_expected.front()));
+    Result result = next();
     if (result && PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE)
         return result;
     // What closes the walk: its end, or its failure.
@@ -290,10 +278,13 @@ void Queue::raise()
 
 void Queue::raiseLost(const ErrorContext &context)
 {
+    raiseLost(errorFor(m_connection, m_uri.text, {ErrorContext::Reading, context.table, context.statement}));
+}
+
+void Queue::raiseLost(const RuntimeError &loss)
+{
     // The first failure is the one to tell: a server that is shut down says so before it goes.
-    const RuntimeError failure =
-        m_failure ? *m_failure
-                  : errorFor(m_connection, m_uri.text, {ErrorContext::Reading, context.table, context.statement});
+    const RuntimeError failure = m_failure.value_or(loss);
     m_expected.clear();
     m_failure.reset();
     ++m_failures;

@@ -74,13 +74,13 @@ private:
     };
 
     void enter();
-    void leave();
     void post(const Sent &statement);
     QByteArray prepared(const QByteArray &sql);
     const ErrorContext &context(const Expected &expected) const { return m_sent[expected.statement].context; }
     void sync();
     void push();
     void takeArrived();
+    Result next();
     void takeAnswer();
     void takeAnswers();
     void note(Result result);
@@ -90,6 +90,7 @@ private:
     void giveUpTransaction();
     [[noreturn]] void raise();
     [[noreturn]] void raiseLost(const ErrorContext &context);
+    [[noreturn]] void raiseLost(const RuntimeError &loss);
 
     PGconn *m_connection;
     Uri m_uri;

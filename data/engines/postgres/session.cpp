@@ -1,6 +1,7 @@
 #include "data/engines/postgres/session.h"
 
 #include "data/engine/passwordhash.h"
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/functions.h"
 #include "data/engines/postgres/socketwait.h"
@@ -10,7 +11,8 @@
 
 namespace {
 
-constexpr int OpeningMilliseconds = 10000;
+constexpr int OpeningSeconds = 10;
+constexpr int MostSeconds = 24 * 60 * 60;
 /// The first functions that statements need.
 constexpr int OldestServer = 130000;
 
@@ -23,6 +25,18 @@ bool waitFor(PGconn *connection, PostgresPollingStatusType wanted, const QDeadli
     return postgres::waitForSocket(connection, readiness, int(deadline.remainingTime())) != 0;
 }
 
+/// What the URI, a service's file or the environment give libpq as connect_timeout, which it leaves to its callers.
+int openingSeconds(PGconn *connection)
+{
+    const std::unique_ptr<PQconninfoOption, void (*)(PQconninfoOption *)> options(PQconninfo(connection),
+                                                                                  PQconninfoFree);
+    for (const PQconninfoOption *option = options.get(); option && option->keyword; ++option) {
+        if (qstrcmp(option->keyword, "connect_timeout") == 0 && QByteArray(option->val).toInt() > 0)
+            return std::min(QByteArray(option->val).toInt(), MostSeconds);
+    }
+    return OpeningSeconds;
+}
+
 } // namespace
 
 postgres::Uri::Uri(const QString &name) : text(name)
@@ -31,8 +45,16 @@ postgres::Uri::Uri(const QString &name) : text(name)
     if (mark < 0)
         return;
     QUrlQuery query(name.sliced(mark + 1));
-    behind = query.queryItemValue(QStringLiteral("behind")) != u"no";
-    query.removeAllQueryItems(QStringLiteral("behind"));
+    const auto take = [&query](const QString &key) {
+        const QString value = query.queryItemValue(key);
+        query.removeAllQueryItems(key);
+        return value;
+    };
+    behind = take(QStringLiteral("behind")) != u"no";
+    if (const QString seconds = take(QStringLiteral("silence")); !seconds.isEmpty())
+        silence = seconds.toInt();
+    if (silence < 1 || silence > MostSeconds)
+        throw runtimeError(3044, {withoutPassword(name)});
     text = name.first(mark) + (query.isEmpty() ? QString() : u'?' + query.toString(QUrl::FullyEncoded));
 }
 
@@ -52,7 +74,7 @@ QString postgres::databaseName(const Uri &uri)
     return {};
 }
 
-postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
+postgres::Handle postgres::openSession(const Uri &uri, const QString &database, int seconds)
 {
     const QByteArray text = uri.text.toUtf8(), other = database.toUtf8();
     // What the URI says itself stands behind these and overrules them. A server that has gone without a word is noticed
@@ -74,27 +96,17 @@ postgres::Handle postgres::openSession(const Uri &uri, const QString &database)
     // What ends an idle session reaches users as the error of their next statement; libpq would print it as well.
     PQsetNoticeProcessor(
         handle.get(), [](void *, const char *) {}, nullptr);
-    const QDeadlineTimer deadline(OpeningMilliseconds);
+    const QDeadlineTimer deadline(1000 * (seconds > 0 ? seconds : openingSeconds(handle.get())));
     PostgresPollingStatusType wanted = PGRES_POLLING_WRITING;
     while (PQstatus(handle.get()) != CONNECTION_BAD && wanted != PGRES_POLLING_OK && wanted != PGRES_POLLING_FAILED &&
            waitFor(handle.get(), wanted, deadline))
         wanted = PQconnectPoll(handle.get());
     if (PQstatus(handle.get()) != CONNECTION_OK || wanted != PGRES_POLLING_OK)
         throw errorFor(handle.get(), uri.text, Opening);
+    PQsetnonblocking(handle.get(), 1); // libpq's own waiting knows no end
     if (PQserverVersion(handle.get()) < OldestServer)
         throw runtimeError(3343, {withoutPassword(uri.text)}, QStringLiteral("The server is older than version 13."));
     return handle;
-}
-
-postgres::Result postgres::run(PGconn *connection, const QByteArray &sql, const Uri &uri, const ErrorContext &context)
-{
-    Result result(PQexec(connection, sql.constData()));
-    if (PQstatus(connection) != CONNECTION_OK)
-        throw errorFor(connection, uri.text, {ErrorContext::Reading, context.table, context.statement});
-    const ExecStatusType status = PQresultStatus(result.get());
-    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK)
-        throw errorFor(result.get(), uri.text, context);
-    return result;
 }
 
 void postgres::setUp(PGconn *connection, const Uri &uri, int lockMilliseconds)

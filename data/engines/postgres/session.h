@@ -13,13 +13,14 @@ struct Closer
 using Handle = std::unique_ptr<PGconn, Closer>;
 using Result = std::unique_ptr<PGresult, Closer>;
 
-/// A URI taken apart into libpq's part and what this program adds to it.
+/// A URI taken apart into libpq's part and what this program adds to it. Error 3044 where that makes no sense.
 struct Uri
 {
     explicit Uri(const QString &text);
 
     QString text;       ///< for libpq
     bool behind = true; ///< false by "behind=no": every statement is waited for
+    int silence = 30;   ///< "silence=30": the seconds without a word after which the server is asked if it is there
 };
 
 /// True for the name of a database on a server.
@@ -27,11 +28,9 @@ bool isUri(const QString &name);
 /// The database that a URI names, empty where it leaves that to other settings of libpq.
 QString databaseName(const Uri &uri);
 
-/// Opens a session. `database` replaces the URI's database where it is not empty. Errors 3024, 3031, 3044, 3045.
-Handle openSession(const Uri &uri, const QString &database = {});
-
-/// Runs statements that need no parameters, outside of the queue, and gives the last one's result.
-Result run(PGconn *connection, const QByteArray &sql, const Uri &uri, const ErrorContext &context);
+/// Opens a session. `database` replaces the URI's database where it is not empty. Errors 3024, 3031, 3044, 3045; the
+/// second of these two also where the server has not answered within `seconds`, or the URI's connect_timeout.
+Handle openSession(const Uri &uri, const QString &database = {}, int seconds = 0);
 
 /// Makes the session one of this program: the settings that its statements rely on.
 void setUp(PGconn *connection, const Uri &uri, int lockMilliseconds);

@@ -4,6 +4,7 @@
 #include <winsock2.h>
 #else
 #include <poll.h>
+#include <sys/socket.h>
 #endif
 
 int postgres::waitForSocket(PGconn *connection, int wanted, int milliseconds)
@@ -21,4 +22,13 @@ int postgres::waitForSocket(PGconn *connection, int wanted, int milliseconds)
     if (wait(&socket, 1, milliseconds) <= 0)
         return 0;
     return (socket.revents & POLLOUT ? int(Output) : 0) | (socket.revents & ~POLLOUT ? int(Input) : 0);
+}
+
+void postgres::endSocket(PGconn *connection)
+{
+#ifdef _WIN32
+    shutdown(PQsocket(connection), SD_BOTH);
+#else
+    shutdown(PQsocket(connection), SHUT_RDWR);
+#endif
 }

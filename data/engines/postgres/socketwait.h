@@ -10,4 +10,7 @@ enum Readiness { Input = 1, Output = 2 };
 /// Waits until one of the things wanted has come, for ever with -1, and tells which have; 0 when the time is over.
 int waitForSocket(PGconn *connection, int wanted, int milliseconds);
 
+/// Ends both directions for good. libpq finds its connection lost.
+void endSocket(PGconn *connection);
+
 } // namespace postgres

@@ -1,5 +1,6 @@
 #include "data/engines/postgres/tables.h"
 
+#include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/dialect.h"
 
 namespace {
