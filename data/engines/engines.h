@@ -11,7 +11,7 @@ namespace engines {
 bool hasPrivateTables(const QString &name);
 /// True for the name of a file.
 bool isFile(const QString &name);
-/// The name of the database that a URI tells; empty where it tells none.
+/// The name of the database that a URI leads to; empty where the URI is none.
 QString databaseName(const QString &uri);
 /// Takes away what was just made for a database that is not wanted.
 void discard(const QString &name, engine::Made made);

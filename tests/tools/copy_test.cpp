@@ -80,9 +80,15 @@ TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
     const QString stem = "kept/" + engines::databaseName(server->name());
     fileWith(stem + "-2010-01-01-000000.db", "older");
     fileWith(stem + "-2010-01-02-000000.db.part-journal", "killed");
+    // The database's name stands in a service of libpq's alone.
+    const QString host = QUrlQuery(QUrl(server->name())).queryItemValue("host");
+    fileWith("services", "[office]\nuser=tamrick\nhost=" + host.toUtf8() +
+                             "\ndbname=" + engines::databaseName(server->name()).toUtf8());
+    qputenv("PGSERVICEFILE", path("services").toUtf8());
     Clock::setSource([] { return QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)); });
-    const Outcome outcome = run({"backup", server->name(), path("kept"), "--keep=1"});
+    const Outcome outcome = run({"backup", "postgresql:///?service=office", path("kept"), "--keep=1"});
     Clock::setSource({});
+    qunsetenv("PGSERVICEFILE");
     const QString made = path(stem + "-2011-03-30-140509.db");
     EXPECT_EQ(outcome.out + outcome.err, made + '\n');
     EXPECT_EQ(QDir(path("kept")).entryList(QDir::Files), QStringList{QFileInfo(made).fileName()});

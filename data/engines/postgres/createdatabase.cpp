@@ -107,8 +107,6 @@ engine::Made postgres::createDatabase(const QString &name, const QString &passwo
         fill(there.get(), uri, password, salt);
         return engine::Made::Tables;
     }
-    if (databaseName(uri).isEmpty())
-        throw runtimeError(3055, {});
     const Handle maker = openSession(uri, Maintenance);
     const QByteArray database = quoted(databaseName(uri));
     // Letters are compared by keys of the program's own; the server needs no idea of any language.

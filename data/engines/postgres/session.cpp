@@ -65,13 +65,10 @@ bool postgres::isUri(const QString &name)
 
 QString postgres::databaseName(const Uri &uri)
 {
-    const std::unique_ptr<PQconninfoOption, void (*)(PQconninfoOption *)> options(
-        PQconninfoParse(uri.text.toUtf8().constData(), nullptr), PQconninfoFree);
-    for (const PQconninfoOption *option = options.get(); option && option->keyword; ++option) {
-        if (qstrcmp(option->keyword, "dbname") == 0)
-            return QString::fromUtf8(option->val);
-    }
-    return {};
+    // Only a connection begun knows it: the name may stand in a service or in the environment, or be the user's.
+    const QByteArray text = uri.text.toUtf8();
+    const char *keys[] = {"dbname", nullptr}, *values[] = {text.constData(), nullptr};
+    return QString::fromUtf8(PQdb(Handle(PQconnectStartParams(keys, values, 1)).get()));
 }
 
 postgres::Handle postgres::openSession(const Uri &uri, const QString &database, int seconds)

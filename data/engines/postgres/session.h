@@ -25,7 +25,7 @@ struct Uri
 
 /// True for the name of a database on a server.
 bool isUri(const QString &name);
-/// The database that a URI names, empty where it leaves that to other settings of libpq.
+/// The database that a URI leads to, as libpq finds it; empty where the URI is none.
 QString databaseName(const Uri &uri);
 
 /// Opens a session. `database` replaces the URI's database where it is not empty. Errors 3024, 3031, 3044, 3045; the
