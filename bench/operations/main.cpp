@@ -87,11 +87,31 @@ std::vector<Operation> operations(const Task &task)
     return all;
 }
 
+/// Runs something as an event does it: the program syncs what was written when the outermost event has ended, so that
+/// the windows which come and go meanwhile are to be inner ones.
+void asEvent(const std::function<void()> &routine)
+{
+    struct Receiver : QObject
+    {
+        std::function<void()> routine;
+        bool event(QEvent *) override
+        {
+            routine();
+            return true;
+        }
+    } receiver;
+    receiver.routine = routine;
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&receiver, &event);
+}
+
 Meter run(const Operation &operation, const std::function<qint64()> &trips = {})
 {
     Meter meter(trips);
-    operation.program(meter);
-    meter.finish();
+    asEvent([&] {
+        operation.program(meter);
+        meter.finish();
+    });
     if (!operation.again.isEmpty())
         gDatabase->Execute(operation.again);
     gDatabase->sync();
