@@ -24,8 +24,10 @@ CREATE FUNCTION jet_key_of_letters(t text) RETURNS text LANGUAGE sql IMMUTABLE S
   SELECT CASE WHEN base = whole THEN whole ELSE base || E'\x01' || whole END FROM bare
 $$;
 
+-- Indexes call it, which the server also fills where nothing but its own functions is found by a bare name: when it
+-- gathers statistics by itself, and when a dump is read back.
 CREATE FUNCTION jet_key(t text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-  SELECT CASE WHEN octet_length(t) = char_length(t) THEN lower(rtrim(t, ' ') COLLATE "C") ELSE jet_key_of_letters(t) END
+  SELECT CASE WHEN octet_length(t) = char_length(t) THEN lower(rtrim(t, ' ') COLLATE "C") ELSE public.jet_key_of_letters(t) END
 $$;
 
 -- A text as LIKE compares it: letter by letter, accents counting.
