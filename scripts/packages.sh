@@ -40,5 +40,5 @@ without_main_cluster() {
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev libsqlite3-dev libpq-dev libgtest-dev libbenchmark-dev
     libxlsxwriter-dev libgsf-1-dev libcups2-dev mdbtools-dev fontconfig fonts-dejavu-core fonts-liberation)
-test_packages=(postgresql-15 poppler-utils cups-daemon locales procps)
+test_packages=(postgresql-15 poppler-utils cups-daemon locales procps unzip)
 package_packages=(debhelper dpkg-dev lintian)
