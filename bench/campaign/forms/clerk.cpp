@@ -219,8 +219,12 @@ void Clerk::prepare(const QString &file, const QString &connect, int openOrders)
 {
     createDatabase(file, Schema::Password.toString());
     gDatabase = open(file, connect);
-    for (const char *warehouse : {"Main", "North"})
+    // A ledger row that is not there yet would be added by two clerks at once, and then stand twice: nothing locks what
+    // is missing.
+    for (const char *warehouse : {"Main", "North"}) {
         addRow("Warehouse", {{"Warehouse", warehouse}, {"Status", "Active"}});
+        addRow("AvailInv", {{"Whse", warehouse}, {"Part", Part}, {"Avail", 0.0}});
+    }
     addRow("Part", {{"PartNo", Part}, {"Category", "Axles"}, {"Cost", 2.5}, {"SalePrice", 4.75}, {"Status", "Active"}});
     for (const char *kind : {"Order", "Ship"})
         for (int i = 1; i <= Customers; ++i)
