@@ -1,3 +1,4 @@
+#include "bench/campaign/child.h"
 #include "bench/campaign/failingdisk.h"
 #include "bench/campaign/ledger.h"
 #include "bench/campaign/place.h"
@@ -30,18 +31,8 @@ struct Settings
 /// A worker process, started and waiting for the word to go.
 std::unique_ptr<QProcess> startWorker(const Settings &settings, const QString &name, int count)
 {
-    auto worker = std::make_unique<QProcess>();
-    worker->start(QCoreApplication::applicationFilePath(),
-                  {"work", "--file", settings.place.name(), "--connect", settings.connect, "--name", name, "--count",
-                   QString::number(count), "--gap", QString::number(settings.gap)});
-    worker->waitForReadyRead(30000);
-    return worker;
-}
-
-void go(QProcess &worker)
-{
-    worker.write("\n");
-    worker.waitForBytesWritten();
+    return startChild({"work", "--file", settings.place.name(), "--connect", settings.connect, "--name", name,
+                       "--count", QString::number(count), "--gap", QString::number(settings.gap)});
 }
 
 /// All of them, started together.
@@ -74,10 +65,7 @@ int kills(const Settings &settings)
     for (int kill = 0; kill < settings.count && faults.isEmpty() && ledger.faults().isEmpty(); ++kill) {
         const auto worker = startWorker(settings, "A", -1);
         go(*worker);
-        // Counted in statements and not in time, so that a busy machine kills as deep into the saves.
-        QByteArray heard;
-        for (const int enough = random.bounded(1, 40); heard.count('\n') < enough && worker->waitForReadyRead(30000);)
-            heard += worker->readAllStandardOutput();
+        QByteArray heard = heardFrom(*worker, random.bounded(1, 40));
         QThread::usleep(random.bounded(settings.journal.startsWith(u"log") ? 500 : 20000));
         worker->kill();
         worker->waitForFinished();
@@ -106,8 +94,8 @@ int together(const Settings &settings)
     return finish("together", settings, ledger, faults);
 }
 
-/// Kills the server under several saving processes again and again: all of its processes, or one, whereupon it ends the
-/// sessions of the others by itself. Each worker is to end with the error of a lost session.
+/// Kills the server under several saving processes again and again. Each worker is to end with the error of a lost
+/// session.
 int crashes(const Settings &settings)
 {
     QRandomGenerator random(settings.seed);
@@ -115,12 +103,9 @@ int crashes(const Settings &settings)
     QStringList faults;
     for (int crash = 0; crash < settings.count && faults.isEmpty() && ledger.faults().isEmpty(); ++crash) {
         const auto workers = startWorkers(settings, -1);
-        QByteArray heard;
-        for (const int enough = random.bounded(1, 100);
-             heard.count('\n') < enough && workers[0]->waitForReadyRead(30000);)
-            heard += workers[0]->readAllStandardOutput();
+        QByteArray heard = heardFrom(*workers[0], random.bounded(1, 100));
         QThread::usleep(random.bounded(20000));
-        if (QProcess::execute(TAMRICK_TEST_SERVER, {"crash", settings.server, crash % 2 ? "one" : "all"}) != 0)
+        if (!crashServer(settings.server, crash % 2 == 0))
             faults += "the server did not start again";
         for (const auto &worker : workers) {
             worker->waitForFinished();

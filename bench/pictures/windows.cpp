@@ -64,33 +64,33 @@ void takeShipping(Studio &studio)
     studio.clear();
 }
 
+/// A form that shows the document whose number is typed into it, once the box is left for the next one.
+void takeDocument(Studio &studio, const QString &entry, const QString &form, const QString &number, const QString &next,
+                  const QString &picture, QSize size)
+{
+    studio.menu(entry);
+    FormDriver driver(form);
+    driver.type(number, "1");
+    driver.click(next);
+    studio.takeWindow(picture, size);
+}
+
 void takeReceivables(Studio &studio)
 {
     studio.menu("CreateInvoices");
     studio.takeWindow("create-invoices", {760, 460});
     studio.clear();
-    studio.menu("ReceivePayment");
-    FormDriver payment("frmReceivePayment");
-    payment.type("txtInvoice", "1");
-    payment.click("txtPayment");
-    studio.takeWindow("receive-payments", {760, 460});
-    payment.type("txtPayment", "0");
+    takeDocument(studio, "ReceivePayment", "frmReceivePayment", "txtInvoice", "txtPayment", "receive-payments",
+                 {760, 460});
+    FormDriver("frmReceivePayment").type("txtPayment", "0");
     studio.clear();
 }
 
 void takeStock(Studio &studio)
 {
-    studio.menu("Adjust");
-    FormDriver adjustment("frmInventoryAdjust");
-    adjustment.type("txtID", "1");
-    adjustment.click("dtDate");
-    studio.takeWindow("adjust-inventory", {980, 660});
+    takeDocument(studio, "Adjust", "frmInventoryAdjust", "txtID", "dtDate", "adjust-inventory", {980, 660});
     studio.clear();
-    studio.menu("Transfer");
-    FormDriver transfer("frmTransfer");
-    transfer.type("txtID", "1");
-    transfer.click("dtDate");
-    studio.takeWindow("transfer-inventory", {980, 660});
+    takeDocument(studio, "Transfer", "frmTransfer", "txtID", "dtDate", "transfer-inventory", {980, 660});
     studio.clear();
 }
 

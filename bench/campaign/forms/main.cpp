@@ -1,3 +1,4 @@
+#include "bench/campaign/child.h"
 #include "bench/campaign/forms/books.h"
 #include "bench/campaign/forms/clerk.h"
 #include "bench/campaign/forms/power.h"
@@ -32,24 +33,10 @@ QStringList workOf(const Campaign &campaign, const QString &role, int count)
             "--role", role,     "--count",     QString::number(count)};
 }
 
-std::unique_ptr<QProcess> startClerk(const Campaign &campaign, const QString &role, int count)
-{
-    auto clerk = std::make_unique<QProcess>();
-    clerk->start(QCoreApplication::applicationFilePath(), workOf(campaign, role, count));
-    clerk->waitForReadyRead(60000);
-    return clerk;
-}
-
 /// What stopped a clerk, without what the platform has to say on the same channel.
 QStringList faultsOf(QProcess &clerk)
 {
     return QString::fromUtf8(clerk.readAllStandardError()).split('\n').filter("fault: ");
-}
-
-void go(QProcess &clerk)
-{
-    clerk.write("\n");
-    clerk.waitForBytesWritten();
 }
 
 /// All of them, started together.
@@ -57,7 +44,7 @@ std::vector<std::unique_ptr<QProcess>> startClerks(const Campaign &campaign, int
 {
     std::vector<std::unique_ptr<QProcess>> clerks;
     for (const QString &role : campaign.roles)
-        clerks.push_back(startClerk(campaign, role, count));
+        clerks.push_back(startChild(workOf(campaign, role, count)));
     for (const auto &clerk : clerks)
         go(*clerk);
     return clerks;
@@ -91,13 +78,9 @@ void kills(Campaign &campaign, int openOrders)
 {
     QRandomGenerator random(campaign.seed);
     for (int kill = 1; kill <= campaign.count && campaign.faults.isEmpty(); ++kill) {
-        const auto clerk = startClerk(campaign, "everything", -1);
+        const auto clerk = startChild(workOf(campaign, "everything", -1));
         go(*clerk);
-        // After some saves, at any point of the next: the moment does not depend on how busy the machine is alone.
-        QByteArray said;
-        const int saves = random.bounded(8);
-        while (said.count('\n') <= saves && clerk->waitForReadyRead(60000))
-            said += clerk->readAllStandardOutput();
+        QByteArray said = heardFrom(*clerk, random.bounded(8) + 1);
         QThread::usleep(random.bounded(60000));
         clerk->kill();
         clerk->waitForFinished();
@@ -121,19 +104,15 @@ void together(Campaign &campaign, int openOrders)
     compare(campaign, said, openOrders, 0);
 }
 
-/// Kills the server under all clerks again and again: all of its processes, or one, whereupon it ends the sessions of
-/// the others by itself. Each clerk meets the error of a lost session.
+/// Kills the server under all clerks again and again. Each clerk meets the error of a lost session.
 void crashes(Campaign &campaign, int openOrders)
 {
     QRandomGenerator random(campaign.seed);
     for (int crash = 1; crash <= campaign.count && campaign.faults.isEmpty(); ++crash) {
         const auto clerks = startClerks(campaign, -1);
-        QByteArray said;
-        const int saves = random.bounded(4);
-        while (said.count('\n') <= saves && clerks[0]->waitForReadyRead(60000))
-            said += clerks[0]->readAllStandardOutput();
+        QByteArray said = heardFrom(*clerks[0], random.bounded(4) + 1);
         QThread::usleep(random.bounded(60000));
-        if (QProcess::execute(TAMRICK_TEST_SERVER, {"crash", campaign.server, crash % 2 ? "all" : "one"}) != 0)
+        if (!crashServer(campaign.server, crash % 2 == 1))
             campaign.faults += "the server did not start again";
         for (const auto &clerk : clerks) {
             clerk->waitForFinished();
