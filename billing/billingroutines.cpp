@@ -10,6 +10,8 @@ double GetShipmentCost(const QString &ShipmentIDs)
         "ShipmentItems.OrderLineItem = OrderItem.ItemNumber) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) WHERE "
         "Shipment.ID IN (" +
         ShipmentIDs + ")");
+    // A sum without groups always has its one row, which is Null for shipments without lines. Costs are today's, not
+    // those of the day the goods left.
     const Value total = rs.Eof() ? Value() : rs.Fields("TotalCost").value();
     rs.Close();
     return total.isNull() ? 0 : total.toDouble();

@@ -28,6 +28,7 @@ void frmCreateInvoices::formLoad()
     dtCutoff->setValue(Date::today());
     dtDate->setValue(Date::today());
     cmbCustomer->addItem(AllCustomers);
+    // Retired customers too: what they were sent is billed like anything else.
     fillCombo(cmbCustomer, "SELECT Customer FROM Customer ORDER BY Customer", "Customer");
     cmbCustomer->setText(AllCustomers);
 }
@@ -45,6 +46,7 @@ void frmCreateInvoices::btnPrint_Click()
         unload();
         return;
     }
+    // Whose the row at hand is; behind the last one nobody's, which closes the last invoice.
     const auto customerNow = [&] {
         if (shipments.Eof())
             return QString();
@@ -55,6 +57,8 @@ void frmCreateInvoices::btnPrint_Click()
         const QString customer = customerNow();
         shipmentIDs += (shipmentIDs.isEmpty() ? "" : ", ") + shipments.Fields("ID").text();
         shipments.MoveNext();
+        // Compared letter by letter: one customer's shipments under two spellings are two invoices. The statement sorts
+        // without regard to case, so the spellings may even take turns.
         if (customerNow() != customer) {
             createInvoice(customer, shipmentIDs);
             shipmentIDs.clear();
@@ -69,6 +73,7 @@ bool frmCreateInvoices::allCustomers() const
     return cmbCustomer->text() == AllCustomers;
 }
 
+// A shipment whose order is gone has no customer and sorts first; reading its Null name as a text is error 94.
 QString frmCreateInvoices::shipmentStatement() const
 {
     const QString cutoff = dtCutoff->value().toText();
@@ -86,12 +91,15 @@ QString frmCreateInvoices::shipmentStatement() const
 void frmCreateInvoices::createInvoice(const QString &customer, const QString &shipmentIDs)
 {
     const Conditions conditions = conditionsOf(customer);
+    // TOP 1 only gives a recordset to add to; the row found is not looked at.
     Recordset invoice = gDatabase->OpenRecordset("SELECT TOP 1 * FROM Invoice");
     invoice.AddNew();
     const QString number = invoice.Fields("ID").text();
     invoice.Fields("Invoice") = number;
     invoice.Fields("InvoiceDate") = dtDate->value();
     invoice.Fields("DueDate") = conditions.DueDate;
+    // The text as printed; the column reads the number out of it, so the invoice's amount is the printed one to the
+    // cent.
     invoice.Fields("Total") = Reports::PrintInvoice(shipmentIDs, number, dtDate->value().toText(), conditions.DueDate,
                                                     conditions.Terms, false);
     invoice.Fields("Cost") = GetShipmentCost(shipmentIDs);
@@ -106,12 +114,14 @@ void frmCreateInvoices::createInvoice(const QString &customer, const QString &sh
 frmCreateInvoices::Conditions frmCreateInvoices::conditionsOf(const QString &customer) const
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT Terms, Days FROM Customer WHERE Customer = '" + customer + "'");
+    // Without a row of that customer this is error 3021, and the run stops before anything was printed for him.
     const double days = Val(rs.Fields("Days").joined());
     const Conditions conditions{dtDate->value().addDays(days).toText(), rs.Fields("Terms").text()};
     rs.Close();
     return conditions;
 }
 
+// Behind the invoice's row: stopped in between, the shipments are billed again by the next run.
 void frmCreateInvoices::markInvoiced(const QString &shipmentIDs)
 {
     for (const QString &id : shipmentIDs.split(", ")) {

@@ -12,6 +12,7 @@ frmReceivePayment::frmReceivePayment()
       txtAdjustment(addMoney("txtAdjustment")), btnSave(addButton("btnSave", "Save")),
       btnExit(addButton("btnExit", "Cancel"))
 {
+    // The number that payments refer to; the one typed is only what stands on the paper.
     txtInvoiceID->hide();
     connect(txtInvoice, &TextBox::lostFocus, this, &frmReceivePayment::txtInvoice_LostFocus);
     connect(txtPayment, &MaskEdBox::lostFocus, this, &frmReceivePayment::txtPayment_LostFocus);
@@ -48,12 +49,14 @@ void frmReceivePayment::showBalance()
 {
     Recordset payments = gDatabase->OpenRecordset(
         "SELECT SUM(Adjustment) AS Adj, SUM(Amount) AS Total FROM Payments WHERE Invoice =" + txtInvoiceID->text());
+    // Sums over nothing are Null, which counts as 0.
     const double paid = Val(payments.Fields("Total").joined());
     const double adjusted = Val(payments.Fields("Adj").joined());
     payments.Close();
     txtBalance->setText(textOf(Val(txtAmount->text()) - adjusted - paid));
 }
 
+// Holds against the balance as the box shows it, and only when the box is left; the save looks at nothing again.
 void frmReceivePayment::txtPayment_LostFocus()
 {
     if (Val(txtBalance->text()) < Val(txtPayment->text())) {
@@ -81,6 +84,7 @@ void frmReceivePayment::btnSave_Click()
     payments.Fields("Invoice") = txtInvoiceID->text();
     payments.Fields("Date") = dtDate->value();
     payments.Fields("Amount") = txtPayment->text();
+    // An adjustment that is no number counts as none, while such a payment fails.
     payments.Fields("Adjustment") = IsNumeric(adjustment) ? Value(adjustment) : Value(0);
     payments.Update();
     payments.Close();

@@ -20,6 +20,7 @@ void frmInventoryAdjust::fillWarehouses()
     fillCombo(cmbWarehouse, "SELECT * FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
 }
 
+// Leaving the box empty again does not take the line entry away.
 void frmInventoryAdjust::cmbWarehouse_LostFocus()
 {
     if (!cmbWarehouse->text().isEmpty())
@@ -49,6 +50,8 @@ void frmInventoryAdjust::txtID_LostFocus()
     lines.Close();
 }
 
+// Nothing of an earlier save is taken back: the lines are replaced, and all of them are posted to the ledger once more,
+// under the warehouse now shown. Only a rebuild puts the ledger right; both are meant.
 void frmInventoryAdjust::btnSave_Click()
 {
     if (vsfgAdjustment->rows() <= 1 || cmbWarehouse->text().isEmpty()) {
@@ -64,6 +67,7 @@ void frmInventoryAdjust::btnSave_Click()
         details.Fields("PartNo") = vsfgAdjustment->textMatrix(row, PartColumn);
         details.Fields("Qty") = vsfgAdjustment->textMatrix(row, QtyColumn);
         details.Update();
+        // Overflows beyond 16 bits, when the line has been written already.
         UpdateAvailInv(cmbWarehouse->text(), vsfgAdjustment->textMatrix(row, PartColumn), CInt(quantity(row)));
     }
     details.Close();
@@ -80,9 +84,11 @@ void frmInventoryAdjust::saveHeader()
         header.Edit();
     } else {
         header.AddNew();
+        // The number is drawn by AddNew; behind Update the record at hand would be another.
         txtID->setText(header.Fields("ID").text());
     }
     header.Fields("Date") = dtDate->value();
+    // Always the last save, unlike the same column of customers and parts.
     header.Fields("DateAdded") = Date::now();
     header.Fields("Warehouse") = cmbWarehouse->text();
     header.Update();

@@ -16,6 +16,7 @@ frmTransfer::frmTransfer()
     layOut({{"From", cmbFrom}, {"To", cmbTo}});
 }
 
+// One walk fills both lists, so that they hold the same warehouses.
 void frmTransfer::fillWarehouses()
 {
     Recordset warehouses =
@@ -28,6 +29,7 @@ void frmTransfer::fillWarehouses()
     warehouses.Close();
 }
 
+// The two may be one warehouse; nothing objects, and the two postings of each line cancel out.
 void frmTransfer::cmbFrom_LostFocus()
 {
     if (!cmbFrom->text().isEmpty() && !cmbTo->text().isEmpty())
@@ -71,6 +73,7 @@ void frmTransfer::showHalves(qint16 FromID, const Value &ToID)
         "AdjustmentDetail.AdjustmentID) LEFT JOIN Part ON AdjustmentDetail.PartNo = Part.PartNo) WHERE "
         "AdjustmentHeader.ID = " +
         ToID.joined());
+    // An incoming half that is gone leaves the form as it stands, with the outgoing warehouse filled in.
     if (!(to.Bof() && to.Eof())) {
         dtDate->setValue(to.Fields("Date").value());
         cmbTo->setText(to.Fields("Warehouse").text());
@@ -91,6 +94,7 @@ void frmTransfer::btnSave_Click()
     unload();
 }
 
+// The halves keep their numbers for life: adjustments and registers know a transfer by these alone.
 frmTransfer::Halves frmTransfer::editHeaders()
 {
     Recordset transfer = gDatabase->OpenRecordset("SELECT * FROM TransferHeader WHERE ID = " + txtID->text());
@@ -168,8 +172,12 @@ void frmTransfer::saveToLines(const QString &ToID)
         details.AddNew();
         details.Fields("AdjustmentID") = ToID;
         details.Fields("PartNo") = part;
+        // As typed, so that the column converts it: text that is no number fails here, when the outgoing half stands
+        // already.
         details.Fields("Qty") = vsfgAdjustment->textMatrix(row, QtyColumn);
         details.Update();
+        // Both halves are posted here and not where the outgoing one is written, so a save that fails there has moved
+        // no stock in the ledger.
         UpdateAvailInv(cmbFrom->text(), part, CInt(quantity(row) * -1));
         UpdateAvailInv(cmbTo->text(), part, CInt(quantity(row)));
     }

@@ -34,6 +34,7 @@ const Pass passes[] = {
      -1},
 };
 
+/// Rounds once a group, where the running update rounds every line: two lines of 1.5 are 4 there and 3 here.
 /// Posts every group of a pass that has a warehouse, a part and a sum. The others are leftovers of the outer joins:
 /// headers without lines, shipment lines whose order line is gone.
 void post(const Pass &pass)
@@ -61,6 +62,8 @@ double availOf(const QString &sql)
 }
 } // namespace
 
+// Adds and never sets, so a document saved again counts again. The keys go into the text as they stand; should a pair
+// have two rows, the first one found is the ledger.
 void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
 {
     Recordset rs =
@@ -74,12 +77,15 @@ void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
         rs.AddNew();
         rs.Fields("Whse") = Whse;
         rs.Fields("Part") = Part;
+        // A quantity of 0 makes a row too.
         rs.Fields("Avail") = int(Qty);
         rs.Update();
     }
     rs.Close();
 }
 
+// Counts orders and no shipments: what is shipped has left the figure with its order line. The ledger is not asked, so
+// a rebuild changes nothing here.
 double GetAvailableQty(const QString &PartNo, const QString &Warehouse)
 {
     const double adjusted = availOf("SELECT SUM(Qty) AS Avail FROM AdjustmentHeader LEFT JOIN AdjustmentDetail ON "
@@ -102,11 +108,13 @@ QString GetOrderWarehouse(const QString &OrderID)
     return warehouse;
 }
 
+// Stopped half way it leaves the ledger half filled; there is no transaction, and the next rebuild repairs it.
 void RebuildAvailInv()
 {
     if (!MsgBoxYesNo("Are you sure you want to rebuild the Available Inventory Report?", "Rebuild Confirmation"))
         return;
     const Hourglass hourglass;
+    // The passes only add.
     gDatabase->Execute("DELETE * FROM AvailInv");
     for (const Pass &pass : passes)
         post(pass);

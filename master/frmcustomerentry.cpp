@@ -107,6 +107,8 @@ void frmCustomerEntry::ShowCustomer()
     m_record.show();
 }
 
+// An empty box is no number either, so it cannot be left empty once it was entered. The title says Terms all the same;
+// staff know the box by it.
 void frmCustomerEntry::txtDays_LostFocus()
 {
     if (IsNumeric(txtDays->text()))

@@ -20,6 +20,7 @@ frmPartEntry::frmPartEntry()
     using enum MasterRecord::Written;
     m_record.bind({
         {cmbCategory, "Category"},
+        // What is written only when filled can be changed and never cleared; a new part takes the column's default.
         {cmbVendor, "Vendor", WhenNotEmpty},
         {txtLeadTime, "LeadTime", WhenNotEmpty},
         {txtSuperceded, "Superceded", WhenNotEmpty},
@@ -71,6 +72,7 @@ void frmPartEntry::formLoad()
     m_record.fillKeys();
 }
 
+// Vendors may be Null, which a list does not take; categories are required and cannot be.
 void frmPartEntry::fillVendors()
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT DISTINCT Vendor FROM Part Order By Vendor");
@@ -82,6 +84,7 @@ void frmPartEntry::fillVendors()
     rs.Close();
 }
 
+// Runs at every key, so a shorter number that exists is shown on the way to the longer one.
 void frmPartEntry::ShowPart()
 {
     m_record.show();

@@ -33,6 +33,8 @@ void frmOrderEntry::formLoad()
     RefreshGrid();
 }
 
+// Categories and prices stand in two hidden lists at the part's index. The prices are those of this moment: one changed
+// meanwhile reaches the form when it is loaded again.
 void frmOrderEntry::loadParts()
 {
     Recordset rs =
@@ -53,6 +55,7 @@ void frmOrderEntry::loadParts()
 
 void frmOrderEntry::formUnload()
 {
+    // With the criteria as they stand there, so that the order saved shows or not.
     if (gOrderNavigatorOpen)
         static_cast<frmOrderNavigator *>(Forms::loaded("frmOrderNavigator"))->UpdateGrids();
 }
@@ -65,6 +68,7 @@ void frmOrderEntry::cmbCustomer_Click()
     rs.Close();
 }
 
+// Informs and stops nobody.
 void frmOrderEntry::cmbCustomer_LostFocus()
 {
     txtOverDue->setText(textOf(OverdueBalance(cmbCustomer->text())));
@@ -107,6 +111,7 @@ void frmOrderEntry::showShipTo(const Recordset &rs)
     txtFax->setText(rs.Fields("ShipToFax").joined());
 }
 
+// The order total is left alone: an order opened again shows the stored one until a line changes.
 void frmOrderEntry::RefreshGrid()
 {
     vsfgItems->setRows(0);
@@ -128,6 +133,8 @@ void frmOrderEntry::RefreshGrid()
     formatGrid(vsfgItems, {PriceEach, PriceExt});
 }
 
+// An unknown order leaves the fields as they are. A customer or a warehouse that has been retired since is in no list,
+// and the text set is error 383.
 void frmOrderEntry::OpenOrder(qint16 ID)
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Orders WHERE ID = " + QString::number(ID));
@@ -162,6 +169,7 @@ void frmOrderEntry::OpenOrder(qint16 ID)
 // The lines. They live in the grid until the order is saved. The number in a row's first column is the row's index;
 // changing a line relies on it and deleting one keeps it.
 
+// Runs whenever the box is left, so passing through it again overwrites a price typed by hand.
 void frmOrderEntry::cmbPart_LostFocus()
 {
     const Hourglass hourglass;
@@ -179,11 +187,13 @@ void frmOrderEntry::cmbPart_LostFocus()
     }
 }
 
+// Not rounded; so is the total.
 void frmOrderEntry::showLineAmount()
 {
     lblPriceExt->setText(textOf(Val(txtPriceEach->text()) * Val(txtQty->text())));
 }
 
+// The amount cells are converted as a whole, not by their leading number, so that "$1,200.00" counts in full.
 void frmOrderEntry::UpdateTotal()
 {
     double total = 0;
@@ -199,6 +209,7 @@ void frmOrderEntry::vsfgItems_AfterRowColChange(int newRow)
 {
     if (newRow <= 0)
         return;
+    // The availability stays that of the part chosen last.
     lblItem->setText(vsfgItems->textMatrix(newRow, ItemNumber));
     txtQty->setText(vsfgItems->textMatrix(newRow, Qty));
     cmbPart->setText(vsfgItems->textMatrix(newRow, PartNo));
@@ -208,6 +219,7 @@ void frmOrderEntry::vsfgItems_AfterRowColChange(int newRow)
     setFocusTo(txtQty);
 }
 
+// Any quantity passes, negative ones and more than there is.
 void frmOrderEntry::btnSaveItem_Click()
 {
     if (cmbPart->text().isEmpty() || !IsNumeric(txtQty->text()) || !IsNumeric(txtPriceEach->text())) {
@@ -226,6 +238,7 @@ void frmOrderEntry::btnSaveItem_Click()
 void frmOrderEntry::addLine()
 {
     const int last = vsfgItems->rows() - 1;
+    // One more than the last line's, not the number of lines.
     const double item = last == 0 ? 1 : CDbl(vsfgItems->textMatrix(last, ItemNumber)) + 1;
     vsfgItems->addItem(textOf(item) + "\t" + txtQty->text() + "\t" + cmbPart->text() + "\t" +
                        cmbCategory->list(cmbPart->listIndex()) + "\t" + txtPriceEach->text() + "\t" +
@@ -287,6 +300,7 @@ void frmOrderEntry::btnDeleteItem_Click()
     if (!MsgBoxYesNo("Are you sure you want to delete Line Item " + lblItem->text() + "?", "Delete Confirmation"))
         return;
     for (int row = current; row <= vsfgItems->rows() - 2; ++row)
+        // Column 0 stays in place, so that the numbers go on running from 1 without a gap.
         for (int col = 1; col <= 6; ++col)
             vsfgItems->setTextMatrix(row, col, vsfgItems->textMatrix(row + 1, col));
     vsfgItems->setRows(vsfgItems->rows() - 1);
@@ -349,6 +363,7 @@ void frmOrderEntry::saveHeader()
 
 void frmOrderEntry::saveLines()
 {
+    // Written anew from the grid, by the numbers that stand there.
     gDatabase->Execute("DELETE FROM OrderItem WHERE OrderID = " + lblID->text());
     Recordset rs = gDatabase->OpenRecordset("SELECT * FROM OrderItem WHERE OrderID = " + lblID->text());
     for (int row = 1; row < vsfgItems->rows(); ++row) {
@@ -369,6 +384,7 @@ void frmOrderEntry::saveLines()
 // Books the goods as shipped and no more: neither ledger nor status is touched.
 void frmOrderEntry::bookDropShipment()
 {
+    // A new shipment at every save with the box checked.
     Recordset shipment = gDatabase->OpenRecordset("SELECT TOP 1 *  FROM Shipment");
     shipment.AddNew();
     const QString shipmentID = shipment.Fields("ID").text();

@@ -79,6 +79,7 @@ void frmOrderNavigator::layOut()
 
 void frmOrderNavigator::formLoad()
 {
+    // The order form asks this flag when it goes, and has the list searched anew.
     gOrderNavigatorOpen = true;
     placeNavigator(this, 9000, mainWindowTwips().height() * 0.9);
     cmbStatus->addItems({"Open", "Closed", "Void"});
@@ -117,6 +118,8 @@ QString frmOrderNavigator::searchStatement() const
     return "SELECT * FROM Orders" + criteria.clause() + " ORDER BY Orders.Customer, Orders.OrderNumber";
 }
 
+// The frame of the lines keeps naming the order last shown, over an empty grid, until another is picked or all is
+// cleared.
 void frmOrderNavigator::UpdateGrids()
 {
     const Hourglass hourglass;
@@ -153,6 +156,7 @@ void frmOrderNavigator::fillOrders(Recordset &rs)
     }
 }
 
+// Runs its statement for every row that the arrow keys pass.
 void frmOrderNavigator::vsfgOrders_AfterRowColChange(int newRow)
 {
     if (newRow <= 0)
@@ -186,6 +190,7 @@ void frmOrderNavigator::vsfgOrders_DblClick(int row)
     static_cast<frmOrderEntry *>(Load("frmOrderEntry"))->OpenOrder(id);
 }
 
+// The two dates stay; without the check mark they filter nothing.
 void frmOrderNavigator::btnClear_Click()
 {
     cmbWarehouse->setListIndex(-1);

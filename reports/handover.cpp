@@ -6,6 +6,7 @@
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/forms/forms.h"
 
+// The window is made before any data work, and shown when the report stands: a run that fails leaves none behind.
 HandOver::HandOver(Pointer pointer, Output output) : m_pointer(pointer), m_output(output)
 {
     if (m_output == Output::OwnWindow)
@@ -26,6 +27,8 @@ Report &HandOver::bind(const char *designer, Recordset data)
 
 void HandOver::readRows()
 {
+    // All rows are taken now, so that the recordset can be closed and its scratch tables filled again by the next run
+    // while this window goes on showing its own.
     m_report->DiscardSavedData();
     m_report->ReadRecords();
 }
@@ -46,6 +49,7 @@ void HandOver::deliver(const QString &title)
         showIn(*viewer, title);
         break;
     }
+    // A second run shows its report in the window of the first.
     case Output::SharedWindow:
         showIn(*static_cast<Viewer *>(Load("Viewer")), title);
         break;

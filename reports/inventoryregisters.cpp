@@ -12,6 +12,8 @@ constexpr QLatin1String AllCategories("***All Categories***");
 constexpr std::array TotalsOnly{"secTotalsHeads", "secTotals", "secTotalsOfGroup", "secTotalsGrandTotal"};
 constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal", "secGroupFooter1", "secGrandTotal"};
 
+/// Takes the whole history up to the end date, of which the begin date only cuts off the balance. A part that moved
+/// before and came to nothing has a balance of 0; one that never moved has none.
 void fillRegister(const QString &BeginDate, const QString &EndDate, const QString &Category)
 {
     const QString filter = Category == AllCategories ? QStringLiteral(" ") : " AND Part.Category = '" + Category + "'";
@@ -80,6 +82,7 @@ void Reports::ReportAvailableInventoryByPart(const QString &BeginDate, const QSt
                    DisplayDetails, Category);
 }
 
+// Every part under every warehouse, whether it ever stood there or not: a pair without a ledger row has Null.
 void Reports::ReportQuickAvailInv(const QString &Warehouse)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -96,6 +99,7 @@ void Reports::ReportQuickAvailInv(const QString &Warehouse)
     handOver.deliver("Quick Available Inv, " + QString(Warehouse).remove('*'));
 }
 
+// One line for each part of the count taken on 2/28/2003, which stands fixed in the statements, and for no other part.
 void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -116,6 +120,8 @@ void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndD
     gDatabase->Execute("SELECT OrderItem.PartNo, SUM(ShipmentItems.Qty) AS PrevSalesQty INTO tmpInventoryRegister4" +
                        shippedLines + "AND Shipment.Date >= #2/28/2003# AND Shipment.Date < #" + BeginDate +
                        "# GROUP BY OrderItem.PartNo");
+    // The current stock is asked for part by part, over all movements. The front end joins the sums instead, where the
+    // table has no index to look them up by.
     DropTableIfExists("tmpjuniorspeedtest");
     gDatabase->Execute(
         "SELECT FebInventory.Part, Part.Cost, "

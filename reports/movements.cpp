@@ -9,6 +9,7 @@ void add(const QString &select, const QString &EndDate, const QString &filter)
                        "# " + filter);
 }
 
+/// Quantities come as they are stored, negative on the sending side. Costs are today's, here and below.
 QString transferSide(const QString &idColumn)
 {
     return " SELECT AdjustmentHeader.Warehouse, AdjustmentDetail.PartNo,AdjustmentHeader.Date,AdjustmentDetail.Qty,"
@@ -49,6 +50,7 @@ void Movements::addAdjustments(const QString &EndDate, const QString &filter)
         EndDate, filter);
 }
 
+// The same rows as above by way of a list of all halves, as this one report has always built them.
 void Movements::addAdjustmentsByList(const QString &EndDate)
 {
     gDatabase->Execute("DELETE * FROM tmpTransferHeaderIDs");
@@ -57,6 +59,7 @@ void Movements::addAdjustmentsByList(const QString &EndDate)
     add(adjustments("AdjustmentHeader.ID NOT IN (SELECT ID FROM tmpTransferHeaderIDs)"), EndDate, {});
 }
 
+// On the day the goods left, invoiced or not, unlike the sales figures.
 void Movements::addShipments(const QString &EndDate, const QString &filter)
 {
     add(" SELECT Orders.WareHouse, OrderItem.PartNo,Shipment.Date,ShipmentItems.Qty*-1,Part.Cost,'Shipment ID - ' & "

@@ -41,6 +41,8 @@ void addRow(Recordset &table, std::initializer_list<std::pair<const char *, Valu
     table.Update();
 }
 
+/// The row that ends the data is read like any other and falls to the test behind it; a paid invoice is passed over,
+/// one without a number ends everything.
 void readInvoices(const QString &path)
 {
     const Workbook workbook = Workbook::open(path);
@@ -61,6 +63,7 @@ void readInvoices(const QString &path)
     table.Close();
 }
 
+/// Ends at the first row without a customer number; one with a number and no name is passed over.
 void readCustomers(const QString &path)
 {
     const Workbook workbook = Workbook::open(path);
@@ -133,6 +136,7 @@ void readProduction(const QString &path)
     readStock(
         path, "-",
         [](const SheetRows &rows) {
+            // Cells are read in this order, as the first one that holds an error value ends the run.
             const QString suffix = rows.cell(3);
             const QString Part = rows.cell(2) + "-" + suffix.right(3);
             return StockRow{Part, PlantWarehouse, rows.cell(4)};
@@ -150,6 +154,8 @@ void readTransfers(const QString &path)
             return StockRow{rows.cell(2), rows.cell(4), rows.cell(3)};
         },
         [](Recordset &table, const StockRow &row) {
+            // The one quantity goes in as the text it is, the other as its leading number: one that is no number fails
+            // at the first.
             addMovement(table, row.Part, row.Warehouse, "Transfer", row.Qty);
             addMovement(table, row.Part, PlantWarehouse, "Transfer", Val(row.Qty) * -1);
         });
@@ -171,6 +177,7 @@ void reportInventory(const char *designer, const QString &title)
 {
     HandOver handOver(HandOver::Pointer::Owned, HandOver::Output::SharedWindow);
     const WorkbookPaths paths = workbookPaths();
+    // The opening balances came with the database and stay.
     gDatabase->Execute("DELETE * FROM Inventory WHERE Tran <> 'Beg Bal'");
     readProduction(paths.ProductionWorkbookPath);
     readTransfers(paths.TransferWorkbookPath);

@@ -36,12 +36,14 @@ QString invoiceTotal(const QString &ShipmentIDs)
         Total = lines.Fields("Total").isNull() ? "0" : lines.Fields("Total").text();
     lines.Close();
 
+    // By way of the texts, as the totals were always taken; halves of a cent go to the even one.
     const double sum = Val(TotalFreight.toText()) + Val(TotalAdjustment.toText()) + Val(Total);
     return Format(roundTo2(sum), InvoiceTotalFormat);
 }
 
 } // namespace
 
+// In the order in which the shelves are walked, by category and part, not in that of the order's lines.
 void Reports::PrintPickTicket(const QString &OrderID)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -78,6 +80,8 @@ void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
     handOver.deliver("Packing Slip, shipment " + ShipmentID);
 }
 
+// Computed anew at each call: a reprint shows today's prices and freight of the shipments, whatever amount was stored.
+// The due date is handed in and printed nowhere.
 QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &InvoiceNumber, const QString &InvoiceDate,
                               const QString & /*DueDate*/, const QString &Terms, bool Preview)
 {
@@ -96,6 +100,7 @@ QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &Invoice
             "OrderItem.ItemNumber = ShipmentItems.OrderLineItem) LEFT JOIN Part ON OrderItem.PartNo = Part.PartNo) "
             "WHERE Shipment.ID IN (" +
             ShipmentIDs + ") AND Shipment.ID = ShipmentItems.ShipmentID ORDER BY Orders.ID,OrderItem.ItemNumber"));
+    // What is known of the invoice as such: the rows are those of its shipments.
     report.object("txtInvoiceNumber").SetText(InvoiceNumber);
     report.object("txtTerms").SetText(Terms);
     report.object("txtInvoiceDate").SetText(InvoiceDate);

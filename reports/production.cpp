@@ -91,6 +91,7 @@ QString title(const char *report, qint16 Months, qint16 Req)
 Report &bindSummary(HandOver &handOver, const char *designer, qint16 Months, qint16 Req, const QString &order)
 {
     fillSummary(Months, Req);
+    // The rows sum up by the two constants too, which are the same in all of them.
     Report &report = handOver.bind(
         designer,
         gDatabase->OpenRecordset("SELECT Warehouse, PartNo, Months, Req, SUM(QtySold) AS SumQtySold, SUM(QtyOnHand) AS "
@@ -109,6 +110,7 @@ void Reports::ReportProductionByWhsePart(qint16 Months, qint16 Req, bool Suppres
     HandOver handOver(HandOver::Pointer::NotOwned);
     Report &report = bindSummary(handOver, "crptProductionWhsePart", Months, Req, "Warehouse, PartNo");
     if (SuppressBlank)
+        // A formula text must be set before the rows are read, when the layout is parsed.
         report.setFormulaText(4, "if ({@Req} = 0) then true");
     handOver.readRows();
     handOver.deliver(title("Production By Whse/Part", Months, Req));

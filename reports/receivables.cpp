@@ -9,6 +9,7 @@ namespace {
 
 constexpr QLatin1String NameSeparator("*SPACE*");
 
+/// Payments up to that day alone, so that the listing tells how the accounts stood then.
 void copyPayments(const QString &AsOfDate)
 {
     DropTableIfExists("tmpOpenInvoices");
@@ -16,6 +17,7 @@ void copyPayments(const QString &AsOfDate)
     gDatabase->Execute("SELECT * INTO tmpPayments FROM Payments WHERE Date <= #" + AsOfDate + "#");
 }
 
+/// Invoices without any payment have Null sums.
 void zeroNullSums()
 {
     gDatabase->Execute("UPDATE tmpOpenInvoices SET Received = 0 WHERE ISNULL(Received)");
@@ -35,6 +37,7 @@ QString customersWithoutOverdue(const Date &limit)
     const Field Adjustment = invoices.Fields("Adjustment");
     const Field Received = invoices.Fields("Received");
     QString names;
+    // With no invoice at all this is error 3021. Nothing guards the pass against it.
     QString customer = Customer.text();
     bool overdue = false;
     while (!invoices.Eof()) {
@@ -55,6 +58,8 @@ QString customersWithoutOverdue(const Date &limit)
     return names;
 }
 
+/// Each name goes by a statement of its own, which finds it in any spelling: a customer spelled in two ways is dropped
+/// with both when one of them has nothing overdue.
 void dropCustomers(const QString &names)
 {
     qsizetype begin = 0;
@@ -72,6 +77,7 @@ void keepOverdueCustomers(const QString &AsOfDate, const QString &OverDays)
     dropCustomers(customersWithoutOverdue(limit));
 }
 
+/// An invoice of no shipments ("0") has no charges to sum.
 double sumOrZero(const Field &sum)
 {
     const Value value = sum.value();
@@ -91,6 +97,8 @@ bool databaseHasTable(const QString &name)
 
 } // namespace
 
+// Paid invoices are in the dataset too; what becomes of them is for the layout. Days typed filter whether the check box
+// beside them is set or not.
 void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, const QString &OverDays)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -115,6 +123,7 @@ void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, 
             "tmpOpenInvoices.Customer = Customer.Customer  WHERE InvoiceDate <= #" +
             AsOfDate + "# ORDER BY tmpOpenInvoices.Customer,ID"));
     report.object("txtAsOfDate").SetText(AsOfDate);
+    // The layout's three sections that show single invoices.
     if (SummaryOnly) {
         for (const char *object : {"Details", "InvoiceHeads", "CustomerHeader"})
             report.object(object).setSuppress(true);
@@ -130,6 +139,7 @@ void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, 
                      (SummaryOnly ? ", summary" : ""));
 }
 
+// The condition on the customer drops invoices of names that are no customer, though the join keeps them.
 void Reports::ShowStatementReport(const QString &AsOfDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -161,6 +171,7 @@ void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDa
 {
     HandOver handOver(HandOver::Pointer::Owned);
     gDatabase->Execute("DELETE * FROM tmpARTran");
+    // Kept open and added to while the invoices are read, one statement for the charges of each.
     auto transactions = gDatabase->OpenRecordset("SELECT * FROM tmpARTran");
     auto invoices = gDatabase->OpenRecordset(
         "SELECT Invoice.Customer, Invoice.Invoice, Invoice.InvoiceDate, Invoice.DueDate, Invoice.Terms, "

@@ -9,6 +9,7 @@
 
 namespace {
 
+/// Dates are shown as the dialog gave them.
 void deliver(HandOver &handOver, Report &report, const QString &name, const QString &BeginDate, const QString &EndDate)
 {
     report.object("txtBeginDate").SetText(BeginDate);

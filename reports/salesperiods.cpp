@@ -25,11 +25,14 @@ void leaveLeapDay(DateParts &date)
 
 } // namespace
 
+// Dates are cut as texts, and both ends of last year's period take the year of the end date. So a period that runs over
+// New Year has none a year before; that is meant.
 SalesPeriods salesPeriods(const QString &BeginDate, const QString &EndDate)
 {
     DateParts begin = partsOf(BeginDate);
     DateParts end = partsOf(EndDate);
     const QString LastYear = textOf(Val(end.year) - 1);
+    // The whole of the leap year rule: two digits, by four.
     if (CInt(Val(LastYear.right(2))) % 4 != 0) {
         leaveLeapDay(begin);
         leaveLeapDay(end);

@@ -4,6 +4,7 @@
 static int lastDayOf(int month)
 {
     switch (month) {
+    // In leap years too: sales of a 29 February count in no window that ends with it.
     case 2:
         return 28;
     case 4:
@@ -19,6 +20,7 @@ static int lastDayOf(int month)
 SalesWindow salesWindow(int Months)
 {
     const Date today = Date::today();
+    // Moving back by months clamps to the last day, which matters to neither end: both become whole months.
     const QDate start = today.addMonths(-Months).date();
     const QDate end = today.addMonths(-1).date();
     return {QString("%1/1/%2").arg(start.month()).arg(start.year()),

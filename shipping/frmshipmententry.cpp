@@ -33,6 +33,7 @@ frmShipmentEntry::frmShipmentEntry()
       btnShipAll(addButton("btnShipAll", "Ship All")), btnSave(addButton("btnSave", "Save and Close")),
       btnExit(addButton("btnExit", "Exit"))
 {
+    // What new shipments go by unless the clerk says otherwise.
     txtShipVia->setText("UPS Ground");
     for (TextBox *box : {txtShipTo, txtAddress1, txtAddress2, txtCity, txtState, txtZip})
         box->setReadOnly(true); // the order's, for display only
@@ -85,6 +86,7 @@ void frmShipmentEntry::cmbOrder_Click()
     FillOrder(cmbOrderID->list(cmbOrder->listIndex()));
 }
 
+// Asks the text shown and not the number handed in: an order whose entry is blank is not filled.
 void frmShipmentEntry::FillOrder(const QString &OrderID)
 {
     if (cmbOrder->text().isEmpty())
@@ -123,6 +125,7 @@ void frmShipmentEntry::fillLines(const QString &OrderID)
     formatGrid(vsfgItems, {PriceEach, PriceExt});
 }
 
+// Asked for each cell that is merely entered, too.
 void frmShipmentEntry::vsfgItems_BeforeEdit(int, int col, bool &cancel)
 {
     cancel = col != ThisShipment;
@@ -146,6 +149,8 @@ void frmShipmentEntry::btnShipAll_Click()
         vsfgItems->setTextMatrix(row, ThisShipment, textOf(number(row, QtyOrdered) - number(row, PrevShipped)));
 }
 
+// Each step commits by itself. The order's status comes last, behind the question: stopped at it, the goods have left
+// and the order still counts as it did.
 void frmShipmentEntry::btnSave_Click()
 {
     if (!hasItems() || cmbCustomer->text().isEmpty()) {
@@ -155,6 +160,7 @@ void frmShipmentEntry::btnSave_Click()
     const QString orderID = saveHeader();
     saveLines();
     do
+        // Only Yes leaves the loop, and every No prints two more copies.
         Reports::PrintPackingSlip(txtID->text(), false);
     while (!MsgBoxYesNo("Did the Shipping Ticket Print OK?", "Print Confirmation"));
     UpdateOrderStatus(orderID);
@@ -203,6 +209,7 @@ void frmShipmentEntry::saveLines()
     gDatabase->Execute("DELETE FROM ShipmentItems WHERE ShipmentID = " + txtID->text());
     Recordset items = gDatabase->OpenRecordset("SELECT TOP 1 * FROM ShipmentItems");
     for (int row = 1; row < vsfgItems->rows(); ++row) {
+        // A line set back to 0 loses its row; what it has done to the ledger stays.
         if (number(row, ThisShipment) == 0)
             continue;
         items.AddNew();
@@ -218,6 +225,7 @@ void frmShipmentEntry::saveLines()
     items.Close();
 }
 
+// Of an order that is no longer open the list has no entry; its number is then the text that OpenShipment put there.
 QString frmShipmentEntry::shownOrderID() const
 {
     const int index = cmbOrder->listIndex();
@@ -229,6 +237,8 @@ double frmShipmentEntry::number(int row, int col) const
     return Val(vsfgItems->textMatrix(row, col));
 }
 
+// The order of the assignments counts: the customer's text appends his open orders to the lists before the number and
+// the order are set. A customer retired since is in no list, and his text is error 383.
 void frmShipmentEntry::OpenShipment(const QString &ShipmentID)
 {
     if (ShipmentID.isEmpty())
@@ -250,6 +260,7 @@ void frmShipmentEntry::OpenShipment(const QString &ShipmentID)
         // An empty carrier leaves the one that new shipments start with.
         if (const QString via = shipment.Fields("Via").joined(); !via.isEmpty())
             txtShipVia->setText(via);
+        // Invoiced: it may be looked at and even typed over, but not stored.
         if (shipment.Fields("Invoiced").value().toBoolean())
             btnSave->setEnabled(false);
         FillOrder(shipment.Fields("Orders.ID").text());

@@ -34,6 +34,7 @@ frmShipmentNavigator::frmShipmentNavigator()
 
 void frmShipmentNavigator::formLoad()
 {
+    // Kept like its counterpart of the orders, though nobody asks it: a saved shipment shows after the next search.
     gShipmentNavigatorOpen = true;
     placeNavigator(this, mainWindowTwips().width() * 0.9, mainWindowTwips().height() * 0.9);
     fillCombo(cmbCustomer, "SELECT Customer FROM Customer WHERE Status = 'Active' ORDER BY Customer", "Customer");
@@ -58,6 +59,7 @@ void frmShipmentNavigator::btnFind_Click()
     UpdateGrids();
 }
 
+// The caption is set back here too, though picking a shipment never changes it.
 void frmShipmentNavigator::btnClear_Click()
 {
     cmbCustomer->setListIndex(-1);
@@ -75,6 +77,8 @@ void frmShipmentNavigator::UpdateGrids()
     vsfgItems->setRows(0);
 }
 
+// The columns of both tables share names, so the grid reads them by their qualified ones. A shipment whose order is
+// gone is listed with empty columns.
 QString frmShipmentNavigator::searchStatement() const
 {
     const QString sql =
@@ -106,6 +110,8 @@ void frmShipmentNavigator::fillShipments(const QString &sql)
                 invoiced = rs.Fields("Shipment.Invoiced");
     while (!rs.Eof()) {
         vsfgShipments->addItem({customer.joined(), number.joined(), id.joined(), date.joined(), orderID.joined(),
+                                // Empty parts keep their commas here; the order list leaves the second address line
+                                // out.
                                 shipTo.joined() + ", " + address1.joined() + ", " + address2.joined() + ", " +
                                     city.joined() + ", " + state.joined() + "  " + zip.joined(),
                                 invoiced.joined()});

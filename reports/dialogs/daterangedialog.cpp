@@ -30,6 +30,7 @@ void DateRangeDialog::btnOK_Click()
     std::optional<Hourglass> hourglass;
     if (m_pointer == Pointer::Owned)
         hourglass.emplace();
+    // Handed on as they stand; a begin behind the end gives an empty report.
     const QString BeginDate = dtStart->value().toText();
     const QString EndDate = dtEnd->value().toText();
     m_routine(BeginDate, EndDate);

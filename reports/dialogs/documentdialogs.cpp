@@ -6,6 +6,7 @@
 
 frmPickTicket::frmPickTicket() : KeyedSelectionDialog("frmPickTicket", "Pick Ticket") {}
 
+// Open orders only; what is closed or void is not picked.
 void frmPickTicket::formLoad()
 {
     auto orders = gDatabase->OpenRecordset("SELECT * FROM Orders WHERE Status = 'Open' ORDER BY Customer,OrderNumber");

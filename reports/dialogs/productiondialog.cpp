@@ -12,6 +12,7 @@ ProductionDialog::ProductionDialog(const QString &name, const QString &caption, 
     m_fields->add("Number of Months to take Average", txtMonths);
     txtReq = addText("txtReq");
     setFieldWidth(txtReq, 8);
+    // The months are selected when the box is entered and the requirements are not. Staff are used to it.
     txtReq->setSelectAllOnFocus(false);
     m_fields->add("Requirements", txtReq);
     chkSupp = addCheck("chkSupp", "Suppress Blank Requirements");
@@ -33,6 +34,7 @@ void ProductionDialog::btnOK_Click()
     }
     const Hourglass hourglass;
     const bool SuppressBlank = chkSupp->isChecked();
+    // Beyond 16 bits error 6, under the hourglass.
     const qint16 Months = CInt(Val(txtMonths->text()));
     const qint16 Req = CInt(Val(txtReq->text()));
     m_routine(Months, Req, SuppressBlank);

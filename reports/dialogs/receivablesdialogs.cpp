@@ -34,6 +34,7 @@ frmOpenInvoicesReport::frmOpenInvoicesReport()
     m_fields->add("As Of", dtDate);
     chkOver = addCheck("chkOver", "Only Over");
     txtDays = addText("txtDays");
+    // The days filter by what is typed. The check box before them only asks for a number.
     txtDays->setSelectAllOnFocus(false);
     setFieldWidth(txtDays, 5);
     auto *over = new QWidget(this);
@@ -88,6 +89,7 @@ void frmCustomerRegister::formLoad()
     dtEndDate->setValue(Date::today());
 }
 
+// An empty customer is handed on like any other and gives an empty register.
 void frmCustomerRegister::btnPrint_Click()
 {
     Reports::ShowCustomerRegister(cmbCustomer->text(), dtBeginDate->value().toText(), dtEndDate->value().toText());

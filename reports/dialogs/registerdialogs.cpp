@@ -25,6 +25,7 @@ void RegisterDialog::formLoad()
     auto categories = gDatabase->OpenRecordset("SELECT DISTINCT Category FROM Part ORDER BY Category");
     while (!categories.Eof()) {
         const Value Category = categories.Fields("Category").value();
+        // Parts loaded from elsewhere may have no category.
         if (!Category.joined().isEmpty())
             cmbCategory->addItem(Category);
         categories.MoveNext();
@@ -38,6 +39,7 @@ frmAvailableInventory::frmAvailableInventory() : RegisterDialog("frmAvailableInv
     chkExport = addCheck("chkExport", "Export Friendly");
     m_routine = [this](const QString &BeginDate, const QString &EndDate) {
         if (chkExport->isChecked())
+            // A form for spreadsheets has no details, whatever the other box says.
             Reports::ReportAvailableInventoryExport(BeginDate, EndDate, false, cmbCategory->text());
         else
             Reports::ReportAvailableInventory(BeginDate, EndDate, chkDetails->isChecked(), cmbCategory->text());

@@ -6,6 +6,7 @@ ReportDialog::ReportDialog(const QString &name, const QString &caption, const ch
                            const QString &startCaption)
     : Form(name, caption)
 {
+    // Its few fields gain nothing from a larger window, and a maximised one would be mostly empty.
     setResizable(false);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);

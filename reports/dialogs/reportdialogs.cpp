@@ -41,6 +41,8 @@ Entry production(const char *name, const char *caption, ProductionDialog::Routin
 
 std::vector<std::pair<QString, Forms::Factory>> reportForms()
 {
+    // Which dialogs own the pointer follows their reports: where the routine sets it the dialog does not. The inventory
+    // sales report sets it twice and clears it twice.
     using enum DateRangeDialog::Pointer;
     return {
         form<Viewer>("Viewer"),

@@ -34,5 +34,6 @@ void frmInventorySalesReport::placeControls()
     QLabel *notice = addLabel("Label3", "Notice: This report will take several minutes to compile all of the "
                                         "necessary data. Please be patient.");
     notice->setWordWrap(true);
+    // Below everything, over the whole width.
     m_fields->addWidget(notice, m_fields->rowCount(), 0, 1, -1);
 }

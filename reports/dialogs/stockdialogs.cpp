@@ -23,6 +23,7 @@ frmAdjustmentControlReport::frmAdjustmentControlReport()
 {
 }
 
+// All adjustments, both halves of every transfer among them; the newest first.
 void frmAdjustmentControlReport::formLoad()
 {
     auto adjustments = gDatabase->OpenRecordset("SELECT * FROM AdjustmentHeader ORDER BY ID DESC,Date DESC");
@@ -48,6 +49,7 @@ frmTransferControlReport::frmTransferControlReport()
 {
 }
 
+// The date shown is that of the sending half.
 void frmTransferControlReport::formLoad()
 {
     auto transfers = gDatabase->OpenRecordset("SELECT * FROM TransferHeader LEFT JOIN AdjustmentHeader ON "

@@ -28,6 +28,7 @@ void Form::unload()
     if (m_unloading)
         return;
     m_unloading = true;
+    // Before the form's own routine: what goes raises no LostFocus, whatever that routine does to the controls.
     ProgramFocus::removeAllIn(this);
     formUnload();
     if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget())) {
@@ -53,6 +54,8 @@ void Form::resizeEvent(QResizeEvent *event)
 void Form::focusFirst()
 {
     const auto first = std::find_if(m_tabOrder.begin(), m_tabOrder.end(), [this](const QWidget *control) {
+        // A form that is not shown yet has no visible controls; what was hidden on purpose is told by the explicit
+        // mark.
         return control->isEnabledTo(this) && !control->testAttribute(Qt::WA_WState_ExplicitShowHide);
     });
     if (first != m_tabOrder.end())
@@ -62,6 +65,7 @@ void Form::focusFirst()
 void Form::setFocusTo(QWidget *widget)
 {
     restoreWindowOf(widget);
+    // As the platform has it: a control that cannot take the focus makes the routine fail, it is not passed over.
     if (!widget->isVisible() || !widget->isEnabled())
         throw runtimeError(5);
     ProgramFocus::moveTo(widget);
@@ -97,6 +101,7 @@ MaskEdBox *Form::addMoneyDisplay(const char *name)
 {
     auto *box = add<MaskEdBox>(name);
     box->setReadOnly(true);
+    // Neither Tab nor a click reaches it, so it is no stop on the way and its text is the program's alone.
     box->setFocusPolicy(Qt::NoFocus);
     return box;
 }

@@ -10,6 +10,7 @@ namespace {
 constexpr int ColumnGap = 24;
 constexpr int ColumnsPerField = 3; // label, field, gap to the next column
 
+/// How many captions the form has so far: they are named Label1, Label2 ... as they are added, for tests and tools.
 int numberOfLabels(const QWidget *form)
 {
     int count = 0;
@@ -47,6 +48,7 @@ void FieldLayout::add(const QString &label, const QList<QWidget *> &fields, int 
     auto *line = new QHBoxLayout;
     line->setSpacing(6);
     for (QWidget *field : fields)
+        // The first field takes the room that the others leave, a city before its state and zip.
         line->addWidget(field, field == fields.first() && !hasFixedWidth(field) ? 1 : 0);
     if (std::all_of(fields.begin(), fields.end(), hasFixedWidth))
         line->addStretch(1);
@@ -74,11 +76,13 @@ void FieldLayout::place(const QString &label, QWidget *buddy, QWidget *widget, Q
     auto *caption = new QLabel(label);
     addWidget(caption, row, left, Qt::AlignLeft | Qt::AlignVCenter);
     caption->setObjectName(QStringLiteral("Label%1").arg(numberOfLabels(formOf(caption)) + 1));
+    // So that a screen reader says the caption with the field.
     caption->setBuddy(buddy);
     if (buddy->accessibleName().isEmpty())
         buddy->setAccessibleName(label);
 }
 
+// Columns fill by themselves, so a form adds its fields in the order in which they are read.
 int FieldLayout::nextRow(int column)
 {
     while (m_used.size() <= column)
@@ -89,6 +93,7 @@ int FieldLayout::nextRow(int column)
 QHBoxLayout *buttonRow(const QList<QPushButton *> &buttons, const QList<QPushButton *> &atLeft)
 {
     constexpr int LeastWidth = 88, RoomAroundCaption = 28;
+    // All buttons of a row are as wide as the widest caption asks for.
     int width = LeastWidth;
     for (const QPushButton *button : atLeft + buttons)
         width = std::max(width, button->fontMetrics().horizontalAdvance(button->text()) + RoomAroundCaption);

@@ -26,6 +26,7 @@ void ReadConfig(const QString &path)
     gDefaultWarehouse = readValue();
     gConfigReserved = readValue();
     gAutoPriceFlag = readValue();
+    // A text that is no number is 0: every key then begins a search of its own.
     gTypeAheadSeconds = Val(readValue());
 }
 

@@ -33,6 +33,7 @@ void setHeightIfAny(QWidget *widget, double twips)
 }
 } // namespace
 
+// Looked for by name: the toolkit knows no main window.
 QSizeF mainWindowTwips()
 {
     for (const QWidget *window : QApplication::topLevelWidgets())
@@ -56,6 +57,8 @@ void sizeNavigator(Form *form, const NavigatorFrames &frames)
         return;
     const double width = window->width() * TwipsPerPixel, height = window->height() * TwipsPerPixel;
 
+    // Placed by hand and not by a layout, since the sizes are the form's own arithmetic, in twips, and each is set only
+    // where it comes out above 0.
     frames.criteria->move(Margin, 0);
     frames.criteria->resize(frames.criteria->width(), frames.criteria->sizeHint().height());
     frames.found->move(Margin, frames.criteria->geometry().bottom() + 3);
@@ -74,6 +77,7 @@ void sizeNavigator(Form *form, const NavigatorFrames &frames)
     if (rest <= 0)
         return;
     setHeightIfAny(frames.found, rest * 0.55);
+    // What is taken off is the frame's caption and rim.
     setHeightIfAny(frames.foundGrid, rest * 0.55 - 700);
     frames.lines->move(Margin, frames.found->y() + frames.found->height() + pixels(100));
     setHeightIfAny(frames.lines, rest * 0.45);
