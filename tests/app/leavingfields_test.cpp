@@ -19,9 +19,9 @@ struct Field
 {
     const char *title, *form;
     std::vector<std::pair<const char *, const char *>> fill;
-    const char *boxTitle, *boxText; ///< what it says; null when it says nothing
-    const char *goesTo;             ///< where its LostFocus puts the focus; null: nowhere
-    const char *keeps = nullptr;    ///< its text when it was left; null: the one typed
+    const char *goesTo = nullptr;                       ///< where its LostFocus puts the focus; null: nowhere
+    const char *boxTitle = nullptr, *boxText = nullptr; ///< what it says; null: nothing
+    const char *keeps = nullptr;                        ///< its text when it was left; null: the one typed
 };
 
 void PrintTo(const Field &field, std::ostream *out)
@@ -29,61 +29,54 @@ void PrintTo(const Field &field, std::ostream *out)
     *out << field.title;
 }
 
-const std::vector<Field> &fields()
+const Field fields[] = {
+    {"adjustment_with_a_warehouse", "frmInventoryAdjust", {{"cmbWarehouse", "North"}}, "cmbPart"},
+    {"transfer_whose_target_came_last", "frmTransfer", {{"cmbFrom", "Main"}, {"cmbTo", "North"}}, "cmbPart"},
+    {"transfer_whose_source_came_last", "frmTransfer", {{"cmbTo", "North"}, {"cmbFrom", "Main"}}, "cmbPart"},
+    {"order_for_a_customer", "frmOrderEntry", {{"cmbCustomer", "Acme Rail"}}},
+    {"order_line_for_a_part", "frmOrderEntry", {{"cmbPart", "AX-100"}}},
+    {"order_line_for_a_quantity", "frmOrderEntry", {{"txtQty", "5"}}},
+    {"order_line_at_a_price", "frmOrderEntry", {{"txtPriceEach", "2.5"}}},
+    {"adjustment_of_an_unknown_number",
+     "frmInventoryAdjust",
+     {{"txtID", "77"}},
+     "txtID",
+     "Invalid Adjustment ID",
+     "Invalid Adjustment ID. Please Re-enter.",
+     ""},
+    {"transfer_of_an_unknown_number",
+     "frmTransfer",
+     {{"txtID", "77"}},
+     "txtID",
+     "Invalid Transfer ID",
+     "Invalid Transfer ID. Please Re-enter.",
+     ""},
+    {"customer_without_days",
+     "frmCustomerEntry",
+     {{"txtDays", ""}},
+     "txtDays",
+     "Invalid Terms",
+     "You must enter a number in days for this field. Please re-enter."},
+    {"payment_on_an_unknown_invoice",
+     "frmReceivePayment",
+     {{"txtInvoice", "77"}},
+     "txtInvoice",
+     "Invalid Invoice",
+     "Invalid Invoice Number. Please Re-enter."},
+    {"payment_above_the_balance",
+     "frmReceivePayment",
+     {{"txtPayment", "5"}},
+     "txtPayment",
+     "Invalid Payment Amount",
+     "You may not receive payment greater than the remaining balance on an invoice."},
+};
+
+/// One thing that a user does.
+struct Act
 {
-    static const std::vector<Field> all{
-        {"adjustment with a warehouse", "frmInventoryAdjust", {{"cmbWarehouse", "North"}}, nullptr, nullptr, "cmbPart"},
-        {"adjustment of an unknown number",
-         "frmInventoryAdjust",
-         {{"txtID", "77"}},
-         "Invalid Adjustment ID",
-         "Invalid Adjustment ID. Please Re-enter.",
-         "txtID",
-         ""},
-        {"transfer with both warehouses",
-         "frmTransfer",
-         {{"cmbFrom", "Main"}, {"cmbTo", "North"}},
-         nullptr,
-         nullptr,
-         "cmbPart"},
-        {"transfer whose source came last",
-         "frmTransfer",
-         {{"cmbTo", "North"}, {"cmbFrom", "Main"}},
-         nullptr,
-         nullptr,
-         "cmbPart"},
-        {"transfer of an unknown number",
-         "frmTransfer",
-         {{"txtID", "77"}},
-         "Invalid Transfer ID",
-         "Invalid Transfer ID. Please Re-enter.",
-         "txtID",
-         ""},
-        {"customer without days",
-         "frmCustomerEntry",
-         {{"txtDays", ""}},
-         "Invalid Terms",
-         "You must enter a number in days for this field. Please re-enter.",
-         "txtDays"},
-        {"payment on an unknown invoice",
-         "frmReceivePayment",
-         {{"txtInvoice", "77"}},
-         "Invalid Invoice",
-         "Invalid Invoice Number. Please Re-enter.",
-         "txtInvoice"},
-        {"payment above the balance",
-         "frmReceivePayment",
-         {{"txtPayment", "5"}},
-         "Invalid Payment Amount",
-         "You may not receive payment greater than the remaining balance on an invoice.",
-         "txtPayment"},
-        {"order for a customer", "frmOrderEntry", {{"cmbCustomer", "Acme Rail"}}, nullptr, nullptr, nullptr},
-        {"order line for a part", "frmOrderEntry", {{"cmbPart", "AX-100"}}, nullptr, nullptr, nullptr},
-        {"order line for a quantity", "frmOrderEntry", {{"txtQty", "5"}}, nullptr, nullptr, nullptr},
-        {"order line at a price", "frmOrderEntry", {{"txtPriceEach", "2.5"}}, nullptr, nullptr, nullptr},
-    };
-    return all;
-}
+    const char *title;
+    std::function<void()> perform;
+};
 
 class LeavingFields : public CompanyTest, public testing::WithParamInterface<Field>
 {
@@ -190,11 +183,7 @@ protected:
 
 TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
 {
-    const struct
-    {
-        const char *title;
-        std::function<void()> act;
-    } steps[] = {
+    const Act steps[] = {
         {"restore a maximised window", [&] { hand.mark(window(), QStyle::SC_TitleBarNormalButton); }},
         {"click on the title", [&] { hand.click(window(), Hand::titleOf(window())); }},
         {"drag the title",
@@ -237,7 +226,7 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
     };
     open(true);
     for (const auto &step : steps) {
-        step.act();
+        step.perform();
         expectStay(step.title);
     }
     EXPECT_FALSE(window()->isMinimized());
@@ -249,11 +238,7 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
 
 TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
 {
-    const struct
-    {
-        const char *title;
-        std::function<void()> leave;
-    } ways[] = {
+    const Act ways[] = {
         {"a form from the menu",
          [&] {
              hand.menu({"Administrative", "LocationEntry"});
@@ -274,7 +259,7 @@ TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
         for (const auto &way : ways) {
             SCOPED_TRACE(maximised ? "maximised" : "normal");
             open(maximised);
-            expectOneLeaving(way.title, way.leave);
+            expectOneLeaving(way.title, way.perform);
             close();
         }
     }
@@ -282,11 +267,7 @@ TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
 
 TEST_P(LeavingFields, AClickOnAnotherWindowTakesTheFocusWithOneLostFocus)
 {
-    const struct
-    {
-        const char *title;
-        std::function<void()> leave;
-    } ways[] = {
+    const Act ways[] = {
         {"its field", [&] { hand.click(Forms::loaded("frmPartEntry")->findChild<QWidget *>("txtBinLocation")); }},
         {"its label", [&] { hand.click(Forms::loaded("frmPartEntry")->findChild<QWidget *>("Label1")); }},
         {"its title", [&] { hand.click(window("frmPartEntry"), Hand::titleOf(window("frmPartEntry"))); }},
@@ -297,7 +278,7 @@ TEST_P(LeavingFields, AClickOnAnotherWindowTakesTheFocusWithOneLostFocus)
         window("frmPartEntry")->move(0, 0);
         window()->move(window("frmPartEntry")->width() + 4, 0);
         settle();
-        expectOneLeaving(way.title, way.leave);
+        expectOneLeaving(way.title, way.perform);
         const QRect form(window()->mapToGlobal(QPoint()), window()->size());
         EXPECT_TRUE(!GetParam().boxTitle || form.contains(boxes.lastPlace().center()))
             << "a box stands over the form that asks, though another is the active one";
@@ -329,6 +310,6 @@ TEST_F(CompanyTest, TheAboutWindowKeepsItsSize)
     EXPECT_FALSE(window->isMaximized());
 }
 
-INSTANTIATE_TEST_SUITE_P(Program, LeavingFields, testing::ValuesIn(fields()),
-                         [](const auto &field) { return QString(field.param.title).replace(' ', '_').toStdString(); });
+INSTANTIATE_TEST_SUITE_P(Program, LeavingFields, testing::ValuesIn(fields),
+                         [](const auto &field) { return std::string(field.param.title); });
 } // namespace

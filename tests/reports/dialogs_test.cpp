@@ -36,76 +36,6 @@ protected:
     TestClock clock;
 };
 
-TEST_F(Dialogs, OpenFromTheMenuWithTheirControlsAndCancelUnloadsThem)
-{
-    const struct
-    {
-        const char *menu, *form, *caption, *controls, *labels;
-    } dialogs[] = {
-        {"PickTicket", "frmPickTicket", "Report Selection", "cmbReport btnPrint btnCancel", "Pick Ticket"},
-        {"PackingSlip", "frmPackingSlip", "Report Selection", "cmbReport btnPrint btnCancel", "Shipment ID:"},
-        {"InvoiceReport", "frmInvoiceReport", "Report Selection", "cmbReport btnPrint btnCancel", "Invoice "},
-        {"SalesByCustomer", "frmSalesByCustomer", "Sales By Customer Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date"},
-        {"SalesByCategory", "frmSalesByCategoryCustomer", "Sales By Category Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date"},
-        {"SalesByTerritory", "frmSalesByTerritoryCustomer", "Sales By Territory Report",
-         "dtStart dtEnd btnOK btnCancel", "Begin Date|End Date"},
-        {"SalesByPart", "frmSalesByPart", "Sales By Part Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date"},
-        {"SalesByWhsePart", "frmSalesByWhsePart", "Sales By Whse/Part Report",
-         "dtStart dtEnd chkExport btnOK btnCancel", "Begin Date|End Date"},
-        {"InventorySalesReport", "frmInventorySalesReport", "Inventory Sales Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date|Notice: This report will take several minutes to compile all of the necessary data. "
-         "Please be patient."},
-        {"OpenInvoice", "frmOpenInvoicesReport", "Open Invoices Report",
-         "dtDate chkOver txtDays chkSummary btnOk btnCancel", "As Of|days"},
-        {"StatementsReport", "frmStatementReport", "Customer Statements", "dtDate btnOk btnCancel", "As Of"},
-        {"ARTran", "frmARTranReport", "Invoice Register Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date"},
-        {"CashReceipts", "frmCashReceiptsReport", "Cash Receipts Register Report", "dtStart dtEnd btnOK btnCancel",
-         "Begin Date|End Date"},
-        {"CustomerRegister", "frmCustomerRegister", "Customer Register",
-         "cmbCustomer dtBeginDate dtEndDate btnPrint btnCancel", "Customer:|Begin Date:|End Date:"},
-        {"AvailInventory", "frmAvailableInventory", "Available Inventory",
-         "cmbCategory dtStart dtEnd chkDetails chkExport btnOk btnCancel", "Category|Begin Date|End Date"},
-        {"AvailableInventoryByPart", "frmAvailableInventoryByPart", "Available Inventory by Part",
-         "cmbCategory dtStart dtEnd chkDetails btnOk btnCancel", "Category|Begin Date|End Date"},
-        {"NewAvailInvWhse", "frmAvailInvReport", "Report Selection", "cmbReport btnPrint btnCancel", "Warehouse"},
-        {"ProdByWhsePart", "frmProductionByWhsePartReport", "Production By Whse/Part Rpt",
-         "txtMonths txtReq chkSupp btnOK btnCancel", "Number of Months to take Average|Requirements"},
-        {"ProdByPartWhse", "frmProductionByPartWhseReport", "Production By Part/Whse Rpt",
-         "txtMonths txtReq chkSupp btnOK btnCancel", "Number of Months to take Average|Requirements"},
-        {"AdjustmentControlReport", "frmAdjustmentControlReport", "Report Selection", "cmbReport btnPrint btnCancel",
-         "Control Report"},
-        {"TransferControlReport", "frmTransferControlReport", "Report Selection", "cmbReport btnPrint btnCancel",
-         "Control Report"},
-        {"Statements", "frmCustomerStatements", "Customer Statements", "dtDate btnOk btnCancel", "Statement Date"},
-    };
-    for (const auto &dialog : dialogs) {
-        menu(dialog.menu);
-        Form *form = Forms::loaded(dialog.form);
-        ASSERT_TRUE(form) << dialog.form;
-        EXPECT_EQ(form->windowTitle(), dialog.caption);
-        QStringList controls, labels;
-        for (QWidget *control : form->tabOrder())
-            controls += control->objectName();
-        EXPECT_EQ(controls.join(' '), dialog.controls) << dialog.form;
-        for (QLabel *label : form->findChildren<QLabel *>(QRegularExpression("^Label\\d+$")))
-            labels += label->text();
-        EXPECT_EQ(labels.join('|'), dialog.labels) << dialog.form;
-        for (DTPicker *picker : form->findChildren<DTPicker *>())
-            EXPECT_EQ(picker->value().toText(), "5/15/2010") << dialog.form;
-        menu(dialog.menu);
-        EXPECT_EQ(Forms::loaded(dialog.form), form);
-
-        FormDriver(dialog.form).click("btnCancel");
-        settle();
-        EXPECT_FALSE(Forms::loaded(dialog.form)) << dialog.form;
-    }
-    EXPECT_TRUE(viewers().isEmpty());
-}
-
 TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
 {
     const struct
@@ -300,15 +230,6 @@ TEST_F(Dialogs, TheCustomerRegisterListsAllCustomers)
     EXPECT_EQ(list(form, "cmbCustomer"), QStringList({"Acme Supply", "Baker Tools", "Bolt & Sons", "Closed Works"}));
     form.click("btnPrint");
     EXPECT_EQ(parameter("txtCustomer"), "") << "none need be picked";
-}
-
-TEST_F(Dialogs, ListingsOpenFromTheMenu)
-{
-    for (const char *entry : {"OpenOrders", "PartListingReport", "CustomerListingReport", "WarehouseListingReport"})
-        menu(entry);
-    EXPECT_EQ(viewers().size(), 4);
-    for (const char *entry : {"AvailInv", "AvailInv2"})
-        EXPECT_FALSE(mdi->findChild<QAction *>(entry)->isEnabled());
 }
 
 } // namespace
