@@ -34,11 +34,13 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 
 bool Application::notify(QObject *receiver, QEvent *event)
 {
+    // Threads of libraries have no routine of ours to fail in.
     if (QThread::currentThread() != thread())
         return QApplication::notify(receiver, event);
     const QScopedValueRollback depth(m_depth, m_depth + 1);
     try {
         const bool result = QApplication::notify(receiver, event);
+        // Not inside a nested loop, such as a message box's: there the routine is still running.
         if (m_depth == 1) {
             ProgramFocus::raiseEvents();
             if (gDatabase)
@@ -77,6 +79,7 @@ void Application::end(int status)
     } catch (const RuntimeError &) {
         // Everything is committed already; syncing it is all that failed, and there is nobody left to tell.
     }
+    // At once: no form unloads, nothing is asked, nothing more is written.
     std::_Exit(status);
 }
 

@@ -30,6 +30,7 @@ QAction *makeAction(QWidget *parent, const MenuEntry &entry)
     case MenuEntry::Kind::Group:
         break;
     case MenuEntry::Kind::Form:
+        // An entry whose form the program lacks is greyed.
         action->setEnabled(Forms::knows(entry.form));
         QObject::connect(action, &QAction::triggered, parent, [form = entry.form] { Load(form); });
         break;
@@ -53,6 +54,7 @@ MDI::MDI() : m_area(new QMdiArea), m_strip(new WindowStrip(m_area))
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setFocusPolicy(Qt::NoFocus);
     m_area->setBackground(palette().dark());
+    // Else a small dialog would open maximised over a maximised form.
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
     makeMenu();
@@ -109,6 +111,7 @@ void MDI::makeFoot()
 
 void MDI::host(Form *form)
 {
+    // Whether the form gave itself a size and a place while it was loading.
     const bool sized = form->testAttribute(Qt::WA_Resized), placed = form->testAttribute(Qt::WA_Moved);
     const QRect wanted = form->geometry();
     const QList<QMdiSubWindow *> others = m_area->subWindowList();
@@ -135,6 +138,7 @@ void MDI::changeEvent(QEvent *event)
 
 void MDI::closeEvent(QCloseEvent *event)
 {
+    // Each form's own unload routine runs, then the program ends, whatever windows may be left.
     Forms::unloadAll();
     event->accept();
     QApplication::quit();

@@ -16,7 +16,7 @@ MenuEntry form(int level, const char *name, const char *caption, const char *for
     return {level, name, caption, MenuEntry::Kind::Form, form};
 }
 
-/// An entry that calls a routine; without one yet it is greyed.
+/// An entry that calls a routine.
 MenuEntry routine(int level, const char *name, const char *caption, std::function<void()> routine)
 {
     return {level, name, caption, MenuEntry::Kind::Routine, nullptr, std::move(routine)};

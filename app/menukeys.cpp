@@ -93,6 +93,7 @@ bool MenuKeys::choose(QWidget *menu, QChar letter)
     if (!next)
         return false;
     goTo(menu, next);
+    // One entry of that letter is chosen at once; of several the next is marked.
     if (matches == 1)
         press(menu, menu == m_bar ? Qt::Key_Down : Qt::Key_Return);
     return true;

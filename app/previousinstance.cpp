@@ -20,6 +20,7 @@ constexpr QLatin1String MarkPrefix("tamrick-");
 /// The name of a folder's mark.
 QString markOf(const QByteArray &folder)
 {
+    // One mark for a program folder: two companies on one machine, each in a folder of its own, may run side by side.
     const QByteArray hash = QCryptographicHash::hash(folder, QCryptographicHash::Sha1).toHex().left(20);
     return MarkPrefix + QString::fromLatin1(hash);
 }

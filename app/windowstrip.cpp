@@ -101,6 +101,7 @@ void WindowStrip::shareRoom()
     int room = width() - margins.left() - margins.right();
     auto left = int(buttons.size());
     for (QAbstractButton *button : std::as_const(buttons)) {
+        // From the narrowest up: what a short title does not need is shared among the longer ones.
         const int share = room / left-- - layout()->spacing();
         button->setFixedWidth(std::max(NarrowestButton, std::min({button->sizeHint().width(), share, WidestButton})));
         room -= button->width() + layout()->spacing();

@@ -42,6 +42,7 @@ void Report::SetDataSource(RowSource &rows)
     d->source = &rows;
 }
 
+// Layouts hold no saved rows here; what a former run read goes.
 void Report::DiscardSavedData()
 {
     d->pages.reset();
@@ -52,12 +53,14 @@ void Report::ReadRecords()
 {
     d->pages.reset();
     d->compiled = std::make_unique<CompiledLayout>(d->layout, d->table, d->rows.dataset());
+    // Formulas are parsed before any row is read: a text that is none fails first.
     if (d->source)
         d->rows.read(*d->source);
     d->ownSource.reset();
     d->source = nullptr;
 }
 
+// Pages are made from texts and switches as they stand, so a change makes all of them anew.
 void Report::Object::SetText(const QString &text)
 {
     Q_ASSERT(m_text);
@@ -71,6 +74,8 @@ void Report::Object::setSuppress(bool suppress)
     m_report->d->pages.reset();
 }
 
+// A name may stand for a section, a placed object or a parameter of formulas. That a routine names none of its layout
+// is a mistake of ours and ends the program.
 Report::Object &Report::object(const QString &name)
 {
     Object &object = d->objects[name];
@@ -96,6 +101,7 @@ Report::Object &Report::object(const QString &name)
     return object;
 }
 
+// Counted from 1, in the order in which the layout lists its formulas.
 void Report::setFormulaText(int index, const QString &text)
 {
     d->layout.formulas.at(index - 1).text = text;

@@ -175,6 +175,7 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
         if (arguments.plain().size() != command.count)
             throw ToolError{QStringLiteral("%1 takes %2").arg(name, QLatin1String(command.takes))};
         for (qsizetype place = 0; place < command.count; ++place) {
+            // A database's URI in a place that takes a file would be made a file of that name.
             if (!engines::isFile(arguments.plain()[place]) &&
                 std::find(command.uris.begin(), command.uris.end(), place) == command.uris.end())
                 throw ToolError{QStringLiteral("%1 takes a file there, not a server's database: %2")

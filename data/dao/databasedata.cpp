@@ -5,6 +5,8 @@ using jetsql::StatementKind;
 DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
     : m_engine(std::move(engine)), m_translationCache(m_engine->dialect())
 {
+    // A statement sent and not yet answered may meet tables that were changed meanwhile; the engine then asks for it in
+    // today's words.
     m_engine->setRewrite([this](const QString &sql) {
         const BoundTranslation anew = m_translationCache.of(sql, freshCatalog());
         return engine::Written{anew->sqlWithParameters, anew.values};
@@ -40,6 +42,8 @@ BoundTranslation DatabaseData::translate(const QString &sql)
 
 void DatabaseData::execute(const QString &sql)
 {
+    // Tables that another process made or dropped make the translation worthless; it is done again with what stands
+    // there now.
     while (!tryExecute(sql))
         readCatalog();
 }
@@ -89,6 +93,8 @@ void DatabaseData::make(const BoundTranslation &translated, const ErrorContext &
     if (m_catalog.find(table.Name))
         throw runtimeError(3010, {table.Name}, context.statement);
     const bool filled = translated->kind == StatementKind::SelectInto;
+    // A copy is made without a key, since the numbers copied need not be unique; a table made empty numbers its rows
+    // itself.
     m_engine->createTable(table, filled ? engine::Key::None : engine::Key::AutoNumberIsKey, context);
     if (filled)
         m_engine->execute(translated->sqlWithParameters, translated.values, context);
@@ -111,6 +117,7 @@ void DatabaseData::drop(const jetsql::Translation &translation, const ErrorConte
     if (!table)
         throw runtimeError(3376, {translation.targetTable}, context.statement);
     for (const OpenRows *rows : m_openRows) {
+        // The engine underneath minds only rows that are still being read from it.
         if (rows->reads(table->Name))
             throw runtimeError(3211, {table->Name}, context.statement);
     }

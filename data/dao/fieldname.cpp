@@ -46,6 +46,8 @@ int FieldName::find(const std::vector<jetsql::ResultColumn> &columns, QAnyString
         if (same(name, columns[size_t(i)].name))
             return i;
     }
+    // A bare name finds the one column of that name though the result names it with its table; a qualified one finds
+    // its column though the result names it bare. Two candidates are none.
     const QString text = name.toString();
     const qsizetype dot = text.indexOf(u'.');
     if (dot < 0) {

@@ -50,6 +50,7 @@ Value dateFrom(std::string_view utf8)
     if (const auto date = storedDate(utf8))
         return *date;
     const QString text = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+    // Files taken over from elsewhere hold dates in other forms. What is none reads as Null.
     auto date = Date::fromIso(text);
     if (!date)
         date = dateFromText(text);
@@ -79,6 +80,7 @@ Value StoredValue::fromInteger(qint64 number, ColumnType type)
     case ColumnType::YesNo:
         return number != 0;
     case ColumnType::Long:
+        // Another tool may have put more into the column than 32 bits; the number is shown, not cut.
         if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max())
             return double(number);
         return qint32(number);
@@ -114,5 +116,6 @@ Value StoredValue::fromText(std::string_view utf8, ColumnType type)
     QString text = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
     if (type == ColumnType::Text || type == ColumnType::Memo)
         return text;
+    // SQLite lets any column hold a text; what number begins it is all that counts.
     return fromReal(Val(text), type);
 }

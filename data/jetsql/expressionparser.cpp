@@ -48,11 +48,13 @@ Parser::Nesting::Nesting(Parser &parser) : m_parser(parser)
 
 ExprPtr Parser::clauseExpression(Clause clause)
 {
+    // A sub-select inside has clauses of its own, and an error is worded with the expression of the innermost one.
     const Clause outerClause = std::exchange(m_clause, clause);
     const size_t outerStart = std::exchange(m_clauseStart, m_at);
     ExprPtr result = expression();
     if (!endsClause(peek()))
         failHere();
+    // The SELECT around counts the highest of its expressions.
     m_height = std::max(m_height, result->height);
     m_clause = outerClause;
     m_clauseStart = outerStart;
@@ -89,6 +91,7 @@ QStringView Parser::clauseText() const
 {
     const qsizetype start = m_tokens[m_clauseStart].start;
     qsizetype end = start;
+    // As the engine words it: up to where the clause would end, not up to the mistake.
     int brackets = 0;
     for (size_t i = m_clauseStart; i < m_tokens.size(); ++i) {
         const Token &token = m_tokens[i];
@@ -105,6 +108,7 @@ QStringView Parser::clauseText() const
 void Parser::failHere()
 {
     const Token &token = peek();
+    // The wording follows the token that was met, since the grammar alone cannot tell what was meant.
     QString message = "Syntax error (missing operator)";
     if (token.kind == TokenKind::BadText)
         message = "Syntax error in string";
@@ -157,6 +161,7 @@ ExprPtr Parser::chain(Op op, Keyword word, ExprPtr (Parser::*operand)())
     ExprPtr first = (this->*operand)();
     if (!at(word))
         return first;
+    // A chain is one expression over all its operands, however long, so that no pass descends once a link.
     ExprPtr result = make(Operation{op}, std::move(first));
     while (accept(word)) {
         result->operands.push_back((this->*operand)());
@@ -273,8 +278,10 @@ ExprPtr Parser::unary()
     const qsizetype start = peek().start;
     const bool negate = take().symbol == u'-';
     ExprPtr operand = unary();
+    // A plus sign means nothing and is dropped.
     if (!negate)
         return operand;
+    // A sign in front of a number belongs to the number: the two stay one constant, which can be a parameter.
     if (auto *constant = operand->as<Constant>(); constant && constant->kind == Constant::Kind::Number) {
         constant->number = -constant->number;
         constant->minus = !constant->minus;

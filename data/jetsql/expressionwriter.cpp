@@ -132,6 +132,7 @@ Piece ExpressionWriter::literal(const Constant &constant) const
     if (constant.whole)
         return {QString::number(qint64(constant.number)), level};
     QString text = QString::number(constant.number, 'g', QLocale::FloatingPointShortest);
+    // Without a point the engines would divide it as a whole number.
     if (!text.contains(u'.') && !text.contains(u'e'))
         text += QLatin1String(".0");
     return {m_dialect.fraction(text), level};
@@ -210,6 +211,7 @@ Piece ExpressionWriter::text(const Expr &expr) const
         return plain(expr);
     if (expr.type.isDate())
         return call("jet_date_text", plain(expr).text);
+    // Whole numbers the engine turns into the same text as the platform; others have digits of their own.
     if (expr.type.type == ColumnType::Long || expr.type.isYesNo())
         return {"CAST(" + number(expr).text + " AS TEXT)"};
     return call("jet_text", number(expr).text);
@@ -277,6 +279,7 @@ Piece ExpressionWriter::comparison(const Expr &expr, Op op) const
     if (left.type.isText() || right.type.isText()) {
         if (m_dialect.comparesByKeys())
             return joined(collated(left), collated(right));
+        // The column's own collation decides, without a word at the comparison, and its index serves.
         const bool column = left.as<Column>() || right.as<Column>();
         return joined(column ? stored(left) : collated(left), stored(right));
     }
@@ -429,6 +432,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
         return text(expr);
     case ColumnType::Text:
         return fitted(expr, column);
+    // A constant is converted here, once; what rows bring is converted row by row and may fail there.
     case ColumnType::Date: {
         if (from.isDate())
             return plain(expr);

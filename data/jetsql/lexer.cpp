@@ -144,6 +144,7 @@ private:
         qsizetype end = m_at;
         while (end < m_sql.size() && continuesName(m_sql.at(end)))
             ++end;
+        // For a fingerprint alone names need not be told apart.
         if (m_wanted == Wanted::AllTokens) {
             const QStringView word = QStringView(m_sql).sliced(m_at, end - m_at);
             m_token.text = word.toString();
@@ -155,6 +156,7 @@ private:
     void bracketName()
     {
         const qsizetype close = m_sql.indexOf(u']', m_at);
+        // A bracket that is never closed, or holds nothing.
         if (close <= m_at + 1)
             return finish(TokenKind::BadSymbol, close < 0 ? m_sql.size() : close + 1);
         m_token.text = m_sql.sliced(m_at + 1, close - m_at - 1);
@@ -199,6 +201,7 @@ private:
         qsizetype digits = 0;
         while (digits < inside.size() && isDigit(inside.at(digits)))
             ++digits;
+        // "2011/20/12" with the day in the middle is an error, though free text would take it.
         if (digits == 4 && digits < inside.size() && (inside.at(4) == u'/' || inside.at(4) == u'-')) {
             const QStringView rest = inside.sliced(5);
             qsizetype month = 0;
@@ -228,8 +231,10 @@ private:
                 end = last;
             }
         }
+        // "1E" without digits behind it is the number 1 and a name.
         m_token.number = QStringView(m_sql).sliced(m_at, end - m_at).toDouble();
         m_token.whole = whole && m_token.number <= 2147483647.0;
+        // "1.2.3" is a bad number, not two.
         const bool secondPoint = end < m_sql.size() && m_sql.at(end) == u'.';
         finish(secondPoint || !std::isfinite(m_token.number) ? TokenKind::BadNumber : TokenKind::Number, end);
     }
@@ -287,6 +292,7 @@ Fingerprint fingerprintOf(const QString &sql)
 {
     Fingerprint fingerprint;
     fingerprint.constants = Lexer(sql, Wanted::Constants).run();
+    // A text that holds a stand-in itself would pass for another statement; it is translated each time.
     if (std::any_of(sql.begin(), sql.end(), [](QChar c) { return c >= u'\uFDD0' && c <= u'\uFDD3'; }))
         return fingerprint;
     fingerprint.key.reserve(sql.size());

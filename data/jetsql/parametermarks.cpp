@@ -98,6 +98,7 @@ private:
     {
         const auto column = std::find_if(operands.begin(), operands.end(),
                                          [](const ExprPtr &operand) { return operand->as<Column>() != nullptr; });
+        // A condition that an index is made for must be seen as it stands, or the index is not used.
         if (column == operands.end() || isNamedByIndexCondition(*(*column)->as<Column>()))
             return;
         const ExprType type = (*column)->type;
@@ -133,6 +134,7 @@ private:
         if (constant.place < 0 || constant.place >= maxConstants)
             return;
         constant.isParameter = true;
+        // A text that reads as a date is bound as that date.
         const ColumnType type = form == BindParameter::Form::DateText ? ColumnType::Date : expr.type.type;
         parameters.push_back({constant.place, constant.minus, form, size, type});
     }

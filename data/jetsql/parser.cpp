@@ -62,6 +62,7 @@ std::unique_ptr<Select> Parser::select()
     auto select = std::make_unique<Select>();
     const int outerHeight = std::exchange(m_height, 0);
     take(); // SELECT
+    // DISTINCTROW, which no statement of the program says, is taken for DISTINCT.
     if (accept(Keyword::Distinct) || accept(Keyword::DistinctRow))
         select->distinct = true;
     else
@@ -126,6 +127,7 @@ SelectItem Parser::selectItem()
         item.star = true;
         return item;
     }
+    // "Table.*" is told by looking ahead, since "Table.Column" begins alike.
     const bool dot = peek(1).kind == TokenKind::Symbol && peek(1).symbol == u'.';
     if (atName() && dot && peek(2).kind == TokenKind::Symbol && peek(2).symbol == u'*') {
         item.star = true;

@@ -30,6 +30,7 @@ Sources nullWith(const Expr &expr)
         return {column->from};
     if (expr.as<InList>() || expr.as<Between>() || expr.is(Op::Not) || expr.is(Op::Negate))
         return nullWith(*expr.operands[0]);
+    // These give something though one side is Null.
     const bool hidesNull = expr.is(Op::And) || expr.is(Op::Or) || expr.is(Op::Concat);
     if (expr.as<Like>() || (expr.as<Operation>() && !hidesNull))
         return united(nullWith(*expr.operands[0]), nullWith(*expr.operands[1]));
@@ -54,6 +55,7 @@ Sources rejectedBy(const Expr &condition)
         }
         return common;
     }
+    // IS NULL is what asks for the unmatched rows.
     if (const auto *test = condition.as<IsNull>())
         return test->negated ? nullWith(*condition.operands[0]) : Sources();
     // Nothing is in a list only where the list has rows; anything is outside an empty one.
@@ -75,6 +77,7 @@ void strengthen(FromNode &node, const Sources &rejected)
     if (node.join == FromNode::Join::None)
         return;
     const bool left = node.join == FromNode::Join::Left;
+    // A join whose unmatched rows are dropped anyway is made an inner one, which the engine may walk in any order.
     if (node.join != FromNode::Join::Inner && holdsAny(left ? *node.right : *node.left, rejected))
         node.join = FromNode::Join::Inner;
     const Sources inside = united(rejected, rejectedBy(*node.on));
@@ -143,10 +146,12 @@ public:
         for (ExprPtr *part : conjuncts(inner.where)) {
             if (readsOnly(**part, table))
                 continue;
+            // Two ties, or a condition on the outer table alone: then it stays a look-up for each row.
             if (m_tie || !isTie(**part, table, outer))
                 return;
             m_tie = part;
         }
+        // Where an index serves the look-up it is quicker than grouping the whole table.
         m_fits = m_tie && !isIndexed(*key().as<Column>());
     }
 

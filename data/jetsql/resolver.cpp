@@ -33,6 +33,7 @@ public:
     QStringList run(ParsedStatement &statement)
     {
         std::visit([this](auto &kind) { resolve(kind); }, statement);
+        // Names nobody knows are parameters, which the program never gives; the error counts the different ones.
         if (!m_unknown.isEmpty())
             fail(3061, {QString::number(m_unknown.size())});
         return m_tables;
@@ -63,6 +64,7 @@ private:
         const Scope none;
         for (ExprPtr &value : insert.values)
             resolve(*value, none, 3095);
+        // Matched by position; the names that the SELECT gives its columns mean nothing.
         if (insert.targets.size() != (insert.select ? insert.select->items.size() : insert.values.size()))
             fail(3346);
     }
@@ -121,6 +123,8 @@ private:
 
     void bind(Source &source)
     {
+        // Tables get names of ours in the engine's statement: the program's own may be reserved words there, or stand
+        // twice.
         source.handle = u't' + QString::number(++m_handles);
         if (!source.derived) {
             source.def = m_catalog.find(source.table);
@@ -262,6 +266,7 @@ private:
                 return;
             }
         }
+        // Yes and No are words only where no table has a column of that name.
         const bool yes = same(column.name, u"Yes");
         if (column.qualifier.isEmpty() && (yes || same(column.name, u"No"))) {
             expr.node = Constant{.kind = Constant::Kind::Boolean, .number = double(yes)};
@@ -297,12 +302,14 @@ QStringList resultNames(const Select &select, QChar joiner)
             ++uses[stored(item).toLower()];
     }
     QStringList names;
+    // The engine numbers nameless columns from there.
     int expressions = 1000;
     for (const SelectItem &item : select.items) {
         if (!item.alias.isEmpty())
             names.append(item.alias);
         else if (!bare(item))
             names.append("Expr" + QString::number(expressions++));
+        // Columns of one name from several tables are told apart by the tables, as the FROM clause spells them.
         else if (uses.value(stored(item).toLower()) > 1)
             names.append(item.expr->as<Column>()->from->shownName() + joiner + stored(item));
         else

@@ -28,14 +28,17 @@ void requireCondition(const Expr &expr)
 
 ExprType arithmeticType(Op op, const ExprType &a, const ExprType &b)
 {
+    // The order of the tests is that of the engine: text first, then what makes a fraction, then dates and money.
     if (a.null && b.null)
         return {true};
     if (op == Op::Add && (a.isText() || a.null) && (b.isText() || b.null))
         return ofType(ColumnType::Text);
     if (op == Op::Divide || op == Op::Power)
         return ofType(ColumnType::Double);
+    // Both operands are rounded first.
     if (op == Op::Mod || op == Op::IntDivide)
         return ofType(ColumnType::Long);
+    // A day moved by days is a day; a day less a day is a number.
     if ((op == Op::Add || op == Op::Subtract) && a.isDate() != b.isDate() && (a.isDate() || op == Op::Add))
         return ofType(ColumnType::Date);
     const auto either = [&](ColumnType type) { return (!a.null && a.type == type) || (!b.null && b.type == type); };
@@ -140,6 +143,7 @@ private:
         case Constant::Kind::Null:
             return {true};
         case Constant::Kind::Text:
+            // A table made of it has a column as long as the text, and no column of length 0.
             return {false, ColumnType::Text, int(std::max<qsizetype>(1, constant.text.size())), false};
         case Constant::Kind::Number:
             return ofType(constant.whole ? ColumnType::Long : ColumnType::Double);
@@ -261,6 +265,7 @@ private:
 
     static void checkGrouping(const Select &select)
     {
+        // A condition on groups where there are none.
         if (select.having && !select.aggregates && select.groupBy.empty())
             fail(3091, {select.having->source.toString()});
         const auto check = [&select](const Expr &expr) {

@@ -248,6 +248,7 @@ private:
             if (!known && !text.isEmpty())
                 keys.push_back({text, descending});
         };
+        // Rows equal in all that is asked for keep the order in which they were put in.
         bool unique = false;
         for (const OrderItem &order : m_select.orderBy) {
             const Expr &expr = ordering(order);
@@ -256,6 +257,8 @@ private:
                 add(orderText(expr), order.descending);
             unique = unique || expr.type.autoNumber;
         }
+        // The platform sorts to group and to find equal rows, so these come out in the order of their keys though
+        // nobody asked.
         if (m_select.grouped()) {
             for (const QString &key : groupKeys())
                 add(key, false);
@@ -291,6 +294,7 @@ private:
         if (!m_select.topPercent)
             return " LIMIT " + QString::number(m_select.top);
         const QString rows = m_select.distinct ? distinct() + items() : QString(u'1');
+        // A part of a row counts as a whole one.
         return " LIMIT (SELECT (count(*) * " + QString::number(m_select.top) + " + 99) / 100 FROM (SELECT " + rows +
                tail() + ") AS counted)";
     }

@@ -97,6 +97,8 @@ std::vector<TableDef> documentTables()
         permanent("AdjustmentHeader", {autoNumber("ID"), date("Date"), date("DateAdded"), text("Warehouse")}),
         permanent("AdjustmentDetail", {integer("AdjustmentID"), text("PartNo"), number("Qty")}),
         permanent("TransferHeader", {autoNumber("ID"), integer("FromID"), integer("ToID")}),
+        // No unique key: nothing keeps two workstations from adding a pair at once, and the first row is then the
+        // ledger.
         permanent("AvailInv", {text("Whse"), text("Part"), integer("Avail")}),
     };
 }

@@ -23,6 +23,7 @@ const TableDef *Catalog::find(QAnyStringView name) const
 
 void Catalog::add(TableDef table)
 {
+    // A table made anew takes the former one's place.
     remove(table.Name);
     m_index.insert(folded(table.Name), int(m_tables.size()));
     m_tables.push_back(std::move(table));

@@ -74,6 +74,7 @@ std::optional<QTime> takeTime(Tokens &tokens, bool &found)
         if (afternoon || morning) {
             if (parts[0] < 1 || parts[0] > 12)
                 return std::nullopt;
+            // 12 AM is midnight and 12 PM noon.
             parts[0] = parts[0] % 12 + (afternoon ? 12 : 0);
             ++end;
         }
@@ -113,6 +114,7 @@ QDate dateOf(int year, int month, int day)
 /// to be the day, and then the year is looked for in the other places.
 QDate dateOfThree(const Token &a, const Token &b, const Token &c)
 {
+    // A first number of more than two digits is the year, and no other reading is tried.
     if (a.text.size() > 2)
         return dateOf(a.number(), b.number(), c.number());
     QDate date = dateOf(yearOf(c), a.number(), b.number());
@@ -153,6 +155,7 @@ QDate dateWithMonthName(const Tokens &tokens)
     Tokens numbers;
     for (const Token &token : tokens) {
         if (token.kind == Token::Kind::Word) {
+            // One word, and it is a month; names of weekdays are none.
             if (month != 0 || (month = monthOf(token.text)) == 0)
                 return {};
         } else if (token.isNumber()) {
@@ -179,6 +182,7 @@ std::optional<Date> dateFromText(QStringView text)
     if (tokens.empty()) {
         if (!hasTime)
             return std::nullopt;
+        // A time alone is one of day 0.
         return Date(QDateTime(QDate(1899, 12, 30), *time, Qt::UTC));
     }
     const bool named =

@@ -29,6 +29,7 @@ struct Section
                 if (c == u'0')
                     leastDecimals = decimals;
             } else {
+                // Places behind the first 0 always print: "##,##0" prints 0 as "0", "#,###" as nothing.
                 zeroSeen = zeroSeen || c == u'0';
                 leastWhole += zeroSeen;
             }
@@ -88,6 +89,7 @@ private:
 /// A number without its sign, by one section.
 QString printed(double magnitude, const Section &section)
 {
+    // A section without places is a text to print as it stands.
     if (!section.hasPlaces)
         return section.before;
     Digits digits(magnitude, section.decimals);

@@ -270,6 +270,7 @@ qint32 CLng(QStringView text)
 QString textOf(double number)
 {
     constexpr int Significant = 15;
+    // 15 digits, so that a sum of thirds that misses a whole number by a hair prints as that number.
     const QByteArray scientific = QByteArray::number(std::fabs(number), 'e', Significant - 1);
     const qsizetype letter = scientific.indexOf('e');
     if (letter < 0)

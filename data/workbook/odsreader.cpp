@@ -93,6 +93,7 @@ private:
     {
         const QString type = m_xml.attributeText("office:value-type");
         const bool isError = m_xml.attributeText("calcext:value-type") == "error";
+        // The value, not the text shown: that has the cell's format.
         const auto written = m_xml.attribute(attributeOf(type));
         QStringList paragraphs;
         while (m_xml.nextChild()) {

@@ -24,6 +24,7 @@ bool XlsRecords::next()
         return false;
     m_type = m_bytes.u16();
     m_pieces.emplace_back(m_bytes.bytes(m_bytes.u16()));
+    // A record holds 8 kB at most; what is longer goes on in records of its own kind.
     while (startsContinuation(m_bytes)) {
         m_bytes.skip(2);
         m_pieces.emplace_back(m_bytes.bytes(m_bytes.u16()));
@@ -65,6 +66,7 @@ QString XlsRecords::text(int length)
             flags = u8();
         text += QChar(flags & TwoByteLetters ? u16() : u8());
     }
+    // What follows the letters tells only how they look and sound.
     skip(formats * 4 + qsizetype(pronunciation));
     return text;
 }

@@ -41,6 +41,7 @@ Relations relationsOf(Package &package, const QString &part)
     while (xml.nextElement()) {
         if (xml.localName() != QLatin1String("Relationship"))
             continue;
+        // A target is meant from the part's own folder, unless it begins at the package.
         const QString target = xml.attributeText("Target");
         relations[xml.attributeText("Id")] = {xml.attributeText("Type").section('/', -1),
                                               target.startsWith('/') ? target.mid(1)
@@ -127,6 +128,7 @@ private:
                 m_firstDay = from1904 == "1" || from1904 == "true" ? FirstDayOf1904 : 0;
             } else if (xml.localName() == QLatin1String("sheet")) {
                 const Relation relation = relations.value(xml.prefixedAttribute("id"));
+                // Sheets are counted in the order of their tabs, hidden ones and charts too.
                 sheetParts += relation.type == "worksheet" ? relation.target : QString();
             }
         }

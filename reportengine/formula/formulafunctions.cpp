@@ -100,6 +100,7 @@ bool accepts(const Function &function, const std::vector<FormulaPtr> &arguments)
 
 FormulaPtr call(const Function &function, const std::vector<FormulaPtr> &arguments)
 {
+    // A function of constants alone is evaluated once for all rows.
     const bool varies = std::any_of(arguments.begin(), arguments.end(),
                                     [](const FormulaPtr &argument) { return argument->variesByRow(); });
     return computed(
@@ -109,6 +110,7 @@ FormulaPtr call(const Function &function, const std::vector<FormulaPtr> &argumen
             values.reserve(arguments.size());
             for (const FormulaPtr &argument : arguments) {
                 values.push_back(operand(*argument, context, row));
+                // Where Null is not taken for a default it makes every result Null.
                 if (values.back().isNull())
                     return Value();
             }

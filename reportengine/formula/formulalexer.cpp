@@ -86,6 +86,7 @@ private:
         while (m_at < m_text.size() && (m_text[m_at].isLetterOrNumber() || m_text[m_at] == '_'))
             ++m_at;
         token.kind = FormulaToken::Kind::Word;
+        // Words are the same in any case.
         token.text = m_text.mid(start, m_at - start).toLower();
     }
 

@@ -49,6 +49,7 @@ private:
             fail(reason);
     }
 
+    // An if without an else gives the type's default there: 0, an empty text, False.
     FormulaPtr expression()
     {
         if (!word("if"))
@@ -100,6 +101,7 @@ private:
 
     FormulaPtr relation()
     {
+        // Comparisons do not chain: behind one of them stands and, or, or the end.
         const FormulaPtr left = sum();
         for (const char *operation : {"=", "<>", "<=", ">=", "<", ">"}) {
             if (!symbol(operation))
@@ -136,6 +138,7 @@ private:
         return joined(left, right);
     }
 
+    // Adds numbers, moves a day by a number of days, and joins two texts.
     FormulaPtr plus(const FormulaPtr &left, const FormulaPtr &right)
     {
         if (left->type() == Type::Text && right->type() == Type::Text)
@@ -244,6 +247,7 @@ private:
             while (symbol(","));
             expectSymbol(")");
         }
+        // Overloads are told apart by the types of their arguments, so a wrong type is an unknown function.
         const FormulaPtr call = functionCall(name, arguments);
         if (!call) {
             m_at = start;

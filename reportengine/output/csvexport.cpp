@@ -39,6 +39,7 @@ Outcome writeCsv(Report &report, const QString &path, const Progress &progress)
     file.device()->write(cells.join(',').toUtf8() + "\r\n");
     for (int row = 0; row < rows.rowCount(); ++row) {
         for (int i = 0; i < cells.size(); ++i)
+            // The dataset as it was read, in the recordset's order: groups and totals are the layout's.
             cells[i] = quoted(plainText(rows.value(row, i), rows.dataset()[i].type));
         file.device()->write(cells.join(',').toUtf8() + "\r\n");
         if (progress && row % 1000 == 0 && !progress(row, rows.rowCount()))

@@ -34,6 +34,7 @@ bool isExportName(const QString &path)
 
 Outcome exportReport(Report &report, const QString &path, const Progress &progress)
 {
+    // A file that leaves the program must not tell of rows that a power failure can take back.
     syncDatabase();
     const Kind *kind = kindOf(path);
     return kind ? kind->write(report, path, progress) : Outcome::failed("The name must end in .pdf, .xlsx or .csv.");

@@ -15,7 +15,7 @@ namespace {
 constexpr size_t MostOutlineEntries = 20000; ///< more than anyone opens; deeper levels stay out first
 
 /// The printed groups in the order of their pages, as deep as the limit allows.
-std::vector<PdfOutlineEntry> fingerprintOf(const ReportPages &pages)
+std::vector<PdfOutlineEntry> outlineOf(const ReportPages &pages)
 {
     const PrintedGroups &printed = pages.printedGroups();
     int levels = 0;
@@ -37,6 +37,7 @@ std::vector<PdfOutlineEntry> fingerprintOf(const ReportPages &pages)
                 add(level + 1, group.end);
         }
     };
+    // Parents stand before their children and begin on the page of the first of them.
     if (levels > 0)
         add(0, pages.groups().rowCount());
     return outline;
@@ -93,7 +94,7 @@ Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, c
     }
     // Entries point at pages by their number in the whole report.
     const std::vector<PdfOutlineEntry> outline =
-        sheets.pages.empty() ? fingerprintOf(report.pages()) : std::vector<PdfOutlineEntry>();
+        sheets.pages.empty() ? outlineOf(report.pages()) : std::vector<PdfOutlineEntry>();
     if (!outline.empty() && !addPdfOutline(*file.device(), outline))
         return file.failure();
     return file.commit();

@@ -13,6 +13,8 @@ public:
 
     bool read()
     {
+        // The last table of objects is told of at the end of the file. Anything that is not as Qt writes it is left
+        // without an outline.
         const QByteArray tail = bytesAt(std::max<qint64>(0, m_file.size() - 2048), 2048);
         m_previous = numberBehind(tail.mid(tail.lastIndexOf("startxref")), "startxref");
         const qsizetype trailer = tail.lastIndexOf("trailer");
@@ -181,6 +183,8 @@ private:
 
 } // namespace
 
+// Qt writes no outlines. A PDF file may be added to: objects behind its end, and a table that names them and the former
+// one.
 bool addPdfOutline(QIODevice &file, const std::vector<PdfOutlineEntry> &entries)
 {
     PdfFile pdf(file);

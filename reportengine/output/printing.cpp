@@ -56,6 +56,7 @@ void setPrintDestination(PrintDestination wanted)
 
 void PrintOut(Report &report)
 {
+    // The rows are on the disk before paper tells of them.
     syncDatabase();
     const Outcome outcome = !destination()                  ? printToSystem(report, Copies)
                             : destination()(report, Copies) ? Outcome()
@@ -88,6 +89,7 @@ QString printToFolder(Report &report, int copies, const QString &folder)
     document.remove(' ');
     const QString stem = folder + "/" + document + "-" + Clock::now().toString("yyyyMMdd-HHmmss") + "-";
     int number = 1;
+    // Several documents of one second get numbers.
     while (QFile::exists(stem + QString::number(number) + ".pdf"))
         ++number;
     const QString path = stem + QString::number(number) + ".pdf";

@@ -18,6 +18,7 @@ SheetColumns::SheetColumns(const Layout &layout)
 {
     std::vector<Span> spans;
     const int innermost = int(layout.groups.size()) - 1;
+    // The columns are those of the rows; heads and totals find their places among them.
     const std::array<std::function<bool(const Section &)>, 3> choices{
         [](const Section &section) { return section.kind == Section::Kind::Detail && !section.suppress; },
         // Without details the totals of the innermost group are the rows.
@@ -52,6 +53,7 @@ SheetColumns::SheetColumns(const Layout &layout)
 
 int SheetColumns::columnAt(double left, double right, Align align) const
 {
+    // By the edge that its column shares, so that heads stand over their figures.
     const double edge = align == Align::Right ? right : left;
     int best = 0;
     double bestDistance = 1e9;

@@ -16,6 +16,7 @@ SheetPlace::SheetPlace(const Layout &layout, const QPageLayout &paper)
 {
     const QSizeF page = layout.pageSize();
     const QRectF room = paper.fullRect(QPageLayout::Point).marginsRemoved(paper.margins(QPageLayout::Point));
+    // A smaller sheet gets the page shrunk, a larger one gets it in the middle.
     m_scale = std::min({room.width() / page.width(), room.height() / page.height(), 1.0});
     const QSizeF spare = room.size() - page * m_scale;
     m_corner = room.topLeft() + QPointF(spare.width() / 2, spare.height() / 2);

@@ -74,6 +74,7 @@ CompiledSection CompiledLayout::compiled(const Section &section)
         const bool isValue = object.kind == LayoutObject::Kind::Value;
         result.objects.push_back({&object, isValue ? parsed(object.content) : nullptr, parsed(object.suppressIf)});
         result.grows = result.grows || object.overflow == Overflow::Wrap;
+        // A section without a height of its own is as high as what stands lowest in it.
         if (section.height == 0)
             result.height = std::max(result.height, object.place.bottom());
     }
@@ -97,9 +98,11 @@ FormulaPtr CompiledLayout::formula(const QString &name)
     const auto found = findNamed(m_layout.formulas, name);
     if (found == m_layout.formulas.end() || m_beingParsed.contains(key))
         return nullptr;
+    // A formula that names itself, by whatever way round, is an unknown name there and not an endless descent.
     m_beingParsed.insert(key);
     FormulaPtr result = parsed(found->text);
     if (!result)
+        // An empty suppress formula never hides.
         result = std::make_shared<ConstantFormula>(FormulaType::Boolean, false);
     m_beingParsed.remove(key);
     return m_formulas[key] = result;
@@ -136,6 +139,7 @@ int CompiledLayout::groupLevel(const QString &reference)
         return text.startsWith(m_prefix, Qt::CaseInsensitive) ? text.mid(m_prefix.size()) : text;
     };
     for (size_t level = 0; level < m_layout.groups.size(); ++level) {
+        // A total names its group as the report's user would write it, with or without the table's name.
         QString by = m_layout.groups[level].by.trimmed();
         if (by.startsWith('{') && by.endsWith('}'))
             by = by.mid(1, by.size() - 2);
@@ -157,6 +161,7 @@ FormulaPtr CompiledLayout::aggregate(const Aggregate &aggregate, const QString &
     if (!m_aggregateTexts.contains(text)) {
         m_aggregateTexts[text] = int(m_aggregates.size());
         m_aggregates.push_back(aggregate);
+        // Two totals over one text share its formula, which is then evaluated once for both.
         for (const Aggregate &other : m_aggregates) {
             if (other.argument == aggregate.argument)
                 m_aggregates.back().of = other.of;

@@ -48,6 +48,7 @@ private:
     {
         const auto &totals = m_maker.m_layout.runningTotals();
         for (size_t i = 0; i < totals.size(); ++i) {
+            // Set back before the row counts, so that the group's own first row is in it.
             if (totals[i].resetAt >= 0 && begins(totals[i].resetAt))
                 m_context.running[i] = 0;
             if (totals[i].oncePer >= 0 && !begins(totals[i].oncePer))
@@ -303,6 +304,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
     return false;
 }
 
+// The report's end may itself go over several pages, section by section.
 bool PageRun::fillReportFooter()
 {
     const auto &sections = m_maker.m_layout.sections(Kind::ReportFooter);
@@ -346,6 +348,7 @@ bool PageRun::visit(const CompiledSection &section, const PageMaker::Visitor &vi
 
 bool PageRun::forEachSection(const PageMaker::Visitor &visitor)
 {
+    // A spreadsheet has one endless page.
     m_context.pageNumber = m_context.pageCount = 1;
     if (!visit(m_maker.m_layout.sections(Kind::ReportHeader), visitor) ||
         !visit(m_maker.m_layout.sections(Kind::PageHeader), visitor))

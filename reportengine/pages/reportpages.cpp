@@ -13,6 +13,7 @@ ReportPages::ReportPages(const CompiledLayout &layout, const RowStore &rows) : m
     context.parameters = &layout.layout().parameters;
     context.nullsAsDefaults = layout.layout().nullsAsDefaults;
     context.printed = Clock::now();
+    // Groups and totals stand before the first page is made, so that any header can print the total of what follows.
     m_grouping.arrange(layout.groups(), context);
     m_totals.compute(layout.aggregates(), m_grouping, context);
     m_maker = std::make_unique<PageMaker>(layout, rows, m_grouping, m_totals, context);
@@ -28,6 +29,7 @@ bool ReportPages::advance(int milliseconds)
     timer.start();
     while (!m_complete && timer.elapsed() < milliseconds) {
         const int index = int(m_starts.size()) - 1;
+        // Only where the pages begin is kept; each is made when somebody looks at it.
         const auto next = m_maker->make(m_starts.back(), index, 0, nullptr, &m_printed);
         if (next) {
             m_starts.push_back(*next);

@@ -15,6 +15,7 @@ QFont plainFont(int pixelSize, bool bold, bool italic)
     font.setPixelSize(pixelSize);
     font.setBold(bold);
     font.setItalic(italic);
+    // Without kerning and hinting a text is as wide as the sum of its characters, at every size and on every machine.
     font.setKerning(false);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::ForceOutline);

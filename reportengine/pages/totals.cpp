@@ -96,6 +96,7 @@ Value Totals::total(int aggregate, const FormulaContext &context) const
 {
     const Column &column = m_columns[aggregate];
     const bool isCount = column.kind == Kind::Count || column.kind == Kind::Sum;
+    // A report without rows has no groups; its headers and footers print sums and counts of nothing.
     if (column.level >= 0 && (context.groupNodes.empty() || column.counts.empty()))
         return isCount ? Value(0.0) : Value();
     const int node = column.level < 0 ? 0 : context.groupNodes[column.level];

@@ -16,6 +16,7 @@ void RowStore::read(RowSource &source)
 {
     clear();
     std::vector<int> bound;
+    // Bound by name, in any case. Columns beyond the dataset are passed over.
     for (const DatasetField &field : m_dataset) {
         bound.push_back(source.column(field.name));
         if (bound.back() < 0)

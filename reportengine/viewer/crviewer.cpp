@@ -214,6 +214,7 @@ void CRViewer::goToPage(int page)
 {
     if (!m_report)
         return;
+    // A page beyond those known so far: the rest is counted now, under the hourglass.
     if (page >= m_report->pages().knownPages()) {
         const Hourglass hourglass;
         pageCount();
@@ -260,6 +261,7 @@ bool CRViewer::find(const QString &text, bool forward)
             m_finder.start(m_report->pages(), text);
         place = forward ? m_finder.next(currentPage(), progress) : m_finder.previous(currentPage(), progress);
         const bool isStopped = !place && !m_finder.isComplete();
+        // The place is shown at once; how many there are is counted on while the user reads.
         m_finder.advance(isStopped ? 0 : FindSlice);
         return isStopped ? Outcome::cancelled() : Outcome();
     });

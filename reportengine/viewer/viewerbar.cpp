@@ -57,6 +57,7 @@ void ViewerBar::addNavigation()
     m_pageNumber->setObjectName("pageNumber");
     m_pageNumber->setAccessibleName("Page");
     m_pageNumber->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    // Goes there when the number is complete, not at each digit.
     m_pageNumber->setKeyboardTracking(false);
     // Any number may be typed: one beyond the end means the last page.
     m_pageNumber->setRange(1, BeyondAnyPage + 1);
@@ -101,6 +102,7 @@ void ViewerBar::addZoom()
 void ViewerBar::showPage(int page, int knownPages, bool isLastKnown)
 {
     m_page = page;
+    // Shown, not asked for.
     const QSignalBlocker quiet(m_pageNumber);
     m_pageNumber->setValue(page + 1);
     m_pageTotal->setText(QString(" of %1%2 ").arg(knownPages).arg(isLastKnown ? "" : "+"));

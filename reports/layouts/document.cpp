@@ -65,6 +65,7 @@ std::vector<Section> documentHead(const DocumentHead &head, double width)
                                     : value(captionPlace, particular.captionSource, Small));
         LayoutObject object = particular.value;
         object.place = {right + CaptionWidth, y, width - right - CaptionWidth, 12.5};
+        // A long order number gets smaller rather than cut.
         object.overflow = Overflow::Shrink;
         object.style = Strong;
         object.align = Align::Right;

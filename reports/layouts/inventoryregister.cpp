@@ -10,6 +10,7 @@ Column quantity(const QString &heading, const QString &source)
 std::vector<Column> detailColumns()
 {
     Column balance = quantity("Balance", "{#Balance}");
+    // A balance runs line by line and does not add up; its total is that of the movements.
     balance.totalSource = "Sum({Qty}%1)";
     return {{.heading = "Date", .source = "{Date}", .width = 60, .picture = Picture::Date},
             {.heading = "Movement", .source = "{@Movement}", .width = 196},
@@ -32,6 +33,7 @@ std::vector<NamedFormula> registerFormulas()
             {"In", "if {Memo} <> \"*Beginning Balance\" and {Qty} > 0 then {Qty} else 0"},
             {"Out", "if {Memo} <> \"*Beginning Balance\" and {Qty} < 0 then -{Qty} else 0"},
             {"Value", "{Qty} * {Cost}"},
+            // An adjustment without lines comes as one row of Nulls, by the outer join.
             {"Shown", "if Trim({PartNo}) = \"\" and IsNull({Qty}) then 0 else 1"}};
 }
 

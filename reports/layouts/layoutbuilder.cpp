@@ -40,6 +40,7 @@ std::vector<QRectF> columnPlaces(const TableReport &report, double width)
         wanted += report.columns[i].width;
         gaps += gapBehind(report, i);
     }
+    // Widths are shares of what the page has, so a column can be added without reckoning the others anew.
     const double stretch = (width - gaps) / wanted;
     std::vector<QRectF> places;
     double x = 0;
@@ -115,6 +116,7 @@ Section headsSection(const TableReport &report, const std::vector<QRectF> &place
 LayoutObject cell(const Column &column, QRectF place, double y, const QString &source, const TextStyle &style)
 {
     const LayoutObject object = value({place.x(), y, place.width(), 0}, source, style, alignOf(column), column.picture);
+    // Words wrap, figures shrink: half a figure is a wrong one.
     return column.picture == Picture::General ? wrapping(object) : object;
 }
 
@@ -190,6 +192,7 @@ void complete(TableReport &report)
         if (!group.none.isEmpty()) {
             const QString formula = "Group" + QString::number(level + 1);
             report.formulas.push_back({formula, "Trim(" + group.by + ")"});
+            // Null and empty texts are one group with a name of its own, and so are texts with blanks around them.
             group.by = "{@" + formula + "}";
             name = "(if " + group.by + " = \"\" then \"" + group.none + "\" else " + group.by + ")";
             group.label = name;
@@ -324,6 +327,7 @@ Layout tableLayout(TableReport report)
     if (!report.grandTotal.isEmpty()) {
         Section total{.kind = Section::Kind::ReportFooter, .name = "secGrandTotal"};
         total.objects = totalLine(report, places, report.grandTotal, {}, 1);
+        // The tint first, so that the figures stand on it.
         total.objects.insert(total.objects.begin(),
                              box({0, 1.5, width, lineHeight(report.textSize) + 3}, House::Tint, 0));
         total.height = lineHeight(report.textSize) + 8;

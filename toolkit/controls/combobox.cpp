@@ -72,12 +72,14 @@ QString ComboBox::text() const
 void ComboBox::setText(const QString &text)
 {
     if (m_style == Style::DropDownList) {
+        // The empty text blanks a list without an error, any other that it does not hold is error 383.
         const int index = text.isEmpty() ? -1 : m_list->find(text);
         if (index < 0 && !text.isEmpty())
             throw runtimeError(383);
         setListIndex(index);
         return;
     }
+    // The text may be any; an entry that equals it is selected without a click.
     const QString former = this->text();
     showIndex(m_list->find(text));
     setEditText(text);
@@ -99,6 +101,7 @@ void ComboBox::setListIndex(int index)
     showIndex(index);
     if (m_style == Style::Editable)
         setEditText(m_list->at(index));
+    // A click also where the selection stays what it was. Forms rely on it.
     if (index >= 0)
         emit click();
 }
@@ -220,6 +223,7 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
 /// The next entry below the selected one that starts with the letter, round the end of the list.
 void ComboBox::selectByFirstLetter(QChar letter)
 {
+    // Where no routine swallows the key; those with type-ahead do.
     int index = m_list->findPrefix(letter, currentIndex() + 1);
     if (index < 0)
         index = m_list->findPrefix(letter);

@@ -22,6 +22,7 @@ DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
     setContextMenuPolicy(Qt::PreventContextMenu); // its Cut, Delete and Paste would leave half a date
     lineEdit()->setAcceptDrops(false);
     lineEdit()->installEventFilter(this);
+    // A time of day that was assigned lasts until the user picks another day.
     connect(this, &QDateEdit::dateChanged, this, [this] { m_timePart = 0; });
 }
 
@@ -33,6 +34,7 @@ Date DTPicker::value() const
 void DTPicker::setValue(const Value &value)
 {
     if (value.isNull())
+        // A picker without a check box holds no Null.
         throw runtimeError(35787);
     const Date assigned = value.toDate();
     const QDate day = assigned.date();

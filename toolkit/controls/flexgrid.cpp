@@ -20,6 +20,7 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent), m_model(new FlexGridMo
     setSelectionMode(SingleSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
+    // Tab leaves the grid; the arrows go from cell to cell.
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
     setWordWrap(false);
@@ -44,6 +45,7 @@ int FlexGrid::rows() const
     return m_model->gridRows();
 }
 
+// Cutting the rows off takes the current one away, which is the program's doing and no move of the user.
 void FlexGrid::setRows(int rows)
 {
     const QScopedValueRollback byProgram(m_byProgram, true);
@@ -112,6 +114,7 @@ void FlexGrid::setTextMatrix(int row, int col, const QString &text)
     m_model->setCell(row, col, text);
 }
 
+// The header row is 0 and never current, so a grid without a current row says -1.
 int FlexGrid::row() const
 {
     return currentIndex().isValid() ? currentIndex().row() + 1 : -1;
@@ -139,6 +142,7 @@ void FlexGrid::setColHidden(int col, bool hidden)
     setColumnHidden(col, hidden);
 }
 
+// The widths need all rows, so the view hears of those appended by now.
 void FlexGrid::autoSize()
 {
     m_model->publish();
@@ -148,6 +152,7 @@ void FlexGrid::autoSize()
             setColumnWidth(col, widths[col]);
 }
 
+// A key typed replaces the cell, F2 and a double click begin with what stands there.
 void FlexGrid::setEditableColumn(int col)
 {
     m_editableColumn = col;
@@ -185,6 +190,7 @@ void FlexGrid::focusInEvent(QFocusEvent *event)
 
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
+    // In a list Enter does what a double click does; in a grid to type in it begins the typing.
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->matches(QKeySequence::Copy)) {
         copyRows(row(), row());
@@ -223,12 +229,14 @@ QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     return QTableView::moveCursor(action, modifiers);
 }
 
+// One row, whatever modifiers are held; the blank area below the rows picks nothing.
 QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex &index, const QEvent *) const
 {
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::NoUpdate;
 }
 
+// A press below the rows leaves the current row as it is.
 void FlexGrid::mousePressEvent(QMouseEvent *event)
 {
     if (indexAt(event->position().toPoint()).isValid())
@@ -237,6 +245,7 @@ void FlexGrid::mousePressEvent(QMouseEvent *event)
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    // 0 in the blank area, where no row is: forms take it for the header.
     const int clicked = indexAt(event->position().toPoint()).row() + 1;
     QTableView::mouseDoubleClickEvent(event);
     emit dblClick(clicked);
@@ -255,6 +264,7 @@ bool FlexGrid::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event
 
 void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
+    // Tab out of an editor goes on to the next control, as Tab does elsewhere in the grid.
     const bool byTab = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTableView::closeEditor(editor, byTab ? QAbstractItemDelegate::NoHint : hint);
     if (byTab)

@@ -35,6 +35,7 @@ void FlexGridModel::setGridRows(int rows)
         m_published = 0;
         endResetModel();
     } else {
+        // Rows that are removed must have been told of before.
         publish();
         beginRemoveRows({}, rows - 1, m_published - 1);
         m_rows.resize(rows);
@@ -53,6 +54,7 @@ void FlexGridModel::setCols(int cols)
 
 void FlexGridModel::append(const QString &cellsJoinedByTabs)
 {
+    // Rows are kept as the bytes they came in: a list of all orders of all years has millions of cells.
     const QByteArray bytes = cellsJoinedByTabs.toUtf8().replace('\t', Separator);
     m_rows.emplace_back(bytes.constData(), bytes.size()); // a converted text holds room for three times its length
     if (gridRows() == 1 && m_cols > 0)
@@ -111,6 +113,7 @@ void FlexGridModel::setCell(int row, int col, const QString &text)
 
 QString FlexGridModel::painted(int row, int col) const
 {
+    // The header is a row without formats.
     const QString raw = cell(row, col);
     const auto format = m_formats.constFind(col);
     return row == 0 || format == m_formats.cend() ? raw : Format(raw, *format);
@@ -160,6 +163,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 
 Qt::ItemFlags FlexGridModel::flags(const QModelIndex &index) const
 {
+    // Every cell can be current and selected; only one column can be typed into.
     const Qt::ItemFlags plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     return index.isValid() && index.column() == m_editableColumn ? plain | Qt::ItemIsEditable : plain;
 }

@@ -5,6 +5,7 @@
 
 void formatGrid(FlexGrid *grid, std::initializer_list<int> moneyColumns)
 {
+    // Both grids and headers, everywhere.
     grid->setColAlignmentCentered();
     for (const int column : moneyColumns)
         grid->setColFormat(column, MoneyGridFormat.toString());

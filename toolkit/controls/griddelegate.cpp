@@ -16,6 +16,7 @@ void GridDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
 void GridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    // A column to type in is tinted, since nothing else tells it from the others.
     if (!(index.flags() & Qt::ItemIsEditable) || option->state & QStyle::State_Selected)
         return;
     const QColor ground = option->palette.color(QPalette::Base), accent = option->palette.color(QPalette::Highlight);

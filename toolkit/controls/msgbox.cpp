@@ -99,6 +99,7 @@ protected:
 };
 } // namespace
 
+// What was written is on the disk before anybody is told of it.
 void MsgBox(const QString &prompt, const QString &title)
 {
     beforeBoxes();

@@ -35,11 +35,13 @@ void raiseEventsIn(const QWidget *window)
     QWidget *control = controlWithQtFocusIn(window);
     if (state().leaving || !control || control == state().holder)
         return;
+    // Nobody holds the focus while the routine of the field left runs, so what it asks for raises no second round.
     const QPointer<QWidget> former = std::exchange(state().holder, nullptr);
     auto *left = former && former->isEnabled() ? dynamic_cast<FocusListener *>(former.data()) : nullptr;
     if (left) {
         const QScopedValueRollback leaving(state().leaving, former);
         left->focusLost();
+        // The routine may have sent the focus back; then the control aimed at first never had it.
         control = controlWithQtFocusIn(window);
     }
     state().holder = control;

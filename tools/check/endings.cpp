@@ -89,6 +89,7 @@ void checkConfig(const QString &config, Connection &connection, Findings &findin
         findings.add(file, QStringLiteral("ends too early, which ends the program at its start"), error.description());
         return;
     }
+    // An empty one is allowed: order entry then opens without a warehouse.
     const QString warehouse = values[1];
     if (warehouse.isEmpty())
         return;

@@ -25,6 +25,7 @@ void checkServer(engine::Connection &connection, Findings &findings)
     const QString server = QStringLiteral("Server");
     const QSet<QString> functions =
         namesFrom(connection, "SELECT proname::text FROM pg_proc WHERE pronamespace = 'public'::regnamespace");
+    // The list of what must be there is the text that makes it.
     static const QRegularExpression made(QStringLiteral("CREATE FUNCTION (\\w+)"));
     for (auto all = made.globalMatch(QString::fromUtf8(postgres::functions())); all.hasNext();) {
         const QString name = all.next().captured(1);

@@ -81,6 +81,7 @@ void Connection::chooseJournal(const ConnectionOptions &options)
     }
     if (options.readOnly)
         return run("PRAGMA query_only=1", opening);
+    // A log needs memory shared between the processes, which no network file system gives.
     const bool log = options.journal != Journal::Rollback && !onNetwork && !sharing.isShared;
     // Not obeyed while another process uses the file the other way; then both go on in its way.
     PreparedStatement mode = prepare(log ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE", opening);

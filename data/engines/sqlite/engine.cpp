@@ -40,6 +40,7 @@ private:
 SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connectionOptions(options))
 {
     PasswordGate::check(m_connection, options.password, options.name);
+    // A backup reads the file as it stood at one moment, while others go on writing.
     if (options.entries.contains(QStringLiteral("snapshot")))
         m_connection.run("BEGIN", {ErrorContext::Opening, {}, {}});
     m_connection.noteNetwork();

@@ -95,6 +95,7 @@ bool fitsLong(double number)
 
 void toLong(sqlite3_context *context, sqlite3_value *value)
 {
+    // Halves to even, by the default rounding mode.
     const double number = std::nearbyint(sqlite3_value_double(value));
     fitsLong(number) ? sqlite3_result_int64(context, sqlite3_int64(number)) : raise(context, 3421);
 }
@@ -115,6 +116,7 @@ void yesNo(sqlite3_context *context, sqlite3_value *value)
 {
     const QString text = textOfValue(value).trimmed();
     const auto is = [&text](QStringView word) { return word.compare(text, Qt::CaseInsensitive) == 0; };
+    // The engine's own list of words, wider than that of an assigned field.
     if (is(u"True") || is(u"Yes") || is(u"On"))
         return sqlite3_result_int(context, 1);
     if (is(u"False") || is(u"No") || is(u"Off"))
@@ -130,6 +132,7 @@ void fit(sqlite3_context *context, int, sqlite3_value **values)
         return;
     const std::string_view bytes = bytesOf(values[0]);
     const size_t limit = size_t(sqlite3_value_int(values[1]));
+    // No text has more characters than bytes, so mostly the bytes decide.
     if (bytes.size() > limit && size_t(textOfValue(values[0]).size()) > limit)
         return raise(context, 3163);
     sqlite3_result_value(context, values[0]);

@@ -10,6 +10,7 @@ void PreparedStatement::bind(int parameter, const Value &value)
     case Value::Type::Null:
         sqlite3_bind_null(handle(), parameter);
         break;
+    // Stored as 1, though True counts as -1: the file stays readable for other tools.
     case Value::Type::Boolean:
         sqlite3_bind_int(handle(), parameter, value.toBoolean() ? 1 : 0);
         break;
