@@ -1,25 +1,12 @@
 #include "tests/jetsql/corpus.h"
 
-#include <QFile>
-#include <stdexcept>
-
-namespace {
-
-QStringList linesOf(const QString &name)
-{
-    QFile file(TAMRICK_TEST_DATA "/jetsql/" + name);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no such file: " + file.fileName().toStdString());
-    return QString::fromUtf8(file.readAll()).split(u'\n');
-}
-
-} // namespace
+#include "tests/support/datafile.h"
 
 std::vector<corpus::Case> corpus::cases(bool onServer)
 {
     std::vector<Case> cases;
     int number = 0;
-    for (const QString &line : linesOf("statements.txt")) {
+    for (const QString &line : linesOf("jetsql/statements.txt")) {
         ++number;
         if (line.startsWith(u"# "))
             cases.push_back({line.sliced(2), number, {}});
@@ -51,7 +38,7 @@ QStringList corpus::companyInserts()
 {
     QStringList inserts;
     QString head;
-    for (const QString &line : linesOf("company.txt")) {
+    for (const QString &line : linesOf("jetsql/company.txt")) {
         if (line.trimmed().isEmpty()) {
             head.clear();
         } else if (head.isEmpty()) {

@@ -2,7 +2,7 @@
 #include "data/schema/schema.h"
 #include "data/values/clock.h"
 #include "tests/support/enginesundertest.h"
-#include "tests/support/jetwriter.h"
+#include "bench/oldfiles/jetwriter.h"
 #include "tests/tools/toolstest.h"
 #include <QDir>
 

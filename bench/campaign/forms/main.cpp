@@ -3,7 +3,7 @@
 #include "bench/campaign/forms/clerk.h"
 #include "bench/campaign/forms/power.h"
 #include "bench/campaign/place.h"
-#include "tests/support/jetwriter.h"
+#include "bench/oldfiles/jetwriter.h"
 #include "toolkit/forms/mainmod.h"
 #include <QCommandLineParser>
 #include <QCoreApplication>

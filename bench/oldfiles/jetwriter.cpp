@@ -1,4 +1,4 @@
-#include "tests/support/jetwriter.h"
+#include "bench/oldfiles/jetwriter.h"
 
 #include "data/dao/database.h"
 #include "data/schema/schema.h"

@@ -7,7 +7,7 @@
 
 class Database;
 
-/// Writes old databases for tests: tables, columns and rows as they lie in Jet 3 and Jet 4 files, and in the later ones
+/// Writes old databases: tables, columns and rows as they lie in Jet 3 and Jet 4 files, and in the later ones
 /// called .accdb, as far as a reader needs them. Each table has a deleted row in it, and every fifth row was moved away
 /// from its place. A definition goes on over several pages where one does not hold it, and the map of a large table's
 /// pages lies on pages of its own.
