@@ -1,8 +1,8 @@
+#include "bench/oldfiles/jetwriter.h"
 #include "data/engines/engines.h"
 #include "data/schema/schema.h"
 #include "data/values/clock.h"
 #include "tests/support/enginesundertest.h"
-#include "bench/oldfiles/jetwriter.h"
 #include "tests/tools/toolstest.h"
 #include <QDir>
 

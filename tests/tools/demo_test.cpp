@@ -1,7 +1,5 @@
 #include "tests/tools/toolstest.h"
 
-#include "data/values/numbers.h"
-
 namespace {
 
 /// The demo company, judged by `check` and by statements of the program's own SQL.
@@ -24,15 +22,9 @@ TEST_F(DemoTest, TheSameSeedGivesTheSameFileAndAnotherSeedAnother)
     EXPECT_FALSE(contents("c.db", "8") == seven);
 }
 
-TEST_F(DemoTest, IsASoundCompany)
+TEST_F(DemoTest, IsASoundCompanyWithAsMuchOfEverythingAsItShouldHave)
 {
-    const Outcome outcome = run({"check", path("demo.db")});
-    EXPECT_EQ(outcome.out, "ok\n");
-    EXPECT_EQ(outcome.status, 0);
-}
-
-TEST_F(DemoTest, HasAsMuchOfEverythingAsItShould)
-{
+    EXPECT_EQ(run({"check", path("demo.db")}).out, "ok\n");
     const char *const notes[] = {
         "SELECT OrderID,OrderLineItem,SUM(Qty) AS Shipped INTO tmpSent FROM ShipmentItems GROUP BY "
         "OrderID,OrderLineItem",
@@ -74,6 +66,9 @@ TEST_F(DemoTest, HasAsMuchOfEverythingAsItShould)
         {"ShipmentItems", 7500, 9500},
         {"Invoice", 900, 1600},
         {"Invoice WHERE Invoice <> ID & ''", 0, 0},
+        {"Invoice LEFT JOIN Customer ON Invoice.Customer = Customer.Customer WHERE DueDate <> InvoiceDate + Days OR "
+         "Invoice.Terms <> Customer.Terms",
+         0, 0},
         {"Invoice LEFT JOIN tmpPaid ON Invoice.ID = tmpPaid.Invoice WHERE DueDate < #3/30/2011# AND (ISNULL(Paid) OR "
          "Total - Paid > 0.01)",
          6, 1600},
@@ -105,26 +100,19 @@ TEST_F(DemoTest, HasAsMuchOfEverythingAsItShould)
     }
 }
 
-TEST_F(DemoTest, InvoicesListShipmentsOfTheirPastInOrderAndAreDueByTheTermsOfTheCustomer)
+TEST_F(DemoTest, InvoicesListShipmentsOfTheirPastInOrder)
 {
     const auto database = open(path("demo.db"));
     QHash<int, Date> shipped;
     for (Recordset rows = database->OpenRecordset("SELECT ID,Date FROM Shipment"); !rows.Eof(); rows.MoveNext())
         shipped[rows.Fields("ID").value().toLong()] = rows.Fields("Date").value().toDate();
-    Recordset rows = database->OpenRecordset(
-        "SELECT Shipment,InvoiceDate,DueDate,Total,Days,Invoice.Terms,Customer.Terms AS Agreed FROM Invoice LEFT JOIN "
-        "Customer ON Invoice.Customer = Customer.Customer");
+    Recordset rows = database->OpenRecordset("SELECT Shipment,InvoiceDate FROM Invoice");
     for (; !rows.Eof(); rows.MoveNext()) {
-        const Date date = rows.Fields("InvoiceDate").value().toDate();
         int last = 0;
         for (const QString &id : rows.Fields("Shipment").text().split(", ")) {
             EXPECT_GT(id.toInt(), std::exchange(last, id.toInt()));
-            EXPECT_LE(shipped[id.toInt()], date) << id.toStdString();
+            EXPECT_LE(shipped[id.toInt()], rows.Fields("InvoiceDate").value().toDate()) << id.toStdString();
         }
-        EXPECT_EQ(rows.Fields("DueDate").value().toDate(), date.addDays(rows.Fields("Days").value().toLong()));
-        EXPECT_EQ(rows.Fields("Terms").value(), rows.Fields("Agreed").value());
-        const double total = rows.Fields("Total").value().toDouble();
-        EXPECT_EQ(total, roundTo2(total));
     }
 }
 
