@@ -1,8 +1,9 @@
+#include "data/values/conversions.h"
+#include "reportengine/pages/valuetext.h"
+#include "reportengine/rows/rowstore.h"
 #include "tests/reportengine/reportfixture.h"
-
-#include "data/values/textorder.h"
 #include "tests/support/pagefaults.h"
-#include <QFile>
+#include <QRegularExpression>
 
 namespace {
 
@@ -22,8 +23,17 @@ MadeRows numbered(int count, int size)
     return rows;
 }
 
+/// Rows that have a region each, and a number from 1.
+MadeRows inRegions(const std::vector<Value> &regions)
+{
+    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"});
+    for (const Value &region : regions)
+        rows.add({region, "", rows.count() + 1, 1.0, Value(), Value()});
+    return rows;
+}
+
 /// A page holds the page header, 34 rows of 20 points and the page footer.
-Layout grouped(Group group = {.by = "{Region}"})
+Layout grouped(const Group &group = {.by = "{Region}"})
 {
     return {.title = "T",
             .groups = {group},
@@ -31,8 +41,17 @@ Layout grouped(Group group = {.by = "{Region}"})
                          section(Kind::GroupHeader, {shown("\"+\" & {Region}")}),
                          section(Kind::Detail, {shown("{Qty}")}),
                          section(Kind::GroupFooter, {shown("\"=\" & Sum({Qty}, {Region})")}),
-                         section(Kind::ReportFooter, {shown("\"all \" & Sum({Qty})")}),
+                         section(Kind::ReportFooter, {shown("\"all \" & Sum({Qty})"), shown("Average({Price})", 220)}),
                          section(Kind::PageFooter, {shown("PageNofM")})}};
+}
+
+/// The same with its groups hidden where the condition holds.
+Layout hiding(Layout layout, const QString &condition)
+{
+    for (Section &section : layout.sections)
+        if (section.kind != Kind::PageHeader && section.kind != Kind::ReportFooter && section.kind != Kind::PageFooter)
+            section.suppressIf = condition;
+    return layout;
 }
 
 TEST(Grouping, OrdersRowsByGroupWithoutRegardToCaseAndKeepsTheirOrderInside)
@@ -46,138 +65,133 @@ TEST(Grouping, OrdersRowsByGroupWithoutRegardToCaseAndKeepsTheirOrderInside)
                                section(Kind::GroupFooter, {shown("\"r\" & Sum({Qty}, {Region})")}, 0)}};
     EXPECT_EQ(pageTexts(*reportOver(layout, salesRows())).first(),
               "+east|-alpha|4|5|c9|r9|+WEST|-Acme|1|c1|-Beta|2|3|c5|r6");
+
+    layout = {.title = "T",
+              .formulas = {{"Year", "if IsNull({Sold}) then 0 else Year({Sold})"}},
+              .groups = {{.by = "{@Year}"}},
+              .sections = {section(Kind::GroupHeader, {shown("ToText({@Year}) & \":\" & Sum({Qty}, {@Year})")})}};
+    EXPECT_EQ(pageTexts(*reportOver(layout, salesRows())).first(), "0:1|2011:9|2012:5") << "by a formula";
 }
 
-TEST(Grouping, PutsNullsFirst)
-{
-    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"}, {{"b", "", 1.0, 0.0, Value(), Value()},
-                                                                           {Value(), "", 2.0, 0.0, Value(), Value()},
-                                                                           {"", "", 3.0, 0.0, Value(), Value()}});
-    Layout layout{.title = "T", .groups = {{.by = "{Region}"}}, .sections = {section(Kind::Detail, {shown("{Qty}")})}};
-    EXPECT_EQ(pageTexts(*reportOver(layout, rows)).first(), "2|3|1");
-}
-
-TEST(Grouping, OrdersTextsAsTheDatabaseDoes)
+TEST(Grouping, OrdersTextsAsTheDatabaseDoesNullFirst)
 {
     // Long ones that differ late, blanks at the end, letters beyond ASCII, signs around the letters.
-    const QStringList ordered{
-        "",      "_a",  "a",   "a b", "a-b", "ABCDEFGHIJKLMNOPQ", "abcdefghijklmnopqA", "abcdefghijklmnopqb",
-        "Ärzte", "Asb", "Aßa", "z"};
-    QStringList expected = ordered;
-    std::stable_sort(expected.begin(), expected.end(), [](const QString &a, const QString &b) {
-        return compareTexts(a.toStdString(), b.toStdString()) < 0;
-    });
-    QStringList given = ordered;
-    std::reverse(given.begin(), given.end());
-    given << "A   "
-          << "abcdefghijklmnopQ";
-    MadeRows rows({"Region", "Customer", "Qty", "Price", "Sold", "Note"});
-    for (const QString &text : given)
-        rows.add({text, "", 1.0, 1.0, Value(), Value()});
-    Layout layout{.title = "T",
-                  .groups = {{.by = "{Region}"}},
-                  .sections = {section(Kind::GroupHeader, {shown("\"+\" & {Region}")})}};
-    QStringList marked;
-    for (const QString &text : expected)
-        marked.append("+" + text);
-    EXPECT_EQ(pageTexts(*reportOver(layout, rows)).first(), marked.join('|'));
+    const std::vector<Value> given{"z",
+                                   "Aßa",
+                                   "Asb",
+                                   "Ärzte",
+                                   "a-b",
+                                   "abcdefghijklmnopqb",
+                                   "a b",
+                                   "abcdefghijklmnopqA",
+                                   "a",
+                                   "ABCDEFGHIJKLMNOPQ",
+                                   "_a",
+                                   "",
+                                   Value(),
+                                   "A   ",
+                                   "abcdefghijklmnopQ"};
+    const Layout layout{.title = "T",
+                        .groups = {{.by = "{Region}"}},
+                        .sections = {section(Kind::GroupHeader, {shown("\"+\" & {Region} & Count({Qty}, {Region})")})}};
+    EXPECT_EQ(pageTexts(*reportOver(layout, inRegions(given))).first(),
+              "+1|+1|+_a1|+a2|+a b1|+a-b1|+ABCDEFGHIJKLMNOPQ2|+abcdefghijklmnopqA1|+abcdefghijklmnopqb1|+Ärzte1|+Asb1|"
+              "+Aßa1|+z1");
 }
 
-TEST(Grouping, CanGoByAFormula)
+TEST(Pages, BreakWhereReadersExpectIt)
+{
+    Layout headed = grouped();
+    headed.sections.push_back(section(Kind::ReportHeader, {text({0, 0, 50, 0}, "REPORT")}));
+    headed.sections[5].objects = {shown("PageNofM & \" up to \" & {Qty}")};
+    const Group together{.by = "{Region}", .keepTogether = true};
+    const Layout documents = grouped({.by = "{Region}", .newPageBefore = true, .restartPageCount = true});
+    Layout sums = hiding(grouped(), "");
+    sums.sections[1].objects = {shown("ToText(Sum({Qty}, {Region})) & \" of \" & Sum({Qty})")};
+    sums.sections[2].suppressIf = "{Qty} < 4";
+    const struct
+    {
+        const char *what;
+        Layout layout;
+        MadeRows rows;
+        QStringList pages; ///< "*" for what stands between
+    } cases[] = {
+        {"no row", grouped(), numbered(0, 1), {"HEAD|all 0|Page 1 of 1"}},
+        {"totals stand in headers and count hidden rows",
+         sums,
+         salesRows(),
+         {"HEAD|9 of 15|4|5|=9|6 of 15|=6|all 15|4.125|Page 1 of 1"}},
+        {"heads stand on each page, the report's own on the first, and a foot tells the last row above it",
+         headed,
+         numbered(40, 40),
+         {"REPORT|HEAD|+G00000|1|2|*|31|32|Page 1 of 2 up to 32",
+          "HEAD|+G00000|33|*|40|=820|all 820|1|Page 2 of 2 up to 40"}},
+        {"room for one line more: not for a header and a row",
+         grouped(),
+         numbered(62, 31),
+         {"HEAD|*|31|=496|Page 1 of 2", "HEAD|+G00001|32|*"}},
+        {"the rows fill the page: the last one goes over with its total",
+         grouped(),
+         numbered(33, 33),
+         {"HEAD|*|32|Page 1 of 2", "HEAD|+G00000|33|=561|all 561|1|Page 2 of 2"}},
+        {"so do rows and total: the last row goes over with the report's end",
+         grouped(),
+         numbered(32, 32),
+         {"HEAD|*|31|Page 1 of 2", "HEAD|+G00000|32|=528|all 528|1|Page 2 of 2"}},
+        {"so does the last one that prints, when hidden ones follow",
+         hiding(grouped(), "{Qty} > 32"),
+         numbered(40, 32),
+         {"HEAD|*|31|Page 1 of 2", "HEAD|+G00000|32|=528|all 820|1|Page 2 of 2"}},
+        {"a group kept together",
+         grouped(together),
+         numbered(40, 20),
+         {"HEAD|*|20|=210|Page 1 of 2", "HEAD|+G00001|21|*"}},
+        {"one that is too long for any page begins where it stands",
+         grouped(together),
+         numbered(80, 40),
+         {"*", "*|=820|+G00001|*", "*"}},
+        {"documents, each with pages of its own",
+         documents,
+         numbered(90, 40),
+         {"HEAD|+G00000|*|Page 1 of 2", "HEAD|+G00000|*|Page 2 of 2", "HEAD|+G00001|*|Page 1 of 2",
+          "HEAD|+G00001|*|Page 2 of 2", "HEAD|+G00002|*|Page 1 of 1"}},
+        {"documents that print nothing take no page",
+         hiding(documents, "Sum({Qty}, {Region}) < 10"),
+         numbered(10, 2),
+         {"HEAD|+G00002|*", "HEAD|+G00003|*", "HEAD|+G00004|*"}},
+        {"nor do they all", hiding(documents, "true"), numbered(10, 2), {"HEAD|all 55|1|Page 1 of 1"}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        const QStringList pages = pageTexts(*reportOver(c.layout, c.rows));
+        ASSERT_EQ(pages.size(), c.pages.size()) << pages.join('\n').toStdString();
+        for (int page = 0; page < pages.size(); ++page)
+            EXPECT_TRUE(QRegularExpression(QRegularExpression::wildcardToRegularExpression(c.pages[page]))
+                            .match(pages[page])
+                            .hasMatch())
+                << pages[page].toStdString();
+    }
+}
+
+TEST(Pages, RunDownTheirColumnsUnderAHeadEach)
 {
     Layout layout{.title = "T",
-                  .formulas = {{"Year", "if IsNull({Sold}) then 0 else Year({Sold})"}},
-                  .groups = {{.by = "{@Year}"}},
-                  .sections = {section(Kind::GroupHeader, {shown("ToText({@Year}) & \":\" & Sum({Qty}, {@Year})")})}};
-    EXPECT_EQ(pageTexts(*reportOver(layout, salesRows())).first(), "0:1|2011:9|2012:5");
-}
-
-TEST(Totals, StandInHeadersAndCountSuppressedRows)
-{
-    Layout layout = grouped();
-    layout.sections[1].objects = {shown("ToText(Sum({Qty}, {Region})) & \" of \" & Sum({Qty})")};
-    layout.sections[2].suppressIf = "{Qty} < 4";
-    EXPECT_EQ(pageTexts(*reportOver(layout, salesRows())).first(), "HEAD|9 of 15|4|5|=9|6 of 15|=6|all 15|Page 1 of 1");
-}
-
-TEST(Pages, OfNoRowsStillShowHeadersAndFooters)
-{
-    EXPECT_EQ(pageTexts(*reportOver(grouped(), MadeRows({"Region", "Customer", "Qty", "Price", "Sold", "Note"}))),
-              QStringList{"HEAD|all 0|Page 1 of 1"});
-    EXPECT_TRUE(pageTexts(*sampleReport("crptOpenOrders", 0)).first().contains("nothing in this selection"));
-    EXPECT_FALSE(pageTexts(*sampleReport("crptOpenOrders", 1)).first().contains("nothing in this selection"));
-    EXPECT_TRUE(pageTexts(*sampleReport("crptStatementReport", 0)).first().contains("No customer"));
-}
-
-TEST(Pages, RepeatHeadersAndCountThemselves)
-{
-    const auto report = reportOver(grouped(), numbered(40, 40));
-    const QStringList pages = pageTexts(*report);
-    ASSERT_EQ(pages.size(), 2);
-    // 720 points less header, footer and the group's header.
-    EXPECT_TRUE(pages[0].startsWith("HEAD|+G00000|1|2|")) << pages[0].toStdString();
-    EXPECT_TRUE(pages[0].endsWith("|33|Page 1 of 2")) << pages[0].toStdString();
-    EXPECT_EQ(pages[1], "HEAD|+G00000|34|35|36|37|38|39|40|=820|all 820|Page 2 of 2");
-}
-
-TEST(Pages, NeverLeaveAHeaderOrATotalAlone)
-{
-    // 31 rows of the first group with header and total leave room for one line more: not for a header and a row.
-    const QStringList pages = pageTexts(*reportOver(grouped(), numbered(62, 31)));
-    ASSERT_EQ(pages.size(), 2);
-    EXPECT_TRUE(pages[0].endsWith("|31|=496|Page 1 of 2")) << pages[0].toStdString();
-    EXPECT_TRUE(pages[1].startsWith("HEAD|+G00001|32|")) << pages[1].toStdString();
-    // 33 rows fill the page to its end; the last one goes over with its total.
-    const QStringList full = pageTexts(*reportOver(grouped(), numbered(33, 33)));
-    ASSERT_EQ(full.size(), 2);
-    EXPECT_EQ(full[1], "HEAD|+G00000|33|=561|all 561|Page 2 of 2");
-    // 32 rows, header and total fill it as well: the last row goes over with the report's end, which has no room left.
-    const QStringList end = pageTexts(*reportOver(grouped(), numbered(32, 32)));
-    ASSERT_EQ(end.size(), 2);
-    EXPECT_EQ(end[1], "HEAD|+G00000|32|=528|all 528|Page 2 of 2");
-    // So does the last one that prints, when hidden ones follow.
-    Layout hidden = grouped();
-    for (int i : {1, 2, 3})
-        hidden.sections[i].suppressIf = "{Qty} > 32";
-    const QStringList before = pageTexts(*reportOver(hidden, numbered(40, 32)));
-    ASSERT_EQ(before.size(), 2);
-    EXPECT_EQ(before[1], "HEAD|+G00000|32|=528|all 820|Page 2 of 2");
-}
-
-TEST(Pages, KeepAGroupTogetherWhenItFitsOnOne)
-{
-    const QStringList pages =
-        pageTexts(*reportOver(grouped({.by = "{Region}", .keepTogether = true}), numbered(40, 20)));
-    ASSERT_EQ(pages.size(), 2);
-    EXPECT_TRUE(pages[0].endsWith("|20|=210|Page 1 of 2")) << pages[0].toStdString();
-    EXPECT_TRUE(pages[1].startsWith("HEAD|+G00001|21|")) << pages[1].toStdString();
-    // One that is too long for any page begins where it stands.
-    EXPECT_TRUE(pageTexts(*reportOver(grouped({.by = "{Region}", .keepTogether = true}), numbered(80, 40)))[1].contains(
-        "+G00001"));
-}
-
-TEST(Pages, BeginAnewWithAGroupAndCountWithinIt)
-{
-    Layout layout = grouped({.by = "{Region}", .newPageBefore = true, .restartPageCount = true});
-    const auto report = reportOver(layout, numbered(90, 40));
-    QStringList numbers;
-    for (const QString &page : pageTexts(*report))
-        numbers.append(page.section('|', 1, 1) + " " + page.section('|', -1));
-    EXPECT_EQ(numbers, (QStringList{"+G00000 Page 1 of 2", "+G00000 Page 2 of 2", "+G00001 Page 1 of 2",
-                                    "+G00001 Page 2 of 2", "+G00002 Page 1 of 1"}));
-    EXPECT_EQ(report->pages().printedGroups().pageOf[0][2], 4);
-}
-
-TEST(Pages, AreNotTakenUpByGroupsThatPrintNothing)
-{
-    Layout layout = grouped({.by = "{Region}", .newPageBefore = true, .restartPageCount = true});
-    for (int i : {1, 2, 3})
-        layout.sections[i].suppressIf = "Sum({Qty}, {Region}) <> 12";
-    const QStringList pages = pageTexts(*reportOver(layout, numbered(10, 2)));
-    EXPECT_EQ(pages, QStringList{"HEAD|all 55|Page 1 of 1"}) << "no group sums up to 12";
-    for (int i : {1, 2, 3})
-        layout.sections[i].suppressIf = "Sum({Qty}, {Region}) < 10";
-    EXPECT_EQ(pageTexts(*reportOver(layout, numbered(10, 2))).size(), 3);
+                  .columns = 2,
+                  .sections = {section(Kind::PageHeader, {text({0, 0, 50, 0}, "HEAD")}),
+                               section(Kind::Detail, {shown("{Qty}")})}};
+    layout.sections[0].columnHeads = true;
+    const auto page = reportOver(layout, numbered(100, 100))->pages().page(0);
+    const auto placeOf = [&](const QString &text, int nth) {
+        for (const PageItem &item : page->items)
+            if (item.text == text && nth-- == 0)
+                return item.rect.topLeft();
+        return QPointF();
+    };
+    EXPECT_EQ(placeOf("HEAD", 0), QPointF(36, 36));
+    EXPECT_EQ(placeOf("HEAD", 1), QPointF(318, 36));
+    EXPECT_EQ(placeOf("1", 0), QPointF(36, 56));
+    EXPECT_EQ(placeOf("35", 0), QPointF(36, 736));
+    EXPECT_EQ(placeOf("36", 0), QPointF(318, 56));
 }
 
 TEST(Pages, AreTheSameWhenMadeAloneAndOutOfOrder)
@@ -244,6 +258,44 @@ TEST(Texts, ThatAreTooLongAreShortenedWrappedOrSetSmaller)
     EXPECT_EQ(texts.mid(1, texts.size() - 4).join(' '), longText);
     EXPECT_EQ(pageFaults(*page, layout.margins), QStringList());
     EXPECT_GT(page->items.back().rect.top(), 36 + 30) << "what follows moves down with the wrapped text";
+}
+
+TEST(Texts, MayBeSetOrHiddenOnceThePagesAreMadeAndRowsBeThrownAway)
+{
+    Layout layout = grouped();
+    layout.parameters = {{"txtNote", "early"}};
+    layout.sections[0].objects = {named("txtHead", text({0, 0, 50, 0}, "HEAD")), shown("{?txtNote}", 60)};
+    const auto report = reportOver(layout, inRegions({"A"}));
+    EXPECT_EQ(pageTexts(*report).first(), "HEAD|early|+A|1|=1|all 1|1|Page 1 of 1");
+    report->object("txtNote").SetText("late");
+    EXPECT_EQ(pageTexts(*report).first(), "HEAD|late|+A|1|=1|all 1|1|Page 1 of 1");
+    report->object("txtHead").setSuppress(true);
+    report->DiscardSavedData();
+    EXPECT_EQ(pageTexts(*report).first(), "late|all 0|Page 1 of 1");
+    EXPECT_EQ(report->rows().rowCount(), 0);
+}
+
+TEST(Values, AreSetInTheWayOfLedgers)
+{
+    const std::vector<std::tuple<Picture, double, const char *>> cases{
+        {Picture::Money, 1234567.895, "1,234,567.90"},
+        {Picture::Money, -0.5, "(0.50)"},
+        {Picture::Money, -0.004, "0.00"},
+        {Picture::Percent, 0.25, "25.0%"},
+        {Picture::Percent, -0.7164, "(71.6%)"},
+        {Picture::Percent, -0.0001, "0.0%"},
+        {Picture::Quantity, 12, "12"},
+        {Picture::Quantity, -12, "(12)"},
+        {Picture::Quantity, 2.5, "2.5"},
+        {Picture::Quantity, -1234.25, "(1,234.25)"},
+        {Picture::Quantity, 8717.000000001, "8,717"},
+        {Picture::Quantity, -0.000000001, "0"},
+        {Picture::Whole, -1234, "(1,234)"},
+        {Picture::Price, 0.1275, "0.1275"},
+        {Picture::Dollars, -80.5, "($80.50)"},
+    };
+    for (const auto &[picture, number, text] : cases)
+        EXPECT_EQ(printedValue(number, picture), text);
 }
 
 TEST(Faults, OfAPageAreFound)

@@ -1,7 +1,6 @@
 #include "reportengine/output/exports.h"
 #include "reportengine/output/printing.h"
 #include "tests/reportengine/reportfixture.h"
-#include "tests/support/printserver.h"
 #include "toolkit/controls/statusline.h"
 #include <QDir>
 #include <QPrinter>
@@ -21,30 +20,10 @@ protected:
         printedFolder().removeRecursively();
         setStatusPlace([this](const QString &text) { status = text; });
     }
-    ~Printing() override
-    {
-        setPrintDestination({});
-        setStatusPlace({});
-    }
+    ~Printing() override { setStatusPlace({}); }
 
     QString status;
 };
-
-TEST_F(Printing, SendsTwoCopiesWhereDocumentsGo)
-{
-    QString title;
-    int copies = 0;
-    setPrintDestination([&](Report &report, int wanted) {
-        title = report.layout().title;
-        copies = wanted;
-        return true;
-    });
-    PrintOut(*sampleReport("crptPackingSlip", 3));
-    EXPECT_EQ(title, "Packing Slip");
-    EXPECT_EQ(copies, 2);
-    setPrintDestination([](Report &, int) { return false; });
-    EXPECT_EQ(errorNumberOf([] { PrintOut(*sampleReport("crptPackingSlip", 3)); }), 482);
-}
 
 struct Machine
 {
@@ -103,7 +82,7 @@ TEST_F(Printing, FailsOnAServerThatCannotBeReached)
 
 TEST_F(Printing, HoldsWhatWasSetInTheDialog)
 {
-    const PrivatePrintServer server(PrivatePrintServer::queue("Office") + PrivatePrintServer::queue("Full", false));
+    PrivatePrintServer server(PrivatePrintServer::queue("Office") + PrivatePrintServer::queue("Full", false));
     const auto report = sampleReport("crptPackingSlip", 90);
     ASSERT_GT(report->pages().pageCount(), 3);
     QPrinter printer;
@@ -114,8 +93,7 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
     EXPECT_EQ(server.jobs(), QStringList{"1 Office: Packing Slip"});
     const QString info = told("pdfinfo", {server.jobFile(1)});
     EXPECT_TRUE(info.contains(QRegularExpression("Pages:\\s+2\\n"))) << info.toStdString();
-    EXPECT_TRUE(info.contains("841.89 x 595.276 pts (A4)") || info.contains("842 x 595 pts (A4)"))
-        << info.toStdString();
+    EXPECT_TRUE(info.contains("pts (A4)")) << info.toStdString();
     EXPECT_TRUE(told("pdftotext", {server.jobFile(1), "-"}).contains("Page 2 of "));
     // Turned and smaller, the page stands in the middle between what margins the user has set.
     const auto leftOf = [&](int job) {
@@ -137,6 +115,7 @@ TEST_F(Printing, HoldsWhatWasSetInTheDialog)
     const Progress stop = [&](int, int) { return ++told < 2; };
     EXPECT_EQ(printPages(*report, printer, {}, stop).state, Outcome::State::Cancelled);
     EXPECT_EQ(server.jobs().size(), 3);
+    EXPECT_TRUE(attributesOf(server, 1).contains(QByteArray("copies\0\4\0\0\0\3", 12)));
 }
 
 TEST_F(Printing, WithoutAPrinterWritesEveryCopyIntoOneFile)

@@ -5,6 +5,7 @@
 #include "reports/layouts/catalogue.h"
 #include "reports/layouts/layoutbuilder.h"
 #include "tests/support/printers.h"
+#include "tests/support/printserver.h"
 #include "tests/support/samplerows.h"
 #include <QProcess>
 #include <QTemporaryDir>
@@ -20,7 +21,7 @@ inline MadeRows salesRows()
     return MadeRows({"region", "CUSTOMER", "Qty", "Price", "Sold", "Note", "Surplus"},
                     {{"West", "Beta", 2.0, 1.5, Date(2011, 3, 30), "n1", 1},
                      {"east", "alpha", 4.0, 10.0, Date(2011, 4, 1), Value(), 1},
-                     {"WEST", "Acme", 1.0, 3.0, Value(), "n3", 1},
+                     {"WEST", "Acme", 1.0, 3.0, Value(), "", 1},
                      {"East", "Alpha", 5.0, Value(), Date(2012, 2, 29), "n4", 1},
                      {"West", "beta", 3.0, 2.0, Date(2011, 12, 31), "n5", 1}});
 }
@@ -59,6 +60,32 @@ inline QStringList fieldsOf(const QString &designer)
     return names;
 }
 
+/// A row by its fields; those that are not named are Null.
+using Row = std::map<QString, Value>;
+
+/// A design over hand-made rows, with formulas replaced before they are read and texts set afterwards.
+inline std::unique_ptr<Report> reportOf(const QString &designer, const std::vector<Row> &rows,
+                                        const std::map<QString, QString> &texts = {},
+                                        const std::map<int, QString> &formulas = {})
+{
+    const QStringList fields = fieldsOf(designer);
+    MadeRows made(fields);
+    for (const Row &row : rows) {
+        std::vector<Value> values(fields.size());
+        for (const auto &[field, value] : row)
+            values.at(fields.indexOf(field)) = value;
+        made.add(values);
+    }
+    auto report = std::unique_ptr<Report>(new Report(newReport(designer)));
+    for (const auto &[index, text] : formulas)
+        report->setFormulaText(index, text);
+    report->SetDataSource(made);
+    report->ReadRecords();
+    for (const auto &[name, text] : texts)
+        report->object(name).SetText(text);
+    return report;
+}
+
 /// What a program of the PDF tools says about a file.
 inline QString told(const QString &program, const QStringList &arguments)
 {
@@ -68,6 +95,14 @@ inline QString told(const QString &program, const QStringList &arguments)
     EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
     EXPECT_EQ(process.readAllStandardError(), "");
     return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+/// What a print server wrote down of a job when it was stopped, as printers are told it.
+inline QByteArray attributesOf(PrivatePrintServer &server, int job)
+{
+    server.stop();
+    QFile file(server.jobFile(job).replace("/d", "/c").chopped(4));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// All texts of all pages, a line per page joined by "|".

@@ -4,7 +4,6 @@
 #include "reportengine/viewer/viewer.h"
 #include "tests/reportengine/reportfixture.h"
 #include "tests/support/boxes.h"
-#include "tests/support/printserver.h"
 #include "toolkit/controls/statusline.h"
 #include <QAbstractItemModelTester>
 #include <QAction>
@@ -14,6 +13,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
@@ -95,12 +95,7 @@ protected:
         EXPECT_TRUE(control) << name;
         return control;
     }
-    int pageCount()
-    {
-        int count = 0;
-        QMetaObject::invokeMethod(m_control, "pageCount", Q_RETURN_ARG(int, count));
-        return count;
-    }
+    int pageCount() { return m_control->pageCount(); }
     void press(const char *action) { find<QAction>(action)->trigger(); }
 
     Viewer m_viewer;
@@ -108,42 +103,26 @@ protected:
     PageView *m_view = nullptr;
 };
 
-TEST_F(ViewerTest, FillsItsWindowAndShowsTheReport)
+TEST_F(ViewerTest, FillsItsWindowWithItsOwnReportAndWritesIt)
 {
     show(sampleReport("crptPickTicket", 5));
+    Viewer other;
+    other.setReportSource(sampleReport("crptPackingSlip", 90));
+    other.viewReport();
     EXPECT_EQ(m_viewer.objectName(), "Viewer");
     EXPECT_EQ(m_viewer.windowTitle(), "Report Viewer");
-    EXPECT_EQ(m_control->geometry(), m_viewer.rect());
     m_viewer.resize(500, 400);
     EXPECT_EQ(m_control->geometry(), m_viewer.rect());
-    EXPECT_EQ(pageCount(), 1);
+    EXPECT_TRUE(isShown(QColor(80, 80, 80), 0)) << "there is text on the page";
     EXPECT_EQ(find<QLabel>("pageTotal")->text().trimmed(), "of 1");
-}
+    EXPECT_GT(other.viewer()->pageCount(), 1);
 
-TEST_F(ViewerTest, GoesFromPageToPage)
-{
-    show(sampleReport("crptSalesByPart", 800));
-    const int pages = pageCount();
-    ASSERT_GT(pages, 5);
-    auto *number = find<QSpinBox>("pageNumber");
-    EXPECT_EQ(number->value(), 1);
-    press("nextPage");
-    EXPECT_EQ(number->value(), 2);
-    press("lastPage");
-    EXPECT_EQ(number->value(), pages);
-    press("nextPage");
-    EXPECT_EQ(number->value(), pages);
-    press("previousPage");
-    EXPECT_EQ(number->value(), pages - 1);
-    press("firstPage");
-    EXPECT_EQ(number->value(), 1);
-    number->setFocus();
-    number->selectAll();
-    QTest::keyClicks(number, "4");
-    QTest::keyClick(number, Qt::Key_Return);
-    EXPECT_EQ(m_control->currentPage(), 3);
-    find<QComboBox>("zoom")->setCurrentText("50%");
-    EXPECT_EQ(m_control->currentPage(), 3) << "another zoom keeps the page";
+    QTemporaryDir folder;
+    for (const char *suffix : {"pdf", "xlsx", "csv", "doc"}) {
+        const QString path = folder.filePath(QString("r.") + suffix);
+        EXPECT_EQ(m_control->exportTo(path), QString(suffix) != "doc") << suffix;
+        EXPECT_EQ(QFile::exists(path), QString(suffix) != "doc") << suffix;
+    }
 }
 
 TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
@@ -239,8 +218,21 @@ TEST(PageText, AFindIsTheWordAloneOnEachOfItsLines)
 TEST_F(ViewerTest, KeysWorkWhereverTheFocusIs)
 {
     show(sampleReport("crptSalesByPart", 800));
-    const int last = pageCount() - 1;
     press("groupTreeToggle");
+    const auto state = [this] {
+        const QString page = m_control->currentPage() == pageCount() - 1 ? "last" : m_control->currentPage() ? "" : "1";
+        const bool hasTree = m_control->findChild<QAction *>("groupTreeToggle")->isChecked();
+        return page + (scrolled() > 100 ? " down " : " top ") + zoomShown() + (hasTree ? " tree" : "");
+    };
+    const std::pair<QKeyCombination, const char *> steps[] = {{Qt::CTRL | Qt::Key_0, "1 top 100% tree"},
+                                                              {Qt::Key_End, "last down 100% tree"},
+                                                              {Qt::Key_Home, "1 top 100% tree"},
+                                                              {Qt::Key_PageDown, "1 down 100% tree"},
+                                                              {Qt::Key_PageUp, "1 top 100% tree"},
+                                                              {Qt::CTRL | Qt::Key_Plus, "1 top 125% tree"},
+                                                              {Qt::CTRL | Qt::Key_Minus, "1 top 100% tree"},
+                                                              {Qt::CTRL | Qt::Key_G, "1 top 100%"},
+                                                              {Qt::CTRL | Qt::Key_G, "1 top 100% tree"}};
     for (const char *focus : {"pageView", "groupTree", "findText", "pageNumber", "zoom"}) {
         SCOPED_TRACE(focus);
         const auto enter = [&] {
@@ -249,28 +241,10 @@ TEST_F(ViewerTest, KeysWorkWhereverTheFocusIs)
             find<QWidget>(focus)->setFocus();
         };
         enter();
-        key(Qt::Key_End);
-        EXPECT_EQ(m_control->currentPage(), last);
-        key(Qt::Key_Home);
-        EXPECT_EQ(m_control->currentPage(), 0);
-        EXPECT_EQ(scrolled(), 0);
-        key(Qt::Key_PageDown);
-        const int down = scrolled();
-        EXPECT_GT(down, 100);
-        key(Qt::Key_PageUp);
-        EXPECT_EQ(scrolled(), 0);
-        key(Qt::Key_0, Qt::ControlModifier);
-        EXPECT_EQ(zoomShown(), "100%");
-        key(Qt::Key_Plus, Qt::ControlModifier);
-        EXPECT_EQ(zoomShown(), "125%");
-        key(Qt::Key_Minus, Qt::ControlModifier);
-        EXPECT_EQ(zoomShown(), "100%");
-        auto *groups = m_control->findChild<QAction *>("groupTreeToggle");
-        const bool shown = groups->isChecked();
-        key(Qt::Key_G, Qt::ControlModifier);
-        EXPECT_NE(groups->isChecked(), shown);
-        key(Qt::Key_G, Qt::ControlModifier);
-        EXPECT_EQ(groups->isChecked(), shown);
+        for (const auto &[pressed, seen] : steps) {
+            key(pressed.key(), pressed.keyboardModifiers());
+            EXPECT_EQ(state(), seen) << pressed.key();
+        }
         enter();
         key(Qt::Key_F, Qt::ControlModifier);
         EXPECT_EQ(m_viewer.focusWidget()->objectName(), "findText");
@@ -320,11 +294,17 @@ TEST_F(ViewerTest, EveryPageCanBeReachedHoweverSmall)
         m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum());
         EXPECT_EQ(number->value(), m_view->verticalScrollBar()->maximum() > 0 ? pages : 1);
         press("firstPage");
-        number->setFocus();
-        number->selectAll();
-        QTest::keyClicks(number, "99999");
-        key(Qt::Key_Return);
-        EXPECT_EQ(number->value(), pages) << "beyond the end means the last";
+        press("lastPage");
+        EXPECT_EQ(number->value(), pages);
+        for (const char *typed : {"4", "99999"}) {
+            number->setFocus();
+            number->selectAll();
+            QTest::keyClicks(number, typed);
+            key(Qt::Key_Return);
+            EXPECT_EQ(m_control->currentPage(), std::min(QString(typed).toInt(), pages) - 1);
+        }
+        find<QComboBox>("zoom")->setCurrentText("50%");
+        EXPECT_EQ(m_control->currentPage(), pages - 1) << "another zoom keeps the page";
     }
 }
 
@@ -480,6 +460,11 @@ TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPageAndRangesOfPages)
     PrivatePrintServer server(PrivatePrintServer::queue("Office", true, true, true));
     show(sampleReport("crptSalesByPart", 300));
     press("nextPage");
+    answer<QPageSetupDialog>("pageSetupDialog", [](QPageSetupDialog &dialog) {
+        dialog.findChild<QRadioButton *>("landscape")->click();
+        dialog.accept();
+    });
+    press("pageSetup");
     const auto printed = [&](const char *choice, int job) {
         answer<QPrintDialog>("printDialog", [choice](QPrintDialog &dialog) {
             EXPECT_EQ(dialog.printer()->printerName(), "Office");
@@ -496,47 +481,8 @@ TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPageAndRangesOfPages)
     };
     EXPECT_EQ(printed("printCurrentPage", 1), QStringList{"2"});
     EXPECT_EQ(printed("pagesRadioButton", 2), (QStringList{"2", "3", "5"}));
-    server.stop(); // which writes down what it knows of its jobs
-    QFile attributes(server.jobFile(2).replace("/d", "/c").chopped(4));
-    ASSERT_TRUE(attributes.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(attributes.readAll().contains("page-ranges")) << "the server would choose among the chosen again";
-}
-
-TEST_F(ViewerTest, WritesWhatIsAskedOfIt)
-{
-    show(sampleReport("crptPickTicket", 5));
-    QTemporaryDir folder;
-    for (const char *suffix : {"pdf", "xlsx", "csv", "doc"}) {
-        bool written = false;
-        const QString path = folder.filePath(QString("r.") + suffix);
-        QMetaObject::invokeMethod(m_control, "exportTo", Q_RETURN_ARG(bool, written), Q_ARG(QString, path));
-        EXPECT_EQ(written, QString(suffix) != "doc") << suffix;
-        EXPECT_EQ(QFile::exists(path), written);
-    }
-}
-
-TEST_F(ViewerTest, DrawsTheReportOnTheScreen)
-{
-    show(sampleReport("crptPickTicket", 5));
-    const QImage picture = m_viewer.grab().toImage();
-    int dark = 0;
-    for (int y = 60; y < picture.height(); y += 1) {
-        for (int x = 0; x < picture.width(); x += 1)
-            dark += qGray(picture.pixel(x, y)) < 80;
-    }
-    EXPECT_GT(dark, 500) << "there is text on the page";
-    if (qEnvironmentVariableIsSet("TAMRICK_PICTURES"))
-        m_viewer.grab().save(qEnvironmentVariable("TAMRICK_PICTURES") + "/viewer.png");
-}
-
-TEST_F(ViewerTest, WindowsStandSideBySideEachWithItsOwnReport)
-{
-    show(sampleReport("crptPickTicket", 5));
-    Viewer other;
-    other.setReportSource(sampleReport("crptPackingSlip", 90));
-    other.viewReport();
-    EXPECT_EQ(pageCount(), 1);
-    EXPECT_GT(other.viewer()->pageCount(), 1);
+    EXPECT_TRUE(told("pdfinfo", {server.jobFile(2)}).contains("792 x 612 pts")) << "as set up";
+    EXPECT_FALSE(attributesOf(server, 2).contains("page-ranges")) << "the server would choose among the chosen again";
 }
 
 } // namespace
