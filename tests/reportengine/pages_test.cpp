@@ -1,4 +1,3 @@
-#include "data/values/conversions.h"
 #include "reportengine/pages/valuetext.h"
 #include "reportengine/rows/rowstore.h"
 #include "tests/reportengine/reportfixture.h"

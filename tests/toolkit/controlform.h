@@ -12,15 +12,16 @@ public:
     {
         auto *page = new QVBoxLayout(this);
         it = add<Control>("it", std::forward<Args>(args)...);
-        away = addButton("away", "Away");
         page->addWidget(it);
+        auto *away = addButton("away", "Away");
         page->addWidget(away);
         setTabOrder({it, away});
     }
 
-    /// Loads a form with such a control.
+    /// Loads a form with such a control, in place of the one before.
     template <class... Args> static ControlForm *load(Args... args)
     {
+        Forms::unloadAll();
         Forms::add("test", [=] { return new ControlForm(args...); });
         return static_cast<ControlForm *>(Load("test"));
     }
@@ -32,6 +33,24 @@ public:
     QStringList takeEvents() { return std::exchange(events, {}); }
 
     Control *it;
-    QPushButton *away;
     QStringList events;
 };
+
+/// Plays a script on a form, its steps parted by blanks: "@it" clicks on a control, "<Alt+Down>" is a key,
+/// "text:Bolt" is an act of the test's own, and anything else is typed into the control that has the focus.
+inline void play(FormDriver &driver, const QString &script,
+                 const std::function<void(const QString &act, const QString &value)> &own = {})
+{
+    for (const QString &step : script.split(u' ', Qt::SkipEmptyParts)) {
+        if (step.startsWith(u'@')) {
+            driver.click(step.mid(1));
+        } else if (step.startsWith(u'<')) {
+            const QKeyCombination key = QKeySequence(step.mid(1).chopped(1))[0];
+            driver.key(key.key(), key.keyboardModifiers());
+        } else if (step.contains(u':')) {
+            own(step.section(u':', 0, 0), step.section(u':', 1));
+        } else {
+            driver.keys(step);
+        }
+    }
+}

@@ -1,10 +1,9 @@
-#include "tests/support/desk.h"
+#include "tests/toolkit/controlform.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/formlayout.h"
 
 #include <QApplication>
 #include <QMenuBar>
-#include <QVBoxLayout>
 
 namespace {
 /// Two fields, a list, a date and a button, and a log of the events they raise.
@@ -29,22 +28,23 @@ public:
         fields->add("D", dtD);
         page->addLayout(buttonRow({btnGo}));
         setTabOrder({txtA, txtB, cmbC, dtD, btnGo});
-        connect(btnGo, &QPushButton::clicked, this, [this] { log("btnGo Click"); });
+        connect(btnGo, &QPushButton::clicked, this, [this] { log("Go"); });
     }
 
     template <class Control> void watch(Control *control)
     {
-        connect(control, &Control::gotFocus, this, [this, control] { log(control->objectName() + " GotFocus"); });
-        connect(control, &Control::lostFocus, this, [this, control] { log(control->objectName() + " LostFocus"); });
+        const QString letter = control->objectName().right(1);
+        connect(control, &Control::gotFocus, this, [this, letter] { log("+" + letter); });
+        connect(control, &Control::lostFocus, this, [this, letter] { log("-" + letter); });
     }
-    void log(const QString &event) { events += objectName() + '.' + event; }
+    void log(const QString &event) { events += (objectName() == "two" ? "two." : "") + event; }
     using Form::setFocusTo;
 
     TextBox *txtA, *txtB;
     ComboBox *cmbC;
     DTPicker *dtD;
     QPushButton *btnGo;
-    static inline QStringList events;
+    static inline QStringList events; ///< "+A", "-A": txtA got and lost the focus
 };
 
 class FocusTest : public DeskTest
@@ -57,191 +57,95 @@ protected:
         FocusForm::events.clear();
     }
     static FocusForm *form(const FormDriver &driver) { return static_cast<FocusForm *>(driver.form()); }
-    static QStringList events() { return std::exchange(FocusForm::events, {}); }
-};
-
-using Events = QStringList;
-
-TEST_F(FocusTest, ALoadedFormGivesTheFocusToItsFirstControlOnce)
-{
-    FormDriver one("one");
-    EXPECT_EQ(events(), Events{"one.txtA GotFocus"});
-    EXPECT_EQ(one.focus(), "txtA");
-}
-
-TEST_F(FocusTest, TabGoesRoundInTheDeclaredOrderAndBackwards)
-{
-    FormDriver one("one");
-    QStringList order{one.focus()};
-    for (int i = 0; i < 5; ++i) {
-        one.key(Qt::Key_Tab);
-        order += one.focus();
-    }
-    EXPECT_EQ(order, (QStringList{"txtA", "txtB", "cmbC", "dtD", "btnGo", "txtA"}));
-    one.key(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(one.focus(), "btnGo");
-    EXPECT_EQ(events(), (Events{"one.txtA GotFocus", "one.txtA LostFocus", "one.txtB GotFocus", "one.txtB LostFocus",
-                                "one.cmbC GotFocus", "one.cmbC LostFocus", "one.dtD GotFocus", "one.dtD LostFocus",
-                                "one.txtA GotFocus", "one.txtA LostFocus"}));
-}
-
-TEST_F(FocusTest, AMouseClickOnAButtonComesAfterTheLostFocusOfTheFieldLeft)
-{
-    FormDriver one("one");
-    one.click("btnGo");
-    EXPECT_EQ(events(), (Events{"one.txtA GotFocus", "one.txtA LostFocus", "one.btnGo Click"}));
-}
-
-TEST_F(FocusTest, AnAccessKeyMovesTheFocusBeforeItClicks)
-{
-    FormDriver one("one");
-    one.key(Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(events(), (Events{"one.txtA GotFocus", "one.txtA LostFocus", "one.btnGo Click"}));
-    EXPECT_EQ(one.focus(), "btnGo");
-}
-
-TEST_F(FocusTest, EnterPressesTheButtonThatHasTheFocusAndNoOther)
-{
-    FormDriver one("one");
-    one.key(Qt::Key_Return);
-    EXPECT_EQ(events(), Events{"one.txtA GotFocus"});
-    one.click("btnGo");
-    events();
-    one.key(Qt::Key_Return);
-    one.key(Qt::Key_Space);
-    EXPECT_EQ(events(), (Events{"one.btnGo Click", "one.btnGo Click"}));
-}
-
-/// A LostFocus that shows a box and then, or not, sends the focus back.
-struct Refusal
-{
-    const char *title;
-    bool box, back;
-    Events expected;
-};
-
-TEST_F(FocusTest, APressWhoseLostFocusShowedABoxOrSentTheFocusBackIsNoClick)
-{
-    const Refusal cases[] = {
-        {"a box and the focus back", true, true, {"one.txtA LostFocus", "one.txtA GotFocus"}},
-        {"a box alone", true, false, {"one.txtA LostFocus"}},
-        {"the focus back without a box", false, true, {"one.txtA LostFocus", "one.txtA GotFocus"}},
-    };
-    for (const Refusal &refusal : cases) {
-        for (const bool byMouse : {true, false}) {
-            SCOPED_TRACE(std::string(refusal.title) + (byMouse ? " by mouse" : " by access key"));
-            FormDriver one("one");
-            FocusForm *f = form(one);
-            QObject::connect(f->txtA, &TextBox::lostFocus, f, [&, f] {
-                if (refusal.box)
+    static QString events() { return std::exchange(FocusForm::events, {}).join(' '); }
+    /// What a form's own routines and its surroundings do.
+    void act(FormDriver &driver, const QString &act, const QString &value)
+    {
+        FocusForm *f = form(driver);
+        if (act == "box") {
+            boxes.expect("Title", "Prompt");
+            MsgBox("Prompt", "Title");
+        } else if (act == "open") {
+            FormDriver opened(value);
+        } else if (act == "menu") {
+            QTest::keyClick(mdi.get(), Qt::Key_F, Qt::AltModifier);
+            QTest::keyClick(mdi->findChild<QMenuBar *>(), Qt::Key_Escape);
+        } else if (act == "program") { // another one
+            QWidget other;
+            other.show();
+            QApplication::setActiveWindow(&other);
+            QApplication::setActiveWindow(mdi.get());
+        } else if (act == "disable") {
+            driver.control<QWidget>(value)->setEnabled(false);
+        } else if (act == "refuse") { // LostFocus of txtA puts up a box, or sends the focus back
+            QObject::connect(f->txtA, &TextBox::lostFocus, f, [this, f, value] {
+                if (value.contains("box")) {
+                    boxes.expect("Invalid", "Not that.");
                     MsgBox("Not that.", "Invalid");
-                if (refusal.back)
+                }
+                if (value.contains("back"))
                     FocusForm::setFocusTo(f->txtA);
             });
-            events();
-            if (refusal.box)
-                boxes.expect("Invalid", "Not that.");
-            if (byMouse)
-                one.click("btnGo");
-            else
-                one.key(Qt::Key_G, Qt::AltModifier);
-            EXPECT_EQ(events(), refusal.expected);
-            EXPECT_EQ(one.focus(), refusal.back ? "txtA" : "btnGo");
-            boxes.verify();
-            f->unload();
-            settle();
         }
     }
-}
+};
 
-TEST_F(FocusTest, AFieldThatTheFocusOnlyPassedThroughGetsNoEvent)
+TEST_F(FocusTest, IsToldToTheFieldLeftAndThenToTheFieldEntered)
 {
-    FormDriver one("one");
-    FocusForm *f = form(one);
-    QObject::connect(f->txtA, &TextBox::lostFocus, f, [f] { FocusForm::setFocusTo(f->txtA); });
-    events();
-    one.key(Qt::Key_Tab);
-    EXPECT_EQ(events(), (Events{"one.txtA LostFocus", "one.txtA GotFocus"}));
-    EXPECT_EQ(one.focus(), "txtA");
-}
-
-TEST_F(FocusTest, AFieldEnteredWhileABoxWasUpInLostFocusGetsItsGotFocusOnce)
-{
-    FormDriver one("one");
-    FocusForm *f = form(one);
-    QObject::connect(f->txtA, &TextBox::lostFocus, f, [] { MsgBox("Note.", "Note"); });
-    events();
-    boxes.expect("Note", "Note.");
-    one.key(Qt::Key_Tab);
-    EXPECT_EQ(events(), (Events{"one.txtA LostFocus", "one.txtB GotFocus"}));
-}
-
-TEST_F(FocusTest, BoxesDroppedListsMenusAndOtherProgramsTakeNoFocusAway)
-{
-    FormDriver one("one");
-    one.click("cmbC");
-    one.key(Qt::Key_Escape);
-    events();
-    boxes.expect("Title", "Prompt");
-    MsgBox("Prompt", "Title");
-    one.key(Qt::Key_F4);
-    one.control<ComboBox>("cmbC")->hidePopup();
-    QTest::keyClick(mdi.get(), Qt::Key_F, Qt::AltModifier);
-    QTest::keyClick(mdi->findChild<QMenuBar *>(), Qt::Key_Escape);
-    QWidget other;
-    other.show();
-    QApplication::setActiveWindow(&other);
-    QApplication::setActiveWindow(mdi.get());
-    EXPECT_EQ(events(), Events());
-    EXPECT_EQ(one.focus(), "cmbC");
-}
-
-TEST_F(FocusTest, AnotherFormThatBecomesActiveTakesTheFocus)
-{
-    FormDriver one("one");
-    FormDriver two("two");
-    one.click("txtB");
-    EXPECT_EQ(events(), (Events{"one.txtA GotFocus", "one.txtA LostFocus", "two.txtA GotFocus", "two.txtA LostFocus",
-                                "one.txtB GotFocus"}));
+    const struct
+    {
+        const char *title, *script, *events, *focus;
+    } cases[] = {
+        {"the first control gets it once", "", "+A", "txtA"},
+        {"Tab goes round in the declared order", "<Tab> <Tab> <Tab> <Tab> <Tab>", "+A -A +B -B +C -C +D -D +A", "txtA"},
+        {"and backwards", "<Shift+Backtab> <Shift+Backtab>", "+A -A +D", "dtD"},
+        {"a press comes after the LostFocus of the field left", "@btnGo", "+A -A Go", "btnGo"},
+        {"an access key moves the focus first", "<Alt+G>", "+A -A Go", "btnGo"},
+        {"Enter presses the button that has the focus", "@btnGo <Return> <Space>", "+A -A Go Go Go", "btnGo"},
+        {"and no other", "<Return>", "+A", "txtA"},
+        {"a box and the focus back: no click", "refuse:box,back @btnGo", "+A -A +A", "txtA"},
+        {"nor by the access key", "refuse:box,back <Alt+G>", "+A -A +A", "txtA"},
+        {"a box alone: no click", "refuse:box @btnGo", "+A -A", "btnGo"},
+        {"nor by the access key", "refuse:box <Alt+G>", "+A -A", "btnGo"},
+        {"the focus back without a box: no click", "refuse:back @btnGo", "+A -A +A", "txtA"},
+        {"nor by the access key", "refuse:back <Alt+G>", "+A -A +A", "txtA"},
+        {"a field that it only passed through hears nothing", "refuse:back <Tab>", "+A -A +A", "txtA"},
+        {"one entered while a box was up hears it once", "refuse:box <Tab>", "+A -A +B", "txtB"},
+        {"boxes, lists, menus and other programs take none away",
+         "@cmbC <Esc> box: <F4> <Esc> menu: program:", "+A -A +C", "cmbC"},
+        {"another form takes it", "open:two", "+A -A two.+A", "txtA"},
+        {"and gives it back", "open:two @txtB", "+A -A two.+A two.-A +B", "txtB"},
+        {"a disabled control passes it on in silence", "disable:txtA", "+A +B", "txtB"},
+        {"a disabled frame is passed over", "@btnGo disable:Frame1 <Tab>", "+A -A Go", "btnGo"},
+        {"also by the mouse", "@btnGo disable:Frame1 @txtA", "+A -A Go", "btnGo"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.title);
+        FormDriver one("one");
+        play(one, c.script, [&](const QString &act, const QString &value) { this->act(one, act, value); });
+        EXPECT_EQ(events(), c.events);
+        EXPECT_EQ(one.focus(), c.focus);
+        boxes.verify();
+        Forms::unloadAll();
+        settle();
+        EXPECT_FALSE(events().contains('-')) << "forms that unload raise no LostFocus";
+    }
 }
 
 TEST_F(FocusTest, AFieldThatDoesNotLetTheFocusGoIsAskedOnceWhenAFormOpens)
 {
     FormDriver one("one");
-    FocusForm *f = form(one);
-    one.type("txtB", "kept");
-    QObject::connect(f->txtB, &TextBox::lostFocus, f, [f] {
-        MsgBox("Stay.", "Note");
-        FocusForm::setFocusTo(f->txtB);
-    });
+    one.type("txtA", "kept");
+    act(one, "refuse", "box,back");
     for (const char *other : {"two", "frmAbout"}) {
         events();
-        boxes.expect("Note", "Stay.");
         FormDriver opened(other);
         settle();
-        EXPECT_EQ(events(), (Events{"one.txtB LostFocus", "one.txtB GotFocus"})) << other;
-        EXPECT_EQ(one.focus(), "txtB") << other;
-        EXPECT_EQ(f->txtB->selectedText(), "kept") << other;
+        EXPECT_EQ(events(), "-A +A") << other;
+        EXPECT_EQ(one.focus(), "txtA") << other;
+        EXPECT_EQ(form(one)->txtA->selectedText(), "kept") << other;
         EXPECT_TRUE(opened.form()->isVisible());
     }
-}
-
-TEST_F(FocusTest, AFormThatUnloadsRaisesNoLostFocus)
-{
-    FormDriver one("one");
-    events();
-    one.form()->unload();
-    settle();
-    EXPECT_EQ(events(), Events());
-    EXPECT_FALSE(one.isLoaded());
-}
-
-TEST_F(FocusTest, AControlThatIsDisabledPassesTheFocusOnWithoutALostFocus)
-{
-    FormDriver one("one");
-    events();
-    form(one)->txtA->setEnabled(false);
-    EXPECT_EQ(events(), Events{"one.txtB GotFocus"});
 }
 
 TEST_F(FocusTest, SetFocusToAControlThatCannotTakeItIsError5)
@@ -252,34 +156,28 @@ TEST_F(FocusTest, SetFocusToAControlThatCannotTakeItIsError5)
     FormDriver one("one");
     FocusForm *f = form(one);
     f->txtB->setEnabled(false);
-    EXPECT_EQ(errorNumberOf([&] { FocusForm::setFocusTo(f->txtB); }), 5);
     f->cmbC->hide();
-    EXPECT_EQ(errorNumberOf([&] { FocusForm::setFocusTo(f->cmbC); }), 5);
+    for (QWidget *control : std::initializer_list<QWidget *>{f->txtB, f->cmbC})
+        EXPECT_EQ(errorNumberOf([&] { FocusForm::setFocusTo(control); }), 5);
     one.control<QGroupBox>("Frame1")->setEnabled(false);
     EXPECT_EQ(errorNumberOf([&] { FocusForm::setFocusTo(f->txtA); }), 5);
 }
 
-TEST_F(FocusTest, ADisabledFrameIsPassedOverButItsFieldsAreNotGreyed)
+TEST_F(FocusTest, TheFieldsOfADisabledFrameAreNotGreyed)
 {
     FormDriver one("one");
     FocusForm *f = form(one);
     f->txtB->setEnabled(false);
     auto *frame = one.control<QGroupBox>("Frame1");
-    one.click("btnGo");
     const QColor ink = f->txtA->palette().color(QPalette::Text);
     frame->setEnabled(false);
     EXPECT_EQ(f->txtA->palette().color(QPalette::Text), ink);
     EXPECT_NE(f->txtB->palette().color(QPalette::Text), ink) << "disabled by itself, it stays grey";
-    one.key(Qt::Key_Tab);
-    EXPECT_EQ(one.focus(), "btnGo");
-    QTest::mouseClick(f->txtA, Qt::LeftButton);
-    EXPECT_EQ(one.focus(), "btnGo");
     EXPECT_TRUE(f->txtA->isEnabledTo(frame));
-
     frame->setEnabled(true);
     EXPECT_EQ(f->txtA->palette().color(QPalette::Text), ink);
     EXPECT_FALSE(f->txtB->isEnabled());
-    one.key(Qt::Key_Tab);
+    play(one, "@btnGo <Tab>");
     EXPECT_EQ(one.focus(), "txtA");
 }
 } // namespace

@@ -43,24 +43,20 @@ protected:
     }
 };
 
-TEST_F(FormsTest, LoadRunsTheLoadRoutineThenShowsTheFormInTheMainWindow)
+TEST_F(FormsTest, LoadRunsTheLoadRoutineThenShowsTheFormInTheMainWindowAndALoadedOneNotAgain)
 {
     auto *form = static_cast<EventForm *>(Load("frmEvents"));
     EXPECT_EQ(events, QStringList{"load"});
     EXPECT_TRUE(form->isVisible());
     EXPECT_GE(form->resizes, 1);
     EXPECT_EQ(form->window(), mdi.get());
-    EXPECT_EQ(mdi->findChild<QMdiArea *>()->activeSubWindow()->widget(), form);
+    const auto *area = mdi->findChild<QMdiArea *>();
+    EXPECT_EQ(area->activeSubWindow()->widget(), form);
     EXPECT_EQ(form->parentWidget()->windowTitle(), "Events");
-}
-
-TEST_F(FormsTest, LoadOfALoadedFormDoesNothing)
-{
-    Form *form = Load("frmEvents");
     Form *about = Load("frmAbout");
     EXPECT_EQ(Load("frmEvents"), form);
     EXPECT_EQ(events, QStringList{"load"});
-    EXPECT_EQ(mdi->findChild<QMdiArea *>()->activeSubWindow()->widget(), about) << "nor is it brought to the front";
+    EXPECT_EQ(area->activeSubWindow()->widget(), about) << "nor is it brought to the front";
 }
 
 TEST_F(FormsTest, ARoutineGoesOnAfterItUnloadedItsForm)
@@ -69,9 +65,10 @@ TEST_F(FormsTest, ARoutineGoesOnAfterItUnloadedItsForm)
     driver.click("btnExit");
     EXPECT_EQ(events, (QStringList{"load", "unload", "after unload Exit"}));
     EXPECT_FALSE(Forms::loaded("frmEvents"));
+    Form *next = Load("frmEvents");
     settle();
     EXPECT_EQ(events.last(), "gone");
-    EXPECT_FALSE(mdi->findChild<QMdiSubWindow *>());
+    EXPECT_EQ(Forms::loaded("frmEvents"), next) << "loaded again in the same routine it is a new one";
 }
 
 TEST_F(FormsTest, TheCloseBoxAndTheMainWindowUnloadOnce)
@@ -83,16 +80,6 @@ TEST_F(FormsTest, TheCloseBoxAndTheMainWindowUnloadOnce)
     mdi->close();
     settle();
     EXPECT_EQ(events.mid(3), (QStringList{"load", "unload", "gone"}));
-}
-
-TEST_F(FormsTest, AFormLoadedAgainInTheSameRoutineIsANewOne)
-{
-    Form *first = Load("frmEvents");
-    first->unload();
-    Form *second = Load("frmEvents");
-    EXPECT_NE(first, second);
-    settle();
-    EXPECT_EQ(Forms::loaded("frmEvents"), second);
 }
 
 TEST_F(FormsTest, InstancesStandSideBySide)

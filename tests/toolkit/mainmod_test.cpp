@@ -29,13 +29,8 @@ TEST_F(ReadConfigTest, SettingsAreTakenByPositionWhateverTheLabelsSay)
     EXPECT_EQ(gConfigReserved, "0");
     EXPECT_EQ(gAutoPriceFlag, "YES");
     EXPECT_EQ(gTypeAheadSeconds, 1.5);
-}
-
-TEST_F(ReadConfigTest, ATextThatIsNoNumberGivesNoIdleTime)
-{
     read("Settings\nPath,x\nWhse,Main\nX,0\nAuto,yes\nSeconds,soon");
-    EXPECT_EQ(gTypeAheadSeconds, 0);
-    EXPECT_EQ(gAutoPriceFlag, "yes");
+    EXPECT_EQ(gTypeAheadSeconds, 0) << "a text that is no number gives no idle time";
 }
 
 TEST_F(ReadConfigTest, AShortFileIsError62AndAMissingOneError53)

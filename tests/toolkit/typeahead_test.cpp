@@ -5,122 +5,72 @@
 #include <QAbstractItemView>
 
 namespace {
-/// Two lists with type-ahead, so that keys can change from one to the other.
+/// Lists with type-ahead, so that keys can change from one to the other.
 class TwoLists : public Form
 {
 public:
     TwoLists() : Form("lists", "Lists")
     {
         auto *page = new QVBoxLayout(this);
-        for (ComboBox *box : {first = addList("first"), second = addList("second"), edit = addEditable("edit")}) {
+        boxes = {addList("first"), addList("second"), addEditable("edit")};
+        for (ComboBox *box : boxes) {
             page->addWidget(box);
             box->addItems({"AA", "Abacus", "Abc", "Bolt", "A B"});
             setTypeAhead(box);
             connect(box, &ComboBox::click, this, [this] { ++clicks; });
         }
-        setTabOrder({first, second, edit});
+        setTabOrder({boxes[0], boxes[1], boxes[2]});
     }
-    ComboBox *first, *second, *edit;
+    std::vector<ComboBox *> boxes;
     int clicks = 0;
 };
 
 class TypeAheadTest : public DeskTest
 {
-protected:
-    TypeAheadTest()
-    {
-        Forms::add("lists", [] { return new TwoLists; });
-        driver = std::make_unique<FormDriver>("lists");
-        form = static_cast<TwoLists *>(driver->form());
-    }
-    /// Types one character into the box that has the focus.
-    void press(const QString &character) { driver->keys(character); }
-
-    TestClock clock{"2011-03-30 09:00:00"};
-    std::unique_ptr<FormDriver> driver;
-    TwoLists *form;
 };
 
-TEST_F(TypeAheadTest, FastKeysAreCollectedAndClickOnEveryMatch)
+TEST_F(TypeAheadTest, CollectsTheKeysThatComeInTimeIntoOneBox)
 {
-    press("a");
-    EXPECT_EQ(form->first->text(), "AA");
-    clock.advance(0.9);
-    press("B");
-    EXPECT_EQ(form->first->text(), "Abacus");
-    clock.advance(0.9);
-    press("a");
-    EXPECT_EQ(form->first->text(), "Abacus");
-    EXPECT_EQ(form->clicks, 3) << "one for each matching key, also when the entry stays";
-}
-
-TEST_F(TypeAheadTest, APauseOfTheTimeOutStartsANewSearch)
-{
-    press("a");
-    clock.advance(1);
-    press("b");
-    EXPECT_EQ(form->first->text(), "Bolt");
-}
-
-TEST_F(TypeAheadTest, AnotherBoxStartsANewSearchWithinTheTimeOut)
-{
-    press("a");
-    driver->key(Qt::Key_Tab);
-    press("b");
-    EXPECT_EQ(form->second->text(), "Bolt");
-    driver->key(Qt::Key_Backtab, Qt::ShiftModifier);
-    press("b");
-    EXPECT_EQ(form->first->text(), "Bolt");
-}
-
-TEST_F(TypeAheadTest, AKeyThatFindsNothingBlocksTheSearchUntilThePause)
-{
-    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Escape, Qt::Key_Return}) {
-        press("a");
-        driver->key(key);
-        press("b");
-        EXPECT_EQ(form->first->text(), "AA");
-        clock.advance(1);
+    Forms::add("lists", [] { return new TwoLists; });
+    const struct
+    {
+        const char *title, *script, *texts; ///< of the first list, the second and the editable one
+        int clicks;
+        double seconds = 1;
+    } cases[] = {
+        {"a click for each match", "a", "AA||", 1},
+        {"also when the entry stays", "a wait:0.9 B wait:0.9 a", "Abacus||", 3},
+        {"a pause as long as the limit starts anew", "a wait:1 b", "Bolt||", 2},
+        {"so does another box", "a <Tab> b", "AA|Bolt|", 2},
+        {"and the way back", "a <Tab> b <Shift+Backtab> b", "Bolt|Bolt|", 3},
+        {"a key that finds nothing blocks the search", "a <Backspace> b", "AA||", 1},
+        {"until the pause", "a <Backspace> b wait:1 b", "Bolt||", 2},
+        {"so does Esc", "a <Esc> b", "AA||", 1},
+        {"so does Enter", "a <Return> b", "AA||", 1},
+        {"a blank is part of the search", "a <Space>", "A B||", 2},
+        {"a negative idle time has not expired", "wait:53999.8 a wait:7200 b", "Abacus||", 2},
+        {"a limit of 0 makes each key a new search", "a b", "Bolt||", 2, 0},
+        {"nothing can be typed into an editable box", "@edit <Esc> x", "||", 0},
+        {"but what is in its list", "@edit <Esc> wait:2 a b", "||Abacus", 2},
+        {"the open list follows", "<F4> b", "Bolt||", 1},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.title);
+        TestClock clock("2011-03-30 09:00:00");
+        gTypeAheadSeconds = c.seconds;
+        FormDriver driver("lists");
+        auto *form = static_cast<TwoLists *>(driver.form());
+        play(driver, c.script, [&](const QString &, const QString &seconds) { clock.advance(seconds.toDouble()); });
+        QStringList texts;
+        for (ComboBox *box : form->boxes) {
+            texts += box->text();
+            EXPECT_TRUE(!box->view()->isVisible() || box->view()->currentIndex().row() == box->listIndex());
+        }
+        EXPECT_EQ(texts.join('|'), c.texts);
+        EXPECT_EQ(form->clicks, c.clicks);
+        form->unload();
+        settle();
     }
-    press("b");
-    EXPECT_EQ(form->first->text(), "Bolt");
-}
-
-TEST_F(TypeAheadTest, ABlankIsPartOfTheSearch)
-{
-    press("a");
-    press(" ");
-    EXPECT_EQ(form->first->text(), "A B");
-    EXPECT_FALSE(form->first->view()->isVisible());
-}
-
-TEST_F(TypeAheadTest, AKeyJustAfterMidnightGoesOnWithTheSearch)
-{
-    clock.advance(15 * 3600 - 0.2); // 23:59:59.8
-    press("a");
-    clock.advance(7200);
-    press("b");
-    EXPECT_EQ(form->first->text(), "Abacus") << "a negative idle time has not expired, however long";
-}
-
-TEST_F(TypeAheadTest, ATimeOutOfZeroMakesEveryKeyANewSearch)
-{
-    gTypeAheadSeconds = 0;
-    press("a");
-    press("b");
-    EXPECT_EQ(form->first->text(), "Bolt");
-}
-
-TEST_F(TypeAheadTest, NothingCanBeTypedIntoAnEditableBox)
-{
-    driver->click("edit");
-    form->edit->hidePopup();
-    press("x");
-    EXPECT_EQ(form->edit->text(), "");
-    clock.advance(2);
-    press("a");
-    press("b");
-    EXPECT_EQ(form->edit->text(), "Abacus");
 }
 
 TEST_F(TypeAheadTest, AnEmptyListSwallowsTheKey)
@@ -130,15 +80,5 @@ TEST_F(TypeAheadTest, AnEmptyListSwallowsTheKey)
     ComboTypeAhead(empty, key, 1);
     EXPECT_EQ(key, 0);
     EXPECT_EQ(empty.listIndex(), -1);
-}
-
-TEST_F(TypeAheadTest, TheOpenListFollowsTheSearch)
-{
-    driver->key(Qt::Key_F4);
-    ASSERT_TRUE(form->first->view()->isVisible());
-    QTest::keyClick(form->first->view(), 'b');
-    EXPECT_EQ(form->first->text(), "Bolt");
-    EXPECT_EQ(form->first->view()->currentIndex().row(), 3);
-    QTest::keyClick(form->first->view(), Qt::Key_Escape);
 }
 } // namespace
