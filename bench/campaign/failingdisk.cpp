@@ -1,6 +1,7 @@
 #include "bench/campaign/failingdisk.h"
 
 #include "bench/campaign/faultydisk.h"
+#include "bench/campaign/faultymemory.h"
 #include "data/dao/copydatabase.h"
 #include "data/dao/createdatabase.h"
 #include "data/dao/database.h"
@@ -9,17 +10,20 @@
 #include <QSet>
 #include <cstdio>
 #include <functional>
+#include <limits>
 
 namespace {
 
 constexpr auto Password = "secret";
 constexpr int Parts = 40;
 
-/// What the disk fails with, and the error that the user sees.
+/// What fails, and the error that the user sees.
 struct Failure
 {
     int code, error;
+    bool lasting = true; ///< of memory: not for one allocation alone
 };
+const Failure NoMemory[] = {{SQLITE_NOMEM, 7, true}, {SQLITE_NOMEM, 7, false}};
 
 int errorOf(const std::function<void()> &action)
 {
@@ -46,10 +50,13 @@ QString plain(const QString &file, const char *sql)
     return text;
 }
 
-class FailingDisk
+/// Actions on a database while disk or memory fail them.
+class FailingPlace
 {
 public:
-    FailingDisk(const QString &file, const QString &connect) : m_file(file), m_connect(connect)
+    /// Of the allocations of an action that many are tried, spread over all of them.
+    FailingPlace(const QString &file, const QString &connect, int allocations)
+        : m_file(file), m_connect(connect), m_allocations(allocations)
     {
         createDatabase(file, Password);
         const auto database = open();
@@ -106,6 +113,25 @@ public:
             });
     }
 
+    void reading(Failure failure)
+    {
+        QStringList found;
+        failEverywhere(
+            "a reading", failure,
+            [&](Database &database) {
+                found.clear();
+                for (Recordset rs =
+                         database.OpenRecordset("SELECT PartNo & '/' & LeadTime, Cost FROM Part WHERE PartNo "
+                                                "LIKE '3*' ORDER BY LeadTime, PartNo");
+                     !rs.Eof(); rs.MoveNext())
+                    found += rs.Fields(0).text();
+            },
+            [&](bool returned) {
+                expect(!returned || (found.size() == 11 && found[1] == "30/" + QString(50, 'x')),
+                       "rows that are not there: " + found.join(' '));
+            });
+    }
+
     void copy(Failure failure)
     {
         const QString copy = m_file + ".copy";
@@ -140,25 +166,52 @@ private:
             m_faults += m_trying + ": " + fault;
     }
 
+    void failAfter(int passing, Failure failure)
+    {
+        if (failure.code == SQLITE_NOMEM)
+            FaultyMemory::failAfter(passing, failure.lasting);
+        else
+            m_disk.failAfter(passing, failure.code);
+    }
+    bool heal()
+    {
+        const bool memoryFailed = FaultyMemory::heal();
+        return m_disk.heal() || memoryFailed;
+    }
+
+    /// How many allocations an action makes and no two tries have between them.
+    int strideOver(const std::function<void(Database &)> &action)
+    {
+        const auto database = open();
+        FaultyMemory::failAfter(std::numeric_limits<int>::max(), false);
+        action(*database);
+        return std::max(1, FaultyMemory::passed() / m_allocations);
+    }
+
     /// Runs the action with the disk failing at its first writing, its second and so on, until it meets no failure
-    /// any more. `check` looks at the file after each, and is told whether the action returned.
+    /// any more; or with the memory failing. `check` looks at the file after each, and is told whether the action
+    /// returned.
     void failEverywhere(const char *what, Failure failure, const std::function<void(Database &)> &action,
                         const std::function<void(bool)> &check)
     {
+        const bool isMemory = failure.code == SQLITE_NOMEM;
+        const int stride = isMemory ? strideOver(action) : 1, most = isMemory ? 2 * m_allocations + 50 : 200;
+        check(false); // what the stride's run left
         int failures = 0;
-        for (bool failed = true; failed && failures < 200; ++failures) {
-            m_trying = QString("%1, failing after %2 with %3").arg(what).arg(failures).arg(failure.code);
+        for (bool failed = true; failed && failures < most; ++failures) {
+            m_trying = QString("%1, failing after %2 with %3").arg(what).arg(failures * stride).arg(failure.code);
             auto database = open();
-            m_disk.failAfter(failures, failure.code);
+            failAfter(failures * stride, failure);
             const int error = errorOf([&] { action(*database); });
-            failed = m_disk.heal();
+            failed = heal();
             expect(error == 0 || (failed && error == failure.error), "error " + QString::number(error));
             check(error == 0);
-            expect(errorOf([&] { database->Execute("UPDATE Warehouse SET City = 'x'"); }) == 0, "does not go on");
+            const int later = errorOf([&] { database->Execute("UPDATE Warehouse SET City = 'x'"); });
+            expect(later == 0, QString("does not go on: error %1").arg(later));
             database.reset();
             expect(read("PRAGMA integrity_check") == u"ok", "the file is damaged");
         }
-        expect(failures > 2 && failures < 200, "the disk hardly failed, or never stopped failing");
+        expect(failures > 2 && failures < most, "hardly anything failed, or never stopped failing");
         m_failures += failures;
     }
 
@@ -166,14 +219,14 @@ private:
     QString m_file, m_connect, m_trying;
     QStringList m_faults;
     QSet<int> m_numbers;
-    int m_cost = 0, m_failures = 0;
+    int m_allocations, m_cost = 0, m_failures = 0;
 };
 
 } // namespace
 
 QStringList failingDisk(const QString &file, const QString &connect)
 {
-    FailingDisk disk(file, connect);
+    FailingPlace disk(file, connect, 0);
     for (const Failure failure : {Failure{SQLITE_FULL, 3026}, Failure{SQLITE_IOERR_WRITE, 3043}}) {
         disk.statement(failure);
         disk.row(failure);
@@ -182,4 +235,19 @@ QStringList failingDisk(const QString &file, const QString &connect)
     disk.copy({SQLITE_FULL, 3026});
     std::printf("disk: %d failures\n", disk.failures());
     return disk.faults();
+}
+
+QStringList failingMemory(const QString &file, const QString &connect, int count)
+{
+    if (!FaultyMemory::install())
+        return {"SQLite keeps to its own memory"};
+    FailingPlace memory(file, connect, count);
+    for (const Failure &failure : NoMemory) {
+        memory.statement(failure);
+        memory.row(failure);
+        memory.table(failure);
+        memory.reading(failure);
+    }
+    std::printf("memory: %d failures\n", memory.failures());
+    return memory.faults();
 }

@@ -154,8 +154,8 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills, together, checkpoints, disk, or crashes of a server");
-    parser.addOptions({{"count", "how many kills, documents of each process, or seconds", "n", "10"},
+    parser.addPositionalArgument("campaign", "kills, together, checkpoints, disk, memory, or crashes of a server");
+    parser.addOptions({{"count", "how many kills, documents of each process, seconds, or allocations", "n", "10"},
                        {"gap", "microseconds by which checkpoints are slowed down", "n", "0"},
                        {"journal", "log or rollback", "mode", "log"},
                        {"server", "the link of scripts/testserver, for a database there", "path"},
@@ -187,6 +187,8 @@ int main(int argc, char **argv)
                             gap};
     if (campaign == "disk") // as often as there are writes to fail
         return finish("disk", settings, {}, failingDisk(settings.place.name(), settings.connect));
+    if (campaign == "memory")
+        return finish("memory", settings, {}, failingMemory(settings.place.name(), settings.connect, count));
     Worker::prepare(settings.place.name(), settings.connect);
     if (campaign == "kills")
         return kills(settings);

@@ -225,7 +225,7 @@ void Connection::raise(int code, const ErrorContext &context) const
 }
 
 Transaction::Transaction(Connection &connection, const ErrorContext &context)
-    : m_connection(connection), m_context(context)
+    : m_connection(connection), m_rollback(connection.prepare("ROLLBACK", context)), m_context(context)
 {
     // The write lock is taken at once: taken later, it could not be waited for without a deadlock.
     connection.runPrepared("BEGIN IMMEDIATE", context);
@@ -236,7 +236,7 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.runPrepared("ROLLBACK", m_context);
+        m_rollback.finish();
     } catch (const RuntimeError &) {
         // The engine has rolled back by itself already, and the error that led here is the one to report.
     }
@@ -246,4 +246,5 @@ void Transaction::commit()
 {
     m_connection.runPrepared("COMMIT", m_context);
     m_open = false;
+    m_connection.giveBack(std::move(m_rollback));
 }

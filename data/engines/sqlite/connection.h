@@ -105,6 +105,7 @@ public:
 
 private:
     Connection &m_connection;
+    PreparedStatement m_rollback; ///< at hand, since there may be no memory left to prepare it
     ErrorContext m_context;
     bool m_open = true;
 };

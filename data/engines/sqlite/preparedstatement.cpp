@@ -33,8 +33,10 @@ void PreparedStatement::bind(int parameter, const Value &value)
 void PreparedStatement::bind(int parameter, const QByteArray &utf8)
 {
     // A null pointer would bind Null, and an empty text is not that.
-    sqlite3_bind_text64(handle(), parameter, utf8.isNull() ? "" : utf8.constData(), sqlite3_uint64(utf8.size()),
-                        SQLITE_TRANSIENT, SQLITE_UTF8);
+    const int code = sqlite3_bind_text64(handle(), parameter, utf8.isNull() ? "" : utf8.constData(),
+                                         sqlite3_uint64(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+    if (code != SQLITE_OK)
+        fail(code); // Null would be written in its place
 }
 
 void PreparedStatement::bind(const std::vector<Value> &values)
@@ -62,7 +64,13 @@ bool PreparedStatement::next()
     }
     if (code == SQLITE_ROW || code == SQLITE_DONE)
         return code == SQLITE_ROW;
-    throw errorFor(code, QString::fromUtf8(sqlite3_errmsg(connection)), m_file, m_context);
+    fail(code);
+}
+
+void PreparedStatement::fail(int code) const
+{
+    const char *words = sqlite3_errmsg(sqlite3_db_handle(handle()));
+    throw errorFor(code, QString::fromUtf8(words), m_file, m_context);
 }
 
 void PreparedStatement::finish()
@@ -78,10 +86,17 @@ void PreparedStatement::reset()
     m_begun = m_sawOtherTables = false;
 }
 
+const char *PreparedStatement::utf8(int column) const
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
+    if (!text && sqlite3_errcode(sqlite3_db_handle(handle())) == SQLITE_NOMEM)
+        fail(SQLITE_NOMEM);
+    return text;
+}
+
 QString PreparedStatement::text(int column) const
 {
-    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
-    return QString::fromUtf8(utf8, sqlite3_column_bytes(handle(), column));
+    return QString::fromUtf8(utf8(column), sqlite3_column_bytes(handle(), column));
 }
 
 QByteArray PreparedStatement::bytes(int column) const
@@ -100,8 +115,8 @@ Cell PreparedStatement::cell(int column) const
     case SQLITE_FLOAT:
         return {Cell::Real, 0, sqlite3_column_double(handle(), column)};
     default: {
-        const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
-        return {Cell::Text, 0, 0, {utf8, size_t(sqlite3_column_bytes(handle(), column))}};
+        const char *text = utf8(column);
+        return {Cell::Text, 0, 0, {text, size_t(sqlite3_column_bytes(handle(), column))}};
     }
     }
 }

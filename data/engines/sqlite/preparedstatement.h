@@ -47,6 +47,10 @@ public:
     Value value(int column, ColumnType type) const { return StoredValue::from(cell(column), type); }
 
 private:
+    [[noreturn]] void fail(int code) const;
+    /// A column's text, nullptr for Null. SQLite has none to give either where it has no memory for it: error 7.
+    const char *utf8(int column) const;
+
     struct Finalizer
     {
         void operator()(sqlite3_stmt *handle) const { sqlite3_finalize(handle); }
