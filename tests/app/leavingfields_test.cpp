@@ -279,6 +279,8 @@ TEST_P(LeavingFields, AClickOnAnotherWindowTakesTheFocusWithOneLostFocus)
         window()->move(window("frmPartEntry")->width() + 4, 0);
         settle();
         expectOneLeaving(way.title, way.perform);
+        EXPECT_EQ(window("frmPartEntry")->isMaximized(), way.title == QString("its mark") && !GetParam().goesTo)
+            << "a press that the field took the focus back from goes no further";
         const QRect form(window()->mapToGlobal(QPoint()), window()->size());
         EXPECT_TRUE(!GetParam().boxTitle || form.contains(boxes.lastPlace().center()))
             << "a box stands over the form that asks, though another is the active one";

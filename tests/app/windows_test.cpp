@@ -164,6 +164,17 @@ TEST_F(WindowsTest, TheStripsMenuPutsWindowsInOrderAndClosesReportsOnly)
     EXPECT_EQ(titles(), (QStringList{"Order Entry", "Part Entry/Edit"}));
 }
 
+TEST_F(WindowsTest, ClosingTheMainWindowUnloadsTheFormsAndEndsTheProgram)
+{
+    open("frmOrderEntry");
+    QWidget another; // the program does not go on for it
+    another.show();
+    QTimer::singleShot(0, mdi.get(), &QWidget::close);
+    QTimer::singleShot(20000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_FALSE(Forms::loaded("frmOrderEntry"));
+}
+
 TEST_F(WindowsTest, TheStatusLineKeepsItsTextUntilTheNext)
 {
     showStatus("Exported to /tmp/a.pdf");
