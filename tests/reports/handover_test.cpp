@@ -2,15 +2,10 @@
 
 #include "data/dao/createdatabase.h"
 #include "data/schema/schema.h"
-#include "reportengine/pages/page.h"
-#include "reportengine/pages/reportpages.h"
-#include "reportengine/viewer/crviewer.h"
-#include "reportengine/viewer/viewer.h"
 #include "reports/inventoryregisters.h"
 #include "reports/layouts/catalogue.h"
 #include "tests/reports/reporttest.h"
 #include "tests/reports/xlsxfile.h"
-#include "tests/support/pagefaults.h"
 #include "tests/support/reportruns.h"
 #include "toolkit/forms/mainmod.h"
 #include "tools/demo.h"
@@ -45,62 +40,38 @@ protected:
         });
     }
 
-    /// The first pages and the last are as a page should be.
-    void expectGoodPages(const char *designer)
-    {
-        ReportPages &pages = static_cast<Viewer *>(shown.last())->viewer()->reportSource()->pages();
-        const int count = pages.pageCount();
-        ASSERT_GE(count, 1) << designer;
-        for (int page : {0, 1, count - 1}) {
-            if (page >= count)
-                continue;
-            const auto made = pages.page(page);
-            EXPECT_EQ(pageFaults(*made, report().layout().margins), QStringList()) << designer << ", page " << page;
-            EXPECT_FALSE(made->texts().isEmpty()) << designer;
-        }
-    }
-
     ProgramFolder program;
     QTemporaryDir folder;
 };
 
-TEST_F(Catalogue, EveryReportRunsOnAFullDatabaseAndTheHourglassStandsWhereItsRoutineOwnsThePointer)
+TEST_F(Catalogue, EveryReportRunsOnAFullDatabaseAndOnAnEmptyOneUnderTheHourglassThatItOwns)
 {
-    openDatabase(true);
     bool hourglass = false;
     Forms::setHost([&](Form *form) {
         hourglass = QGuiApplication::overrideCursor() != nullptr;
         shown += form;
     });
-    QStringList designers;
-    for (const ReportRun &run : reportRuns()) {
-        run.routine();
-        EXPECT_EQ(hourglass, run.ownsPointer) << run.designer;
-        EXPECT_FALSE(QGuiApplication::overrideCursor()) << run.designer;
-        EXPECT_EQ(report().dataset().size(), reportDesign(run.designer).dataset.size()) << run.designer;
-        EXPECT_EQ(report().layout().title, reportDesign(run.designer).layout().title) << run.designer;
-        expectGoodPages(run.designer);
-        designers += run.designer;
-    }
-    for (const ReportDesign &design : reportCatalogue())
-        EXPECT_TRUE(designers.contains(design.designer)) << design.designer.toStdString();
-}
-
-TEST_F(Catalogue, EveryReportRunsOnAnEmptyDatabase)
-{
-    openDatabase(false);
-    for (const ReportRun &run : reportRuns()) {
-        const QString designer = run.designer;
-        if (designer == "crptInvoice") {
-            EXPECT_EQ(errorNumberOf(run.routine), 94) << "no shipment has any freight";
-        } else if (designer == "crptInventoryTransferControlReport") {
-            EXPECT_EQ(errorNumberOf(run.routine), 3021);
-        } else {
-            run.routine();
-            EXPECT_EQ(rows(), QStringList()) << run.designer;
-            expectGoodPages(run.designer);
+    // An invoice's freight is Null without a shipment, and a transfer has no first row.
+    const std::map<QString, int> errors{{"crptInvoice", 94}, {"crptInventoryTransferControlReport", 3021}};
+    QSet<QString> designers;
+    for (const bool full : {true, false}) {
+        Forms::unloadAll();
+        openDatabase(full);
+        for (const ReportRun &run : reportRuns()) {
+            SCOPED_TRACE(run.designer);
+            const int error = errorNumberOf(run.routine);
+            EXPECT_EQ(error, full || !errors.contains(run.designer) ? 0 : errors.at(run.designer));
+            if (error)
+                continue;
+            EXPECT_EQ(hourglass, run.ownsPointer);
+            EXPECT_FALSE(QGuiApplication::overrideCursor());
+            EXPECT_EQ(report().dataset().size(), reportDesign(run.designer).dataset.size());
+            EXPECT_EQ(report().layout().title, reportDesign(run.designer).layout().title);
+            EXPECT_TRUE(full || rows().isEmpty());
+            designers += run.designer;
         }
     }
+    EXPECT_EQ(designers.size(), qsizetype(reportCatalogue().size()));
 }
 
 TEST_F(Catalogue, AWindowKeepsItsDataWhenTheScratchTablesAreFilledAnew)

@@ -52,33 +52,28 @@ TEST_F(Receivables, TheListingHasEveryInvoiceAndOnlyThePaymentsUpToTheDay)
 
 TEST_F(Receivables, DaysGivenKeepCustomersWithAnOldOpenInvoiceWhole)
 {
-    Reports::ShowOpenInvoicesReport("3/31/2010", false, "30");
-    EXPECT_EQ(accounts(), QStringList({"Acme Supply 1/10/2010 5|30", "Acme Supply 3/1/2010 0|0"}));
-    EXPECT_EQ(textOf("txtOverDays"), "30");
-    EXPECT_FALSE(isSuppressed("txtOver") || isSuppressed("txtDays"));
-
-    // The limit is the day itself, not before it: an invoice of that day is not over it.
-    Reports::ShowOpenInvoicesReport("3/31/2010", false, "11");
-    EXPECT_EQ(accounts().filter("Baker"), QStringList());
-    Reports::ShowOpenInvoicesReport("3/31/2010", false, "10");
-    EXPECT_EQ(accounts().filter("Baker").size(), 1);
-    Reports::ShowOpenInvoicesReport("4/2/2010", false, "80");
-    EXPECT_EQ(accounts(), QStringList()) << "paid by now";
-}
-
-TEST_F(Receivables, ABalanceOfATenthOfACentIsNone)
-{
-    database.execute(QString("UPDATE Invoice SET Total = 40.0012 WHERE ID = %1").arg(paid));
-    Reports::ShowOpenInvoicesReport("3/31/2010", false, "30");
-    EXPECT_EQ(accounts().filter("Bolt").size(), 1);
-    database.execute(QString("UPDATE Invoice SET Total = 40.0009 WHERE ID = %1").arg(paid));
-    Reports::ShowOpenInvoicesReport("3/31/2010", false, "30");
-    EXPECT_EQ(accounts().filter("Bolt").size(), 0);
-}
-
-TEST_F(Receivables, DaysGivenFailWithoutInvoicesAndOnApostrophes)
-{
-    EXPECT_EQ(errorNumberOf([] { Reports::ShowOpenInvoicesReport("1/1/2009", false, "30"); }), 3021);
+    const QString acme = "Acme Supply 1/10/2010 5|30;Acme Supply 3/1/2010 0|0";
+    const struct
+    {
+        const char *what, *day, *days;
+        double total; ///< of Bolt's invoice, of which 40 are paid
+        QString accounts;
+    } cases[] = {
+        {"old and open", "3/31/2010", "30", 40.001, acme},
+        {"an invoice of the limit's day is not over it", "3/31/2010", "11", 40.001, acme},
+        {"one of the day before is", "3/31/2010", "10", 40.001, acme + ";Baker Tools 3/20/2010 0|0"},
+        {"paid by now", "4/2/2010", "80", 40.001, ""},
+        {"more than a tenth of a cent is open", "3/31/2010", "30", 40.0012, acme + ";Bolt & Sons 1/5/2010 10|30"},
+        {"less is not", "3/31/2010", "30", 40.0009, acme},
+    };
+    for (const auto &c : cases) {
+        database.execute(QString("UPDATE Invoice SET Total = %1 WHERE ID = %2").arg(c.total, 0, 'f', 4).arg(paid));
+        Reports::ShowOpenInvoicesReport(c.day, false, c.days);
+        EXPECT_EQ(accounts().join(';'), c.accounts) << c.what;
+        EXPECT_EQ(textOf("txtOverDays"), c.days);
+        EXPECT_FALSE(isSuppressed("txtOver") || isSuppressed("txtDays"));
+    }
+    EXPECT_EQ(errorNumberOf([] { Reports::ShowOpenInvoicesReport("1/1/2009", false, "30"); }), 3021) << "no invoice";
     addInvoice("O'Brien", "3/30/2010", "0", 10);
     EXPECT_EQ(errorNumberOf([] { Reports::ShowOpenInvoicesReport("3/31/2010", false, "30"); }), 3075);
 }
@@ -129,14 +124,20 @@ TEST_F(Receivables, TheCustomerRegisterTellsInvoicesPaymentsAndAdjustments)
         EXPECT_EQ(rows(), expected);
     }
     EXPECT_EQ(textOf("txtCustomer"), "Acme Supply");
-    Reports::ShowCustomerRegister("Acme Supply", "1/11/2010", "2/28/2010");
-    EXPECT_EQ(rows(), expected.mid(1, 2)) << "without the invoices before and after";
-    Reports::ShowCustomerRegister("Acme Supply", "2/2/2010", "3/1/2010");
-    EXPECT_EQ(rows(), expected.mid(3));
-    Reports::ShowCustomerRegister("Acme Supply", "3/2/2010", "4/1/2010");
-    EXPECT_EQ(rows(), QStringList("4/1/2010|Payment|1|2|65")) << "an adjustment of 0 is none";
-    Reports::ShowCustomerRegister("", "1/1/2010", "3/31/2010");
-    EXPECT_EQ(rows(), QStringList());
+    const struct
+    {
+        const char *customer, *begin, *end;
+        QStringList rows;
+    } cases[] = {
+        {"Acme Supply", "1/11/2010", "2/28/2010", expected.mid(1, 2)},
+        {"Acme Supply", "2/2/2010", "3/1/2010", expected.mid(3)},
+        {"Acme Supply", "3/2/2010", "4/1/2010", {"4/1/2010|Payment|1|2|65"}}, // an adjustment of 0 is none
+        {"", "1/1/2010", "3/31/2010", {}},
+    };
+    for (const auto &c : cases) {
+        Reports::ShowCustomerRegister(c.customer, c.begin, c.end);
+        EXPECT_EQ(rows(), c.rows) << c.begin;
+    }
     EXPECT_EQ(errorNumberOf([] { Reports::ShowCustomerRegister("O'Brien", "1/1/2010", "3/31/2010"); }), 3075);
 }
 

@@ -6,154 +6,134 @@
 
 namespace {
 
+/// A line of an order of its own at 10 each, shipped and invoiced; without a date it is not invoiced.
+struct Sale
+{
+    const char *customer, *part;
+    int qty;
+    const char *invoiced, *shipped = "1/5/2004", *warehouse = "Main";
+};
+
 class Sales : public ReportTest
 {
 protected:
-    /// A shipped line on an order of its own; returns the shipment.
-    int sell(const QString &customer, const QString &part, int qty, double price, const QString &warehouse = "Main",
-             const QString &date = "1/5/2004")
+    /// Returns the shipment's ID.
+    int sell(const Sale &sale)
     {
-        const int order = addOrder(customer, warehouse);
-        addLine(order, 1, part, qty, price);
-        const int shipment = addShipment(order, date, true);
-        ship(shipment, order, 1, qty);
+        const int order = addOrder(sale.customer, sale.warehouse);
+        addLine(order, 1, sale.part, sale.qty, 10);
+        const int shipment = addShipment(order, sale.shipped, true);
+        ship(shipment, order, 1, sale.qty);
+        if (*sale.invoiced)
+            addInvoice(sale.customer, sale.invoiced, QString::number(shipment), 0);
         return shipment;
-    }
-
-    QString invoiceDateOf(int shipment)
-    {
-        return database.value(QString("SELECT InvoiceDate FROM Shipment WHERE ID = %1").arg(shipment)).joined();
     }
 };
 
 TEST_F(Sales, InvoiceDatesAreWrittenAfreshFromTheShipmentLists)
 {
-    const int shipments[] = {sell("Acme Supply", "A-100", 1, 1), sell("Acme Supply", "A-100", 1, 1),
-                             sell("Acme Supply", "A-100", 1, 1)};
-    const QString first = QString::number(shipments[0]), second = QString::number(shipments[1]);
-    database.execute(QString("UPDATE Shipment SET InvoiceDate = #1/1/1999# WHERE ID = %1").arg(shipments[2]));
-    addInvoice("Acme Supply", "5/5/2004", second, 0);
-    addInvoice("Acme Supply", "6/6/2004", first + ", " + second, 0); // sorts before the one above
-    addInvoice("Acme Supply", "7/7/2004", "0", 0);                   // imported
+    for (int i = 0; i < 3; ++i)
+        sell({"Acme Supply", "A-100", 1, ""});
+    database.execute("UPDATE Shipment SET InvoiceDate = #1/1/1999# WHERE ID = 3");
+    addInvoice("Acme Supply", "5/5/2004", "2", 0);
+    addInvoice("Acme Supply", "6/6/2004", "1, 2", 0); // sorts before the one above
+    addInvoice("Acme Supply", "7/7/2004", "0", 0);    // imported
     database.execute("UPDATE Invoice SET InvoiceDate = NULL WHERE Shipment = '0'");
     Reports::RefillShipmentInvoiceDates();
-    EXPECT_EQ(invoiceDateOf(shipments[0]), "6/6/2004");
-    EXPECT_EQ(invoiceDateOf(shipments[1]), "5/5/2004");
-    EXPECT_EQ(invoiceDateOf(shipments[2]), "");
-}
+    EXPECT_EQ(database.rows("SELECT ID,InvoiceDate FROM Shipment ORDER BY ID"),
+              QStringList({"1|6/6/2004", "2|5/5/2004", "3|"}));
 
-TEST_F(Sales, AnInvoiceWithAnEmptyListOrNoDateEndsTheRefill)
-{
     const int invoice = addInvoice("Acme Supply", "5/5/2004", "", 0);
-    EXPECT_EQ(errorNumberOf(Reports::RefillShipmentInvoiceDates), 3075);
+    EXPECT_EQ(errorNumberOf(Reports::RefillShipmentInvoiceDates), 3075) << "an empty list ends it";
     database.execute(QString("UPDATE Invoice SET Shipment = '1', InvoiceDate = NULL WHERE ID = %1").arg(invoice));
-    EXPECT_EQ(errorNumberOf(Reports::RefillShipmentInvoiceDates), 3075);
+    EXPECT_EQ(errorNumberOf(Reports::RefillShipmentInvoiceDates), 3075) << "so does a missing date";
 }
 
-TEST_F(Sales, ALeapDayMovesInTheLastYearOnly)
+TEST_F(Sales, AreListedAndComparedByInvoiceDate)
 {
-    const struct
-    {
-        const char *date;
-        int qty;
-    } sales[] = {{"2/27/2003", 1}, {"2/28/2003", 2}, {"2/29/2004", 4}, {"3/31/2003", 8}, {"4/1/2003", 16}};
-    for (const auto &sale : sales)
-        addInvoice("Baker Tools", sale.date, QString::number(sell("Baker Tools", "A-100", sale.qty, 10)), 0);
-    Reports::ReportSalesByCustomer("2/29/2004", "3/31/2004");
-    EXPECT_EQ(rows(), QStringList("Baker Tools|40|24|100|60|40|24|110|66"));
-    EXPECT_EQ(textOf("txtBeginDate"), "2/29/2004");
-    EXPECT_EQ(textOf("txtEndDate"), "3/31/2004");
-}
-
-TEST_F(Sales, OverTheTurnOfAYearTheLastYearPeriodIsEmpty)
-{
-    addInvoice("Baker Tools", "12/20/2009", QString::number(sell("Baker Tools", "A-100", 1, 10)), 0);
-    addInvoice("Baker Tools", "1/5/2010", QString::number(sell("Baker Tools", "A-100", 2, 10)), 0);
-    addInvoice("Baker Tools", "12/20/2010", QString::number(sell("Baker Tools", "A-100", 4, 10)), 0);
-    addInvoice("Baker Tools", "1/5/2011", QString::number(sell("Baker Tools", "A-100", 8, 10)), 0);
-    Reports::ReportSalesByCustomer("12/15/2010", "1/15/2011");
-    EXPECT_EQ(rows(), QStringList("Baker Tools|120|72|||80|48|20|12"));
-}
-
-TEST_F(Sales, ABeginAfterTheEndSellsNothing)
-{
-    addInvoice("Baker Tools", "5/5/2004", QString::number(sell("Baker Tools", "A-100", 1, 10)), 0);
-    Reports::ReportSalesByPart("6/1/2004", "5/1/2004");
-    EXPECT_EQ(rows(), QStringList());
-    Reports::ReportSalesByCustomer("6/1/2004", "5/5/2004");
-    EXPECT_EQ(rows(), QStringList("Baker Tools|||||10|6||")) << "the year to date does not look at the begin";
-}
-
-TEST_F(Sales, DetailsAreSortedByPartShippingDateAndCustomer)
-{
-    const struct
-    {
-        const char *part, *customer, *warehouse, *shipped, *invoiced;
-        int qty;
-        const char *row;
-    } sales[] = {
-        {"A-200", "Acme Supply", "Main", "1/1/2004", "5/1/2004", 1, "Main|A-200|Acme Supply|1|1/1/2004|1|10|12"},
-        {"A-100", "Bolt & Sons", "East", "1/9/2004", "5/2/2004", 2, "East|A-100|Bolt & Sons|2|1/9/2004|2|20|12"},
-        {"A-100", "Acme Supply", "Main", "1/10/2004", "5/31/2004", 3, "Main|A-100|Acme Supply|3|1/10/2004|3|30|18"},
-        {"A-100", "Acme Supply", "East", "1/9/2004", "5/3/2004", 4, "East|A-100|Acme Supply|4|1/9/2004|4|40|24"},
-        {"A-100", "Early", "Main", "1/9/2004", "4/30/2004", 5, ""},
-        {"A-100", "Late", "Main", "1/9/2004", "6/1/2004", 6, ""},
-    };
-    for (const auto &sale : sales) {
-        const int shipment = sell(sale.customer, sale.part, sale.qty, 10, sale.warehouse, sale.shipped);
-        addInvoice(sale.customer, sale.invoiced, QString::number(shipment), 0);
-    }
-    const QStringList expected{sales[3].row, sales[1].row, sales[2].row, sales[0].row};
-    for (const auto routine : {Reports::ReportSalesByWhsePart, Reports::ReportSalesByWhsePartExport}) {
-        routine("5/1/2004", "5/31/2004");
-        EXPECT_EQ(rows(), expected);
-    }
-    Reports::ReportSalesByPart("5/1/2004", "5/31/2004");
+    using namespace Reports;
+    const std::vector<Sale> spring{{"Baker Tools", "A-100", 1, "2/27/2003"},
+                                   {"Baker Tools", "A-100", 2, "2/28/2003"},
+                                   {"Baker Tools", "A-100", 4, "2/29/2004"},
+                                   {"Baker Tools", "A-100", 8, "3/31/2003"},
+                                   {"Baker Tools", "A-100", 16, "4/1/2003"}};
+    const std::vector<Sale> winters{{"Baker Tools", "A-100", 1, "12/20/2009"},
+                                    {"Baker Tools", "A-100", 2, "1/5/2010"},
+                                    {"Baker Tools", "A-100", 4, "12/20/2010"},
+                                    {"Baker Tools", "A-100", 8, "1/5/2011"}};
+    const std::vector<Sale> may{{"Acme Supply", "A-200", 1, "5/1/2004", "1/1/2004"},
+                                {"Bolt & Sons", "A-100", 2, "5/2/2004", "1/9/2004", "East"},
+                                {"Acme Supply", "A-100", 3, "5/31/2004", "1/10/2004"},
+                                {"Acme Supply", "a-100", 4, "5/3/2004", "1/9/2004", "East"}, // keys match in any case
+                                {"Early", "A-100", 5, "4/30/2004"},
+                                {"Late", "A-100", 6, "6/1/2004"},
+                                {"Acme Supply", "no part", 7, "5/5/2004"},
+                                {"Acme Supply", "A-100", 8, ""}};
+    const QStringList details{"East|a-100|Acme Supply|4|1/9/2004|4|40|24", "East|A-100|Bolt & Sons|2|1/9/2004|2|20|12",
+                              "Main|A-100|Acme Supply|3|1/10/2004|3|30|18",
+                              "Main|A-200|Acme Supply|1|1/1/2004|1|10|12"};
     QStringList withoutWarehouse;
-    for (const QString &row : expected)
+    for (const QString &row : details)
         withoutWarehouse += row.section('|', 1);
-    EXPECT_EQ(rows(), withoutWarehouse);
-}
-
-TEST_F(Sales, AComparisonHasARowPerKey)
-{
+    const std::vector<Sale> kinds{{"Bolt & Sons", "B-100", 1, "5/5/2004"},
+                                  {"Acme Supply", "B-100", 2, "5/5/2004"},
+                                  {"Bolt & Sons", "A-100", 4, "5/5/2004"},
+                                  {"Acme Supply", "A-200", 8, "5/5/2004"},
+                                  {"Closed Works", "A-100", 16, "5/5/2004"}};
     const struct
     {
-        const char *customer, *part;
-        int qty;
-    } sales[] = {{"Bolt & Sons", "B-100", 1},
-                 {"Acme Supply", "B-100", 2},
-                 {"Bolt & Sons", "A-100", 4},
-                 {"Acme Supply", "A-200", 8},
-                 {"Acme Supply", "A-100", 16}};
-    for (const auto &sale : sales)
-        addInvoice(sale.customer, "5/5/2004", QString::number(sell(sale.customer, sale.part, sale.qty, 10)), 0);
-    Reports::ReportSalesByCategoryCustomer("5/1/2004", "5/31/2004");
-    EXPECT_EQ(rows(), QStringList({"Pumps|Acme Supply|240|192|||240|192||", "Pumps|Bolt & Sons|40|24|||40|24||",
-                                   "Valves|Acme Supply|20|5|||20|5||", "Valves|Bolt & Sons|10|2.5|||10|2.5||"}));
-    Reports::ReportSalesByTerritoryCustomer("5/1/2004", "5/31/2004");
-    EXPECT_EQ(rows(), QStringList({"East|Bolt & Sons|50|26.5|||50|26.5||", "North|Acme Supply|260|197|||260|197||"}));
-    Reports::ReportSalesByCustomer("5/1/2004", "5/31/2004");
-    EXPECT_EQ(rows(), QStringList({"Acme Supply|260|197|||260|197||", "Bolt & Sons|50|26.5|||50|26.5||"}));
-}
-
-TEST_F(Sales, UninvoicedAndUnknownPartsAreNotInTheDetails)
-{
-    sell("Acme Supply", "A-100", 1, 10);
-    addInvoice("Acme Supply", "5/5/2004", QString::number(sell("Acme Supply", "no part", 1, 10)), 0);
-    const int sold = sell("Bolt & Sons", "b-100", 3, 4); // keys match in any case
-    database.execute("UPDATE Orders SET Status = 'Void'");
-    addInvoice("Bolt & Sons", "5/5/2004", QString::number(sold), 0);
-    Reports::ReportSalesByPart("5/5/2004", "5/5/2004");
-    EXPECT_EQ(rows(), QStringList(QString("b-100|Bolt & Sons|%1|1/5/2004|3|12|7.5").arg(sold)));
-}
-
-TEST_F(Sales, ACustomerWithoutATerritoryStandsInFront)
-{
-    for (const char *customer : {"Acme Supply", "Closed Works"})
-        addInvoice(customer, "5/5/2004", QString::number(sell(customer, "A-100", 1, 10)), 0);
-    Reports::ReportSalesByTerritoryCustomer("5/1/2004", "5/31/2004");
-    EXPECT_EQ(rows(), QStringList({"|Closed Works|10|6|||10|6||", "North|Acme Supply|10|6|||10|6||"}));
+        const char *title;
+        std::vector<Sale> sales;
+        void (*routine)(const QString &, const QString &);
+        const char *begin, *end;
+        QStringList rows;
+    } cases[] = {
+        {"a leap day moves in the last year only", spring, ReportSalesByCustomer, "2/29/2004", "3/31/2004",
+         QStringList("Baker Tools|40|24|100|60|40|24|110|66")},
+        {"over the turn of a year the last year's period is empty", winters, ReportSalesByCustomer, "12/15/2010",
+         "1/15/2011", QStringList("Baker Tools|120|72|||80|48|20|12")},
+        {"a period that ends before it begins sells nothing", may, ReportSalesByPart, "5/31/2004", "5/1/2004", {}},
+        {"but in the year to date",
+         {may[0]},
+         ReportSalesByCustomer,
+         "6/1/2004",
+         "5/5/2004",
+         QStringList("Acme Supply|||||10|12||")},
+        {"details by part, shipping date and customer", may, ReportSalesByWhsePart, "5/1/2004", "5/31/2004", details},
+        {"and for spreadsheets", may, ReportSalesByWhsePartExport, "5/1/2004", "5/31/2004", details},
+        {"and without the warehouse", may, ReportSalesByPart, "5/1/2004", "5/31/2004", withoutWarehouse},
+        {"by category",
+         kinds,
+         ReportSalesByCategoryCustomer,
+         "5/1/2004",
+         "5/31/2004",
+         {"Pumps|Acme Supply|80|96|||80|96||", "Pumps|Bolt & Sons|40|24|||40|24||",
+          "Pumps|Closed Works|160|96|||160|96||", "Valves|Acme Supply|20|5|||20|5||",
+          "Valves|Bolt & Sons|10|2.5|||10|2.5||"}},
+        {"by territory, customers without one in front",
+         kinds,
+         ReportSalesByTerritoryCustomer,
+         "5/1/2004",
+         "5/31/2004",
+         {"|Closed Works|160|96|||160|96||", "East|Bolt & Sons|50|26.5|||50|26.5||",
+          "North|Acme Supply|100|101|||100|101||"}},
+        {"by customer",
+         kinds,
+         ReportSalesByCustomer,
+         "5/1/2004",
+         "5/31/2004",
+         {"Acme Supply|100|101|||100|101||", "Bolt & Sons|50|26.5|||50|26.5||", "Closed Works|160|96|||160|96||"}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.title);
+        TestDatabase company;
+        for (const Sale &sale : c.sales)
+            sell(sale);
+        company.execute("UPDATE Orders SET Status = 'Void'"); // which does not matter
+        c.routine(c.begin, c.end);
+        EXPECT_EQ(rows(), c.rows);
+        EXPECT_EQ(textOf("txtBeginDate") + " " + textOf("txtEndDate"), QString(c.begin) + " " + c.end);
+    }
 }
 
 TEST_F(Sales, TheTerritoryReportRewritesItsDefinitionFileWhereThereIsAFolder)

@@ -165,19 +165,21 @@ TEST_F(Stock, TheWindowLeavesOutTheLeapDayAtItsEnd)
 
 TEST_F(Stock, SuppressionReplacesTheConditionsOfRowAndPart)
 {
-    const auto formulas = [this] {
-        QStringList texts;
-        for (int index : {4, 6})
-            texts += report().layout().formulas[size_t(index - 1)].text;
-        return texts;
-    };
-    Reports::ReportProductionByPartWhse(3, 2, false);
-    const QStringList plain = formulas();
-    Reports::ReportProductionByPartWhse(3, 2, true);
-    EXPECT_EQ(formulas(), QStringList({"if ({@Req} = 0) then true",
-                                       "if (Sum ({@Req}, {ProductionByWhsePartReport_ttx.PartNo}) = 0) then true"}));
-    Reports::ReportProductionByWhsePart(3, 2, true);
-    EXPECT_EQ(formulas(), QStringList({"if ({@Req} = 0) then true", plain[1]}));
+    using namespace Reports;
+    const QString row = "if ({@Req} = 0) then true";
+    const QString part = "if (Sum ({@Req}, {ProductionByWhsePartReport_ttx.PartNo}) = 0) then true";
+    const struct
+    {
+        void (*routine)(qint16, qint16, bool);
+        bool suppress, row, part;
+    } cases[] = {{ReportProductionByPartWhse, false, false, false},
+                 {ReportProductionByPartWhse, true, true, true},
+                 {ReportProductionByWhsePart, true, true, false}};
+    for (const auto &c : cases) {
+        c.routine(3, 2, c.suppress);
+        EXPECT_EQ(report().layout().formulas[3].text == row, c.row);
+        EXPECT_EQ(report().layout().formulas[5].text == part, c.part);
+    }
 }
 
 TEST_F(Stock, OpenOrdersShowOrderedBesideShipped)
