@@ -56,6 +56,8 @@ void FormWindow::changeEvent(QEvent *event)
         returnToField();
 }
 
+// A press on the frame or the title bar activates the window first. Where the field left elsewhere keeps its focus, or
+// shows a box, the press goes no further.
 void FormWindow::mousePressEvent(QMouseEvent *event)
 {
     const int boxesBefore = messageBoxesShown();

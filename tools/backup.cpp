@@ -102,6 +102,7 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
         throw ToolError{QStringLiteral("'%1' is no folder").arg(folder)};
     const Backups backups(fileNameOf(from), folder);
     QLockFile lock(backups.lockPath());
+    // No age makes the lock stale, since a large database takes its time; that of a process that is gone is taken over.
     lock.setStaleLockTime(0);
     if (!lock.tryLock())
         throw ToolError{lock.error() == QLockFile::LockFailedError

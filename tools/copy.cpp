@@ -13,6 +13,7 @@ Recordset allRows(Database &database, const TableDef &table)
     return database.OpenRecordset(QStringLiteral("SELECT * FROM [%1]").arg(table.Name));
 }
 
+// In the order of the rows in the original, which is that of their making; statements without an order give them so.
 int copyRows(Database &source, BulkLoad &target, const TableDef &table)
 {
     QStringList names;
@@ -29,6 +30,7 @@ int copyRows(Database &source, BulkLoad &target, const TableDef &table)
     return count;
 }
 
+// Through the same layer as the program reads them: what it cannot tell apart is the same.
 void compareRows(Database &source, Database &copy, const TableDef &table)
 {
     Recordset left = allRows(source, table), right = allRows(copy, table);
@@ -65,6 +67,7 @@ int copyCompany(const QString &from, const QString &to)
 {
     NewDatabase copy(to);
     const int count = fillCompany(from, copy.name());
+    // Only now does the new database have its name; whatever failed before has left nothing.
     copy.publish();
     return count;
 }

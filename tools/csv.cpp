@@ -8,6 +8,7 @@ namespace Csv {
 
 Reader::Reader(QByteArray content) : m_content(std::move(content))
 {
+    // Spreadsheet programs put a byte order mark before UTF-8.
     if (m_content.startsWith("\xEF\xBB\xBF"))
         m_content.remove(0, 3);
 }
@@ -50,6 +51,7 @@ void Reader::readField()
         refuse(QStringLiteral("the text is not UTF-8"));
     if (text.contains(QChar(0)))
         refuse(QStringLiteral("a zero byte in the text"));
+    // A bare empty field is Null, "" is the empty text. So a table comes back as it was written.
     m_fields.push_back(bytes.isEmpty() && !quoted ? Value() : Value(text));
 }
 

@@ -49,6 +49,7 @@ private:
             throw ToolError{QStringLiteral("line 1: no column names")};
         for (const Value &field : m_reader.fields()) {
             const QString name = field.joined().trimmed();
+            // Columns the file does not name take their default, so a file need not know the whole table.
             const int position = m_table.indexOf(name);
             if (position < 0)
                 refuse(name, QStringLiteral("no such column in %1").arg(m_table.Name));
@@ -116,6 +117,7 @@ private:
 
 int loadTable(const QString &database, const QString &table, const QString &csv)
 {
+    // One transaction: a file refused in its last line leaves nothing in the table.
     BulkLoad load(database, Schema::Password.toString(), BulkLoad::File::Live);
     const TableDef *definition = load.tables().find(table);
     if (!definition)

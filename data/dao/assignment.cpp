@@ -55,6 +55,7 @@ Value yesNo(const ColumnDef &column, const Value &value)
         if (text.compare(u"False", Qt::CaseInsensitive) == 0)
             return false;
     }
+    // Any number but 0 is True, also one written as a text.
     return number(column, value) != 0;
 }
 

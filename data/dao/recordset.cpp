@@ -37,6 +37,7 @@ Recordset::~Recordset() = default;
 
 RecordsetData &Recordset::data() const
 {
+    // Closed, or moved elsewhere.
     if (!m_data)
         throw runtimeError(3420);
     return *m_data;
@@ -44,6 +45,7 @@ RecordsetData &Recordset::data() const
 
 bool Recordset::Bof() const
 {
+    // Nothing moves backwards, so there is a place before the first row only where there is no row.
     return data().walk.isEmpty();
 }
 bool Recordset::Eof() const
@@ -83,6 +85,7 @@ void Recordset::Update()
 void Recordset::MoveNext()
 {
     RecordsetData &rows = data();
+    // A change that was not stored is dropped without a word, but not by a step that fails.
     if (!rows.walk.atEnd())
         rows.change.drop();
     rows.walk.moveNext();

@@ -14,6 +14,8 @@ void RowChange::addNew()
     Pending row{true, {}};
     for (const ColumnDef &column : table.columns) {
         if (column.autoNumber) {
+            // Drawn now and not given back, whatever becomes of the row: documents print their number before they are
+            // stored.
             m_database->prepareToWrite({}, &m_walk); // the numbers' own place, which no recordset reads
             row.values.emplace_back(m_database->engine().takeAutoNumber(table, column.name));
         } else {
@@ -28,6 +30,8 @@ void RowChange::edit()
     const TableDef &table = m_walk.updatableTable().def;
     m_walk.requireRow();
     drop();
+    // Locked from here to Update, so that another workstation meets the lock at its own Edit and not when its user has
+    // typed everything.
     m_database->holdRow(&m_walk, {ErrorContext::Writing, table.Name, "Edit of " + m_walk.statement()});
     m_walk.noteOwnWrite();
     m_walk.refreshLocked();
@@ -42,6 +46,7 @@ void RowChange::assign(int position, const Value &value)
     const int column = tableColumn(position);
     if (column < 0)
         throw runtimeError(3027, {}, m_walk.statement());
+    // Converted here and not at Update: a value that does not fit fails in the line that assigns it.
     m_pending->values[size_t(column)] = assignedTo(m_walk.updatableTable().def.columns[size_t(column)], value);
 }
 
@@ -76,18 +81,21 @@ std::optional<Value> RowChange::value(int position) const
     const int column = tableColumn(position);
     if (column >= 0 && m_pending->values[size_t(column)])
         return m_pending->values[size_t(column)];
+    // A column nobody assigned is Null in a new row, and the row's own in a changed one.
     return m_pending->adding ? std::optional(Value()) : std::nullopt;
 }
 
 void RowChange::insertPending(const ErrorContext &writing)
 {
     engine::RowEdit &rows = *m_walk.updatableTable().rows;
+    // The row at hand stays the one from before AddNew; the new one is met at the end of the walk.
     m_walk.noteAdded(rows.add(m_pending->values, m_walk.walksAddedRows(), writing));
 }
 
 void RowChange::updatePending(const ErrorContext &writing)
 {
     const auto &values = m_pending->values;
+    // An Edit that assigned nothing writes nothing.
     if (std::none_of(values.begin(), values.end(), [](const auto &value) { return value.has_value(); }))
         return;
     if (!m_walk.updatableTable().rows->change(m_walk.rowNumber(), values, writing))

@@ -37,6 +37,7 @@ bool RowWalk::reads(const QString &table) const
     return m_translation->tablesRead.contains(table, Qt::CaseInsensitive);
 }
 
+// Nothing is asked of the engine before somebody asks for a row, so that a recordset opened to add rows walks none.
 void RowWalk::begin()
 {
     if (m_state != State::Unread)
@@ -66,6 +67,7 @@ void RowWalk::takeFirst()
 
 void RowWalk::take()
 {
+    // Stays so when the step fails: behind an error no row is at hand.
     m_hasRow = false;
     m_hasRow = m_rows->next();
 }
@@ -87,6 +89,7 @@ void RowWalk::moveNext()
     begin();
     if (!m_hasRow)
         throw runtimeError(3021, {}, statement());
+    // What was read anew or written belongs to the row that is left.
     m_fresh.clear();
     m_deleted = false;
     if (m_state == State::Walking)
@@ -97,9 +100,12 @@ void RowWalk::moveNext()
 
 void RowWalk::nextStored()
 {
+    // Rows added through this recordset come behind all others.
     m_hasRow = m_addedWalked == 0 && m_store.next();
     if (m_hasRow) {
         const QString &table = m_translation->updatableTable;
+        // Kept rows may have been changed since by other statements; which rows there are stays as it was at the
+        // opening.
         if (!table.isEmpty() && m_database->writes(table) != m_seenWrites)
             refresh(rowNumber());
         return;
@@ -176,6 +182,7 @@ Value RowWalk::value(int position)
 
 UpdatableTable &RowWalk::updatableTable()
 {
+    // Made for the first change: most recordsets are only read.
     if (m_table)
         return *m_table;
     const TableDef *table =
@@ -183,6 +190,7 @@ UpdatableTable &RowWalk::updatableTable()
     if (!table)
         throw runtimeError(3027, {}, statement());
     m_table = UpdatableTable{*table, {}, {}};
+    // A computed column has no place in the table and is never written.
     std::vector<QString> columns;
     for (const jetsql::ResultColumn &column : m_translation->columns) {
         m_table->columns.push_back(column.sourceColumn.isEmpty() ? -1 : table->indexOf(column.sourceColumn));

@@ -27,6 +27,7 @@ struct TranslationCache::CachedTranslation
     bool fits(const std::vector<jetsql::Token> &others) const
     {
         for (size_t i = 0; i < constants.size(); ++i) {
+            // A constant that is no parameter went into the text.
             if (!isParameter[i] && !sameConstant(constants[i], others[i]))
                 return false;
         }
@@ -57,6 +58,7 @@ BoundTranslation TranslationCache::of(const QString &sql, const Catalog &catalog
     jetsql::Fingerprint fingerprint = jetsql::fingerprintOf(sql);
     Variants *list = fingerprint.key.isEmpty() ? nullptr : m_byFingerprint.object(fingerprint.key);
     if (list) {
+        // The latest first: a routine mostly asks with constants that it had a moment ago.
         const auto fitting = std::find_if(list->rbegin(), list->rend(), [&fingerprint](const auto &cached) {
             return cached->fits(fingerprint.constants);
         });

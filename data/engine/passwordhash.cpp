@@ -18,6 +18,7 @@ QByteArray randomSalt()
 QByteArray passwordHash(const QString &password, const QByteArray &salt, int rounds)
 {
     QMessageAuthenticationCode mac(QCryptographicHash::Sha256, password.toUtf8());
+    // PBKDF2 with one block, which is as long as the hash.
     mac.addData(salt + QByteArray("\0\0\0\1", 4));
     QByteArray round = mac.result();
     QByteArray sum = round;

@@ -39,6 +39,7 @@ void ReadAheadRows::append(const engine::Rows &rows)
     // A chunk is never grown beyond what it reserved, so that the current row stays where it is.
     if (m_chunks.empty() || m_chunks.back().size() + m_pending.size() > m_chunks.back().capacity()) {
         m_chunks.emplace_back();
+        // The first chunk is small, since most results that are kept aside have a few rows.
         m_chunks.back().reserve(std::max(m_chunks.size() == 1 ? m_pending.size() * 4 : ChunkSize, m_pending.size()));
     }
     m_chunks.back() += m_pending;
@@ -47,6 +48,7 @@ void ReadAheadRows::append(const engine::Rows &rows)
 bool ReadAheadRows::next()
 {
     if (!m_chunks.empty() && m_next == m_chunks.front().size()) {
+        // A row that was walked is never asked for again; its memory goes with its chunk.
         m_chunks.pop_front();
         m_next = 0;
     }

@@ -62,6 +62,7 @@ void fail(int number, const QStringList &names)
     throw RuntimeError(number, wording);
 }
 
+// The expression as typed, so that users see their own statement and not ours.
 void failExpression(const QString &message, QStringView expression)
 {
     throw RuntimeError(3075, message + " in query expression '" + expression.toString() + "'.");

@@ -98,6 +98,7 @@ QTime Date::time() const
 QString Date::toText() const
 {
     const DayAndSecond parts(m_serial);
+    // A time without a day prints without one.
     if (parts.day == 0)
         return timeText(parts.time());
     const QDate date = parts.date();
@@ -135,6 +136,7 @@ std::optional<Date> Date::fromIso(QStringView text)
 Date Date::addDays(double days) const
 {
     const Date sum(m_serial + days);
+    // The least day's times of day lie below it, since they count away from zero.
     if (!(sum.m_serial > Least - 1 && sum.m_serial < Beyond))
         throw runtimeError(6);
     return sum;

@@ -32,6 +32,7 @@ QString settingsText(const QString &path)
 {
     constexpr qint64 most = 1 << 20;
     const QFileInfo info(path);
+    // A file that is missing in a folder that is there, and a folder that is not, are two errors to users.
     if (!info.exists())
         throw runtimeError(info.dir().exists() ? 53 : 76, {}, path);
     const std::optional<QByteArray> content = plainFileContents(path, most);

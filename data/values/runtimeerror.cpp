@@ -136,6 +136,7 @@ RuntimeError runtimeError(int number, const QStringList &names, const QString &d
     const auto *found = std::lower_bound(std::begin(Wordings), std::end(Wordings), number,
                                          [](const Wording &w, int n) { return w.number < n; });
     if (found == std::end(Wordings) || found->number != number)
+        // A mistake of ours, which the first test that comes by finds.
         qFatal("Run-time error %d has no standard wording", number);
     return RuntimeError(number, filled(QLatin1String(found->text), names), detail);
 }

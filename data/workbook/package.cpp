@@ -44,6 +44,7 @@ std::optional<QByteArray> Package::part(const QString &name)
             return {};
         found.reset(next);
     }
+    // All parts share one allowance, or a small archive of many parts could unpack without end.
     const QByteArray content = gsfContents(found.get(), m_bytesLeft);
     m_bytesLeft -= content.size();
     return content;

@@ -15,6 +15,7 @@ WorkbookPaths workbookPaths()
                           &paths.TransferWorkbookPath, &paths.SoldWorkbookPath}) {
         input.readField(); // the label
         const QString entry = input.readField();
+        // A relative path is meant from the program's folder, wherever it was started.
         *path = entry.isEmpty() ? QString() : folder.filePath(entry);
     }
     return paths;

@@ -20,6 +20,7 @@ void Sheet::fill(Range rows, Range columns, Cell cell)
 {
     if (++m_runs > MostRuns)
         throw DamagedFile();
+    // Readers come by rows and columns in order; a place that comes again takes the later value.
     Band &band = m_bands.try_emplace(m_bands.end(), rows.first)->second;
     band.last = rows.last;
     band.runs.insert_or_assign(band.runs.end(), columns.first, Run{columns.last, std::move(cell)});
@@ -33,6 +34,7 @@ Value Sheet::at(int row, int column) const
     const auto run = entryAt(band->second.runs, column);
     if (run == band->second.runs.end() || run->second.last < column)
         return {};
+    // An error value in a cell has no text: the routine that reads it stops with a type mismatch.
     if (run->second.cell.isError)
         throw runtimeError(13);
     return run->second.cell.value;

@@ -37,10 +37,12 @@ Workbook Workbook::open(const QString &path)
 
 QString Workbook::text(int sheet, int row, int column) const
 {
+    // A sheet that is missing is found out at its first cell, not at the opening.
     if (sheet < 1 || sheet > int(m_sheets.size()))
         throw runtimeError(9);
     const QString text = m_sheets[size_t(sheet - 1)].at(row, column).joined();
     qsizetype begin = 0, end = text.size();
+    // Blanks alone: tabs and line ends belong to the text.
     while (begin < end && text[begin] == ' ')
         ++begin;
     while (end > begin && text[end - 1] == ' ')

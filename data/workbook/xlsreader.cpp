@@ -95,6 +95,7 @@ private:
                 break;
             }
             case SheetPlace: {
+                // Sheets come in the order of their tabs, wherever in the stream they begin.
                 const quint32 place = record.u32();
                 record.skip(1);
                 if (const int type = record.u8(); type != CodeModule)
@@ -150,6 +151,7 @@ private:
                                           Number,  Text,          BooleanOrError, PackedNumber};
         if (std::find(cells.begin(), cells.end(), record.type()) == cells.end())
             return;
+        // Counted from 0 in the file and from 1 by everybody else.
         const int row = record.u16() + 1;
         int column = record.u16() + 1;
         if (record.type() == PackedNumbers) {
@@ -257,6 +259,7 @@ std::vector<Sheet> readXls(const QByteArray &content)
     const CompoundFile compound(content);
     auto stream = compound.stream("Workbook");
     if (!stream)
+        // The name before 1997.
         stream = compound.stream("Book");
     if (!stream)
         throw DamagedFile();

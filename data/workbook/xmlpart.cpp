@@ -20,6 +20,8 @@ QStringView withoutPrefix(QStringView name)
 
 void XmlPart::Source::grantToken()
 {
+    // The reader gets no more bytes than one token may have: a text without end would be collected whole before anybody
+    // could refuse it.
     m_granted = std::min(m_content.size(), m_at + LongestToken);
 }
 

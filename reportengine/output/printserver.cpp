@@ -97,6 +97,7 @@ PrintServer::Job PrintServer::submit(const QString &queue, const QString &pdfPat
                             title.toUtf8().constData(), all.count(), all.list());
     if (job.id == 0)
         job.reason = QString::fromUtf8(cupsLastErrorString());
+    // A printer that was stopped takes jobs all the same; the user is told that this one waits.
     const char *state = cupsGetOption("printer-state", destination.num_options, destination.options);
     job.waits = state && atoi(state) == IPP_PSTATE_STOPPED;
     return job;

@@ -52,6 +52,7 @@ PrintServer::Options optionsOf(const QPrinter &printer)
 {
     PrintServer::Options options{{"media", printer.pageLayout().pageSize().key().toUtf8()}};
     if (printer.collateCopies())
+        // Whole copies one after the other, whichever way the queue reads it.
         addCollated(options);
     addSides(options, printer.duplex());
     if (printer.colorMode() == QPrinter::GrayScale)

@@ -87,11 +87,13 @@ public:
     {
         if (!m_book || page.items.empty())
             return;
+        // A flat report is for reckoning with: one heading row and the records, no titles, no totals.
         if (m_layout.exportAsTable && !isOfTable(*section.section))
             return;
         for (const std::vector<const PageItem *> &line : lines(page))
             writeLine(line);
         if (section.section->columnHeads && !m_headsStand) {
+            // The first column heads stay in sight while the rows below are scrolled.
             worksheet_freeze_panes(m_sheet, m_row, 0);
             m_headsStand = true;
         }

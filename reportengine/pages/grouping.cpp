@@ -39,6 +39,7 @@ std::optional<std::pair<quint64, quint64>> sortPrefix(QStringView text)
 
 std::vector<int> rankedTexts(const FieldFormula &field, const RowStore &rows)
 {
+    // Each different text is compared once with the others, not each row's.
     const std::vector<QString> &texts = rows.texts(field.field());
     std::vector<std::optional<std::pair<quint64, quint64>>> prefixes;
     for (const QString &text : texts)
@@ -105,6 +106,7 @@ void Grouping::arrange(const std::vector<FormulaPtr> &by, const FormulaContext &
     std::vector<std::vector<int>> keys;
     for (const FormulaPtr &group : by)
         keys.push_back(ranks(*group, context, m_order));
+    // From the innermost group out: each sort keeps the order that the one before left among equal rows.
     for (size_t level = keys.size(); level-- > 0;)
         sortBy(keys[level]);
 
@@ -112,6 +114,7 @@ void Grouping::arrange(const std::vector<FormulaPtr> &by, const FormulaContext &
     for (int position = 0; position < rowCount(); ++position) {
         bool begins = position == 0;
         for (size_t level = 0; level < by.size(); ++level) {
+            // A group begins with every group around it.
             begins = begins || keys[level][m_order[position]] != keys[level][m_order[position - 1]];
             if (begins)
                 m_nodes[level].push_back({position, 0, level == 0 ? -1 : int(m_nodes[level - 1].size()) - 1});

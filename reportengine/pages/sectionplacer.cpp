@@ -30,6 +30,7 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
         return setting;
 
     const double width = object.place.width();
+    // A figure is never cut or wrapped, as half of it would be another figure.
     if (isFigure(setting.value)) {
         const double needed = TextMetrics::width(text, setting.style);
         if (needed > width)
@@ -104,6 +105,7 @@ double shiftAt(double top, const std::vector<Growth> &grown)
 std::vector<Growth> growths(const CompiledSection &section, const FormulaContext &context)
 {
     std::vector<Growth> result;
+    // Most sections hold nothing that wraps and have one height for all rows.
     if (!section.grows)
         return result;
     for (const CompiledObject &compiled : section.objects) {

@@ -42,6 +42,7 @@ void FindBar::enter()
 {
     show();
     m_text->setFocus(Qt::ShortcutFocusReason);
+    // What was sought last is found again by Enter or typed over.
     m_text->selectAll();
 }
 
@@ -65,6 +66,7 @@ bool FindBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto *press = static_cast<QKeyEvent *>(event);
+        // Taken from the field, which would keep Shift+Enter for itself.
         if (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) {
             emit findAsked(!(press->modifiers() & Qt::ShiftModifier));
             return true;

@@ -2,6 +2,8 @@
 
 #include "reportengine/pages/reportpages.h"
 
+// Nothing is kept per entry but how many are known: the pages hold the rest, and a report may have a hundred thousand
+// groups.
 void GroupTreeModel::setPages(const ReportPages *pages)
 {
     beginResetModel();
@@ -106,6 +108,7 @@ QVariant GroupTreeModel::data(const QModelIndex &index, int role) const
 {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
+    // Reckoned when it is shown.
     const QString label = m_pages->groupLabel(level(index), node(index));
     return label.isEmpty() ? QString("(none)") : label;
 }

@@ -19,6 +19,7 @@ Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<
     window.setWindowModality(Qt::ApplicationModal);
     window.setAutoClose(false);
     window.setAutoReset(false);
+    // Shown by us and not by a guess of its own at how long it will take.
     window.setMinimumDuration(std::numeric_limits<int>::max());
     QElapsedTimer sinceStart, sinceBeat;
     sinceStart.start();
@@ -32,6 +33,7 @@ Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<
         }
         window.setMaximum(total);
         window.setValue(done);
+        // The window is modal: nothing but its Cancel button can be reached meanwhile.
         QCoreApplication::processEvents();
         sinceBeat.start();
         return !window.wasCanceled();

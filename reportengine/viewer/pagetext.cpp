@@ -48,8 +48,10 @@ WholeText wholeText(const Page &page, const Run &run)
     qsizetype from = 0;
     for (int i = run.first; i < run.end; ++i) {
         QString line = page.items[i].text;
+        // The mark is the paper's unless the text itself has it there.
         if (line.endsWith(Ellipsis) && result.text.indexOf(line, from) < 0)
             line.chop(1);
+        // Between two lines a blank was dropped.
         from = std::max(from, result.text.indexOf(line, from));
         result.begins.push_back(from);
         from += line.size();
@@ -69,6 +71,7 @@ FoundText placed(const Page &page, const Run &run, const WholeText &whole, qsize
         if (left < right)
             found.places.push_back(placeOf(item, left, right));
     }
+    // It lies in what the ellipsis stands for.
     if (found.places.empty()) {
         const PageItem &last = page.items[run.end - 1];
         found.places.push_back(placeOf(last, last.text.size() - 1, last.text.size()));
@@ -90,6 +93,7 @@ std::vector<FoundText> findOn(const Page &page, const QString &sought)
             result.push_back(placed(page, run, whole, at, at + sought.size()));
     }
     std::ranges::stable_sort(result, {}, [](const FoundText &found) {
+        // In the order in which the page is read.
         return std::pair(std::round(found.places[0].bottom() / SameLine), found.places[0].left());
     });
     return result;

@@ -60,6 +60,7 @@ void TextSelection::takePage(const Page &page, int index)
 
 TextSelection::Stretch TextSelection::stretchOf(const TextSpot &begin, qsizetype size) const
 {
+    // Dragged upwards the anchor is the end.
     const auto &[from, to] = std::minmax(m_anchor, m_end);
     TextSpot end = begin;
     end.character = size;
@@ -101,6 +102,7 @@ QString TextSelection::text(ReportPages &pages) const
                 if (stretch.first < stretch.end)
                     texts.append(whole.mid(stretch.first, stretch.end - stretch.first));
             }
+            // Tabs between the texts of a line, so that a table goes into a spreadsheet column by column.
             if (!texts.isEmpty())
                 result.append(texts.join('\t'));
         }

@@ -20,6 +20,7 @@ void Viewer::viewReport()
 
 void Viewer::formResize()
 {
+    // One property after the other, in the order in which the window has always set them.
     m_viewer->move(m_viewer->x(), 0);
     m_viewer->move(0, m_viewer->y());
     m_viewer->resize(m_viewer->width(), height());

@@ -119,6 +119,7 @@ void exportByDialog(QWidget *parent, Report &report, const QString &name)
 void printByDialog(QWidget *parent, Report &report, int currentPage, const QPageLayout &paper)
 {
     setHourglass();
+    // The dialog offers pages up to the last, so that they must be counted first.
     const int pages = report.pages().pageCount();
     setDefaultPointer();
     QPrinter printer(QPrinter::HighResolution);

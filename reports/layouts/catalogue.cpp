@@ -2,6 +2,9 @@
 
 #include "reports/layouts/layouts.h"
 
+// T text, T100 longer text, N number, I whole number, C money, D date, DT date and time, M text of any length. The
+// fields are those of the routine's SELECT, in its order; two layouts that share a definition file may give a field two
+// types.
 const std::vector<ReportDesign> &reportCatalogue()
 {
     static const std::vector<ReportDesign> catalogue{
@@ -114,5 +117,6 @@ const ReportDesign &reportDesign(const QString &designer)
 Report newReport(const QString &designer)
 {
     const ReportDesign &design = reportDesign(designer);
+    // Formulas name the fields by the definition file's table, which several layouts share.
     return Report(design.layout(), design.definitionFile + "_ttx", design.dataset);
 }

@@ -101,6 +101,7 @@ std::vector<NamedFormula> amountFormulas()
             {"Listed", "Sum({@Amount}) + {#Freight} + {#Adjustment}"},
             {"Total", "if {?txtTotal} = \"\" then {@Listed} else CDbl({?txtTotal})"},
             {"Beyond", "{@Total} - Sum({@Exact}) - {#Charges}"},
+            // A cent is what rounding can bring about; more than that is a shipment without lines.
             {"Unlisted", "if Abs({@Beyond}) < 0.0101 then 0 else Round({@Beyond}, 2)"},
             {"Rounding", "Round({@Total} - {@Listed} - {@Unlisted}, 2)"}};
 }

@@ -34,6 +34,7 @@ Section totals(double width)
 
 Section receipt()
 {
+    // At the page's foot, where the driver looks for it on every slip.
     Section section{.kind = Kind::ReportFooter, .height = 66, .atPageBottom = true};
     section.objects.push_back(text({0, 4, 540, 0}, "Please check the goods against this slip when they arrive.",
                                    {.size = 9, .color = House::Faint}));

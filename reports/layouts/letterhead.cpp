@@ -13,6 +13,7 @@ Letterhead letterheadIn(const QString &file)
     for (QString &line : lines)
         line = line.trimmed();
     lines.removeAll({});
+    // A file of blank lines is no letterhead.
     if (!lines.isEmpty())
         result = {lines.first(), lines.mid(1)};
     return result;
@@ -20,6 +21,7 @@ Letterhead letterheadIn(const QString &file)
 
 Letterhead letterhead()
 {
+    // Read once: a day's documents bear one sender, and each layout asks for it.
     static const Letterhead sender = letterheadIn(QCoreApplication::applicationDirPath() + "/letterhead.txt");
     return sender;
 }

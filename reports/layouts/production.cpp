@@ -38,6 +38,8 @@ Layout productionLayout(const QString &title, const TableGroup &group, const Col
                       {"Wanted", "if {Months} = 0 then 0 else {SumQtySold} * {Req} / {Months}"},
                       {"Req", "if {@Wanted} + {SumQtyCommitted} - {SumQtyOnHand} <= 0 then 0 else "
                               "-Int(-Round({@Wanted} + {SumQtyCommitted} - {SumQtyOnHand}, 6))"},
+                      // Fourth and sixth in the list: the routine replaces these two by their place when blank
+                      // requirements are to be left out.
                       {"SuppressRow", "false"},
                       {"Explanation", "\"Average of \" & {?txtMonths} & \" months' sales x \" & {?txtReq} & "
                                       "\" + committed - on hand, never below 0, in whole units\""},

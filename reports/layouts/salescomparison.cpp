@@ -18,6 +18,7 @@ void addPeriod(std::vector<Column> &columns, const QString &period, const QStrin
     columns.push_back(column("Cost", "{" + costs + "}"));
     columns.push_back(column("Margin", "{" + sales + "} - {" + costs + "}"));
     columns.back().totalSource = "Sum({" + sales + "}%1) - Sum({" + costs + "}%1)";
+    // A customer without sales in that period has no margin, which is something else than one of 0.
     columns.back().blankIf = "IsNull({" + sales + "})";
 }
 

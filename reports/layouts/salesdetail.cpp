@@ -17,6 +17,7 @@ std::vector<Column> salesDetailColumns()
              .source = "if {PriceExt} = 0 then 0 else ({PriceExt} - {CostExt}) / {PriceExt}",
              .width = 46,
              .picture = Picture::Percent,
+             // A percentage does not add up: the total's is that of the summed amounts.
              .totalSource = "if Sum({PriceExt}%1) = 0 then 0 else "
                             "(Sum({PriceExt}%1) - Sum({CostExt}%1)) / Sum({PriceExt}%1)"}};
 }

@@ -5,7 +5,7 @@
 
 void formatGrid(FlexGrid *grid, std::initializer_list<int> moneyColumns)
 {
-    // Both grids and headers, everywhere.
+    // Cells and headers alike, in every grid.
     grid->setColAlignmentCentered();
     for (const int column : moneyColumns)
         grid->setColFormat(column, MoneyGridFormat.toString());

@@ -44,6 +44,7 @@ struct Totals
         }
         quint64 part = 0;
         memcpy(&part, rowHash.constData(), sizeof(part));
+        // Added up, so that the order of the rows counts for nothing.
         hash += part;
     }
 
@@ -84,6 +85,7 @@ public:
     {
         m_match.reset();
         const TableDef *ours = permanentTable(table.name);
+        // What was not taken over is told by the takeover and not compared.
         if (!ours || table.linked || !TableMatch(*ours, table).isUsable())
             return;
         m_match.emplace(*ours, table);
@@ -120,6 +122,7 @@ public:
     {
         if (!m_match)
             return;
+        // Walked once more only for the words: which rows they are, the hashes cannot tell.
         if (m_new.rows > 0 && !m_unmatched.isEmpty()) {
             forEachRow(m_database, m_match->table(), [&](const std::vector<Value> &row) {
                 if (match(hashOf(row)))

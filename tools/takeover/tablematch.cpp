@@ -77,6 +77,7 @@ QStringList TableMatch::missing() const
 bool TableMatch::isUsable() const
 {
     const QStringList lacking = missing();
+    // Without their numbers documents would get others, and everything that points at them would point elsewhere.
     return std::none_of(m_table->columns.begin(), m_table->columns.end(),
                         [&](const ColumnDef &column) { return column.autoNumber && lacking.contains(column.name); });
 }

@@ -67,6 +67,7 @@ public:
             insert(m_match->converted(cells));
             ++m_taken;
         } catch (const ToolError &error) {
+            // By its place in the old file, for the comparison to pass it over: it has no counterpart.
             m_refused[m_match->table().Name].insert(number);
             ++m_lost;
             say(QStringLiteral("%1, %2: the row is refused").arg(m_match->key(cells), error.message));
@@ -128,6 +129,7 @@ private:
 
     void reportStranger()
     {
+        // Scratch tables hold what some report left; nobody misses them.
         if (m_old.name != JetCatalogue && !m_old.name.startsWith(QLatin1String("tmp"), Qt::CaseInsensitive))
             say(m_old.linked ? QStringLiteral("a table of another file, not taken")
                              : QStringLiteral("not taken, %1 rows").arg(m_old.rows));
@@ -174,6 +176,7 @@ bool takeInto(const QString &file, const QString &old, QTextStream &report)
     } catch (const ToolError &error) {
         throw ToolError{QStringLiteral("'%1': %2").arg(old, error.message)};
     }
+    // What the old program let in is told, and no reason to refuse the company.
     for (const QString &finding : checkDatabase(file))
         report << "check: " << finding << '\n';
     return whole;

@@ -52,6 +52,7 @@ class PostgresDialect : public jetsql::Dialect
     QString yesNoAsNumber(const QString &yesNo) const override { return "-(" + yesNo + ")::int4"; }
     QString moneyAsNumber(const QString &money) const override { return cast(money, ColumnType::Double); }
     QString wide(const QString &whole) const override { return inBrackets(whole) + "::int8"; }
+    // concat() takes Null for empty; only Nulls on all sides give Null.
     QString concatenated(const QStringList &texts) const override
     {
         const QString all = texts.join(QLatin1String(", "));
@@ -59,8 +60,10 @@ class PostgresDialect : public jetsql::Dialect
     }
     bool concatenatesNumbers() const override { return false; }
 
+    // Letters are compared by keys that a function of ours makes, so that both engines have one order.
     QString key(const QString &text, bool) const override { return "jet_key(" + text + ')'; }
     bool comparesByKeys() const override { return true; }
+    // Any spelling of the group would do; the least is the same at each run.
     QString shownInGroup(const QString &text) const override { return "min(" + text + ')'; }
     QString like(const Expr &pattern, const QString &written, const QString &text) const override
     {
@@ -76,6 +79,7 @@ class PostgresDialect : public jetsql::Dialect
         return "sum(" + (money ? inBrackets(number) + "::numeric(19,4)" : cast(number, ColumnType::Double)) + ')';
     }
     QString average(const QString &number) const override { return "avg(" + cast(number, ColumnType::Double) + ')'; }
+    // The server knows no least text by our keys and no least boolean.
     QString extreme(bool least, const QString &value, const Expr &expr) const override
     {
         if (expr.type.isText())

@@ -43,24 +43,30 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
                           const QString &detail)
 {
     const bool opening = context.kind == ErrorContext::Opening;
+    // No such user, or another password.
     if (state == "28P01" || state == "28000")
         return runtimeError(3031, {}, detail);
     if (state == "3D000")
         return runtimeError(3024, {uri}, detail);
+    // Too many sessions, or a server that is just starting.
     if (state == "53300" || state == "57P03")
         return runtimeError(3045, {uri}, detail);
     if (state == "42501")
         return noRightError(uri, context, detail);
+    // A session opened for reading alone.
     if (state == "25006")
         return runtimeError(3027, {}, detail);
+    // A database without our tables and functions is none of ours.
     if (opening && (state == "42P01" || state == "42883"))
         return runtimeError(3343, {uri}, detail);
     if (state == "42P01") // dropped by another session in this moment
         return runtimeError(context.kind == ErrorContext::Defining ? 3376 : 3078, {context.table}, detail);
     if (state == "42703")
         return runtimeError(3061, {QStringLiteral("1")}, detail);
+    // A lock that was waited for in vain, a deadlock, or two changes of one row.
     if (state == "55P03" || state == "40P01" || state == "40001")
         return lockError(uri, context, detail);
+    // A key that is there already; then what does not fit its column, a number out of range, and a division by zero.
     if (state == "23505")
         return runtimeError(3022, {}, detail);
     if (state == "22001")
@@ -71,8 +77,10 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
         return runtimeError(11, {}, detail);
     if (state == "53100")
         return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
+    // The server is being stopped, or the way to it is gone.
     if (state.startsWith("57P") || state.startsWith("08"))
         return lost(detail);
+    // Nested too deep, too many columns, too many arguments.
     if (state == "54001" || state == "54011" || state == "54023")
         return RuntimeError(3360, QStringLiteral("Query is too complex."), detail);
     return RuntimeError(

@@ -20,6 +20,7 @@ QByteArray typeOf(const ColumnDef &column)
 {
     switch (column.type) {
     case ColumnType::Text:
+        // Compared by bytes where nobody asks for more, which needs no language on the server.
         return "varchar(" + QByteArray::number(column.size > 0 ? column.size : 255) + ") COLLATE \"C\"";
     case ColumnType::Memo:
         return "text COLLATE \"C\"";
@@ -70,6 +71,7 @@ ColumnType typeFrom(int type)
 
 namespace postgres {
 
+// Two workstations may run one report at one time: each has scratch tables of its own.
 bool Tables::isPrivate(const QString &table)
 {
     return table.startsWith(u"tmp", Qt::CaseInsensitive);
@@ -123,6 +125,7 @@ QByteArrayList Tables::statisticsFor(const TableDef &table)
     QByteArrayList statements;
     for (const ColumnDef &column : table.columns) {
         if (column.type == ColumnType::Text)
+            // The planner knows nothing of what a function gives, and takes every key for equally rare.
             statements += "CREATE STATISTICS " + quoted("st" + table.Name + '_' + column.name) + " ON (jet_key(" +
                           quoted(column.name) + ")) FROM " + quoted(table.Name);
     }

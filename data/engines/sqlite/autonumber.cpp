@@ -15,6 +15,7 @@ qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QStri
     PreparedStatement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +
                                                     ") WHERE name = ? COLLATE NOCASE RETURNING seq",
                                                 writing);
+    // Above any number in the table too, since other tools may have put rows in with numbers of their own.
     take.bind(1, Value(table.Name));
     qint64 number = 0;
     if (take.next()) {

@@ -30,6 +30,8 @@ bool BusyWait::waitAgain(int attempt)
     return true;
 }
 
+// SQLite lets whoever comes first have the file, without a queue: a process that writes row after row would keep all
+// others out. So a process that had to wait lately, which tells that others are about, pauses before it writes.
 void BusyWait::letOthersIn()
 {
     if (m_lastWaited.isValid() && !m_lastWaited.hasExpired(OthersAreAboutMilliseconds))

@@ -19,6 +19,7 @@ ConnectionOptions target(const QString &path)
     ConnectionOptions options;
     options.file = path;
     options.create = true;
+    // A copy is one file, without a log beside it.
     options.journal = Journal::Rollback;
     return options;
 }

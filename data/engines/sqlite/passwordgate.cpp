@@ -25,6 +25,7 @@ void PasswordGate::check(Connection &connection, const QString &password, const 
 {
     const ErrorContext opening{ErrorContext::Opening, {}, {}};
     PreparedStatement tables = connection.prepare("SELECT 1 FROM sqlite_schema WHERE name = 'MSysPassword'", opening);
+    // Any other database file is told from one of ours by this table.
     if (!tables.next())
         throw runtimeError(3343, {file});
     tables.reset();

@@ -126,6 +126,7 @@ Catalog Tables::readCatalog(Connection &connection)
     return catalog;
 }
 
+// What the program's own list of tables leaves out, as users know it.
 bool Tables::isSystemTable(const QString &name)
 {
     return name.startsWith(u"MSys", Qt::CaseInsensitive) || name.startsWith(u"sqlite_", Qt::CaseInsensitive);
