@@ -77,6 +77,7 @@ int check(const Arguments &arguments, QTextStream &out)
         throw ToolError{QStringLiteral("--config takes a file")};
     const QStringList findings = checkDatabase(arguments.plain()[0], config.value_or(QString()));
     out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
+    // Findings are a status of their own, for scripts that run the check at night.
     return findings.isEmpty() ? 0 : 1;
 }
 

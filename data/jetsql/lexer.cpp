@@ -90,6 +90,7 @@ public:
 
     std::vector<Token> run()
     {
+        // A token has about five characters, and a statement a handful of constants.
         m_tokens.reserve(m_wanted == Wanted::Constants ? 8 : m_sql.size() / 5 + 8);
         while (skipBlanks(), m_at < m_sql.size())
             next();
@@ -125,6 +126,7 @@ private:
     {
         m_start = m_at;
         const QChar c = peek();
+        // Decided by the first character alone; what a token turns out not to be, its own routine tells.
         if (startsName(c))
             name();
         else if (isDigit(c) || (c == u'.' && isDigit(peek(1))))

@@ -28,6 +28,7 @@ class Marking
 public:
     std::vector<BindParameter> parameters;
 
+    // Constants that are selected or sorted by stay as they are: only conditions are marked.
     void mark(Select &select)
     {
         for (auto &source : select.sources) {
@@ -102,6 +103,7 @@ private:
         if (column == operands.end() || isNamedByIndexCondition(*(*column)->as<Column>()))
             return;
         const ExprType type = (*column)->type;
+        // A text against a number column is error 3464, which must come at each run and not with one constant alone.
         const bool alike = std::all_of(operands.begin(), operands.end(), [&](const ExprPtr &operand) {
             const bool same = (type.isText() && operand->is(Kind::Text)) ||
                               (type.isDate() && operand->is(Kind::Date)) ||

@@ -205,6 +205,7 @@ std::unique_ptr<FromNode> Parser::addSource(Select &select, std::unique_ptr<Sour
     auto node = std::make_unique<FromNode>();
     node->source = source.get();
     select.sources.push_back(std::move(source));
+    // Sub-selects have FROM clauses of their own and count by themselves.
     if (select.sources.size() > maxTables)
         fail(3360);
     return node;

@@ -44,6 +44,7 @@ Translation description(const Select &select, const Catalog &catalog)
         result.targetTable = select.into;
         return result;
     }
+    // One table's own rows, each met once: only then does a row of the result stand for one that can be written.
     const bool updatable =
         select.sources.size() == 1 && !select.sources.front()->derived && !select.grouped() && !select.distinct;
     if (updatable)
@@ -126,6 +127,7 @@ Translation translate(const QString &sql, const Catalog &catalog, const Dialect 
     typeExpressions(statement);
     Translation result = std::visit([&catalog](const auto &kind) { return description(kind, catalog); }, statement);
     result.tablesRead = tablesRead;
+    // Behind the typing, as it looks at types, and before the writing: the rows stay, their way is another.
     if (plan == Plan::Improved)
         improvePlan(statement);
     const auto written = [&] {
@@ -134,6 +136,8 @@ Translation translate(const QString &sql, const Catalog &catalog, const Dialect 
     result.sql = result.sqlWithParameters = written().toUtf8();
     if (!canHaveParameters(sql))
         return result;
+    // Written a second time with marks in the place of constants; where the engine's text holds them in another order,
+    // or twice, the marks tell.
     const std::vector<BindParameter> parameters = markParameters(statement);
     if (!parameters.empty())
         setParameters(result, written(), parameters, dialect);

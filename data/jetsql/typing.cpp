@@ -195,8 +195,10 @@ private:
         type.autoNumber = false;
         if (call.function == Aggregate::Min || call.function == Aggregate::Max)
             return type;
+        // Texts have a least and a greatest, and no sum.
         if (type.isText())
             fail(3464);
+        // The sum of anything but money is a Double, of whole numbers too.
         return ofType(type.type == ColumnType::Currency && !type.null ? ColumnType::Currency : ColumnType::Double);
     }
 
@@ -315,6 +317,7 @@ std::vector<ResultColumn> resultColumns(const Select &select)
             column.sourceTable = stored->from->shownName();
             column.sourceColumn = stored->def().name;
         }
+        // A column of nothing but Nulls is a text.
         column.type = expr.type.null ? ColumnType::Text : expr.type.type;
         column.size = expr.type.null ? concatenatedSize : expr.type.size;
         column.autoNumber = expr.type.autoNumber;

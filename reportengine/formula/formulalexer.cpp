@@ -24,6 +24,7 @@ public:
         const QChar c = m_text[m_at];
         if (c == '{')
             enclosed(token, FormulaToken::Kind::Reference, '}');
+        // Either mark delimits a text, and the other may stand in it.
         else if (c == '"' || c == '\'')
             enclosed(token, FormulaToken::Kind::Text, c);
         else if (c.isDigit() || (c == '.' && m_at + 1 < m_text.size() && m_text[m_at + 1].isDigit()))
@@ -92,6 +93,7 @@ private:
 
     void symbol(FormulaToken &token)
     {
+        // The longer ones first, or "<=" would be read as "<".
         static const QString pairs[] = {"<>", "<=", ">="};
         token.kind = FormulaToken::Kind::Symbol;
         for (const QString &pair : pairs) {

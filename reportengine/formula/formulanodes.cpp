@@ -102,6 +102,7 @@ double calculated(QChar symbol, double left, double right)
     case '*':
         return left * right;
     }
+    // A formula that divides guards itself by an if; one that does not stops the report.
     if (right == 0)
         throw runtimeError(11);
     return left / right;

@@ -52,6 +52,7 @@ private:
     // An if without an else gives the type's default there: 0, an empty text, False.
     FormulaPtr expression()
     {
+        // Of the loosest binding, so that a branch takes in all that follows.
         if (!word("if"))
             return disjunction();
         const FormulaPtr condition = expression();
@@ -263,6 +264,7 @@ private:
         expectSymbol("(");
         const int inner = current().position;
         Aggregate wanted{.kind = kind, .of = expression(), .argument = {}, .level = -1};
+        // Compared as text: two totals of one spelling are one computation.
         wanted.argument = m_text.mid(inner, current().position - inner).simplified().toLower();
         if (kind == Aggregate::Kind::Sum || kind == Aggregate::Kind::Average)
             require(wanted.of, Type::Number, "Only numbers can be added up");

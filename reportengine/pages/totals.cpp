@@ -65,6 +65,7 @@ void Totals::addNumbers(Column &column, int node, std::span<const double> number
     double *sum = column.sums.empty() ? nullptr : &column.sums[node];
     double *best = column.numbers.empty() ? nullptr : &column.numbers[node];
     for (const double number : numbers) {
+        // Null is left out of everything: of sums, counts, averages and extremes alike.
         if (std::isnan(number))
             continue;
         if (sum)

@@ -44,6 +44,7 @@ QString dateText(const Date &date, Picture picture)
     if (picture == Picture::DateTime)
         return QLocale(QLocale::English, QLocale::UnitedStates)
             .toString(QDateTime(date.date(), date.time()), "M/d/yyyy h:mm AP");
+    // A column of days shows no time of day, though a row may have one.
     return picture == Picture::Date ? Date(date.date()).toText() : date.toText();
 }
 

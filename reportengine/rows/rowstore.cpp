@@ -35,6 +35,7 @@ void RowStore::read(RowSource &source)
 void RowStore::append(Column &column, FieldType type, const Value &value)
 {
     if (!isText(type)) {
+        // Not-a-number takes no place of its own, and no value of the database is one.
         const double null = std::numeric_limits<double>::quiet_NaN();
         column.numbers.push_back(value.isNull() ? null : isDate(type) ? value.toDate().serial() : value.toDouble());
         return;

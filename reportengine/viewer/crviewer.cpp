@@ -50,6 +50,7 @@ CRViewer::CRViewer(QWidget *parent)
     connect(m_view, &PageView::currentPageChanged, this, &CRViewer::showPageNumber);
     connect(m_view, &PageView::currentPageChanged, this, &CRViewer::followInTree);
     connect(m_view, &PageView::zoomChanged, this, [this] { m_bar->showZoom(m_view->zoom(), m_view->percent()); });
+    // Whenever nothing else is to be done.
     m_idle.setInterval(0);
     connect(&m_idle, &QTimer::timeout, this, &CRViewer::goOn);
     connectBar();
@@ -260,6 +261,7 @@ bool CRViewer::find(const QString &text, bool forward)
         if (m_finder.text() != text)
             m_finder.start(m_report->pages(), text);
         place = forward ? m_finder.next(currentPage(), progress) : m_finder.previous(currentPage(), progress);
+        // Neither found nor searched to the end: the user gave up.
         const bool isStopped = !place && !m_finder.isComplete();
         // The place is shown at once; how many there are is counted on while the user reads.
         m_finder.advance(isStopped ? 0 : FindSlice);

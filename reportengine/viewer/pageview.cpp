@@ -98,6 +98,7 @@ int PageView::pageTop(int page) const
 QRect PageView::paperOf(int page) const
 {
     const QSize size = pageSize();
+    // In the middle, unless the paper is wider than the window.
     const int left = std::max(Gap, (viewport()->width() - size.width()) / 2) - horizontalScrollBar()->value();
     return {QPoint(left, pageTop(page) - verticalScrollBar()->value()), size};
 }
@@ -220,12 +221,14 @@ void PageView::paintEvent(QPaintEvent *)
     ReportPages &pages = m_report->pages();
     for (int page = pageAt(verticalScrollBar()->value()); page < pages.knownPages(); ++page) {
         const QRect paper = paperOf(page);
+        // Only the pages in sight are made and painted.
         if (paper.top() >= viewport()->height())
             break;
         const std::shared_ptr<const Page> content = pages.page(page);
         painter.fillRect(paper.translated(2, 2), isDark ? QColor(Qt::black) : PaperShadow);
         painter.fillRect(paper, Qt::white);
         painter.save();
+        // What a layout places beyond the paper's edge is not on the paper.
         painter.setClipRect(paper);
         painter.translate(paper.topLeft());
         painter.save();
@@ -253,6 +256,7 @@ void PageView::wheelEvent(QWheelEvent *event)
         QAbstractScrollArea::wheelEvent(event);
         return;
     }
+    // From what is shown now, so that the wheel takes up where "page width" stands.
     setZoom(Zoom::Percent, percent() + (event->angleDelta().y() > 0 ? 10 : -10));
 }
 
@@ -289,6 +293,7 @@ void PageView::mousePressEvent(QMouseEvent *event)
     const QPoint position = event->position().toPoint();
     m_lastPosition = position;
     if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && !isTextAt(position))) {
+        // Beside the texts the hand takes hold of the paper; on them the mouse selects.
         m_mouse = Mouse::Dragging;
         viewport()->setCursor(Qt::ClosedHandCursor);
     } else if (event->button() == Qt::LeftButton) {
@@ -337,6 +342,7 @@ void PageView::mouseDoubleClickEvent(QMouseEvent *event)
     const QPoint position = event->position().toPoint();
     if (event->button() != Qt::LeftButton || !isTextAt(position))
         return;
+    // A double click takes the whole text under it: a number, a name.
     const TextSpot spot = *textSpotAt(position);
     m_selection.takeText(*m_report->pages().page(spot.page), spot);
     viewport()->update();

@@ -84,6 +84,7 @@ void ViewerBar::addZoom()
     m_zoom = new QComboBox(this);
     m_zoom->setObjectName("zoom");
     m_zoom->setAccessibleName("Zoom");
+    // All of them, without a scroll bar.
     m_zoom->setMaxVisibleItems(20);
     m_zoom->addItem("Page Width", PageWidth);
     m_zoom->addItem("Whole Page", WholePage);
@@ -105,6 +106,7 @@ void ViewerBar::showPage(int page, int knownPages, bool isLastKnown)
     // Shown, not asked for.
     const QSignalBlocker quiet(m_pageNumber);
     m_pageNumber->setValue(page + 1);
+    // "3+" while the pages are still being counted.
     m_pageTotal->setText(QString(" of %1%2 ").arg(knownPages).arg(isLastKnown ? "" : "+"));
     for (QAction *action : m_toStart)
         action->setEnabled(page > 0);
@@ -138,5 +140,6 @@ void ViewerBar::enableGroups(bool enabled)
 {
     m_groups->setEnabled(enabled);
     if (!enabled)
+        // A report without groups has no tree to show, whatever the one before had.
         m_groups->setChecked(false);
 }

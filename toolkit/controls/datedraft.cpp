@@ -28,6 +28,7 @@ void DateDraft::type(QChar character)
 void DateDraft::typeDigit(QChar digit)
 {
     m_complete = false;
+    // The first digit takes the place of what stood in the part.
     m_texts[m_part] = m_typed > 0 ? m_texts[m_part] + digit : QString(digit);
     ++m_typed;
     m_movedOn = takesNoMore();
@@ -51,6 +52,7 @@ void DateDraft::passSeparator()
         beginAnew();
         return;
     }
+    // A separator behind a part that was completed by itself only confirms it.
     if (!std::exchange(m_movedOn, false))
         goTo(m_part + 1);
 }
@@ -94,6 +96,7 @@ int DateDraft::start() const
 QDate DateDraft::date() const
 {
     const int year = m_texts[Year].toInt();
+    // 11 is 2011; three digits are no year anybody means, and four are taken as they stand.
     const bool inShort = m_texts[Year].size() <= 2;
     return m_texts.contains(QString())
                ? QDate()

@@ -31,6 +31,7 @@ void FlexGridModel::setGridRows(int rows)
     } else if (rows <= 1) {
         beginResetModel();
         m_rows.resize(std::max(rows, 0));
+        // A list of all orders of all years may have been in it.
         m_rows.shrink_to_fit();
         m_published = 0;
         endResetModel();
@@ -101,6 +102,7 @@ void FlexGridModel::setCell(int row, int col, const QString &text)
     if (!holds(row, col))
         throw outsideGrid();
     QStringList cells = QString::fromUtf8(m_rows[row]).split(QChar(Separator));
+    // A row may have come with fewer cells than there are columns.
     while (cells.size() <= col)
         cells.append(QString());
     cells[col] = text;

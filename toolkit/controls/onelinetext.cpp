@@ -52,6 +52,7 @@ private:
 
     bool drop(QDropEvent *event)
     {
+        // Moving a part within the box is Qt's own business, and brings no line end along.
         if (event->source() == m_box || !event->mimeData()->hasText())
             return false;
         m_box->setCursorPosition(m_box->cursorPositionAt(event->position().toPoint()));
@@ -64,6 +65,7 @@ private:
     {
         QMenu *menu = m_box->createStandardContextMenu();
         for (QAction *entry : menu->actions()) {
+            // The menu has no names for its entries; the caption is all there is to know one by.
             if (!entry->text().startsWith(QLineEdit::tr("&Paste")))
                 continue;
             entry->disconnect();

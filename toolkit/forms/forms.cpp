@@ -45,6 +45,7 @@ Form *Forms::loaded(const QString &name)
     return form && !form->isUnloading() ? form : nullptr;
 }
 
+// Windows that are gone leave empty pointers behind, which go with the next one that is opened.
 void Forms::loadInstance(Form *form)
 {
     registry().instances.removeAll(nullptr);
@@ -61,6 +62,7 @@ void Forms::open(Form *form)
         form->show();
 }
 
+// Over a copy, since an unload routine may take other forms out of the list.
 void Forms::unloadAll()
 {
     const auto named = registry().loaded.values();
@@ -72,11 +74,14 @@ void Forms::unloadAll()
 
 Form *Load(const QString &name)
 {
+    // A form that is on its way out does not count: its name is free for a new one while the object lives on to the end
+    // of the event.
     if (Form *open = Forms::loaded(name))
         return open;
     const Forms::Factory factory = registry().factories.value(name);
     Q_ASSERT_X(factory, "Load", qPrintable(name));
     Form *form = factory();
+    // Before its load routine runs, which may ask for the form by its name.
     registry().loaded[name] = form;
     Forms::open(form);
     return form;

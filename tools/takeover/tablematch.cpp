@@ -94,6 +94,8 @@ std::vector<Value> TableMatch::converted(const std::vector<JetCell> &cells) cons
             // An AutoNumber left out would be given anew, and perhaps one that a later row has.
             if (column.autoNumber && cell->isNull())
                 throw ToolError{QStringLiteral("no number")};
+            // By the conversions of an assigned field, so that what the program itself could not have stored is refused
+            // here.
             row.push_back(takenInto(column, *cell));
         } catch (const ToolError &error) {
             throw ToolError{QStringLiteral("column %1: %2").arg(column.name, error.message)};

@@ -53,6 +53,7 @@ const jetsql::Dialect &SqliteEngine::dialect() const
 
 Catalog SqliteEngine::readCatalog()
 {
+    // Those prepared before the tables changed would be prepared anew at each run.
     m_connection.forgetStatements();
     // The version first: a change in between is then found at the next look.
     m_catalogVersion = m_connection.schemaVersion();

@@ -81,6 +81,7 @@ void PreparedStatement::finish()
 
 void PreparedStatement::reset()
 {
+    // The bindings too, or a long text bound last would stay in memory with the idle statement.
     sqlite3_reset(handle());
     sqlite3_clear_bindings(handle());
     m_begun = m_sawOtherTables = false;
