@@ -140,7 +140,7 @@ Operation orderSaves()
     for (size_t i = 0; i < lines.size(); ++i)
         lines[i].item = qint64(i + 1);
     Recordset customer = gDatabase->OpenRecordset("SELECT * FROM Customer WHERE Status = 'Active'");
-    const auto text = [&](const char *column) { return customer.Fields(column).text().toUtf8(); };
+    const auto text = [&](const char *column) { return customer.Fields(column).joined().toUtf8(); };
     Bare::Order order{{}, text("Customer"), gDefaultWarehouse.toUtf8(), {}, lines};
     for (const char *column : {"ShipTo", "ShipToAddress1", "ShipToAddress2", "ShipToCity", "ShipToState", "ShipToZip",
                                "ShipToPhone", "ShipToFax"})
