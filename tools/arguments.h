@@ -6,7 +6,8 @@
 
 /// What stands behind a command: plain arguments in order, and options anywhere between them, written "--scale 10" or
 /// "--scale=10", those without a value "--keep". A ToolError for an option that the command does not have; a file
-/// whose name begins with a dash can still be given as ./-name.
+/// whose name begins with a dash can still be given as ./-name. Not QCommandLineParser, which takes "-keep" for four
+/// options and tells a wrong one in words of its own.
 class Arguments
 {
 public:

@@ -3,7 +3,7 @@
 #include <QFile>
 
 /// A file that gets its name only when it is whole. Until then it is called `<name>.part`, and it goes away with the
-/// object if it never gets there.
+/// object if it never gets there. Not QSaveFile, since engines and libraries write it by its name.
 class PartFile
 {
 public:

@@ -1,5 +1,7 @@
 #include "data/dao/fieldname.h"
 
+#include "data/values/textorder.h"
+
 namespace {
 
 /// Compares without case. Written out for names in ASCII, since programs look fields up for every row.
@@ -7,11 +9,10 @@ bool same(QAnyStringView name, QStringView other)
 {
     if (name.size() != other.size())
         return QAnyStringView::compare(name, other, Qt::CaseInsensitive) == 0;
-    const auto fold = [](char16_t c) { return c >= 'A' && c <= 'Z' ? char16_t(c | 0x20) : c; };
     return name.visit([&](auto text) {
         for (qsizetype i = 0; i < other.size(); ++i) {
             const char16_t a = QChar(text[i]).unicode(), b = other[i].unicode();
-            if (fold(a) == fold(b))
+            if (asciiLower(a) == asciiLower(b))
                 continue;
             return (a >= 0x80 || b >= 0x80) && QAnyStringView::compare(name, other, Qt::CaseInsensitive) == 0;
         }

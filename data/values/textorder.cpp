@@ -11,7 +11,7 @@ constexpr std::array<unsigned char, 256> makeLowerBytes()
 {
     std::array<unsigned char, 256> table{};
     for (int i = 0; i < 256; ++i)
-        table[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + 32 : i);
+        table[i] = asciiLower(static_cast<unsigned char>(i));
     return table;
 }
 constexpr auto lowerBytes = makeLowerBytes();

@@ -1,64 +1,46 @@
+#include "tests/support/datafile.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
 
 namespace {
 
-/// A folder that has an order of its own inside, and what it may include from besides itself.
+/// A folder of the architecture page's table, and what it may include from besides itself.
 struct Layer
 {
     QString folder;
-    QStringList mayUse;
+    QSet<QString> mayUse;
 };
 
-/// The rows of the architecture page's table, from the bottom up.
+/// The rows of that table, from the bottom up: a folder may use those it stands on and, unless it says "only", those
+/// that they may use.
 const QList<Layer> &layers()
 {
-    static const QStringList values{"data/values"};
-    static const QStringList jetsql = values + QStringList{"data/schema"};
-    static const QStringList engine = jetsql + QStringList{"data/jetsql"};
-    static const QStringList engines = engine + QStringList{"data/engine"};
-    static const QStringList dao = engines + QStringList{"data/engines"};
-    static const QStringList forms = dao + QStringList{"data/dao", "toolkit/controls"};
-    static const QStringList toolkit = forms + QStringList{"toolkit/forms"};
-    static const QStringList formula{"data/values", "reportengine/rows"};
-    static const QStringList pages = formula + QStringList{"reportengine/formula"};
-    static const QStringList report = pages + QStringList{"reportengine/pages", "data/dao"};
-    static const QStringList output = toolkit + report + QStringList{"reportengine"};
-    static const QStringList viewer = output + QStringList{"reportengine/output"};
-    static const QStringList reports = viewer + QStringList{"reportengine/viewer", "reports/layouts", "data/workbook"};
-    static const QStringList desk = toolkit + QStringList{"reports", "inventory"};
-    static const QList<Layer> all{
-        {"data/values", {}},
-        {"data/schema", values},
-        {"data/jetsql", jetsql},
-        {"data/engine", engine},
-        {"data/engines/sqlite", engines},
-        {"data/engines/postgres", engines},
-        {"data/engines", engines + QStringList{"data/engines/sqlite", "data/engines/postgres"}},
-        {"data/dao", dao},
-        {"data/workbook", values},
-        {"toolkit/controls", values},
-        {"toolkit/forms", forms},
-        {"reportengine/rows", values + QStringList{"data/dao"}},
-        {"reportengine/formula", formula},
-        {"reportengine/pages", pages},
-        {"reportengine", report},
-        {"reportengine/output", output},
-        {"reportengine/viewer", viewer},
-        {"reports/layouts", output},
-        {"reports", reports},
-        {"reports/dialogs", reports + QStringList{"reports"}},
-        {"master", toolkit},
-        {"inventory", toolkit},
-        {"orders", desk},
-        {"shipping", desk + QStringList{"orders"}},
-        {"billing", desk + QStringList{"orders"}},
-        {"app", reports + desk + QStringList{"reports/dialogs", "master", "orders", "shipping", "billing"}},
-        {"tools", dao + QStringList{"data/dao", "data/engines/sqlite", "data/engines/postgres"}},
-    };
+    static const QList<Layer> all = [] {
+        static const QRegularExpression row("^\\| `([a-z/]+)` \\| ([^|]*) \\| [^|]+ \\|$"), name("`([a-z/]+)`");
+        QList<Layer> all;
+        for (const QString &line : linesOf("../docs/architecture.md")) {
+            const auto match = row.match(line);
+            if (!match.hasMatch())
+                continue;
+            Layer layer{match.captured(1), {}};
+            for (const auto &below : name.globalMatch(match.captured(2))) {
+                const auto found = std::find_if(
+                    all.begin(), all.end(), [&below](const Layer &other) { return other.folder == below.captured(1); });
+                if (found == all.end())
+                    throw std::runtime_error("stands on no folder above it: " + line.toStdString());
+                layer.mayUse += found->folder;
+                if (!match.captured(2).startsWith("only"))
+                    layer.mayUse += found->mayUse;
+            }
+            all += layer;
+        }
+        return all;
+    }();
     return all;
 }
 
@@ -73,47 +55,76 @@ QString folderOf(const QString &path)
     return innermost;
 }
 
-QDir root()
-{
-    return QDir(QStringLiteral(TAMRICK_TEST_DATA "/.."));
-}
-
 QStringList sourcesIn(const QString &folder)
 {
     QStringList files;
-    QDirIterator it(root().filePath(folder), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+    const QDir root(QStringLiteral(TAMRICK_TEST_DATA "/.."));
+    QDirIterator it(root.filePath(folder), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext())
-        files << it.next();
+        files << root.relativeFilePath(it.next());
     return files;
 }
 
 QString contentOf(const QString &path)
 {
-    QFile file(path);
+    QFile file(TAMRICK_TEST_DATA "/../" + path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
     return QString::fromUtf8(file.readAll());
 }
 
-} // namespace
-
-TEST(Conventions, EachFolderIncludesOnlyFromTheFoldersBelowIt)
+QStringList includesOf(const QString &path)
 {
     static const QRegularExpression include(R"re(^\s*#include "([^"]+)")re", QRegularExpression::MultilineOption);
+    QStringList included;
+    for (const auto &match : include.globalMatch(contentOf(path)))
+        included += match.captured(1);
+    return included;
+}
+
+} // namespace
+
+TEST(Conventions, EachFolderIncludesOnlyFromTheFoldersItStandsOn)
+{
+    ASSERT_GT(layers().size(), 25);
     for (const Layer &layer : layers()) {
         const QStringList files = sourcesIn(layer.folder);
         EXPECT_FALSE(files.isEmpty()) << layer.folder.toStdString();
         for (const QString &path : files) {
-            if (folderOf(root().relativeFilePath(path)) != layer.folder)
+            if (folderOf(path) != layer.folder)
                 continue; // of a row of its own
-            auto match = include.globalMatch(contentOf(path));
-            while (match.hasNext()) {
-                const QString included = match.next().captured(1);
+            for (const QString &included : includesOf(path)) {
                 const QString target = folderOf(included);
                 EXPECT_TRUE(target.isEmpty() || target == layer.folder || layer.mayUse.contains(target))
                     << path.toStdString() << " includes " << included.toStdString();
             }
         }
     }
+}
+
+/// A source and its header count as one. What nothing includes that is left, and what includes nothing that is left, is
+/// in no circle.
+TEST(Conventions, NoFilesIncludeEachOtherButTheOrderFormAndItsNavigator)
+{
+    QHash<QString, QSet<QString>> includes;
+    const auto unit = [](const QString &path) { return path.section('.', 0, 0); };
+    for (const Layer &layer : layers()) {
+        for (const QString &path : sourcesIn(layer.folder)) {
+            for (const QString &included : includesOf(path))
+                includes[unit(path)] += unit(included);
+        }
+    }
+    for (qsizetype before = -1; before != includes.size();) {
+        before = includes.size();
+        QSet<QString> named;
+        for (auto it = includes.begin(); it != includes.end(); ++it) {
+            it->removeIf([&](const QString &other) { return other == it.key() || !includes.contains(other); });
+            named += *it;
+        }
+        includes.removeIf([&](const auto &it) { return it.value().isEmpty() || !named.contains(it.key()); });
+    }
+    QStringList left = includes.keys();
+    left.sort();
+    EXPECT_EQ(left.join(' ').toStdString(), "orders/frmorderentry orders/frmordernavigator");
 }
 
 TEST(Conventions, TheDataLayerAndTheAdministratorsToolKnowNoWidget)

@@ -253,8 +253,16 @@ TEST_P(RecordsetTest, RefusesWhatItsStateOrItsKindDoesNotAllow)
     rows.Edit();
     rows.Update();
     EXPECT_EQ(errorNumberOf([&] { rows.Update(); }), 3020);
+    for (const char *sql : {"SELECT TOP 2 Vendor FROM Part ORDER BY Cost", "SELECT Vendor,Cost * 2 FROM Part AS P"}) {
+        Recordset some = database->OpenRecordset(sql);
+        some.Edit();
+        some.Fields("Vendor") = sql;
+        some.Update();
+        EXPECT_EQ(column(*database, "SELECT Vendor FROM Part"), sql);
+    }
     for (const char *sql : {"SELECT DISTINCT PartNo FROM Part", "SELECT SUM(Cost) AS Total FROM Part",
-                            "SELECT PartNo FROM Part GROUP BY PartNo"}) {
+                            "SELECT PartNo FROM Part GROUP BY PartNo", "SELECT PartNo FROM (SELECT PartNo FROM Part)",
+                            "SELECT PartNo FROM Part LEFT JOIN PriceSheet ON Part.PartNo = PriceSheet.Part"}) {
         Recordset result = database->OpenRecordset(sql);
         EXPECT_EQ(errorNumberOf([&] { result.AddNew(); }), 3027) << sql;
         EXPECT_EQ(errorNumberOf([&] { result.Edit(); }), 3027) << sql;

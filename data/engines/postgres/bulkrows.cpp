@@ -1,6 +1,7 @@
 #include "data/engines/postgres/bulkrows.h"
 
 #include "data/engines/postgres/answers.h"
+#include "data/engines/postgres/companysession.h"
 #include "data/engines/postgres/errors.h"
 #include "data/engines/postgres/queue.h"
 #include "data/engines/postgres/tables.h"
@@ -10,7 +11,6 @@ namespace postgres {
 namespace {
 
 const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("bulk load")};
-constexpr int LockMilliseconds = 8000;
 
 QByteArray listOf(const QStringList &columns)
 {

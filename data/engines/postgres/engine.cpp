@@ -1,9 +1,9 @@
 #include "data/engines/postgres/engine.h"
 
 #include "data/engines/postgres/answers.h"
+#include "data/engines/postgres/companysession.h"
 #include "data/engines/postgres/dialect.h"
 #include "data/engines/postgres/errors.h"
-#include "data/engines/postgres/rowedit.h"
 #include "data/engines/postgres/rows.h"
 #include "data/engines/postgres/tables.h"
 
@@ -13,7 +13,6 @@ namespace {
 
 /// Transactions sent before the answers are waited for: what a lost session can cost at most.
 constexpr int MostBehind = 1000;
-constexpr int LockMilliseconds = 8000;
 /// Sessions share this lock; one that opens the database exclusively holds it alone.
 constexpr char OpenLock[] = "7103";
 
@@ -58,7 +57,7 @@ public:
             return;
         m_engine.m_transaction = 0;
         try {
-            m_engine.release();
+            m_engine.m_queue.release();
             m_engine.m_queue.send("ROLLBACK", {}, m_context);
         } catch (const RuntimeError &) {
             // The session is lost, and the transaction with it.
@@ -102,7 +101,7 @@ const jetsql::Dialect &Engine::dialect() const
 
 Catalog Engine::readCatalog()
 {
-    release();
+    m_queue.release();
     m_queue.flush();
     m_queue.forgetStatements();
     m_tablesChanged = false;
@@ -124,7 +123,7 @@ bool Engine::catalogIsCurrent()
 bool Engine::catalogIsSurelyCurrent()
 {
     // Other tools tell nobody what they change.
-    release();
+    m_queue.release();
     m_queue.flush();
     const Result now = Tables::readDeclarations(m_handle.get(), m_uri);
     return catalogIsCurrent() && Tables::areSame(now.get(), m_declarations.get());
@@ -141,18 +140,18 @@ void Engine::setRewrite(std::function<engine::Written(const QString &statement)>
 std::unique_ptr<engine::Rows> Engine::open(const QByteArray &sql, const std::vector<Value> &values,
                                            const ErrorContext &context)
 {
-    return std::make_unique<Rows>(*this, sql, parametersOf(values), context);
+    return std::make_unique<Rows>(m_queue, sql, parametersOf(values), context);
 }
 
 std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::vector<QString> &columns)
 {
-    return std::make_unique<RowEdit>(*this, table, columns);
+    return std::make_unique<RowEdit>(m_queue, *this, table, columns);
 }
 
 qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
 {
     const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
-    release();
+    m_queue.release();
     const Result taken = m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
                                      {QString(table.Name + u'_' + column + QLatin1String("_numbers")).toUtf8(),
                                       table.Name.toUtf8(), column.toUtf8()},
@@ -162,7 +161,7 @@ qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
 
 std::unique_ptr<engine::Transaction> Engine::begin(const ErrorContext &context)
 {
-    release();
+    m_queue.release();
     m_queue.send("BEGIN", {}, context);
     m_transaction = ++m_lastTransaction;
     m_failures = m_queue.failures();
@@ -171,7 +170,7 @@ std::unique_ptr<engine::Transaction> Engine::begin(const ErrorContext &context)
 
 void Engine::commit(const ErrorContext &context)
 {
-    release();
+    m_queue.release();
     m_transaction = 0;
     m_queue.send("COMMIT", {}, context);
     ++m_sent;
@@ -182,7 +181,7 @@ void Engine::commit(const ErrorContext &context)
 void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, const ErrorContext &context)
 {
     const Parameters parameters = parametersOf(values);
-    release();
+    m_queue.release();
     m_queue.send(sql, parameters, context, context.kind == ErrorContext::Writing);
     // Nothing else looks at the rows of a session's own table, and the planner would know nothing of them.
     if (std::exchange(m_copies, false) && Tables::isPrivate(context.table))
@@ -191,7 +190,7 @@ void Engine::execute(const QByteArray &sql, const std::vector<Value> &values, co
 
 void Engine::define(const QByteArray &sql, const QString &table, const ErrorContext &context)
 {
-    release();
+    m_queue.release();
     m_queue.send(sql, {}, context);
     if (!Tables::isPrivate(table))
         m_queue.send(QByteArray("NOTIFY ") + Tables::Channel, {}, context);
@@ -217,17 +216,11 @@ void Engine::dropTable(const TableDef &table, const ErrorContext &context)
     define("DROP TABLE " + quoted(table.Name), table.Name, context);
 }
 
-void Engine::release()
-{
-    if (m_walking)
-        m_walking->readAhead();
-}
-
 void Engine::flush()
 {
     m_sent = 0;
     // Before a walk begins, everything is answered.
-    if (!m_walking)
+    if (!m_queue.isWalking())
         m_queue.flush();
 }
 
@@ -235,7 +228,7 @@ void Engine::sync()
 {
     // A commit that is to be on the disk takes those before it along. One of nothing would not be written at all.
     const ErrorContext syncing{ErrorContext::Writing, {}, QStringLiteral("sync")};
-    release();
+    m_queue.release();
     if (holdsTransaction()) // a row between Edit and Update stays locked
         return flush();
     for (const char *sql : {"BEGIN", "SET LOCAL synchronous_commit = on",

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "data/engine/connection.h"
-#include "data/engines/postgres/queue.h"
+#include "data/engines/postgres/rowedit.h"
 
 namespace postgres {
 
-class Rows;
-
 /// A database on a server as the layers above speak to it, in one session for the life of the program. Nothing
 /// reconnects: a session that is lost is error 3043.
-class Engine : public engine::Connection
+class Engine : public engine::Connection, public Transactions
 {
 public:
     /// Opens a URI and checks the password of the database, which is another one than the server's. "behind=no" in the
@@ -36,25 +34,16 @@ public:
     void flush() override;
     void sync() override;
 
-    // For the rows and transactions of this engine.
-    Queue &queue() { return m_queue; }
-    /// The walk whose rows are still coming in.
-    void setWalking(Rows *rows) { m_walking = rows; }
-    /// Makes way for another statement: what a walk has left is read into memory.
-    void release();
-    /// Whether a transaction stands open, as between Edit and Update.
-    bool holdsTransaction() const { return m_transaction > 0 && m_failures == m_queue.failures(); }
-
 private:
     class Transaction;
 
+    bool holdsTransaction() const override { return m_transaction > 0 && m_failures == m_queue.failures(); }
     void commit(const ErrorContext &context);
     void define(const QByteArray &sql, const QString &table, const ErrorContext &context);
 
     Uri m_uri;
     Handle m_handle;
     Queue m_queue;
-    Rows *m_walking = nullptr;
     int m_transaction = 0; ///< the open one, counted from 1; 0 for none
     int m_lastTransaction = 0;
     int m_failures = 0; ///< of the queue, when the open transaction began

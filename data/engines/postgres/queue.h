@@ -12,6 +12,17 @@ namespace postgres {
 std::optional<QByteArray> parameterOf(const Value &value);
 using Parameters = std::vector<std::optional<QByteArray>>;
 
+/// A walk over rows that are still coming in.
+class Walk
+{
+public:
+    /// Reads what is left; the current row stays where it is.
+    virtual void readAhead() = 0;
+
+protected:
+    ~Walk() = default;
+};
+
 /// Sends statements to the server and takes its answers, in order.
 ///
 /// What returns nothing is sent without being waited for. The server stops at the first failure and passes over
@@ -46,6 +57,15 @@ public:
     void walk(const QByteArray &sql, const Parameters &parameters, const ErrorContext &context);
     /// The next row, or nothing behind the last.
     Result fetch();
+    /// The walk under way, if there is one.
+    void setWalking(Walk *walk) { m_walking = walk; }
+    bool isWalking() const { return m_walking; }
+    /// Makes way for another statement: what the walk under way has left is read into memory.
+    void release()
+    {
+        if (m_walking)
+            m_walking->readAhead();
+    }
     /// Throws away the rows that are left.
     void endWalk();
     /// Whether the latest failure was one for tables that are not as the statement was written for.
@@ -94,6 +114,7 @@ private:
 
     PGconn *m_connection;
     Uri m_uri;
+    Walk *m_walking = nullptr;
     Rewrite m_rewrite;
     std::vector<Sent> m_sent; ///< since everything was last answered
     std::deque<Expected> m_expected;

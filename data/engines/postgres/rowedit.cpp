@@ -1,14 +1,14 @@
 #include "data/engines/postgres/rowedit.h"
 
 #include "data/engines/postgres/dialect.h"
-#include "data/engines/postgres/engine.h"
 #include "data/engines/postgres/rows.h"
 #include "data/engines/postgres/tables.h"
 
 namespace postgres {
 
-RowEdit::RowEdit(Engine &engine, const TableDef &table, const std::vector<QString> &columns)
-    : m_engine(engine), m_table(table), m_name(quoted(table.Name)), m_rowColumn(quoted(rowColumn(table))),
+RowEdit::RowEdit(Queue &queue, Transactions &transactions, const TableDef &table, const std::vector<QString> &columns)
+    : m_queue(queue), m_transactions(transactions), m_table(table), m_name(quoted(table.Name)),
+      m_rowColumn(quoted(rowColumn(table))),
       m_findable(!Tables::isPrivate(table.Name) || rowColumn(table) != Tables::RowColumn)
 {
     QByteArrayList names;
@@ -19,11 +19,11 @@ RowEdit::RowEdit(Engine &engine, const TableDef &table, const std::vector<QStrin
 
 std::unique_ptr<engine::Rows> RowEdit::read(qint64 row, bool locked, const ErrorContext &context)
 {
-    m_engine.release();
+    m_queue.release();
     makeRowsFindable(context);
     Result result =
-        m_engine.queue().ask(locked ? m_readSql + " FOR UPDATE" : m_readSql, {QByteArray::number(row)},
-                             locked ? ErrorContext{ErrorContext::Writing, context.table, context.statement} : context);
+        m_queue.ask(locked ? m_readSql + " FOR UPDATE" : m_readSql, {QByteArray::number(row)},
+                    locked ? ErrorContext{ErrorContext::Writing, context.table, context.statement} : context);
     if (PQntuples(result.get()) == 0)
         return nullptr;
     return std::make_unique<SingleRow>(std::move(result));
@@ -34,9 +34,9 @@ void RowEdit::makeRowsFindable(const ErrorContext &context)
 {
     if (m_findable)
         return;
-    m_engine.queue().send("CREATE INDEX IF NOT EXISTS " + quoted("ix" + m_table.Name + "_row") + " ON " + m_name +
-                              " (" + m_rowColumn + ')',
-                          {}, context);
+    m_queue.send("CREATE INDEX IF NOT EXISTS " + quoted("ix" + m_table.Name + "_row") + " ON " + m_name + " (" +
+                     m_rowColumn + ')',
+                 {}, context);
     m_findable = true;
 }
 
@@ -54,13 +54,13 @@ qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, 
     for (const std::optional<Value> &value : values)
         parameters.push_back(parameterOf(*value));
     const int number = m_table.indexOf(rowColumn(m_table));
-    const auto transaction = m_engine.begin(context);
+    const auto transaction = m_transactions.begin(context);
     if (!tell || number >= 0) {
-        m_engine.queue().send(m_addSql, parameters, context);
+        m_queue.send(m_addSql, parameters, context);
         transaction->commit();
         return number >= 0 ? values[size_t(number)]->toLong() : 0;
     }
-    const Result added = m_engine.queue().ask(m_addSql + " RETURNING " + m_rowColumn, parameters, context);
+    const Result added = m_queue.ask(m_addSql + " RETURNING " + m_rowColumn, parameters, context);
     transaction->commit();
     return cellOf(added.get(), 0, 0).integer();
 }
@@ -78,13 +78,13 @@ bool RowEdit::change(qint64 row, const std::vector<std::optional<Value>> &values
     parameters.push_back(QByteArray::number(row));
     const QByteArray sql = "UPDATE " + m_name + " SET " + settings.join(", ") + " WHERE " + m_rowColumn + " = $" +
                            QByteArray::number(qsizetype(parameters.size()));
-    m_engine.release();
-    if (m_engine.holdsTransaction()) { // the row is locked, and so is there
-        m_engine.queue().send(sql, parameters, context);
+    m_queue.release();
+    if (m_transactions.holdsTransaction()) { // the row is locked, and so is there
+        m_queue.send(sql, parameters, context);
         return true;
     }
-    const auto transaction = m_engine.begin(context);
-    const Result changed = m_engine.queue().ask(sql, parameters, context);
+    const auto transaction = m_transactions.begin(context);
+    const Result changed = m_queue.ask(sql, parameters, context);
     transaction->commit();
     return qstrcmp(PQcmdTuples(changed.get()), "0") != 0;
 }

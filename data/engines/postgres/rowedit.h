@@ -4,13 +4,23 @@
 
 namespace postgres {
 
-class Engine;
+/// The transactions of a session, one at a time.
+class Transactions
+{
+public:
+    virtual std::unique_ptr<engine::Transaction> begin(const ErrorContext &context) = 0;
+    /// Whether one stands open, as between Edit and Update.
+    virtual bool holdsTransaction() const = 0;
+
+protected:
+    ~Transactions() = default;
+};
 
 /// Single rows of one table, found by their numbers.
 class RowEdit : public engine::RowEdit
 {
 public:
-    RowEdit(Engine &engine, const TableDef &table, const std::vector<QString> &columns);
+    RowEdit(Queue &queue, Transactions &transactions, const TableDef &table, const std::vector<QString> &columns);
 
     std::unique_ptr<engine::Rows> read(qint64 row, bool locked, const ErrorContext &context) override;
     qint64 add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context) override;
@@ -19,7 +29,8 @@ public:
 private:
     void makeRowsFindable(const ErrorContext &context);
 
-    Engine &m_engine;
+    Queue &m_queue;
+    Transactions &m_transactions;
     TableDef m_table;
     QByteArray m_name, m_rowColumn;
     QByteArray m_readSql;

@@ -1,6 +1,5 @@
 #include "data/engines/postgres/rows.h"
 
-#include "data/engines/postgres/engine.h"
 #include <charconv>
 
 namespace {
@@ -40,8 +39,8 @@ Cell cellOf(const PGresult *result, int row, int column)
     }
 }
 
-Rows::Rows(Engine &engine, QByteArray sql, Parameters parameters, ErrorContext context)
-    : m_engine(engine), m_sql(std::move(sql)), m_parameters(std::move(parameters)), m_context(std::move(context))
+Rows::Rows(Queue &queue, QByteArray sql, Parameters parameters, ErrorContext context)
+    : m_queue(queue), m_sql(std::move(sql)), m_parameters(std::move(parameters)), m_context(std::move(context))
 {
 }
 
@@ -49,9 +48,9 @@ Rows::~Rows()
 {
     if (m_state != State::Walking)
         return;
-    m_engine.setWalking(nullptr);
+    m_queue.setWalking(nullptr);
     try {
-        m_engine.queue().endWalk();
+        m_queue.endWalk();
     } catch (const RuntimeError &) {
         // Nobody waits for these rows; a session that is lost tells so at the next thing asked of it.
     }
@@ -74,15 +73,15 @@ bool Rows::next()
 
 bool Rows::begin()
 {
-    m_engine.release();
+    m_queue.release();
     m_state = State::Done;
     try {
-        m_engine.queue().walk(m_sql, m_parameters, m_context);
+        m_queue.walk(m_sql, m_parameters, m_context);
         m_state = State::Walking;
-        m_engine.setWalking(this);
+        m_queue.setWalking(this);
         return fetch();
     } catch (const RuntimeError &) {
-        m_metOtherTables = m_engine.queue().failedForOtherTables();
+        m_metOtherTables = m_queue.failedForOtherTables();
         throw;
     }
 }
@@ -90,16 +89,16 @@ bool Rows::begin()
 bool Rows::fetch()
 {
     try {
-        m_row = m_engine.queue().fetch();
+        m_row = m_queue.fetch();
     } catch (const RuntimeError &) {
         m_state = State::Done;
-        m_engine.setWalking(nullptr);
+        m_queue.setWalking(nullptr);
         throw;
     }
     if (m_row)
         return true;
     m_state = State::Done;
-    m_engine.setWalking(nullptr);
+    m_queue.setWalking(nullptr);
     return false;
 }
 

@@ -5,33 +5,29 @@
 
 namespace postgres {
 
-class Engine;
-
 /// A column of a result's row.
 Cell cellOf(const PGresult *result, int row, int column);
 
 /// The rows of one SELECT, fetched one by one as they are asked for. A session answers one statement at a time: when
 /// anything else is asked, the rest is read into memory first.
-class Rows : public engine::Rows
+class Rows : public engine::Rows, private Walk
 {
 public:
-    Rows(Engine &engine, QByteArray sql, Parameters parameters, ErrorContext context);
+    Rows(Queue &queue, QByteArray sql, Parameters parameters, ErrorContext context);
     ~Rows() override;
 
     bool next() override;
     bool metOtherTables() const override { return m_metOtherTables; }
     Cell cell(int column) const override;
 
-    /// Reads what is left; the current row stays where it is.
-    void readAhead();
-
 private:
     enum class State { Unread, Walking, Stored, Done };
 
     bool begin();
     bool fetch();
+    void readAhead() override;
 
-    Engine &m_engine;
+    Queue &m_queue;
     QByteArray m_sql;
     Parameters m_parameters;
     ErrorContext m_context;

@@ -32,12 +32,6 @@ QString databaseName(const Uri &uri);
 /// second of these two also where the server has not answered within `seconds`, or the URI's connect_timeout.
 Handle openSession(const Uri &uri, const QString &database = {}, int seconds = 0);
 
-/// Makes the session one of this program: the settings that its statements rely on.
-void setUp(PGconn *connection, const Uri &uri, int lockMilliseconds);
-
-/// Error 3031 for a wrong password of the database, 3343 for one that is none of this program's, or another version's.
-void checkPassword(PGconn *connection, const Uri &uri, const QString &password);
-
 /// A name between double quotes, a text between single ones.
 QByteArray quoted(const QString &name);
 QByteArray literal(const QString &text);

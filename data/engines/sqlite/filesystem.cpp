@@ -15,6 +15,7 @@
 
 bool liesOnNetwork(const QString &file)
 {
+    // QStorageInfo looks the path up in the list of mounts; this asks the file itself, also where that list is hidden.
     // The numbers of the kernel's network file systems, and of those that pass a host's folder through. A file
     // system in user space may be either; the rollback journal is right for both.
     static constexpr std::array<quint32, 14> shared = {

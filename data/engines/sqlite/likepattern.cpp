@@ -1,5 +1,6 @@
 #include "data/engines/sqlite/likepattern.h"
 
+#include "data/values/textorder.h"
 #include <algorithm>
 
 namespace {
@@ -7,7 +8,7 @@ namespace {
 char32_t folded(char32_t c)
 {
     if (c < 0x80)
-        return c >= U'A' && c <= U'Z' ? c + 32 : c;
+        return asciiLower(c);
     return QChar::toCaseFolded(c);
 }
 

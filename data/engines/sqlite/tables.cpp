@@ -74,7 +74,7 @@ ColumnDef columnFrom(const QString &name, const QString &declared, const QString
 
 QByteArray Tables::quoted(const QString &name)
 {
-    return '"' + name.toUtf8().replace('"', "\"\"") + '"';
+    return jetsql::quotedName(name).toUtf8();
 }
 
 QByteArray Tables::createStatement(const TableDef &table, engine::Key key)
