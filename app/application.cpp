@@ -55,8 +55,23 @@ bool Application::notify(QObject *receiver, QEvent *event)
     return true;
 }
 
-void Application::handle(const RuntimeError &error)
+/// The error that ends the program: a statement that was sent and not waited for may have failed before the one at
+/// hand.
+static RuntimeError firstError(const RuntimeError &error)
 {
+    try {
+        if (gDatabase)
+            gDatabase->flush();
+    } catch (const RuntimeError &earlier) {
+        return earlier;
+    } catch (const std::bad_alloc &) {
+    }
+    return error;
+}
+
+void Application::handle(const RuntimeError &latest)
+{
+    const RuntimeError error = firstError(latest);
     if (errorHandler) {
         errorHandler(error);
         return;

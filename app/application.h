@@ -26,7 +26,7 @@ public:
     static void setEndHandler(std::function<void(int status)> handler);
 
 private:
-    void handle(const RuntimeError &error);
+    void handle(const RuntimeError &latest);
 
     PressGuard m_pressGuard;
     HandbookKey m_handbookKey;

@@ -20,6 +20,11 @@ const std::vector<TableDef> &Database::TableDefs() const
     return m_data->freshCatalog().tables();
 }
 
+void Database::flush()
+{
+    m_data->engine().flush();
+}
+
 void Database::sync()
 {
     m_data->sync();

@@ -22,6 +22,8 @@ public:
     /// The tables in the file, scratch tables included.
     const std::vector<TableDef> &TableDefs() const;
 
+    /// Waits for all statements that were sent to a server and not waited for, and raises the first failure.
+    void flush();
     /// Makes what was committed since the last call survive a power failure. Does nothing when nothing was
     /// written. Called when the event routine that wrote has ended.
     void sync();

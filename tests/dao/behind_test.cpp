@@ -1,5 +1,8 @@
 #include "data/values/runtimeerror.h"
 #include "tests/dao/databasefile.h"
+#include "toolkit/forms/mainmod.h"
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTest>
 #include <thread>
 
@@ -70,6 +73,42 @@ TEST_P(BehindTest, AStatementThatFailsIsTheLastThing)
         database->Execute("UPDATE Part SET Cost = 1");
         EXPECT_EQ(column(*database, "SELECT DISTINCT Cost FROM Part"), "1");
     }
+}
+
+/// Delivered like an event of the program.
+class Routine : public QObject
+{
+public:
+    explicit Routine(std::function<void()> routine) : m_routine(std::move(routine)) {}
+    bool event(QEvent *) override
+    {
+        m_routine();
+        return true;
+    }
+
+private:
+    std::function<void()> m_routine;
+};
+
+TEST_P(BehindTest, TheFirstFailureIsTheOneThatEndsTheProgram)
+{
+    gDatabase = file.open();
+    runNow(*gDatabase, "INSERT INTO Orders (ID) VALUES (1)");
+    const std::function<void()> later[] = {
+        [] { throw runtimeError(13); },
+        [] { DropTableIfExists("tmpNone"); },
+        [] { syncDatabase(); },
+        [] {},
+    };
+    for (const auto &next : later) {
+        Routine routine([&next] {
+            gDatabase->Execute("INSERT INTO Orders (ID) VALUES (1)");
+            next();
+        });
+        QEvent event(QEvent::User);
+        EXPECT_EQ(errorNumberOf([&] { QCoreApplication::sendEvent(&routine, &event); }), 3022);
+    }
+    gDatabase.reset();
 }
 
 TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)

@@ -151,6 +151,19 @@ TEST_P(StatementsTest, SeeTheTablesThatAnotherConnectionMakesAndDrops)
     EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset(read).Eof(); }), 3078);
 }
 
+TEST_P(StatementsTest, ScratchTablesAreSharedInAFileAndEachSessionsOwnOnAServer)
+{
+    const auto other = file.open();
+    runNow(*database, "SELECT PartNo AS P INTO tmpParts FROM Part");
+    EXPECT_EQ(errorNumberOf([&] { runNow(*other, "SELECT PartNo & '!' AS P INTO tmpParts FROM Part"); }),
+              file.isOnServer() ? 0 : 3010);
+    EXPECT_EQ(column(*other, "SELECT P FROM tmpParts"), file.isOnServer() ? "A!" : "A");
+    runNow(*other, "INSERT INTO tmpARTran (Customer) VALUES ('x')"); // one that is always there
+    EXPECT_EQ(column(*database, "SELECT Customer FROM tmpARTran"), file.isOnServer() ? "" : "x");
+    runNow(*other, "DROP TABLE tmpParts");
+    EXPECT_EQ(errorNumberOf([&] { column(*database, "SELECT P FROM tmpParts"); }), file.isOnServer() ? 0 : 3078);
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, StatementsTest, allEngines(), nameOfEngine);
 
 TEST(Statements, GiveUpOnALockAfterAWhile)

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "data/values/runtimeerror.h"
 #include "tests/support/unwinding.h"
 
 #include <clocale>
@@ -35,9 +36,9 @@ int main(int argc, char **argv)
     }
     testing::InitGoogleTest(&argc, argv);
     Application application(argc, argv);
-    Application::setErrorHandler([](const RuntimeError &) {
+    Application::setErrorHandler([](const RuntimeError &error) {
         noteUnwindingThroughQt();
-        throw;
+        throw error;
     });
     return RUN_ALL_TESTS();
 }

@@ -38,6 +38,7 @@ void syncDatabase()
 
 void DropTableIfExists(const QString &TableName)
 {
+    gDatabase->flush(); // the failure of a statement before this one is nothing to ignore
     try {
         gDatabase->Execute(QStringLiteral("DROP TABLE ") + TableName);
     } catch (const RuntimeError &) {
