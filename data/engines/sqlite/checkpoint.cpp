@@ -49,5 +49,6 @@ void Checkpoint::run()
     if (!execute(m_lock.get(), "BEGIN IMMEDIATE"))
         return;
     sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
-    execute(m_lock.get(), "ROLLBACK");
+    if (!execute(m_lock.get(), "ROLLBACK"))
+        m_lock.reset(); // no memory for it: nobody could write any more
 }
