@@ -14,6 +14,18 @@
 #include <unistd.h>
 
 namespace {
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray settings(const QString &databasePath)
+{
+    return ("Settings\nPath,\"" + databasePath + "\"\nWhse,East\nX,0\nAuto,YES\nSeconds,2\n").toUtf8();
+}
+
 TEST(PreviousInstanceTest, ASecondOneOfTheSameFolderSeesTheFirstUntilItIsGone)
 {
     const QTemporaryDir folder, otherFolder;
@@ -57,54 +69,44 @@ TEST(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched
     }
 }
 
-TEST(PreviousInstanceTest, MarksOfGoneFoldersAreTakenAwayAndNoOtherFiles)
+/// Starts another process that holds the mark of a program's folder, and kills it.
+void killOneIn(const QString &folder, const QString &marks)
 {
-    const QTemporaryDir folder, marks;
-    auto gone = std::make_unique<QTemporaryDir>();
-    const auto leave = [&marks](const QString &programFolder) { // as a killed process does
-        const pid_t child = fork();
-        if (child == 0) {
-            new PreviousInstance(programFolder, marks.path());
-            _exit(0);
-        }
-        waitpid(child, nullptr, 0);
-    };
-    leave(gone->path());
-    leave(folder.path());
-    QFile named(marks.filePath("tamrick-0123456789abcdef0123"));
-    ASSERT_TRUE(named.open(QIODevice::WriteOnly) && named.write("/no/such/folder") > 0);
-    named.close();
-    EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 3);
-    gone.reset();
-    const QTemporaryDir another;
-    {
-        const PreviousInstance next(another.path(), marks.path());
-        EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 3)
-            << "that of the gone folder made room for this one";
-    }
-    EXPECT_EQ(QDir(marks.path()).entryList(QDir::Files).size(), 2);
-    EXPECT_TRUE(named.exists());
-    EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning());
-}
-
-TEST(PreviousInstanceTest, AKilledProcessDoesNotLockTheNextOneOut)
-{
-    const QTemporaryDir folder;
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
     const pid_t child = fork();
     if (child == 0) {
-        const PreviousInstance mine(folder.path());
+        const PreviousInstance mine(folder, marks);
         const char answer = mine.isRunning() ? 'y' : 'n';
         _exit(write(ready[1], &answer, 1) == 1 && pause());
     }
     char answer = 0;
     ASSERT_EQ(read(ready[0], &answer, 1), 1);
     EXPECT_EQ(answer, 'n');
-    EXPECT_TRUE(PreviousInstance(folder.path()).isRunning());
+    EXPECT_TRUE(PreviousInstance(folder, marks).isRunning());
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
-    EXPECT_FALSE(PreviousInstance(folder.path()).isRunning());
+}
+
+TEST(PreviousInstanceTest, AKilledOneLocksNobodyOutAndItsMarkGoesWithItsFolder)
+{
+    const QTemporaryDir folder, another, marks;
+    auto gone = std::make_unique<QTemporaryDir>();
+    killOneIn(gone->path(), marks.path());
+    killOneIn(folder.path(), marks.path());
+    QFile named(marks.filePath("tamrick-0123456789abcdef0123"));
+    ASSERT_TRUE(named.open(QIODevice::WriteOnly) && named.write("/no/such/folder") > 0);
+    named.close();
+    const auto count = [&] { return QDir(marks.path()).entryList(QDir::Files).size(); };
+    EXPECT_EQ(count(), 3);
+    gone.reset();
+    {
+        const PreviousInstance next(another.path(), marks.path());
+        EXPECT_EQ(count(), 3) << "that of the gone folder made room for this one";
+    }
+    EXPECT_EQ(count(), 2);
+    EXPECT_TRUE(named.exists()) << "not one of its marks";
+    EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning());
 }
 
 class StartupTest : public testing::Test
@@ -112,12 +114,7 @@ class StartupTest : public testing::Test
 protected:
     StartupTest() { gDatabase.reset(); }
     ~StartupTest() override { gDatabase.reset(); }
-    void configure(const QString &databasePath)
-    {
-        QFile file(folder.filePath("config.txt"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(("Settings\nPath,\"" + databasePath + "\"\nWhse,East\nX,0\nAuto,YES\nSeconds,2\n").toUtf8());
-    }
+    void configure(const QString &databasePath) { writeFile(folder.filePath("config.txt"), settings(databasePath)); }
     TestDatabase database;
     QTemporaryDir folder; ///< the program's
     Boxes boxes;
@@ -178,18 +175,8 @@ protected:
 
     QString path(const QString &name) const { return folder.filePath(name); }
 
-    void write(const QString &name, const QByteArray &content) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    void configure(const QString &databasePath) const
-    {
-        write("config.txt",
-              ("Settings\nPath,\"" + databasePath + "\"\nWhse,East\nX,0\nAuto,YES\nSeconds,2\n").toUtf8());
-    }
+    void write(const QString &name, const QByteArray &content) const { writeFile(path(name), content); }
+    void configure(const QString &databasePath) const { write("config.txt", settings(databasePath)); }
 
     /// The database after a statement of SQLite's own.
     void alter(const char *sql) const
