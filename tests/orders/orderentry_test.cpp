@@ -172,21 +172,22 @@ TEST_F(OrderEntry, StatusButtonsAskAndTheSaveWrites)
 
 TEST_F(OrderEntry, ADropShipmentIsBookedInsteadOfThePickTicket)
 {
+    addOrder("A-0", "Acme Rail"); // so that orders and shipments differ in their numbers
     FormDriver form = newOrder("chkDropShip; txtFreight: 12.50; cmbPart: AX-100; txtQty: 4; btnSaveItem;"
                                "cmbPart: BR-200; txtQty: 0; btnSaveItem; cmbPart: BR-200; txtQty: -1; btnSaveItem;"
                                "btnSave");
     EXPECT_EQ(viewers(), 0);
-    EXPECT_EQ(status("1"), "Open");
+    EXPECT_EQ(status("2"), "Open");
     form = newOrder("chkDropShip; chkDropShip");
     EXPECT_FALSE(form.enabled("txtFreight"));
     form.act("chkDropShip; cmbPart: AX-100; txtQty: 0; btnSaveItem; btnSave");
     opened(twoLines()).act("chkDropShip; txtFreight: $7.50; btnSave");
     EXPECT_EQ(table("Shipment"),
-              (QStringList{"1|1|3/30/2011||12.5|0|False|", "2|2|3/30/2011||0|0|False|", "3|3|3/1/2011||7.5|0|False|"}))
+              (QStringList{"1|2|3/30/2011||12.5|0|False|", "2|3|3/30/2011||0|0|False|", "3|4|3/1/2011||7.5|0|False|"}))
         << "an existing order on its own date";
     EXPECT_EQ(table("ShipmentItems", "ShipmentID, OrderLineItem"),
-              (QStringList{"1|1|1|4", "1|1|3|-1", "3|3|1|1", "3|3|2|2"}));
-    EXPECT_EQ(database.rows("SELECT DueDate FROM Orders WHERE ID = 3"), QStringList{"3/9/2011"});
+              (QStringList{"1|2|1|4", "1|2|3|-1", "3|4|1|1", "3|4|2|2"}));
+    EXPECT_EQ(database.rows("SELECT DueDate FROM Orders WHERE ID = 4"), QStringList{"3/9/2011"});
     EXPECT_EQ(ledger(), QStringList());
     expectRuntimeError(3421, [] { newOrder("chkDropShip; txtFreight: abc; btnSave"); });
 }

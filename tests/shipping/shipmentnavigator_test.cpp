@@ -11,7 +11,8 @@ protected:
         const QString late = addOrder("A-20", "Acme Rail", {{"BR-200", 10, 4.75}, {"AX-100", 6, 2}});
         const QString other = addOrder("A-12", "Birch Mill", {{"AX-100", 3, 4}});
         const QString early = addOrder("A-10", "Acme Rail", {{"AX-100", 1, 1}});
-        addShipment(late, {4, 2}, Date(2011, 3, 5));
+        const QString first = addShipment(late, {0, 2}, Date(2011, 3, 5)); // its lines written backwards
+        addRow("ShipmentItems", {{"ShipmentID", first}, {"OrderID", late}, {"OrderLineItem", 1}, {"Qty", 4}});
         addShipment(other, {3}, Date(2011, 3, 6));
         addShipment(early, {1}, Date(2011, 3, 30));
         addShipment("999", {1}, Date(2011, 4, 1));
