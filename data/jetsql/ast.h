@@ -109,6 +109,8 @@ struct Operation
 struct AggregateCall
 {
     Aggregate function;
+    const Source *own =
+        nullptr; ///< one of its SELECT's, where it reads tables of the statements around alone (resolver)
     bool operator==(const AggregateCall &) const = default;
 };
 

@@ -17,6 +17,11 @@ Piece call(const char *function, const QString &arguments)
     return {QLatin1String(function) + u'(' + arguments + u')'};
 }
 
+QString columnText(const Source &source, int index)
+{
+    return source.handle + u'.' + quotedName(source.def->columns[size_t(index)].name);
+}
+
 /// True where `&` need not turn a Null into the empty text.
 bool neverNull(const Expr &expr)
 {
@@ -178,7 +183,7 @@ Piece ExpressionWriter::written(const Exists &, const Expr &expr) const
 
 Piece ExpressionWriter::written(const Column &column, const Expr &) const
 {
-    return {column.from->handle + u'.' + quotedName(column.def().name)};
+    return {columnText(*column.from, column.index)};
 }
 
 Piece ExpressionWriter::number(const Expr &expr) const
@@ -407,18 +412,26 @@ Piece ExpressionWriter::written(const AggregateCall &call, const Expr &expr) con
     // Inside of it the rows of the group are met one by one.
     if (m_groupKeys)
         return ExpressionWriter(m_dialect, m_subselect).written(call, expr);
+    // Engines give an aggregate to the statement whose tables it reads; so it is made to read one of its own, in a
+    // condition that always holds and that no engine sees through.
+    const auto owned = [&call](const Piece &value) {
+        if (!call.own)
+            return value;
+        const QString own = columnText(*call.own, 0);
+        return Piece{"CASE WHEN " + own + " = " + own + " OR " + own + " IS NULL THEN " + value.text + " END"};
+    };
     if (call.function == Aggregate::Count)
-        return {"count(" + (expr.operands.empty() ? QString("*") : plain(*expr.operands[0]).text) + u')'};
+        return {"count(" + (expr.operands.empty() ? QString("*") : owned(plain(*expr.operands[0])).text) + u')'};
     const Expr &operand = *expr.operands[0];
     if (call.function == Aggregate::Sum) {
         const bool money = expr.type.type == ColumnType::Currency;
-        return {m_dialect.sum(number(operand).text, money)};
+        return {m_dialect.sum(owned(number(operand)).text, money)};
     }
     if (call.function == Aggregate::Avg)
-        return {m_dialect.average(number(operand).text)};
+        return {m_dialect.average(owned(number(operand)).text)};
     // Yes is the lesser: -1.
     const bool least = (call.function == Aggregate::Min) != operand.type.isYesNo();
-    const Piece value = plain(operand);
+    const Piece value = owned(plain(operand));
     return {m_dialect.extreme(least, operand.type.isText() ? value.at(Level::Primary) : value.text, operand)};
 }
 

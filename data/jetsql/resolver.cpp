@@ -214,11 +214,11 @@ private:
     {
         if (expr.as<Column>())
             return resolveColumn(expr, scope);
-        if (expr.as<AggregateCall>()) {
+        if (auto *call = expr.as<AggregateCall>()) {
             if (aggregateError)
                 fail(aggregateError, {expr.source.toString()});
             m_select->aggregates = true;
-            aggregateError = 3095;
+            return resolveAggregate(*call, expr, scope);
         }
         for (ExprPtr &operand : expr.operands)
             resolve(*operand, scope, aggregateError);
@@ -229,6 +229,20 @@ private:
             if (!expr.as<Exists>() && expr.select->items.size() != 1)
                 fail(3306);
         }
+    }
+
+    /// An aggregate counts the rows of the SELECT it stands in, whichever tables it reads.
+    void resolveAggregate(AggregateCall &call, Expr &expr, const Scope &scope)
+    {
+        const std::vector<const Source *> around = std::exchange(m_met, {});
+        for (ExprPtr &operand : expr.operands)
+            resolve(*operand, scope, 3095);
+        const auto isOwn = [&scope](const Source *source) {
+            return std::find(scope.sources.begin(), scope.sources.end(), source) != scope.sources.end();
+        };
+        if (!m_met.empty() && !scope.sources.empty() && std::none_of(m_met.begin(), m_met.end(), isOwn))
+            call.own = scope.sources.front();
+        m_met.insert(m_met.end(), around.begin(), around.end());
     }
 
     std::vector<const Source *> owners(QStringView name, const Scope &scope)
@@ -263,6 +277,7 @@ private:
             if (owner) {
                 column.from = owner;
                 column.index = owner->def->indexOf(column.name);
+                m_met.push_back(owner);
                 return;
             }
         }
@@ -277,8 +292,9 @@ private:
 
     const Catalog &m_catalog;
     QSet<QString> m_unknown;
-    QStringList m_tables;       ///< met as sources
-    Select *m_select = nullptr; ///< the one whose expressions are being resolved
+    QStringList m_tables;              ///< met as sources
+    std::vector<const Source *> m_met; ///< those whose columns were met, in the aggregate being resolved
+    Select *m_select = nullptr;        ///< the one whose expressions are being resolved
     int m_handles = 0;
 };
 

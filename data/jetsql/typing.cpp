@@ -249,9 +249,9 @@ private:
 
     /// Whether an expression has one value in each group: a key, an aggregate, a constant, a column of the
     /// statement around, or made of such.
-    static bool covered(const Expr &expr, const Select &select)
+    static bool covered(const Expr &expr, const Select &select, bool inside = false)
     {
-        if (expr.as<AggregateCall>() || expr.as<Constant>())
+        if ((expr.as<AggregateCall>() && !inside) || expr.as<Constant>())
             return true;
         for (const ExprPtr &key : select.groupBy) {
             if (sameExpression(*key, expr))
@@ -262,7 +262,26 @@ private:
                                 [column](const auto &source) { return source.get() == column->from; });
         }
         return std::all_of(expr.operands.begin(), expr.operands.end(),
-                           [&select](const ExprPtr &operand) { return covered(*operand, select); });
+                           [&](const ExprPtr &operand) { return covered(*operand, select, inside); }) &&
+               (!expr.select || coveredInside(*expr.select, select));
+    }
+
+    /// The same for all that stands in a SELECT inside, an aggregate's operand too: that one counts the rows in there.
+    static bool coveredInside(const Select &inner, const Select &select)
+    {
+        const auto sound = [&select](const ExprPtr &expr) { return !expr || covered(*expr, select, true); };
+        const auto soundJoins = [&sound](const FromNode &node, const auto &again) -> bool {
+            return node.join == FromNode::Join::None ||
+                   (sound(node.on) && again(*node.left, again) && again(*node.right, again));
+        };
+        return std::all_of(inner.items.begin(), inner.items.end(),
+                           [&](const SelectItem &item) { return sound(item.expr); }) &&
+               std::all_of(inner.from.begin(), inner.from.end(),
+                           [&](const auto &node) { return soundJoins(*node, soundJoins); }) &&
+               sound(inner.where) && std::all_of(inner.groupBy.begin(), inner.groupBy.end(), sound) &&
+               sound(inner.having) && std::all_of(inner.orderBy.begin(), inner.orderBy.end(), [&](const auto &order) {
+                   return order.position >= 0 || sound(order.expr);
+               });
     }
 
     static void checkGrouping(const Select &select)
