@@ -33,6 +33,8 @@ QStringList rowsOfServer(const QString &uri, const QByteArray &sql)
 {
     const std::unique_ptr<PGconn, decltype(&PQfinish)> connection(PQconnectdb(uri.toUtf8().constData()), PQfinish);
     const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection.get(), sql.constData()), PQclear);
+    if (PQresultStatus(result.get()) == PGRES_COMMAND_OK)
+        return {};
     if (PQresultStatus(result.get()) != PGRES_TUPLES_OK)
         return {QString::fromUtf8(PQerrorMessage(connection.get()))};
     QStringList rows;

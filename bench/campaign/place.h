@@ -13,7 +13,8 @@ public:
 
     const QString &name() const { return m_name; }
     bool isOnServer() const { return m_name.startsWith(u"postgresql:"); }
-    /// The rows of a query that both engines understand, columns joined by "|"; or the error.
+    /// The rows of a query that both engines understand, columns joined by "|"; or the error. A server runs any other
+    /// statement too, and gives none.
     QStringList rows(const QByteArray &sql) const;
     /// Waits until the server has done what killed processes had sent, and forgotten them.
     void waitUntilLeft() const;

@@ -52,19 +52,28 @@ bool handOut(Report &report, int)
     return true;
 }
 
-/// Says Yes to the print question. Any other box is one that a person would have been stopped by.
+/// Says Yes to the print question. Any other box is one that a person would have been stopped by, unless boxes are to
+/// be told of.
 class Answers : public QObject
 {
 public:
+    explicit Answers(bool tells) : m_tells(tells) {}
+
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         auto *box = event->type() == QEvent::Show ? qobject_cast<QMessageBox *>(watched) : nullptr;
-        if (box && box->windowTitle() != u"Print Confirmation")
+        if (!box)
+            return false;
+        if (m_tells)
+            promise("box " + (box->windowTitle() + ": " + box->text()).simplified());
+        else if (box->windowTitle() != u"Print Confirmation")
             fail(box->windowTitle() + ": " + box->text());
-        if (box)
-            QMetaObject::invokeMethod(box->button(QMessageBox::Yes), "click", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(box->buttons().first(), "click", Qt::QueuedConnection);
         return false;
     }
+
+private:
+    bool m_tells;
 };
 
 /// What a field of a form shows that has just gone.
@@ -186,7 +195,15 @@ void showReport(int number)
     promise("report 0");
 }
 
-void saveDocument(const QString &role, int number)
+/// By the menu, as an event of its own.
+void rebuild(const MDI &mdi)
+{
+    QMetaObject::invokeMethod(mdi.findChild<QAction *>("RebuildInv"), "trigger", Qt::QueuedConnection);
+    QCoreApplication::processEvents();
+    promise("rebuild 0");
+}
+
+void saveDocument(const QString &role, int number, const MDI &mdi)
 {
     if (role == u"orders") {
         saveOrder(number, number % 4 == 0);
@@ -201,6 +218,14 @@ void saveDocument(const QString &role, int number)
         savePayment();
     } else if (role == u"reports") {
         showReport(number);
+    } else if (role == u"order") {
+        saveOrder(number, false);
+    } else if (role == u"shipment") {
+        saveShipment(number);
+    } else if (role == u"invoices") {
+        runInvoices();
+    } else if (role == u"rebuild") {
+        rebuild(mdi);
     } else {
         saveStock("frmInventoryAdjust", {"Main"});
         saveStock("frmTransfer", {"Main", "North"});
@@ -258,16 +283,20 @@ void Clerk::prepare(const QString &file, const QString &connect, int openOrders)
 }
 
 int Clerk::run(int &argc, char **argv, const QString &file, const QString &connect, const QString &role, int count,
-               bool prints)
+               bool prints, bool endures)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what the platform lacks is no fault of the program
     Application application(argc, argv);
-    Application::setErrorHandler([](const RuntimeError &error) {
-        fail(QString("%1 %2\n%3").arg(error.number()).arg(error.description(), error.detail()));
-    });
-    Answers answers;
+    if (!endures)
+        Application::setErrorHandler([](const RuntimeError &error) {
+            fail(QString("%1 %2\n%3").arg(error.number()).arg(error.description(), error.detail()));
+        });
+    std::optional<TestClock> clock;
+    if (endures) // rows tell of the time
+        clock.emplace(QDate::currentDate().toString(Qt::ISODate) + " 12:00:00");
+    Answers answers(endures);
     application.installEventFilter(&answers);
     if (!prints)
         setPrintDestination(handOut);
@@ -283,7 +312,7 @@ int Clerk::run(int &argc, char **argv, const QString &file, const QString &conne
     promise("ready 0");
     std::cin.get(); // all clerks start together
     for (int number = 1; count < 0 || number <= count; ++number)
-        saveDocument(role, number);
+        saveDocument(role, number, mdi);
     Forms::unloadAll();
     letFormsGo();
     gDatabase.reset();

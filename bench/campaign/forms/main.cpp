@@ -1,6 +1,7 @@
 #include "bench/campaign/child.h"
 #include "bench/campaign/forms/books.h"
 #include "bench/campaign/forms/clerk.h"
+#include "bench/campaign/forms/failures.h"
 #include "bench/campaign/forms/power.h"
 #include "bench/campaign/place.h"
 #include "bench/oldfiles/jetwriter.h"
@@ -169,6 +170,27 @@ void power(Campaign &campaign, int openOrders, int images)
                 failures.papers(), int(campaign.faults.size()));
 }
 
+/// On a company with shipments that wait for their invoices.
+void failures(Campaign &campaign)
+{
+    const auto work = [&campaign](const QString &database, const QString &role, int count) {
+        campaign.file = database;
+        const auto process = startChild(workOf(campaign, role, count) + QStringList("--endures"));
+        go(*process);
+        process->waitForFinished(-1);
+        return QString::fromUtf8(process->readAllStandardOutput()).simplified() + " exit " +
+               QString::number(process->exitCode());
+    };
+    const QString company = campaign.file;
+    work(company, "stock", 2);
+    work(company, "shipments", 4);
+    Place(company).waitUntilLeft();
+    StatementFailures failures(company, std::bind(work, std::placeholders::_1, std::placeholders::_2, 1));
+    failures.tryAll(campaign.count);
+    campaign.faults += failures.faults();
+    std::printf("statements that fail, %d runs, %d faults\n", failures.runs(), int(campaign.faults.size()));
+}
+
 void finish(Campaign &campaign, const QString &what)
 {
     checkFile(campaign, what != u"together");
@@ -193,7 +215,7 @@ int writeOld(const QString &path, const QString &connect, int openOrders)
 int main(int argc, char **argv)
 {
     QCommandLineParser parser;
-    parser.addPositionalArgument("campaign", "kills, together, power, crashes of a server, work or old");
+    parser.addPositionalArgument("campaign", "kills, together, power, crashes or failures of a server, work or old");
     parser.addOptions({{"count", "how many kills, or documents of each clerk", "n", "10"},
                        {"images", "how many disks a power failure leaves", "n", "100"},
                        {"journal", "log or rollback", "mode", "log"},
@@ -203,7 +225,8 @@ int main(int argc, char **argv)
                        {"file", "for a clerk, or to write an old one to", "path"},
                        {"connect", "for a clerk", "text"},
                        {"role", "for a clerk", "text"},
-                       {"prints", "for a clerk"}});
+                       {"prints", "for a clerk"},
+                       {"endures", "for a clerk"}});
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);
@@ -213,13 +236,13 @@ int main(int argc, char **argv)
     if (what == u"work") {
         const QString connect = parser.isSet("connect") ? parser.value("connect") : DatabaseConnect;
         return Clerk::run(argc, argv, parser.value("file"), connect, parser.value("role"), count,
-                          parser.isSet("prints"));
+                          parser.isSet("prints"), parser.isSet("endures"));
     }
 
     QCoreApplication application(argc, argv);
     if (what == u"old")
         return writeOld(parser.value("file"), DatabaseConnect, count);
-    if (what != u"kills" && what != u"together" && what != u"power" && what != u"crashes")
+    if (what != u"kills" && what != u"together" && what != u"power" && what != u"crashes" && what != u"failures")
         parser.showHelp(2);
     const QTemporaryDir folder(parser.value("folder") + "/campaign-XXXXXX");
     Campaign campaign;
@@ -235,8 +258,8 @@ int main(int argc, char **argv)
         campaign.connect = DatabaseConnect;
         campaign.roles += {"stock", "reports"};
     }
-    const int openOrders =
-        what == u"kills" || what == u"crashes" ? count * 10 + Clerk::Customers : count + Clerk::Customers;
+    const int openOrders = what == u"kills" || what == u"crashes" || what == u"failures" ? count * 10 + Clerk::Customers
+                                                                                         : count + Clerk::Customers;
     Clerk::prepare(campaign.file, campaign.connect, openOrders);
     if (what == u"kills")
         kills(campaign, openOrders);
@@ -244,9 +267,11 @@ int main(int argc, char **argv)
         together(campaign, openOrders);
     else if (what == u"crashes")
         crashes(campaign, openOrders);
+    else if (what == u"failures")
+        failures(campaign);
     else
         power(campaign, openOrders, parser.value("images").toInt());
-    if (what != u"power")
+    if (what != u"power" && what != u"failures")
         finish(campaign, what);
     for (const QString &fault : std::as_const(campaign.faults))
         std::printf("  %s\n", qPrintable(fault));
