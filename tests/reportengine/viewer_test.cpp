@@ -30,6 +30,12 @@ namespace {
 class ViewerTest : public testing::Test
 {
 protected:
+    ViewerTest()
+    {
+        setStatusPlace([this](const QString &text) { m_status = text; });
+    }
+    ~ViewerTest() override { setStatusPlace({}); }
+
     void show(std::shared_ptr<Report> report)
     {
         m_viewer.resize(700, 600);
@@ -101,6 +107,7 @@ protected:
     Viewer m_viewer;
     CRViewer *m_control = nullptr;
     PageView *m_view = nullptr;
+    QString m_status;
 };
 
 TEST_F(ViewerTest, FillsItsWindowWithItsOwnReportAndWritesIt)
@@ -391,8 +398,6 @@ TEST_F(ViewerTest, TheMouseSelectsTextAndDragsThePages)
 TEST_F(ViewerTest, ExportAsksBeforeItReplacesAFileAndSaysWhyItFailed)
 {
     Boxes boxes;
-    QString status;
-    setStatusPlace([&](const QString &text) { status = text; });
     QTemporaryDir folder;
     show(sampleReport("crptPickTicket", 5));
     m_viewer.setWindowTitle("Pick Ticket, as of 11/23/2026");
@@ -413,7 +418,7 @@ TEST_F(ViewerTest, ExportAsksBeforeItReplacesAFileAndSaysWhyItFailed)
     chooseFile(path);
     press("export");
     EXPECT_TRUE(QFile::exists(path + ".pdf"));
-    EXPECT_EQ(status, "Exported to " + path + ".pdf");
+    EXPECT_EQ(m_status, "Exported to " + path + ".pdf");
 
     QFile old(path + ".pdf");
     ASSERT_TRUE(old.open(QIODevice::WriteOnly));
@@ -434,13 +439,10 @@ TEST_F(ViewerTest, ExportAsksBeforeItReplacesAFileAndSaysWhyItFailed)
     chooseFile("/nowhere/r.csv");
     press("export");
     boxes.verify();
-    setStatusPlace({});
 }
 
 TEST_F(ViewerTest, ALongExportShowsHowFarItIsAndCanBeStopped)
 {
-    QString status;
-    setStatusPlace([&](const QString &text) { status = text; });
     QTemporaryDir folder;
     show(sampleReport("crptNewAvailInv", 60000));
     pageCount();
@@ -450,9 +452,8 @@ TEST_F(ViewerTest, ALongExportShowsHowFarItIsAndCanBeStopped)
         QTest::mouseClick(window.findChild<QPushButton *>(), Qt::LeftButton);
     });
     press("export");
-    EXPECT_EQ(status, "Export stopped");
+    EXPECT_EQ(m_status, "Export stopped");
     EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "nothing is left of it";
-    setStatusPlace({});
 }
 
 TEST_F(ViewerTest, ThePrintDialogTakesTheCurrentPageAndRangesOfPages)

@@ -124,12 +124,6 @@ QString ReportTest::textOf(const QString &object) const
         if (parameter.name == object)
             return parameter.text;
     }
-    for (const Section &section : report().layout().sections) {
-        for (const LayoutObject &placed : section.objects) {
-            if (placed.name == object)
-                return placed.content;
-        }
-    }
     ADD_FAILURE() << "no text object " << object.toStdString();
     return {};
 }

@@ -148,21 +148,6 @@ TEST_F(Stock, CommittedRepeatsWhatTwoUninvoicedShipmentsShipped)
     EXPECT_EQ(textOf("txtMonths") + textOf("txtReq"), "32");
 }
 
-TEST_F(Stock, TheWindowLeavesOutTheLeapDayAtItsEnd)
-{
-    const TestClock clock("2012-03-31 08:00:00");
-    for (const char *date : {"2/1/2012", "2/28/2012", "2/29/2012"}) {
-        const int order = orderOf("A-100", 1);
-        const int shipment = addShipment(order, date, true);
-        ship(shipment, order, 1, 1);
-        addInvoice("Acme Supply", date, QString::number(shipment), 10);
-    }
-    Reports::ReportProductionByWhsePart(1, 1, true);
-    EXPECT_EQ(rows(), QStringList("Main|A-100|1|1|2|-3|"));
-    Reports::ReportProductionByWhsePart(0, 1, false);
-    EXPECT_EQ(rows(), QStringList("Main|A-100|0|1||-3|"));
-}
-
 TEST_F(Stock, SuppressionReplacesTheConditionsOfRowAndPart)
 {
     using namespace Reports;

@@ -255,6 +255,7 @@ TEST_F(FlexGridTest, BeforeEditIsAskedOnEnteringAndMayForbidAndAfterEditMayWrite
     asked.clear();
     play("5");
     EXPECT_EQ(asked.join(' '), "1,1");
+    play("<Return>");
     EXPECT_EQ(grid->textMatrix(1, 1), "10");
 }
 } // namespace
