@@ -119,10 +119,11 @@ TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
         const char *column, *row;
         int error;
         const char *before, *after;
+        bool reads; // before it changes, and meets the other table by that
     } others[] = {
-        {"N text(10)", "'2'", 0, "2", "3"},    {"N double", "2.5", 0, "2.5", "3.5"},
-        {"N text(10)", "'x'", 3464, "x", "x"}, {"Other long", "2", 3061, "-", "-"},
-        {nullptr, nullptr, 3078, "-", "-"},
+        {"N text(10)", "'2'", 0, "2", "3", true},   {"N text(10)", "'2'", 0, "2", "3", false},
+        {"N double", "2.5", 0, "2.5", "3.5", true}, {"N text(10)", "'x'", 3464, "x", "x", true},
+        {"Other long", "2", 3061, "-", "-", false}, {nullptr, nullptr, 3078, "-", "-", false},
     };
     const auto rename = [this](const char *from, const char *to) {
         file.plain(QStringLiteral("ALTER TABLE \"%1\" RENAME TO \"%2\"").arg(from, to)); // tells no session
@@ -136,13 +137,13 @@ TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
             runNow(*database, QStringLiteral("CREATE TABLE Others (%1)").arg(other.column));
             runNow(*database, QStringLiteral("INSERT INTO Others VALUES (%1)").arg(other.row));
         }
-        for (int i = 0; i < 2; ++i) { // known, with its plan kept
+        for (const char *after : {"2", "3"}) { // known, with its plan kept
             runNow(*database, change);
-            EXPECT_EQ(column(*database, read), QString::number(i + 2));
+            EXPECT_EQ(column(*database, read), after);
         }
         rename("List", "Former");
         rename("Others", "List");
-        if (other.before[0] != '-') {
+        if (other.reads) {
             EXPECT_EQ(column(*database, read), other.before);
         }
         database->Execute("INSERT INTO Part (PartNo) VALUES ('before')");

@@ -2,6 +2,7 @@
 
 #include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/errors.h"
+#include <QThread>
 
 namespace {
 
@@ -9,6 +10,7 @@ namespace {
 constexpr int MostPrepared = 500;
 /// How often a transaction is sent again.
 constexpr int MostAttempts = 3;
+constexpr int PauseMilliseconds = 50;
 
 } // namespace
 
@@ -222,8 +224,10 @@ std::optional<size_t> Queue::failedTransaction() const
 /// what it is for the tables as they are now.
 bool Queue::passes(Sent &failed, RuntimeError &failure)
 {
-    if (m_kind == Failure::Deadlock)
+    if (m_kind == Failure::Deadlock) {
+        QThread::msleep(PauseMilliseconds); // or this session is quicker again than the one it has just let go on
         return true;
+    }
     // What is read would come in other types than its reader expects.
     if (m_kind == Failure::Final || !failed.written || !m_rewrite)
         return false;
