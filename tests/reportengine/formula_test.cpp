@@ -50,6 +50,7 @@ TEST(Formulas, GiveWhatTheirTextSays)
                           Case{"{Qty} = 4 and not ({Price} < 3)", "True"},
                           Case{"{Qty} = 5 or {Price} >= 10", "True"},
                           Case{"{Qty} = 4 or {Qty} = 5 and {Price} >= 99", "True"},
+                          Case{"{Qty} = 5 and {Price} >= 99 or {Qty} = 4", "True"},
                           Case{"{Customer} = \"ALPHA\"", "True"},
                           Case{"\"a\" + 'b' & 1.50", "ab1.5"},
                           Case{"IsNull({Note})", "True"},
@@ -82,6 +83,9 @@ TEST(Formulas, TakeNullAsADefaultOrMakeTheResultNull)
     EXPECT_EQ(printed("\"=\" & {@Amount}", false), (QStringList{"=40", "=3", "=3", "=6"}));
     EXPECT_EQ(printed("if {Note} = \"\" then 1 else 2", false).first(), "2");
     EXPECT_EQ(printed("IsNull({Note})"), (QStringList{"True", "False", "False", "False", "False"}));
+    // A comparison with Null does not hold, whichever way it goes.
+    EXPECT_EQ(printed("if {Price} < 99 then 1 else 2", false), (QStringList{"1", "2", "1", "1", "1"}));
+    EXPECT_EQ(printed("if {Note} < \"zz\" then 1 else 2", false), (QStringList{"2", "1", "1", "1", "1"}));
 }
 
 TEST(Formulas, AddUpOverTheRows)
