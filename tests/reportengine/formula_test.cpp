@@ -81,7 +81,8 @@ TEST(Formulas, TakeNullAsADefaultOrMakeTheResultNull)
     // Alpha's second row has no price: its amount is 0, or nothing at all. An empty text is not Null.
     EXPECT_EQ(printed("\"=\" & {@Amount}").mid(0, 2), (QStringList{"=40", "=0"}));
     EXPECT_EQ(printed("\"=\" & {@Amount}", false), (QStringList{"=40", "=3", "=3", "=6"}));
-    EXPECT_EQ(printed("if {Note} = \"\" then 1 else 2", false).first(), "2");
+    EXPECT_EQ(printed("if {Note} <> \"x\" then 1 else 2", false).first(), "2");
+    EXPECT_EQ(printed("if {Price} >= 0 then 1 else 2", false), (QStringList{"1", "2", "1", "1", "1"}));
     EXPECT_EQ(printed("IsNull({Note})"), (QStringList{"True", "False", "False", "False", "False"}));
     // A comparison with Null does not hold, whichever way it goes.
     EXPECT_EQ(printed("if {Price} < 99 then 1 else 2", false), (QStringList{"1", "2", "1", "1", "1"}));
