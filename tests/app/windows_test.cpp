@@ -170,9 +170,12 @@ TEST_F(WindowsTest, ClosingTheMainWindowUnloadsTheFormsAndEndsTheProgram)
     QWidget another; // the program does not go on for it
     another.show();
     QTimer::singleShot(0, mdi.get(), &QWidget::close);
-    QTimer::singleShot(20000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer limit;
+    limit.callOnTimeout([] { QCoreApplication::exit(1); });
+    limit.start(20000);
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_FALSE(Forms::loaded("frmOrderEntry"));
+    QCoreApplication::removePostedEvents(qApp, QEvent::Quit); // a second one would end the next test's boxes
 }
 
 TEST_F(WindowsTest, TheStatusLineKeepsItsTextUntilTheNext)
