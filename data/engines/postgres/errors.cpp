@@ -143,8 +143,8 @@ postgres::Failure postgres::failureOf(const PGresult *result)
         return Failure::Deadlock;
     if (state == "0A000")
         return Failure::StalePlan;
-    // No such table, column, or operator between such types; a value of another type than its column.
-    if (state == "42P01" || state == "42703" || state == "42883" || state == "42804")
+    // No such table, column, operator or cast between such types; a value of another type than its column.
+    if (state == "42P01" || state == "42703" || state == "42883" || state == "42846" || state == "42804")
         return Failure::OtherTables;
     return Failure::Final;
 }

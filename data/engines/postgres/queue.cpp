@@ -228,13 +228,14 @@ bool Queue::passes(Sent &failed, RuntimeError &failure)
         QThread::msleep(PauseMilliseconds); // or this session is quicker again than the one it has just let go on
         return true;
     }
-    // What is read would come in other types than its reader expects.
-    if (m_kind == Failure::Final || !failed.written || !m_rewrite)
+    // What is read would come in other types than its reader expects. (A statement that gives no rows has no stale
+    // plan: the server makes it anew by itself.)
+    if (m_kind != Failure::OtherTables || !failed.written || !m_rewrite)
         return false;
     try {
         auto [sql, parameters] = m_rewrite(failed.context.statement);
         failed.parameters = std::move(parameters);
-        return std::exchange(failed.sql, sql) != sql || m_kind == Failure::StalePlan;
+        return std::exchange(failed.sql, sql) != sql;
     } catch (const RuntimeError &error) {
         failure = error;
         return false;
