@@ -82,4 +82,5 @@ void Studio::settle()
 {
     QTest::qWait(20);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents(); // the strip closes the gap of a window that is gone
 }
