@@ -166,11 +166,11 @@ TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
     }
 }
 
-class CutSession : public BehindTest
+class OnAServer : public BehindTest
 {
 };
 
-TEST_P(CutSession, LeavesNoGap)
+TEST_P(OnAServer, ASessionThatIsCutLeavesNoGap)
 {
     for (int failing = 0; failing < Steps; ++failing) {
         SCOPED_TRACE(failing);
@@ -186,6 +186,23 @@ TEST_P(CutSession, LeavesNoGap)
             << there.toStdString();
         EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Part").Eof(); }), 3043);
     }
+}
+
+TEST_P(OnAServer, AFailureIsToldByTheNextReadThoughTablesChanged)
+{
+    const auto database = file.open();
+    runNow(*database, "CREATE TABLE List (N long)");
+    Recordset list = database->OpenRecordset("SELECT * FROM List");
+    EXPECT_TRUE(list.Eof());
+    list.AddNew();
+    list.Fields("N") = 1;
+    file.plain("ALTER TABLE \"List\" RENAME TO \"Former\"");
+    EXPECT_EQ(errorNumberOf([&] {
+                  list.Update();
+                  runNow(*file.open(), "CREATE TABLE Another (N long)");
+                  database->OpenRecordset("SELECT * FROM Part").Eof();
+              }),
+              3078);
 }
 
 class Deadlock : public BehindTest
@@ -215,7 +232,7 @@ TEST_P(Deadlock, EndsWithBothStatementsDone)
 
 INSTANTIATE_TEST_SUITE_P(Servers, Deadlock, testing::Values(EngineKind::Postgres), nameOfEngine);
 INSTANTIATE_TEST_SUITE_P(Engines, BehindTest, allEngines(), nameOfEngine);
-INSTANTIATE_TEST_SUITE_P(Servers, CutSession, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain),
+INSTANTIATE_TEST_SUITE_P(Servers, OnAServer, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain),
                          nameOfEngine);
 
 } // namespace

@@ -275,7 +275,9 @@ void Queue::raise()
 {
     const RuntimeError failure = *m_failure;
     m_failure.reset();
-    m_failedForOtherTables = m_kind == Failure::OtherTables || m_kind == Failure::StalePlan;
+    // What failed before the walk's own statement is nothing that a second walk would meet again, and must be told.
+    m_failedForOtherTables =
+        m_failed + 1 == m_sent.size() && (m_kind == Failure::OtherTables || m_kind == Failure::StalePlan);
     ++m_failures;
     giveUpTransaction();
     throw failure;

@@ -68,7 +68,7 @@ public:
     }
     /// Throws away the rows that are left.
     void endWalk();
-    /// Whether the latest failure was one for tables that are not as the statement was written for.
+    /// Whether the latest failure was one of the statement sent last, for tables that are not as it was written for.
     bool failedForOtherTables() const { return m_failedForOtherTables; }
 
     /// To be called when tables have changed: statements are prepared anew.
