@@ -135,6 +135,26 @@ TEST_F(Stock, ProductionSumsTheSoldTheOnHandAndTheCommitted)
     EXPECT_EQ(rows(), QStringList({eastPump, mainPump, eastSmall, mainSmall}));
 }
 
+TEST_F(Stock, ProductionCountsWhatWasSoldInFullMonthsAndNoLeapDay)
+{
+    const int sold = orderOf("A-100", 40);
+    const char *dates[] = {"1/31/2012", "2/1/2012", "2/28/2012", "2/29/2012", "3/1/2012"};
+    for (int i = 0; i < 5; ++i) {
+        const int shipment = addShipment(sold, dates[i], true);
+        ship(shipment, sold, 1, 1 << i);
+        addInvoice("Acme Supply", dates[i], QString::number(shipment), 10);
+    }
+    for (const auto &[today, months, quantity] : {std::tuple{"2012-02-29", 0, ""},
+                                                  {"2012-02-29", 1, "1"},
+                                                  {"2012-03-31", 0, ""},
+                                                  {"2012-03-31", 1, "6"},
+                                                  {"2012-04-30", 3, "31"}}) {
+        const TestClock clock(QString(today) + " 08:00:00");
+        Reports::ReportProductionByWhsePart(months, 2, false);
+        EXPECT_EQ(rows(), QStringList(QString("Main|A-100|%1|2|%2|-31|").arg(months).arg(quantity))) << today;
+    }
+}
+
 TEST_F(Stock, CommittedRepeatsWhatTwoUninvoicedShipmentsShipped)
 {
     const TestClock clock("2010-05-15 08:00:00");
