@@ -24,40 +24,18 @@ protected:
     {
         for (const char *table : {"Customer", "Part", "Warehouse"})
             database.execute(QStringLiteral("DELETE * FROM ") + table);
-        addRow("Customer", {{"Customer", "Acme"},
-                            {"Address1", "1 Main St"},
-                            {"City", "Erie"},
-                            {"State", "PA"},
-                            {"Zip", "16501"},
-                            {"Status", "InActive"},
-                            {"DateAdded", Date(2001, 1, 2)},
-                            {"ShipTo", "Acme Dock"},
-                            {"Terms", "Net 30"},
-                            {"Days", 30},
-                            {"PriceSheet", "Gold"},
-                            {"Territory", "East"},
-                            {"PrintStatements", true}});
-        addRow("Customer", {{"Customer", "Ac"}, {"Status", "Active"}, {"Terms", "Net"}, {"Days", 10}});
-        addRow("Part", {{"PartNo", "B-10"},
-                        {"Category", "Bolts"},
-                        {"Vendor", "Smith"},
-                        {"LeadTime", "2 weeks"},
-                        {"Superceded", "B-11"},
-                        {"BinLocation", "A-1"},
-                        {"MinOnHand", 5.0},
-                        {"ReorderQty", 50.0},
-                        {"QtyPerPack", 10.0},
-                        {"Cost", 1.25},
-                        {"SalePrice", 1234.5},
-                        {"Status", "InActive"},
-                        {"DateAdded", Date(2001, 1, 2)}});
-        addRow("Part", {{"PartNo", "B-1"}, {"Category", "bolts"}, {"Status", "Active"}});
-        addRow("Warehouse", {{"Warehouse", "North"},
-                             {"Address1", "1 Main St"},
-                             {"City", "Erie"},
-                             {"Status", "InActive"},
-                             {"Contact", "Ann"},
-                             {"DateAdded", Date(2001, 1, 2)}});
+        for (const char *row :
+             {"Customer (Customer, Address1, City, State, Zip, Status, DateAdded, ShipTo, Terms, Days, PriceSheet, "
+              "Territory, PrintStatements) VALUES ('Acme', '1 Main St', 'Erie', 'PA', '16501', 'InActive', #1/2/2001#, "
+              "'Acme Dock', 'Net 30', 30, 'Gold', 'East', True)",
+              "Customer (Customer, Status, Terms, Days) VALUES ('Ac', 'Active', 'Net', 10)",
+              "Part (PartNo, Category, Vendor, LeadTime, Superceded, BinLocation, MinOnHand, ReorderQty, QtyPerPack, "
+              "Cost, SalePrice, Status, DateAdded) VALUES ('B-10', 'Bolts', 'Smith', '2 weeks', 'B-11', 'A-1', 5, 50, "
+              "10, 1.25, 1234.5, 'InActive', #1/2/2001#)",
+              "Part (PartNo, Category, Status) VALUES ('B-1', 'bolts', 'Active')",
+              "Warehouse (Warehouse, Address1, City, Status, Contact, DateAdded) VALUES ('North', '1 Main St', 'Erie', "
+              "'InActive', 'Ann', #1/2/2001#)"})
+            database.execute(QStringLiteral("INSERT INTO ") + row);
     }
     QStringList records() const
     {

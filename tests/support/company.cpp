@@ -16,19 +16,10 @@ CompanyTest::CompanyTest()
     part("ZZ-900", "Axles", 9, 20, "InActive");
     for (const auto &[name, price] : {std::pair{"AX-100", 8.75}, {"CX-300", 0.0}})
         addRow("PriceSheet", {{"PriceSheet", "Gold"}, {"Part", name}, {"Price", price}});
-    addRow("Customer", {{"Customer", "Acme Rail"},
-                        {"Status", "Active"},
-                        {"Terms", "Net 30"},
-                        {"Days", 30},
-                        {"PriceSheet", "Gold"},
-                        {"ShipTo", "Acme Dock"},
-                        {"ShipToAddress1", "1 Quay"},
-                        {"ShipToAddress2", "Gate 3"},
-                        {"ShipToCity", "Erie"},
-                        {"ShipToState", "PA"},
-                        {"ShipToZip", "16501"},
-                        {"ShipToPhone", "555-1"},
-                        {"ShipToFax", "555-2"}});
+    database.execute("INSERT INTO Customer (Customer, Status, Terms, Days, PriceSheet, ShipTo, ShipToAddress1, "
+                     "ShipToAddress2, ShipToCity, ShipToState, ShipToZip, ShipToPhone, ShipToFax) VALUES ('Acme Rail', "
+                     "'Active', 'Net 30', 30, 'Gold', 'Acme Dock', '1 Quay', 'Gate 3', 'Erie', 'PA', '16501', '555-1', "
+                     "'555-2')");
     addRow("Customer", {{"Customer", "Birch Mill"}, {"Terms", "COD"}, {"Days", 0}, {"Status", "Active"}});
     addRow("Customer", {{"Customer", "Cobb Yard"}, {"Terms", "Net 10"}, {"Days", 10}, {"Status", "InActive"}});
 }

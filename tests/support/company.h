@@ -36,6 +36,8 @@ protected:
     void expectBox(FormDriver &form, const QString &steps, const QString &title, const QString &prompt,
                    const QString &answer = QStringLiteral("OK"));
 
+    /// Previews standing in the main window.
+    qsizetype viewers() const { return mdi->findChildren<QWidget *>("Viewer").size(); }
     QString status(const QString &order) const;
     QStringList ledger() const;
     /// All rows of a table in the order of some columns.

@@ -20,16 +20,16 @@ void settle();
 
 /// The hands and eyes of a user on one loaded form, whose controls are told by name:
 ///
-///     FormDriver order("frmOrderEntry");        // opens it
-///     order.act("cmbCustomer: Acme Supply; txtOrderNumber: 1001; btnSave");
+///     FormDriver order("frmOrderEntry", "cmbCustomer: Acme Supply"); // opens it and picks a customer
+///     order.act("txtOrderNumber: 1001; btnSave");
 ///     EXPECT_EQ(order.text("lblStatus"), "Open");
 ///
 /// All input is key and mouse events. A control that isn't there ends the test with an exception.
 class FormDriver
 {
 public:
-    /// Loads the form unless it is loaded.
-    explicit FormDriver(const QString &form);
+    /// Loads the form unless it is loaded, and does the steps.
+    explicit FormDriver(const QString &form, const QString &steps = {});
 
     bool isLoaded() const { return m_form && !m_form->isUnloading(); }
     Form *form() const { return m_form; }

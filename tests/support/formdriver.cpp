@@ -26,7 +26,7 @@ QWidget *focusWidget()
 }
 } // namespace
 
-FormDriver::FormDriver(const QString &form)
+FormDriver::FormDriver(const QString &form, const QString &steps)
 {
     // In the program a form is loaded by an event.
     QMetaObject::invokeMethod(
@@ -35,6 +35,8 @@ FormDriver::FormDriver(const QString &form)
     // A list that dropped down on a form since closed leaves no window active on the offscreen platform.
     if (m_form && !QApplication::activeWindow())
         QApplication::setActiveWindow(m_form->window());
+    if (!steps.isEmpty())
+        act(steps);
 }
 
 QWidget *FormDriver::find(const QString &name) const
