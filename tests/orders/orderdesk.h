@@ -11,10 +11,9 @@ protected:
     /// A new order with customer and number filled in, and what else is done on it.
     static FormDriver newOrder(const QString &steps = {}, const QString &customer = "Acme Rail")
     {
-        FormDriver form("frmOrderEntry");
-        form.act("cmbCustomer: " + customer + "; txtOrderNumber: A-1;" + steps);
-        return form;
+        return FormDriver("frmOrderEntry", "cmbCustomer: " + customer + "; txtOrderNumber: A-1;" + steps);
     }
+    /// An order opened, over what the form shows if it is loaded.
     static FormDriver opened(const QString &id)
     {
         FormDriver form("frmOrderEntry");

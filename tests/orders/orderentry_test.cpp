@@ -7,11 +7,7 @@ const char *const Header =
     "cmbCustomer txtOrderNumber dtOrderDate dtDueDate cmbWarehouse lblID lblStatus lblTotal txtOverDue";
 const char *const ShipTo = "txtShipTo txtAddress1 txtAddress2 txtCity txtState txtZip txtPhone txtFax";
 
-class OrderEntry : public OrderDesk
-{
-protected:
-    int viewers() const { return int(mdi->findChildren<QWidget *>("Viewer").size()); }
-};
+using OrderEntry = OrderDesk;
 
 TEST_F(OrderEntry, ANewFormShowsTodayTheDefaultWarehouseAndWhatIsActive)
 {
@@ -43,8 +39,7 @@ TEST_F(OrderEntry, LoadingStopsAtAnUnknownDefaultWarehouseAndAtAPartWithoutPrice
 TEST_F(OrderEntry, PickingACustomerCopiesItsShipToAndLeavingItShowsItsOverdueBalance)
 {
     addRow("Invoice", {{"Invoice", "1"}, {"Customer", "Acme Rail"}, {"DueDate", Date(2011, 3, 29)}, {"Total", 120.5}});
-    FormDriver form("frmOrderEntry");
-    form.act("cmbCustomer: Acme Rail");
+    FormDriver form("frmOrderEntry", "cmbCustomer: Acme Rail");
     EXPECT_EQ(form.shows(ShipTo), "Acme Dock|1 Quay|Gate 3|Erie|PA|16501|555-1|555-2");
     EXPECT_EQ(form.text("txtOverDue"), "");
     form.act("<Tab>");
@@ -115,9 +110,14 @@ TEST_F(OrderEntry, AShippedOrderCannotBecomeADropShipment)
     form.act("chkDropShip");
     EXPECT_TRUE(form.enabled("txtFreight"));
     addShipment(id, {});
-    static_cast<frmOrderEntry *>(form.form())->OpenOrder(qint16(id.toInt()));
-    EXPECT_FALSE(form.enabled("txtFreight")) << "opened over one that was to be dropped";
-    EXPECT_FALSE(form.enabled("chkDropShip"));
+    for (const QString &shown : {id, addOrder("A-8", "Birch Mill")}) {
+        opened(shown);
+        EXPECT_FALSE(form.enabled("txtFreight")) << "opened over one that was to be dropped";
+        EXPECT_FALSE(form.enabled("chkDropShip")) << "nor the order opened over it";
+        EXPECT_EQ(form.text("chkDropShip"), "True");
+    }
+    EXPECT_EQ(form.shows("lblID cmbCustomer lblTotal"), "2|Birch Mill|0");
+    EXPECT_EQ(lines(form, "vsfgItems"), QStringList());
 }
 
 TEST_F(OrderEntry, NullAmountsShowAsNothingAndAnEmptyStatusIsSavedOpen)
@@ -130,8 +130,7 @@ TEST_F(OrderEntry, NullAmountsShowAsNothingAndAnEmptyStatusIsSavedOpen)
     EXPECT_EQ(form.text("lblTotal"), "0");
     EXPECT_EQ(lines(form, "vsfgItems"), (QStringList{"1||AX-100|Axles|10||C1", "2|2|AX-100|Axles|||C2"}));
     database.execute("DELETE FROM OrderItem");
-    static_cast<frmOrderEntry *>(form.form())->OpenOrder(qint16(id.toInt()));
-    form.act("btnSave");
+    opened(id).act("btnSave");
     EXPECT_EQ(status(id), "Open");
 }
 

@@ -24,9 +24,7 @@ TEST_F(OrderLines, LeavingThePartShowsAvailabilityAndPrice)
     };
     for (const auto &row : cases) {
         gAutoPriceFlag = row.flag;
-        FormDriver form("frmOrderEntry");
-        form.act(row.steps);
-        form.act("<Tab>");
+        FormDriver form("frmOrderEntry", QString(row.steps) + "; <Tab>");
         EXPECT_EQ(form.shows("lblQtyAvail txtPriceEach"), row.shown) << row.title;
         EXPECT_EQ(form.text("lblPriceExt"), "") << "the amount waits for quantity or price";
         form.act("btnExit");
