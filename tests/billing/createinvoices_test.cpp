@@ -18,12 +18,7 @@ protected:
     {
         return addShipment(addOrder("A-1", customer, {{"AX-100", 10, price}}), {quantity}, date);
     }
-    static FormDriver run(const QString &steps = {})
-    {
-        FormDriver user("frmCreateInvoices");
-        user.act(steps + "; btnPrint");
-        return user;
-    }
+    static FormDriver run(const QString &steps = {}) { return FormDriver("frmCreateInvoices", steps + "; btnPrint"); }
 };
 
 TEST_F(CreateInvoices, OpensForAllCustomersOfAnyStatusAsOfToday)

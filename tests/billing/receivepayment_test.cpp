@@ -24,8 +24,7 @@ protected:
 
 TEST_F(ReceivePayment, BalanceIsTheTotalLessAllThatWasReceivedOrWrittenOff)
 {
-    FormDriver user("frmReceivePayment");
-    user.act("txtInvoice: 1001; <Tab>");
+    FormDriver user("frmReceivePayment", "txtInvoice: 1001; <Tab>");
     EXPECT_EQ(user.shows(Texts), "1001|100|100|||2") << "the key, not the number people see";
     addRow("Payments", {{"Invoice", 2}, {"Amount", 30.1}, {"Adjustment", 4.2}});
     addRow("Payments", {{"Invoice", 2}, {"Amount", 0.2}, {"Adjustment", Value()}});
@@ -42,8 +41,7 @@ TEST_F(ReceivePayment, BalanceIsTheTotalLessAllThatWasReceivedOrWrittenOff)
 
 TEST_F(ReceivePayment, PaymentAboveTheBalanceIsRefusedAndSaveDoesNotHappen)
 {
-    FormDriver user("frmReceivePayment");
-    user.act("txtInvoice: 1002; <Tab>");
+    FormDriver user("frmReceivePayment", "txtInvoice: 1002; <Tab>");
     expectTooMuch(user, "txtPayment: 50.26; btnSave");
     EXPECT_EQ(payments(), QStringList()) << "the press that left the box is no click";
     user.act("txtPayment: 50.25; btnSave");
@@ -57,8 +55,7 @@ TEST_F(ReceivePayment, PaymentAboveTheBalanceIsRefusedAndSaveDoesNotHappen)
 
 TEST_F(ReceivePayment, AdjustmentStartsTheBalanceFromTheAmountAgain)
 {
-    FormDriver user("frmReceivePayment");
-    user.act("txtInvoice: 1001; txtPayment: 60; btnSave; txtInvoice: 1001; <Tab>");
+    FormDriver user("frmReceivePayment", "txtInvoice: 1001; txtPayment: 60; btnSave; txtInvoice: 1001; <Tab>");
     EXPECT_EQ(user.text("txtBalance"), "40");
     user.act("txtAdjustment: 5");
     EXPECT_EQ(user.text("txtBalance"), "95") << "what was paid before is left out";
@@ -69,8 +66,8 @@ TEST_F(ReceivePayment, AdjustmentStartsTheBalanceFromTheAmountAgain)
 
 TEST_F(ReceivePayment, SaveClearsAllButTheDateAndTheKeyAndTakesAmountsAsTheColumnReadsThem)
 {
-    FormDriver user("frmReceivePayment");
-    user.act("dtDate: 3/15/2011; txtInvoice: 1001; txtPayment: 0; txtAdjustment: 2.5; btnSave");
+    FormDriver user("frmReceivePayment",
+                    "dtDate: 3/15/2011; txtInvoice: 1001; txtPayment: 0; txtAdjustment: 2.5; btnSave");
     EXPECT_EQ(user.shows(Texts), "|||||2");
     EXPECT_EQ(user.text("dtDate"), "3/15/2011");
     EXPECT_EQ(user.focus(), "txtInvoice");

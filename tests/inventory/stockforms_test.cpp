@@ -15,17 +15,11 @@ protected:
     {
         return QString("cmbPart: %1; txtAdjustment: %2; btnUpdate;").arg(part, quantity);
     }
-    static FormDriver act(const char *form, const QString &steps)
-    {
-        FormDriver user(form);
-        user.act(steps);
-        return user;
-    }
     /// A saved adjustment of warehouse Main, and a saved transfer from Main to North.
-    static void adjust(const QString &lines) { act(Adjust, "cmbWarehouse: Main; <Tab>;" + lines + "btnSave"); }
+    static void adjust(const QString &lines) { FormDriver(Adjust, "cmbWarehouse: Main; <Tab>;" + lines + "btnSave"); }
     static void transfer(const QString &lines)
     {
-        act(Transfer, "cmbFrom: Main; cmbTo: North; <Tab>;" + lines + "btnSave");
+        FormDriver(Transfer, "cmbFrom: Main; cmbTo: North; <Tab>;" + lines + "btnSave");
     }
     static QStringList lines(const FormDriver &user) { return ::lines(user, "vsfgAdjustment"); }
 };
@@ -51,7 +45,7 @@ TEST_F(StockForms, LineEntryOpensWhenTheWarehousesAreLeftFilled)
                                             {Adjust, "cmbWarehouse: Main; <Tab>", true},
                                             {Transfer, "cmbTo: North; <Tab>", false},
                                             {Transfer, "cmbFrom: Main; <Tab>", true}}) {
-        const FormDriver user = act(form, steps);
+        const FormDriver user(form, steps);
         EXPECT_EQ(user.enabled("Frame2"), open) << steps;
         EXPECT_TRUE(!open || user.focus() == "cmbPart") << steps;
     }
@@ -59,7 +53,7 @@ TEST_F(StockForms, LineEntryOpensWhenTheWarehousesAreLeftFilled)
 
 TEST_F(StockForms, LinesAreAppendedAsTypedAndTotalled)
 {
-    FormDriver user = act(Adjust, "cmbWarehouse: Main; <Tab>; btnUpdate; txtAdjustment: 5; btnUpdate;");
+    FormDriver user(Adjust, "cmbWarehouse: Main; <Tab>; btnUpdate; txtAdjustment: 5; btnUpdate;");
     EXPECT_EQ(lines(user), QStringList()) << "no part chosen: nothing at all";
     user.act(line("AX-100", "10"));
     EXPECT_EQ(user.text("txtAdjustment"), "");
@@ -108,7 +102,7 @@ TEST_F(StockForms, SavingAnAdjustmentAgainPostsItAgainUnderTheWarehouseShown)
         << "each line rounds by itself, halves to even";
 
     const QStringList loaded{"AX-100|Axles|10|", "AX-100|Axles|-2.5|", "BR-200|Brackets|1.5|"};
-    FormDriver user = act(Adjust, "txtID: 1; <Tab>");
+    FormDriver user(Adjust, "txtID: 1; <Tab>");
     EXPECT_EQ(lines(user), loaded) << "no cost on reload";
     EXPECT_EQ(user.shows("cmbWarehouse lblTotal"), "Main|9");
     EXPECT_TRUE(user.enabled("Frame2"));
@@ -127,7 +121,7 @@ TEST_F(StockForms, TransferWritesTwoHalvesAndPostsBothWarehousesAtEachSave)
     transfer(line("AX-100", "5"));
     const QStringList headers{"1|3/30/2011|3/30/2011 2:05:09 PM|Main", "2|3/30/2011|3/30/2011 2:05:09 PM|North"};
     EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|-5", "North|AX-100|5"}));
-    FormDriver user = act(Transfer, "txtID: 1; <Tab>");
+    FormDriver user(Transfer, "txtID: 1; <Tab>");
     EXPECT_EQ(user.shows("cmbFrom cmbTo lblTotal"), "Main|North|5");
     EXPECT_EQ(lines(user), QStringList{"AX-100|Axles|5|"}) << "the incoming half, so positive";
     user.act("btnSave");
@@ -135,9 +129,10 @@ TEST_F(StockForms, TransferWritesTwoHalvesAndPostsBothWarehousesAtEachSave)
     EXPECT_EQ(details(), (QStringList{"1|AX-100|-5", "2|AX-100|5"}));
     EXPECT_EQ(table("TransferHeader"), QStringList{"1|1|2"});
     EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|-10", "North|AX-100|10"}));
-    EXPECT_EQ(lines(act(Adjust, "txtID: 1; <Tab>")), QStringList{"AX-100|Axles|-5|"}) << "half of it as an adjustment";
+    EXPECT_EQ(lines(FormDriver(Adjust, "txtID: 1; <Tab>")), QStringList{"AX-100|Axles|-5|"})
+        << "half of it as an adjustment";
 
-    act(Transfer, "cmbFrom: Main; cmbTo: Main; <Tab>;" + line("BR-200", "-7") + "btnSave");
+    FormDriver(Transfer, "cmbFrom: Main; cmbTo: Main; <Tab>;" + line("BR-200", "-7") + "btnSave");
     EXPECT_EQ(details().mid(2), (QStringList{"3|BR-200|7", "4|BR-200|-7"}));
     EXPECT_EQ(ledger().at(1), "Main|BR-200|0") << "within one warehouse the two calls cancel";
 }
@@ -157,10 +152,10 @@ TEST_F(StockForms, NumbersThatOpenNothing)
     addRow("AdjustmentHeader", {{"Warehouse", "Old"}, {"Date", Date(2011, 3, 1)}});
     for (const int from : {32767, 32768})
         addRow("TransferHeader", {{"FromID", from}, {"ToID", 2}});
-    FormDriver user = act(Transfer, "txtID: 1; <Tab>");
+    FormDriver user(Transfer, "txtID: 1; <Tab>");
     EXPECT_EQ(user.shows("cmbFrom cmbTo"), "|North") << "no such half: left alone";
     expectRuntimeError(6, [&] { user.act("txtID: 2; <Tab>"); }); // the outgoing half is read in sixteen bits
-    user = act(Adjust, "txtID: 2; <Tab>");
+    user = FormDriver(Adjust, "txtID: 2; <Tab>");
     EXPECT_EQ(lines(user), QStringList{"|||"}) << "a header without lines";
     EXPECT_EQ(user.text("dtDate"), "3/1/2011");
     expectBox(user, "vsfgAdjustment[1]; btnDelete; btnSave", "Not Enough Data",
@@ -176,22 +171,19 @@ TEST_F(StockForms, FailuresLeaveWhatWasWrittenBefore)
     {
         const char *form, *quantity;
         int error;
-        QStringList details, ledger;
+        const char *details, *ledger;
     } failures[] = {
-        {Adjust, "ten", 3421, {"1|BR-200|1"}, {"Main|BR-200|1"}},
-        {Adjust, "32768", 6, {"2|BR-200|1", "2|AX-100|32768"}, {"Main|BR-200|1"}},
-        {Transfer, "ten", 3421, {"3|BR-200|-1", "3|AX-100|0", "4|BR-200|1"}, {"Main|BR-200|-1", "North|BR-200|1"}},
-        {Transfer,
-         "40000",
-         6,
-         {"5|BR-200|-1", "5|AX-100|-40000", "6|BR-200|1", "6|AX-100|40000"},
-         {"Main|BR-200|-1", "North|BR-200|1"}},
+        {Adjust, "ten", 3421, "1|BR-200|1", "Main|BR-200|1"},
+        {Adjust, "32768", 6, "2|BR-200|1 2|AX-100|32768", "Main|BR-200|1"},
+        {Transfer, "ten", 3421, "3|BR-200|-1 3|AX-100|0 4|BR-200|1", "Main|BR-200|-1 North|BR-200|1"},
+        {Transfer, "40000", 6, "5|BR-200|-1 5|AX-100|-40000 6|BR-200|1 6|AX-100|40000",
+         "Main|BR-200|-1 North|BR-200|1"},
     };
     for (const auto &failure : failures) {
         const QString lines = line("BR-200", "1") + line("AX-100", failure.quantity);
         expectRuntimeError(failure.error, [&] { failure.form == Adjust ? adjust(lines) : transfer(lines); });
-        EXPECT_EQ(details(), failure.details);
-        EXPECT_EQ(ledger(), failure.ledger);
+        EXPECT_EQ(details().join(' '), failure.details);
+        EXPECT_EQ(ledger().join(' '), failure.ledger);
         Forms::unloadAll();
         for (const char *written : {"AdjustmentDetail", "AvailInv"})
             database.execute(QStringLiteral("DELETE FROM ") + written);

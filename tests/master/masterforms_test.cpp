@@ -120,8 +120,7 @@ TEST_F(MasterForms, RefuseARecordWithoutWhatIsRequiredAndDropItUponExit)
           {"frmPartEntry", "cmbPartNo: New; cmbCategory: Nuts; cmbStatus:", part},
           {"frmWarehouseEntry", "cmbStatus: Active", warehouse},
           {"frmWarehouseEntry", "cmbWarehouse: New; cmbStatus:", warehouse}}) {
-        FormDriver user(form);
-        user.act(steps);
+        FormDriver user(form, steps);
         expectBox(user, "btnSave", "Required Fields", prompt);
         EXPECT_TRUE(user.isLoaded());
         user.act("btnExit");
@@ -156,8 +155,7 @@ TEST_F(MasterForms, SaveTheirRecord)
               "North|||Erie|||||Bob|InActive|1/2/2001"},
          }) {
         const qsizetype count = records().size();
-        FormDriver user(form);
-        user.act(steps + "; btnSave");
+        FormDriver user(form, steps + "; btnSave");
         EXPECT_FALSE(user.isLoaded());
         EXPECT_TRUE(records().contains(record)) << record;
         EXPECT_EQ(records().size(), count + (QString(record).contains("3/30/2011") ? 1 : 0));
