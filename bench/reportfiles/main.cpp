@@ -18,7 +18,7 @@ namespace {
 void writeWorkbooks(const QString &folder)
 {
     const QString empty = folder + "/empty.xlsx";
-    XlsxFile::write(empty, {{}});
+    writeXlsx(empty, {{}});
     QFile settings(QCoreApplication::applicationDirPath() + "/workbooks.txt");
     if (!settings.open(QIODevice::WriteOnly))
         qFatal("cannot write %s", qPrintable(settings.fileName()));

@@ -1,222 +1,165 @@
-#include "reportengine/report.h"
-#include "reportengine/rows/rowstore.h"
-#include "reportengine/viewer/crviewer.h"
-#include "reportengine/viewer/viewer.h"
 #include "reports/layouts/catalogue.h"
 #include "tests/reports/reporttest.h"
-#include "tests/support/company.h"
-#include "toolkit/forms/mainmod.h"
-#include <QGuiApplication>
 
 namespace {
 
-class Dialogs : public DeskTest
-{
-protected:
-    QList<Viewer *> viewers() const { return mdi->findChildren<Viewer *>(); }
-    const Report &report() const { return *viewers().last()->viewer()->reportSource(); }
-    QString parameter(const QString &name) const
-    {
-        for (const TextParameter &parameter : report().layout().parameters) {
-            if (parameter.name == name)
-                return parameter.text;
-        }
-        return "no such text";
-    }
-    TestClock clock{"2010-05-15 09:30:00"};
-};
+using Dialogs = ReportTest;
 
-TEST_F(Dialogs, ADateRangeGoesToItsReportAsPicked)
+TEST_F(Dialogs, HandWhatWasPickedToTheirReport)
 {
+    addInvoice("Acme Rail", "3/1/2011", "0", 10);
+    addInvoice("Acme Rail", "3/20/2011", "0", 20);
+    const QString period = "dtStart: 4/30/2010; dtEnd: 3/1/2010; ", span = ", 4/30/2010 to 3/1/2010",
+                  dates = "txtBeginDate txtEndDate", picked = "4/30/2010|3/1/2010";
     const struct
     {
-        const char *form, *button, *title, *window;
+        const char *form;
+        QString steps;
+        const char *designer;
+        QString title, texts, shown;
+        int rows = 0;
     } dialogs[] = {
-        {"frmSalesByCustomer", "btnOK", "crptSalesByCustomer", "Sales By Customer"},
-        {"frmSalesByCategoryCustomer", "btnOK", "crptSalesByCategoryCustomer", "Sales By Category"},
-        {"frmSalesByTerritoryCustomer", "btnOK", "crptSalesByTerritoryCustomer", "Sales By Territory"},
-        {"frmSalesByPart", "btnOK", "crptSalesByPart", "Sales By Part"},
-        {"frmSalesByWhsePart", "btnOK", "crptSalesByWhsePart", "Sales By Whse/Part"},
-        {"frmInventorySalesReport", "btnOK", "crptInventorySalesReport", "Inventory Sales Report"},
-        {"frmARTranReport", "btnOK", "crptARTranReport", "Invoice Register"},
-        {"frmCashReceiptsReport", "btnOK", "crptCashReceiptsReport", "Cash Receipts Register"},
-        {"frmAvailableInventory", "btnOk", "crptAvailableInventory", "Available Inventory By Whse/Part"},
-        {"frmAvailableInventoryByPart", "btnOk", "crptAvailableInventoryByPart", "Available Inventory By Part/Whse"}};
+        {"frmSalesByCustomer", period + "btnOK", "crptSalesByCustomer", "Sales By Customer" + span, dates, picked},
+        {"frmSalesByCategoryCustomer", period + "btnOK", "crptSalesByCategoryCustomer", "Sales By Category" + span,
+         dates, picked},
+        {"frmSalesByTerritoryCustomer", period + "btnOK", "crptSalesByTerritoryCustomer", "Sales By Territory" + span,
+         dates, picked},
+        {"frmSalesByPart", period + "btnOK", "crptSalesByPart", "Sales By Part" + span, dates, picked},
+        {"frmSalesByWhsePart", period + "btnOK", "crptSalesByWhsePart", "Sales By Whse/Part" + span, dates, picked},
+        {"frmSalesByWhsePart", period + "chkExport; btnOK", "crptSalesByWhsePartExport", "Sales By Whse/Part" + span,
+         dates, picked},
+        {"frmInventorySalesReport", period + "btnOK", "crptInventorySalesReport", "Inventory Sales Report" + span,
+         dates, picked},
+        {"frmARTranReport", period + "btnOK", "crptARTranReport", "Invoice Register" + span, dates, picked},
+        {"frmCashReceiptsReport", period + "btnOK", "crptCashReceiptsReport", "Cash Receipts Register" + span, dates,
+         picked},
+        {"frmAvailableInventory", period + "chkDetails; btnOk", "crptAvailableInventory",
+         "Available Inventory By Whse/Part" + span, dates + " secDetail", picked + "|shown"},
+        {"frmAvailableInventory", period + "cmbCategory: Axles; chkExport; chkDetails; btnOk",
+         "crptAvailableInventoryExport", "Available Inventory By Whse/Part" + span + ", Axles",
+         dates + " txtCategory secDetail", picked + "|Axles|hidden"}, // never with details
+        {"frmAvailableInventoryByPart", period + "btnOk", "crptAvailableInventoryByPart",
+         "Available Inventory By Part/Whse" + span, dates + " secDetail", picked + "|hidden"},
+        {"frmStatementReport", "dtDate: 4/30/2010; btnOk", "crptStatementReport", "Statements, as of 4/30/2010",
+         "txtAsOfDate", "4/30/2010"},
+        {"frmOpenInvoicesReport", "btnOk", "crptOpenInvoicesReport", "Accounts Receivable Listing, as of 3/30/2011",
+         "txtAsOfDate Details txtDays", "3/30/2011|shown|hidden", 2},
+        // Days count though the box is clear; the customer's newer invoice stands with the old one.
+        {"frmOpenInvoicesReport", "dtDate: 3/25/2011; txtDays: 20; chkSummary; btnOk", "crptOpenInvoicesReport",
+         "Accounts Receivable Listing, as of 3/25/2011, over 20 days, summary", "txtAsOfDate Details txtOverDays",
+         "3/25/2011|hidden|20", 2},
+        {"frmCustomerRegister", "dtBeginDate: 3/2/2011; btnPrint", "crptCustomerRegister",
+         "Customer Register, 3/2/2011 to 3/30/2011", "txtCustomer " + dates, "|3/2/2011|3/30/2011"}, // none picked
+        {"frmCustomerRegister", "cmbCustomer: Acme Rail; dtBeginDate: 3/2/2011; dtEndDate: 4/1/2011; btnPrint",
+         "crptCustomerRegister", "Customer Register, Acme Rail, 3/2/2011 to 4/1/2011", "txtCustomer " + dates,
+         "Acme Rail|3/2/2011|4/1/2011", 1},
+        {"frmProductionByPartWhseReport", "txtReq: 2; btnOK", "crptProductionPartWhse",
+         "Production By Part/Whse, 3 months, requirements 2", "txtMonths txtReq", "3|2"},
+        // Halves go to the even number; "$5" is numeric, but its leading number is 0.
+        {"frmProductionByWhsePartReport", "txtMonths: 2.5; txtReq: $5; btnOK", "crptProductionWhsePart",
+         "Production By Whse/Part, 2 months, requirements 0", "txtMonths txtReq", "2|0"},
+        {"frmAvailInvReport", "cmbReport: North; btnPrint", "crptNewAvailInv", "Quick Available Inv, North", "secTitle",
+         "shown", 4},
+        {"frmAvailInvReport", "btnPrint", "crptNewAvailInv", "Quick Available Inv, ", "secTitle", "shown"},
+    };
     for (const auto &dialog : dialogs) {
+        SCOPED_TRACE(dialog.form);
         FormDriver form(dialog.form);
-        form.setDate("dtStart", "4/30/2010");
-        form.setDate("dtEnd", "3/1/2010");
-        form.click(dialog.button);
-        EXPECT_EQ(viewers().last()->windowTitle(), QString(dialog.window) + ", 4/30/2010 to 3/1/2010");
-        EXPECT_EQ(parameter("txtBeginDate"), "4/30/2010") << dialog.form;
-        EXPECT_EQ(parameter("txtEndDate"), "3/1/2010") << dialog.form;
-        EXPECT_EQ(report().layout().title, newReport(dialog.title).layout().title);
+        form.act(dialog.steps);
+        EXPECT_EQ(window()->windowTitle(), dialog.title);
+        const Layout layout = newReport(dialog.designer).layout();
+        EXPECT_EQ(report().layout().title, layout.title);
+        EXPECT_EQ(report().layout().exportAsTable, layout.exportAsTable);
+        EXPECT_EQ(shown(dialog.texts), dialog.shown);
+        EXPECT_EQ(rows().size(), dialog.rows);
         EXPECT_FALSE(form.isLoaded());
         EXPECT_FALSE(QGuiApplication::overrideCursor());
     }
-    EXPECT_EQ(viewers().size(), int(std::size(dialogs)));
 }
 
-TEST_F(Dialogs, TheStatementDialogsRunTheirReports)
+TEST_F(Dialogs, ListWhatThereIs)
 {
-    FormDriver statements("frmStatementReport");
-    statements.setDate("dtDate", "4/30/2010");
-    statements.click("btnOk");
-    EXPECT_EQ(parameter("txtAsOfDate"), "4/30/2010");
-    EXPECT_EQ(report().layout().title, newReport("crptStatementReport").layout().title);
-    EXPECT_FALSE(statements.isLoaded());
-
-    const ProgramFolder program;
-    EXPECT_FALSE(QFile::exists(program.filePath("workbooks.txt")));
-    FormDriver old("frmCustomerStatements");
-    expectRuntimeError(432, [&] { old.click("btnOk"); });
-    EXPECT_EQ(viewers().size(), 1);
-}
-
-TEST_F(Dialogs, ExportFriendlyChoosesTheOtherLayout)
-{
-    FormDriver sales("frmSalesByWhsePart");
-    sales.tick("chkExport");
-    sales.click("btnOK");
-    EXPECT_TRUE(report().layout().exportAsTable);
-    FormDriver stock("frmAvailableInventory");
-    EXPECT_EQ(entries(stock, "cmbCategory"), "***All Categories***|Pumps|Valves");
-    EXPECT_EQ(stock.text("cmbCategory"), "***All Categories***");
-    stock.tick("chkExport");
-    stock.tick("chkDetails");
-    stock.click("btnOk");
-    EXPECT_TRUE(report().layout().exportAsTable);
-    for (const Section &section : report().layout().sections) {
-        if (section.name == "secDetail") {
-            EXPECT_TRUE(section.suppress) << "never with details";
-        }
-    }
+    addRow("Part", {{"PartNo", "no category"}});
+    const std::tuple<const char *, const char *, const char *> lists[] = {
+        {"frmAvailableInventory", "cmbCategory", "***All Categories***|Axles|Brackets"},
+        {"frmAvailInvReport", "cmbReport", "***All Warehouses***|Main|North|Old"},
+        {"frmCustomerRegister", "cmbCustomer", "Acme Rail|Birch Mill|Cobb Yard"}};
+    for (const auto &[form, combo, listed] : lists)
+        EXPECT_EQ(entries(FormDriver(form), combo), listed);
+    EXPECT_EQ(FormDriver("frmAvailableInventory").text("cmbCategory"), "***All Categories***");
 }
 
 TEST_F(Dialogs, SelectionsListTheNewestFirstAndPrintTheOnePicked)
 {
-    const int order = addOrder("Baker Tools", "Main");
-    addLine(order, 1, "A-100", 5, 10);
-    addOrder("Acme Supply", "Main");
-    addOrder("Acme Supply", "Main", "Closed");
-    const int adjustment = addAdjustment("Main", "2/1/2010", "A-100", -5);
-    const int other = addAdjustment("East", "2/2/2010", "A-100", 5);
-    insert("TransferHeader", {{"FromID", adjustment}, {"ToID", other}});
+    const QString order = addOrder("B-1", "Birch Mill", {{"AX-100", 5, 10}});
+    addOrder("A-1", "Acme Rail");
+    addOrder("A-2", "Acme Rail", {}, "Closed");
+    addTransfer("Main", "North", "2/1/2010", "AX-100", 5);
     for (int shipped : {2, 3})
-        ship(addShipment(order, "2/3/2010", false, 1), order, 1, shipped);
+        addShipment(order, {shipped});
     const struct
     {
-        const char *form, *entries, *picked, *field;
-        Value value;
+        const char *form, *entries, *picked;
+        int column;
+        const char *value;
     } selections[] = {
-        {"frmPickTicket", "Acme Supply - N|Baker Tools - N", "Baker Tools - N", "Customer", "Baker Tools"},
-        {"frmPackingSlip", "2|1", "1", "ShipmentItems.Qty", 2.0},
-        {"frmAdjustmentControlReport", "2 - 2/2/2010|1 - 2/1/2010", "1 - 2/1/2010", "Qty", -5.0},
-        {"frmTransferControlReport", "1 - 2/1/2010", "1 - 2/1/2010", "Qty", 5.0},
+        {"frmPickTicket", "Acme Rail - A-1|Birch Mill - B-1", "Birch Mill - B-1", 2, "B-1"},
+        {"frmPackingSlip", "2|1", "1", 19, "2"},
+        {"frmAdjustmentControlReport", "2 - 2/1/2010|1 - 2/1/2010", "1 - 2/1/2010", 5, "-5"},
+        {"frmTransferControlReport", "1 - 2/1/2010", "1 - 2/1/2010", 6, "5"},
     };
     for (const auto &selection : selections) {
         SCOPED_TRACE(selection.form);
         FormDriver form(selection.form);
         EXPECT_EQ(entries(form, "cmbReport"), selection.entries);
         EXPECT_EQ(form.control<ComboBox>("cmbReport")->listIndex(), -1);
-        form.choose("cmbReport", selection.picked);
-        form.click("btnPrint");
-        EXPECT_EQ(report().rows().rowCount(), 1);
-        EXPECT_EQ(report().rows().value(0, report().rows().fieldIndex(selection.field)), selection.value);
+        form.act(QString("cmbReport: %1; btnPrint").arg(selection.picked));
+        EXPECT_EQ(rows(selection.column, selection.column), QStringList(selection.value));
         EXPECT_FALSE(form.isLoaded());
 
         FormDriver none(selection.form);
         expectRuntimeError(3075, [&] { none.click("btnPrint"); });
     }
-    FormDriver stock("frmAvailInvReport");
-    EXPECT_EQ(entries(stock, "cmbReport"), "***All Warehouses***|East|Main|Old Hall");
-    stock.click("btnPrint");
-    EXPECT_EQ(report().rows().rowCount(), 0) << "nothing picked is an empty warehouse";
 }
 
 TEST_F(Dialogs, AnInvoiceWithoutShipmentsIsRefused)
 {
-    const int order = addOrder("Acme Supply", "Main");
-    const int shipment = addShipment(order, "2/3/2010", true, 7);
+    const QString shipment = addShipment(addOrder("A-1", "Acme Rail"), {}, Date(2010, 2, 3), 7);
     for (int i = 0; i < 9; ++i)
-        addInvoice("Acme Supply", "2/4/2010", "0", 0);
-    addInvoice("Acme Supply", "2/4/2010", QString::number(shipment), 7);
-
-    FormDriver none("frmInvoiceReport");
-    EXPECT_TRUE(entries(none, "cmbReport").startsWith("9|8|")) << "numbers sort as text";
-    none.click("btnPrint");
-    EXPECT_FALSE(none.isLoaded()) << "an unknown invoice closes without a word";
+        addInvoice("Acme Rail", "2/4/2010", "0", 0);
+    addInvoice("Acme Rail", "2/4/2010", shipment, 7);
     database.execute("UPDATE Invoice SET Shipment = NULL WHERE Invoice = '8'");
-    FormDriver missing("frmInvoiceReport");
-    missing.choose("cmbReport", "8");
-    missing.click("btnPrint");
-    EXPECT_FALSE(missing.isLoaded()) << "and so does one whose list of shipments is missing";
+    EXPECT_TRUE(entries(FormDriver("frmInvoiceReport"), "cmbReport").startsWith("9|8|")) << "numbers sort as text";
+    for (const char *silent : {"btnPrint", "cmbReport: 8; btnPrint"}) { // an unknown one, and one without its list
+        FormDriver form("frmInvoiceReport");
+        form.act(silent);
+        EXPECT_FALSE(form.isLoaded());
+    }
     FormDriver without("frmInvoiceReport");
-    without.choose("cmbReport", "9");
-    boxes.expect("Unable to Print", "You cannot Print this Invoice.");
-    without.click("btnPrint");
+    expectBox(without, "cmbReport: 9; btnPrint", "Unable to Print", "You cannot Print this Invoice.");
     EXPECT_FALSE(without.isLoaded());
-    EXPECT_TRUE(viewers().isEmpty());
-    FormDriver invoice("frmInvoiceReport");
-    invoice.choose("cmbReport", "10");
-    invoice.click("btnPrint");
-    EXPECT_EQ(viewers().size(), 1);
-    EXPECT_EQ(parameter("txtInvoiceDate"), "2/4/2010") << "its own, not the day it is printed again";
+    EXPECT_EQ(viewers(), 0);
+    FormDriver("frmInvoiceReport").act("cmbReport: 10; btnPrint");
+    EXPECT_EQ(shown("txtInvoiceNumber txtInvoiceDate txtTerms"), "10|2/4/2010|Net 30") << "not the day of the reprint";
 }
 
-TEST_F(Dialogs, TheListingChecksDaysOnlyWhenToldAndFiltersByTheirText)
+TEST_F(Dialogs, AskForNumbers)
 {
-    addInvoice("Acme Supply", "5/1/2010", "0", 10);
-    FormDriver form("frmOpenInvoicesReport");
-    form.tick("chkOver");
-    form.type("txtDays", "soon");
-    boxes.expect("Enter Days to Age", "You must enter a number of days to be aging.");
-    form.click("btnOk");
-    EXPECT_TRUE(form.isLoaded());
+    FormDriver production("frmProductionByWhsePartReport");
+    for (const char *steps : {"btnOK", "txtReq: two; btnOK", "txtReq: 2; txtMonths: x; btnOK"})
+        expectBox(production, steps, "Invalid Months", "You must enter a number of months and Requirements.");
+    production.act("txtMonths: 40000");
+    expectRuntimeError(6, [&] { production.click("btnOK"); });
+    FormDriver invoices("frmOpenInvoicesReport");
+    expectBox(invoices, "chkOver; txtDays: soon; btnOk", "Enter Days to Age",
+              "You must enter a number of days to be aging.");
+    EXPECT_TRUE(production.isLoaded() && invoices.isLoaded());
     EXPECT_FALSE(QGuiApplication::overrideCursor());
-    form.tick("chkOver", false);
-    form.type("txtDays", "30");
-    form.click("btnOk");
-    EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(report().rows().rowCount(), 0) << "days count though the box is clear";
-    EXPECT_EQ(parameter("txtAsOfDate"), "5/15/2010");
-    EXPECT_FALSE(viewers().last()->windowTitle().contains("summary"));
-}
 
-TEST_F(Dialogs, ProductionAsksForTwoNumbers)
-{
-    FormDriver form("frmProductionByWhsePartReport");
-    EXPECT_EQ(form.text("txtMonths"), "3");
-    for (const char *req : {"", "two"}) {
-        form.type("txtReq", req);
-        boxes.expect("Invalid Months", "You must enter a number of months and Requirements.");
-        form.click("btnOK");
-        EXPECT_TRUE(form.isLoaded());
-    }
-    form.type("txtReq", "40000");
-    expectRuntimeError(6, [&] { form.click("btnOK"); });
-    form.type("txtMonths", "2.5"); // halves go to the even number
-    form.type("txtReq", "$5");     // numeric, but its leading number is 0
-    form.click("btnOK");
-    EXPECT_EQ(parameter("txtMonths"), "2");
-    EXPECT_EQ(parameter("txtReq"), "0");
-}
-
-TEST_F(Dialogs, TheCustomerRegisterListsAllCustomersAndTakesBothDates)
-{
-    for (const char *date : {"3/1/2010", "4/30/2010", "5/1/2010"})
-        addInvoice("Acme Supply", date, "0", 10);
-    for (const char *customer : {"", "Acme Supply"}) { // none need be picked
-        FormDriver form("frmCustomerRegister");
-        EXPECT_EQ(entries(form, "cmbCustomer"), "Acme Supply|Baker Tools|Bolt & Sons|Closed Works");
-        if (*customer)
-            form.choose("cmbCustomer", customer);
-        form.setDate("dtBeginDate", "3/2/2010");
-        form.setDate("dtEndDate", "4/30/2010");
-        form.click("btnPrint");
-        EXPECT_EQ(parameter("txtCustomer"), customer);
-        EXPECT_EQ(report().rows().rowCount(), *customer ? 1 : 0);
-    }
+    const ProgramFolder program;
+    EXPECT_FALSE(QFile::exists(program.filePath("workbooks.txt")));
+    FormDriver old("frmCustomerStatements");
+    expectRuntimeError(432, [&] { old.click("btnOk"); }); // runs the old report, whatever the date
 }
 
 } // namespace

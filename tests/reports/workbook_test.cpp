@@ -1,7 +1,9 @@
 #include "data/workbook/numberformat.h"
 #include "data/workbook/workbook.h"
-#include "tests/reports/reporttest.h"
 #include "tests/support/containers.h"
+#include "tests/support/printers.h"
+#include <QDir>
+#include <QTemporaryDir>
 #include <QtEndian>
 #include <sys/stat.h>
 #include <xlsxwriter.h>
@@ -143,6 +145,9 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
     };
     const QByteArray number = record(0x203, QByteArray(6, '\0') + QByteArray("\0\0\0\0\0\0\x1C\x40", 8));
     const QByteArray manyFolders = QByteArray("f/").repeated(20000) + "x";
+    Parts streams; // the library that reads these walks down a level of the stack for each
+    for (int i = 0; i < 5000; ++i)
+        streams["s" + QString::number(i)] = "x";
     Parts deepZip = xlsxParts("<row>" + cell + "</row>");
     deepZip[manyFolders] = "x";
     QByteArray damaged = fixtureContent("kinds.xlsx");
@@ -224,6 +229,7 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
         {"a column right of the last", "xls", xls(begin + record(0x27E, QByteArray("\0\0\0\1\0\0\0\0\0\0", 10)) + end)},
         {"sectors of sixteen megabytes", "xls", hugeDirectory},
         {"a root that is not alone", "xls", pairOfRoots},
+        {"a directory of thousands of streams", "xls", compound(streams)},
         {"half a file", "xls", fixtureContent("kinds.xls").left(8000)},
         {"no file of this kind", "xls", "Customer,Amount"},
         {"an empty file", "ods", ""},
@@ -240,20 +246,6 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
             << row.suffix << ": " << row.what;
         EXPECT_TRUE(!row.sound || text == "7" || text.isEmpty()) << row.suffix << ": " << row.what;
     }
-}
-
-// The library that reads these walks down a level of the stack for each entry.
-TEST(WorkbookFiles, AreBrokenWithADirectoryOfAThousandStreams)
-{
-    Parts streams;
-    for (int i = 0; i < 5000; ++i)
-        streams["s" + QString::number(i)] = "x";
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("book.xls"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(compound(streams));
-    file.close();
-    EXPECT_EQ(errorNumberOf([&] { Workbook::open(file.fileName()); }), 432);
 }
 
 TEST(WorkbookFiles, ThatAreNoFilesAreMissing)
