@@ -1,7 +1,6 @@
 #include "app/application.h"
 #include "data/values/runtimeerror.h"
 #include "tests/support/desk.h"
-#include "tests/support/unwinding.h"
 #include "toolkit/forms/mainmod.h"
 
 #include <QFile>

@@ -21,7 +21,7 @@ TEST(Checkpoints, LetNobodyBeginTheLogAnewWhileTheyLookAtIt)
     for (int row = 0; row < 20; ++row)
         other.run("INSERT INTO Warehouse (Warehouse) VALUES (hex(randomblob(2000)))");
     EXPECT_EQ(other.text("SELECT count(*) FROM Warehouse"), "20");
-    other.run("PRAGMA wal_checkpoint(PASSIVE)");
+    other.text("PRAGMA wal_checkpoint(PASSIVE)");
     atCheckpoints([&](CheckpointMoment moment) {
         if (moment != CheckpointMoment::HeaderRead || std::exchange(tried, true))
             return;

@@ -5,7 +5,6 @@
 #include "tests/support/enginesundertest.h"
 #include "tests/support/printers.h"
 #include <QFileInfo>
-#include <sqlite3.h>
 
 /// A new database of one engine, gone with the object.
 class DatabaseFile
@@ -43,37 +42,6 @@ public:
 private:
     EngineKind m_engine;
     std::unique_ptr<DatabasePlace> m_place;
-};
-
-/// A connection to a file without any of this program's ways, as another tool opens it.
-class PlainConnection
-{
-public:
-    explicit PlainConnection(const QString &path) { sqlite3_open(path.toUtf8().constData(), &m_handle); }
-    PlainConnection(const PlainConnection &) = delete;
-    PlainConnection &operator=(const PlainConnection &) = delete;
-    ~PlainConnection() { sqlite3_close(m_handle); }
-
-    void run(const char *sql)
-    {
-        EXPECT_EQ(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(m_handle);
-    }
-
-    /// The first column of the first row, or "no row", or the error.
-    QString text(const char *sql)
-    {
-        sqlite3_stmt *statement = nullptr;
-        sqlite3_prepare_v2(m_handle, sql, -1, &statement, nullptr);
-        const int code = sqlite3_step(statement);
-        QString text = code == SQLITE_DONE ? "no row" : sqlite3_errmsg(m_handle);
-        if (code == SQLITE_ROW)
-            text = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, 0)));
-        sqlite3_finalize(statement);
-        return text;
-    }
-
-private:
-    sqlite3 *m_handle = nullptr;
 };
 
 /// Runs a statement and waits until it is done: a server's is sent and answered later.

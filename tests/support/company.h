@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tests/support/desk.h"
-#include "tests/support/rows.h"
 
 /// The program over a small company of its own, on 30 March 2011 at 14:05:09:
 ///

@@ -6,9 +6,6 @@
 #include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QApplication>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 void settle()
 {
@@ -19,10 +16,6 @@ void settle()
 
 void expectRuntimeError(int number, const std::function<void()> &action, const QString &description)
 {
-#ifdef __SANITIZE_ADDRESS__
-    // Qt's frames do not release what they hold when an error passes through; the program would end here.
-    const __lsan::ScopedDisabler unreleased;
-#endif
     try {
         action();
         ADD_FAILURE() << "no run-time error was raised, expected " << number;

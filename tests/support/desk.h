@@ -41,13 +41,17 @@ public:
         return found;
     }
 
+    /// What steps of a test's own do with the text behind their colon.
+    using OwnSteps = std::map<QString, std::function<void(const QString &)>>;
+
     /// Does one step after the other and lets all come to rest that they set going:
     ///
-    ///     btnSave              a click          txtQty: 5            types over what stands there
-    ///     vsfgItems[2]         a click on a row cmbPart: AX-100      picks from a list, or types where one may type
-    ///     vsfgItems[1,3]: 4    types into a cell dtDate: 3/5/2011    types a date
-    ///     <Tab>                the key          cmbPart:             nothing picked any more, as code does it
-    void act(const QString &steps);
+    ///     btnSave              a click             txtQty: 5            types over what stands there
+    ///     vsfgItems[2]         a click on a row    cmbPart: AX-100      picks from a list, or types where one may type
+    ///     vsfgItems[2,1]       or on a cell        cmbPart:             nothing picked any more, as code does it
+    ///     vsfgItems[1,3]: 4    types into a cell   dtDate: 3/5/2011     types a date
+    ///     <Tab> 12 <Alt+S>     presses keys in the control that has the focus; keys: 12 <Tab> does the same
+    void act(const QString &steps, const OwnSteps &own = {});
 
     /// Clicks on a control: presses a button, gives the focus to a field.
     void click(const QString &name);
@@ -85,6 +89,8 @@ public:
 
 private:
     QWidget *find(const QString &name) const;
+    void comeToRest() const;
+    void press(const QString &keys);
     void step(const QString &name, const QStringList &cell);
     void step(const QString &name, const QStringList &cell, const QString &text);
 

@@ -15,23 +15,7 @@ public:
     QString name() const override { return m_folder.filePath("company.db"); }
     QString nameForAnother() const override { return name(); }
 
-    QString plain(const QString &sql) const override
-    {
-        sqlite3 *handle = nullptr;
-        sqlite3_open(name().toUtf8().constData(), &handle);
-        QString text = "no row";
-        const auto first = [](void *text, int, char **values, char **) {
-            if (auto &result = *static_cast<QString *>(text); result == "no row")
-                result = values[0] ? QString::fromUtf8(values[0]) : "Null";
-            return 0;
-        };
-        char *failure = nullptr;
-        if (sqlite3_exec(handle, sql.toUtf8().constData(), first, &text, &failure) != SQLITE_OK)
-            text = QString::fromUtf8(failure);
-        sqlite3_free(failure);
-        sqlite3_close(handle);
-        return text;
-    }
+    QString plain(const QString &sql) const override { return PlainConnection(name()).text(sql); }
 
 private:
     QTemporaryDir m_folder;
@@ -83,6 +67,34 @@ std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info)
 {
     static const std::array names{"OnSqlite", "OnPostgres", "OnPostgresPlain"};
     return names[size_t(info.param)];
+}
+
+PlainConnection::PlainConnection(const QString &path)
+{
+    sqlite3_open(path.toUtf8().constData(), &m_handle);
+}
+
+PlainConnection::~PlainConnection()
+{
+    sqlite3_close(m_handle);
+}
+
+QString PlainConnection::text(const QString &sql)
+{
+    QString text = "no row";
+    const auto first = [](void *text, int, char **values, char **) {
+        if (auto &result = *static_cast<QString *>(text); result == "no row")
+            result = values[0] ? QString::fromUtf8(values[0]) : "Null";
+        return 0;
+    };
+    if (sqlite3_exec(m_handle, sql.toUtf8().constData(), first, &text, nullptr) != SQLITE_OK)
+        text = sqlite3_errmsg(m_handle);
+    return text;
+}
+
+void PlainConnection::run(const QString &sql)
+{
+    EXPECT_EQ(text(sql), "no row");
 }
 
 std::unique_ptr<DatabasePlace> DatabasePlace::on(EngineKind engine)

@@ -22,6 +22,24 @@ EngineKind chosenEngine();
 /// "OnSqlite", "OnPostgres", "OnPostgresPlain"
 std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info);
 
+/// A connection to a file without any of this program's ways, as another tool opens it.
+class PlainConnection
+{
+public:
+    explicit PlainConnection(const QString &path);
+    PlainConnection(const PlainConnection &) = delete;
+    PlainConnection &operator=(const PlainConnection &) = delete;
+    ~PlainConnection();
+
+    /// The first column of the first row, "Null", "no row", or the error.
+    QString text(const QString &sql);
+    /// Fails the test on an error.
+    void run(const QString &sql);
+
+private:
+    struct sqlite3 *m_handle = nullptr;
+};
+
 /// A name for a new database, gone with the object: a file in a folder of its own, or a database on the tests' server.
 class DatabasePlace
 {
@@ -31,7 +49,7 @@ public:
     virtual QString name() const = 0;
     /// The same for a session of its own, which another one in this process must not share.
     virtual QString nameForAnother() const = 0;
-    /// Runs a statement as another tool does. Gives the first column of the first row, "no row", or the error.
+    /// Runs a statement as another tool does; see PlainConnection.
     virtual QString plain(const QString &sql) const = 0;
 
     static std::unique_ptr<DatabasePlace> on(EngineKind engine);

@@ -31,12 +31,18 @@ FormDriver::FormDriver(const QString &form, const QString &steps)
     // In the program a form is loaded by an event.
     QMetaObject::invokeMethod(
         qApp, [&] { m_form = Load(form); }, Qt::QueuedConnection);
-    QCoreApplication::processEvents();
-    // A list that dropped down on a form since closed leaves no window active on the offscreen platform.
-    if (m_form && !QApplication::activeWindow())
-        QApplication::setActiveWindow(m_form->window());
+    comeToRest();
     if (!steps.isEmpty())
         act(steps);
+}
+
+void FormDriver::comeToRest() const
+{
+    QCoreApplication::processEvents();
+    // A list that dropped down was a window of its own. When it has gone, a desktop makes the program's the active one.
+    const QWidget *active = QApplication::activeWindow();
+    if (isLoaded() && (!active || !active->isVisible()))
+        QApplication::setActiveWindow(m_form->window());
 }
 
 QWidget *FormDriver::find(const QString &name) const
@@ -46,21 +52,36 @@ QWidget *FormDriver::find(const QString &name) const
     return m_form->findChild<QWidget *>(name);
 }
 
-void FormDriver::act(const QString &steps)
+void FormDriver::act(const QString &steps, const OwnSteps &own)
 {
     static const QRegularExpression form(R"(^([^:\[]+)(?:\[([\d,]+)\])?(?:: ?(.*))?$)");
     for (const QString &one : steps.split(u';', Qt::SkipEmptyParts)) {
         const QRegularExpressionMatch parts = form.match(one.trimmed());
+        const QString name = parts.captured(1), text = parts.captured(3);
         const QStringList cell = parts.captured(2).split(u',', Qt::SkipEmptyParts);
-        if (parts.captured(1) == QLatin1String("<Tab>"))
-            key(Qt::Key_Tab);
+        if (name.startsWith(u'<') || name == u"keys")
+            press(name == u"keys" ? text : one.trimmed());
+        else if (const auto act = own.find(name); act != own.end())
+            act->second(text);
         else if (parts.hasCaptured(3))
-            step(parts.captured(1), cell, parts.captured(3));
+            step(name, cell, text);
         else
-            step(parts.captured(1), cell);
-        QCoreApplication::processEvents();
+            step(name, cell);
+        comeToRest();
     }
     settle();
+}
+
+void FormDriver::press(const QString &keys)
+{
+    for (const QString &one : keys.split(u' ', Qt::SkipEmptyParts)) {
+        if (one.startsWith(u'<')) {
+            const QKeyCombination key = QKeySequence(one.mid(1).chopped(1))[0];
+            this->key(key.key(), key.keyboardModifiers());
+        } else {
+            this->keys(one);
+        }
+    }
 }
 
 void FormDriver::step(const QString &name, const QStringList &cell)
@@ -68,7 +89,7 @@ void FormDriver::step(const QString &name, const QStringList &cell)
     if (cell.isEmpty())
         click(name);
     else
-        clickCell(name, cell[0].toInt());
+        clickCell(name, cell[0].toInt(), cell.value(1).toInt());
 }
 
 void FormDriver::step(const QString &name, const QStringList &cell, const QString &text)
@@ -133,10 +154,7 @@ void FormDriver::choose(const QString &name, const QString &entry)
     list->scrollTo(item);
     list->setCurrentIndex(item);
     QTest::keyClick(list, Qt::Key_Return);
-    // The closed list was a window of its own; a desktop makes the program's window the active one again.
-    QCoreApplication::processEvents();
-    if (isLoaded())
-        QApplication::setActiveWindow(m_form->window());
+    comeToRest();
 }
 
 void FormDriver::tick(const QString &name, bool on)

@@ -1,6 +1,6 @@
 #include "app/application.h"
 #include "data/values/runtimeerror.h"
-#include "tests/support/unwinding.h"
+#include "tests/support/printers.h"
 
 #include <clocale>
 #include <gtest/gtest.h>

@@ -23,68 +23,50 @@ bool MadeRows::next()
 
 namespace {
 
-QString picked(const QStringList &from, int i)
-{
-    return from[i % from.size()];
-}
+/// The texts of fields whose names fit, taken in turn; an empty one is Null.
+using Texts = std::vector<std::pair<const char *, const char *>>;
 
-const QStringList Customers{"Acme Building Supply",
-                            "Bäcker & Söhne Großhandel GmbH",
-                            "Consolidated Plumbing, Heating and Air Conditioning",
-                            "Delta Hardware",
-                            "Wholesale Industrial Fasteners of Northern Minn.",
-                            "Zenith Tool & Die"};
-const QStringList Categories{"Brackets", "Fasteners", "Hinges and Closers", "Locks"};
-const QStringList Parts{"BR-1040", "FX-2200-SS", "HG-310/BRASS-POLISHED-EXTRA-LONG-VARIANT-000123", "LK-77", "MX-9"};
-const QStringList Warehouses{"Chicago", "Dallas Distribution Center", "DG699"};
+const Texts ByLine{{"^CustomerNumber", "YOUR-70000|YOUR-70013|YOUR-70026|"},
+                   {"^BinLocation", "A-0-3|B-11-3|C-2-30"},
+                   {"^Memo", "*Beginning Balance|Shipment ID - 4001|Shipment ID - 4002"},
+                   {"^TranType", "Invoice|Payment|Adjustment"},
+                   {"^Shipment", "4711, 4712, 4720, 19|4711"}};
+const Texts ByDocument{{"^(Customer|ShipTo$)", "Acme Building Supply|Bäcker & Söhne Großhandel GmbH|"
+                                               "Consolidated Plumbing, Heating and Air Conditioning|Delta Hardware|"
+                                               "Wholesale Industrial Fasteners of Northern Minn.|Zenith Tool & Die"},
+                       {"Address1$", "100 Industrial Parkway North|9 Dock Rd"},
+                       {"Address2$", "|Suite 1"},
+                       {"City$", "Springfield|St. Paul|Fort Worth"},
+                       {"State$", "IL|MN|TX"},
+                       {"Zip$", "60601|55102|76102"},
+                       {"(Phone|Fax)$", "(312) 555-0110|(651) 555-0199"},
+                       {"^Ware[hH]ouse", "Chicago|Dallas Distribution Center|DG699"},
+                       {"^Category", "Brackets|Fasteners|Hinges and Closers|Locks"},
+                       {"^Terms", "Net 30|2% 10 Net 30"},
+                       {"^Status", "Active|Active|InActive"},
+                       {"^Territory", "East|Midwest|West|"},
+                       {"^Via", "UPS Ground"}};
 
-/// The text of a field. `document` counts orders or customers, `line` the rows.
-Value sampleText(const QString &field, int line, int document)
+/// Gives the values of a column.
+using Column = std::function<Value(int line, int document)>;
+
+/// Parts and the numbers of documents differ in each line or document.
+Column sampleTexts(const QString &field)
 {
     const QString name = field.section('.', -1);
-    if (name.startsWith("Customer") && name != "CustomerNumber")
-        return picked(Customers, document);
-    if (name == "CustomerNumber")
-        return line % 4 == 3 ? Value() : Value("YOUR-" + QString::number(70000 + line * 13));
-    if (name == "ShipTo")
-        return picked(Customers, document) + " Dock";
-    if (name.endsWith("Address1"))
-        return QString::number(100 + document * 17) + " Industrial Parkway North";
-    if (name.endsWith("Address2"))
-        return document % 2 ? Value("Suite " + QString::number(document)) : Value();
-    if (name.endsWith("City"))
-        return picked({"Springfield", "St. Paul", "Fort Worth"}, document);
-    if (name.endsWith("State"))
-        return picked({"IL", "MN", "TX"}, document);
-    if (name.endsWith("Zip"))
-        return QString::number(60601 + document * 7);
-    if (name.endsWith("Phone") || name.endsWith("Fax"))
-        return "(312) 555-01" + QString::number(10 + document % 90);
-    if (name == "Warehouse" || name == "WareHouse")
-        return picked(Warehouses, document);
-    if (name == "Category")
-        return picked(Categories, line / 7);
-    if (name == "PartNo" || name == "Part" || name == "Superceded")
-        return picked(Parts, line) + "-" + QString::number(line / 5);
-    if (name == "BinLocation")
-        return QString(QChar('A' + line % 6)) + "-" + QString::number(line % 40) + "-3";
-    if (name == "Memo")
-        return line % 5 == 0 ? Value("*Beginning Balance") : Value("Shipment ID - " + QString::number(4000 + line));
-    if (name == "TranType")
-        return picked({"Invoice", "Payment", "Adjustment"}, line);
-    if (name == "Shipment")
-        return "4711, 4712, 4720, " + QString::number(line);
-    if (name == "Terms")
-        return picked({"Net 30", "2% 10 Net 30"}, document);
-    if (name == "Status")
-        return picked({"Active", "InActive"}, line / 20);
-    if (name == "Territory")
-        return document % 4 == 3 ? Value() : Value(picked({"East", "Midwest", "West"}, document));
-    if (name == "Via")
-        return "UPS Ground";
-    if (name.startsWith("Invoice") || name == "OrderNumber" || name == "ID")
-        return QString::number(10000 + document);
-    return field + " " + QString::number(line);
+    for (const Texts *table : {&ByLine, &ByDocument})
+        for (const auto &[names, texts] : *table)
+            if (name.contains(QRegularExpression(names)))
+                return [all = QString(texts).split('|'), table](int line, int document) {
+                    const QString text = all[(table == &ByLine ? line : document) % all.size()];
+                    return text.isEmpty() ? Value() : Value(text);
+                };
+    if (name.startsWith("Part") || name == "Superceded")
+        return [](int line, int) {
+            const QStringList parts{"BR-1040", "FX-2200-SS", "HG-310/BRASS-POLISHED-EXTRA-LONG-VARIANT-000123", "LK-7"};
+            return parts[line % 4] + '-' + QString::number(line / 4);
+        };
+    return [](int, int document) { return QString::number(10000 + document); };
 }
 
 Value sampleNumber(const QString &field, int line, int document, bool isDocument)
@@ -122,20 +104,23 @@ MadeRows sampleRows(const QString &designer, int count)
     const bool isDocument = documents.contains(designer);
     const Dataset &dataset = reportDesign(designer).dataset;
     QStringList fields;
-    for (const DatasetField &field : dataset)
+    std::vector<Column> columns;
+    for (const DatasetField &field : dataset) {
         fields.append(field.name);
+        if (isText(field.type))
+            columns.push_back(sampleTexts(field.name));
+        else if (isDate(field.type))
+            columns.push_back([=](int line, int) { return Date(2011, 3, 1).addDays(isDocument ? 0 : line % 60); });
+        else
+            columns.push_back([=, name = field.name](int line, int document) {
+                return sampleNumber(name, line, document, isDocument);
+            });
+    }
     MadeRows rows(fields);
     for (int line = 0; line < count; ++line) {
-        const int document = isDocument ? 0 : line / 7;
         std::vector<Value> row;
-        for (const DatasetField &field : dataset) {
-            if (isText(field.type))
-                row.push_back(sampleText(field.name, line, document));
-            else if (isDate(field.type))
-                row.push_back(Date(2011, 3, 1).addDays(isDocument ? 0 : line % 60));
-            else
-                row.push_back(sampleNumber(field.name, line, document, isDocument));
-        }
+        for (const auto &column : columns)
+            row.push_back(column(line, isDocument ? 0 : line / 7));
         rows.add(std::move(row));
     }
     return rows;

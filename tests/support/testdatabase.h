@@ -4,6 +4,11 @@
 #include "tests/support/enginesundertest.h"
 #include <QStringList>
 
+using Cells = std::vector<std::pair<const char *, Value>>;
+
+/// Adds a row to a table of gDatabase, the columns not named at their defaults; returns its ID where it has one.
+QString addRow(const char *table, const Cells &cells);
+
 /// A fresh database with a few master rows, open as `gDatabase` while this object stands:
 ///
 ///     customers   Acme Supply (sheet "Dealer", 30 days), Baker Tools, Bolt & Sons; Closed Works is InActive

@@ -17,36 +17,32 @@ protected:
         QObject::connect(form->it, &ComboBox::click, form, [this] { textAtClick = form->it->text(); });
         form->it->addItems(entries);
         driver = std::make_unique<FormDriver>("test");
-        QApplication::setActiveWindow(mdi.get()); // as a desktop does when a list goes
         return form->it;
     }
-    /// What a script, with acts of the program in it, raises.
+    /// What a script, with steps of the program in it, raises.
     QString raised(const QString &script)
     {
-        form->takeEvents();
-        play(*driver, script, [this](const QString &act, const QString &value) {
-            const int error = errorNumberOf([&] { program(act, value); });
-            if (error)
-                form->events += QString::number(error);
-        });
-        return form->takeEvents().join(' ');
-    }
-    void program(const QString &act, const QString &value)
-    {
         ComboBox *box = form->it;
-        if (act == "text") {
-            box->setText(value);
-        } else if (act == "index") {
-            box->setListIndex(value.toInt());
-        } else if (act == "add") {
-            box->addItem(value);
-        } else if (act == "pick") {
-            driver->choose("it", value);
-            EXPECT_EQ(textAtClick, box->text()) << "the text is new already when Click runs";
-        } else if (act == "tool") { // what works the box from outside sets the index first and tells it then
-            box->setCurrentIndex(value.toInt());
-            emit box->activated(value.toInt());
-        }
+        const auto errorOf = [this](const std::function<void()> &step) {
+            if (const int error = errorNumberOf(step))
+                form->events += QString::number(error);
+        };
+        form->takeEvents();
+        driver->act(script,
+                    {{"text", [&](const QString &text) { errorOf([&] { box->setText(text); }); }},
+                     {"index", [&](const QString &index) { errorOf([&] { box->setListIndex(index.toInt()); }); }},
+                     {"add", [&](const QString &entry) { box->addItem(entry); }},
+                     {"pick",
+                      [&](const QString &entry) {
+                          driver->choose("it", entry);
+                          EXPECT_EQ(textAtClick, box->text()) << "the text is new already when Click runs";
+                      }},
+                     {"tool", // what works the box from outside sets the index first and tells it then
+                      [&](const QString &index) {
+                          box->setCurrentIndex(index.toInt());
+                          emit box->activated(index.toInt());
+                      }}});
+        return form->takeEvents().join(' ');
     }
 
     ControlForm<ComboBox> *form = nullptr;
@@ -64,30 +60,30 @@ TEST_F(ComboBoxTest, RaisesClickForEachSelectionAndChangeForEachNewText)
         const char *script, *events, *state; ///< afterwards: index, text and who has the focus
     } cases[] = {
         {List, "", "", "-1||it"},
-        {List, "text:BRACE", "Click", "2|Brace|it"},
-        {List, "text:Brace text:Brace index:2", "Click Click Click", "2|Brace|it"},
-        {List, "text:bolt", "Click", "1|Bolt|it"}, // the first of equal entries
-        {List, "text:Brace text:Brac", "Click 383", "2|Brace|it"},
-        {List, "text:Brace text:", "Click", "-1||it"},
-        {List, "index:5 index:-2", "380 380", "-1||it"},
-        {List, "pick:Clamp pick:Clamp <Up>", "Click Click Click", "2|Brace|it"},
-        {List, "tool:3", "Click", "3|Clamp|it"},
-        {List, "bb", "Click Click", "2|Brace|it"},
-        {List, "bbb", "Click Click Click", "4|bolt|it"},
-        {List, "bbbbx", "Click Click Click Click", "1|Bolt|it"}, // round by the end
-        {List, "index:0 <Alt+Down> <Down> <End> <Up> <Tab>", "Click Click Click Click", "3|Clamp|away"},
+        {List, "text: BRACE", "Click", "2|Brace|it"},
+        {List, "text: Brace; text: Brace; index: 2", "Click Click Click", "2|Brace|it"},
+        {List, "text: bolt", "Click", "1|Bolt|it"}, // the first of equal entries
+        {List, "text: Brace; text: Brac", "Click 383", "2|Brace|it"},
+        {List, "text: Brace; text:", "Click", "-1||it"},
+        {List, "index: 5; index: -2", "380 380", "-1||it"},
+        {List, "pick: Clamp; pick: Clamp; <Up>", "Click Click Click", "2|Brace|it"},
+        {List, "tool: 3", "Click", "3|Clamp|it"},
+        {List, "keys: bb", "Click Click", "2|Brace|it"},
+        {List, "keys: bbb", "Click Click Click", "4|bolt|it"},
+        {List, "keys: bbbbx", "Click Click Click Click", "1|Bolt|it"}, // round by the end
+        {List, "index: 0; <Alt+Down> <Down> <End> <Up> <Tab>", "Click Click Click Click", "3|Clamp|away"},
         {Editable, "", "", "-1||it"},
-        {Editable, "text:typed add:first", "Change", "-1|typed|it"},
-        {Editable, "text:Gasket text:Gasket", "Change", "-1|Gasket|it"},
-        {Editable, "text:Gasket text:CLAMP", "Change Change", "3|CLAMP|it"},
-        {Editable, "index:0 index:0", "Click Click", "0|Anvil|it"},
-        {Editable, "index:0 index:-1", "Click", "-1||it"},
-        {Editable, "index:5 index:-2", "380 380", "-1||it"},
-        {Editable, "Bol <Return> @away", "Change Change Change", "-1|Bol|away"},
-        {Editable, "text:Bolt <End> <Backspace>", "Change Change", "-1|Bol|it"},
-        {Editable, "index:1 <End> <Backspace>", "Click Change", "-1|Bol|it"}, // the entry was typed over
-        {Editable, "pick:Clamp pick:Clamp <Up>", "Click Click Click", "2|Brace|it"},
-        {Editable, "index:0 <Alt+Down> <Down> <End> <Up> <Tab>", "Click Click Click Click", "3|Clamp|away"},
+        {Editable, "text: typed; add: first", "Change", "-1|typed|it"},
+        {Editable, "text: Gasket; text: Gasket", "Change", "-1|Gasket|it"},
+        {Editable, "text: Gasket; text: CLAMP", "Change Change", "3|CLAMP|it"},
+        {Editable, "index: 0; index: 0", "Click Click", "0|Anvil|it"},
+        {Editable, "index: 0; index: -1", "Click", "-1||it"},
+        {Editable, "index: 5; index: -2", "380 380", "-1||it"},
+        {Editable, "keys: Bol <Return>; away", "Change Change Change", "-1|Bol|away"},
+        {Editable, "text: Bolt; <End> <Backspace>", "Change Change", "-1|Bol|it"},
+        {Editable, "index: 1; <End> <Backspace>", "Click Change", "-1|Bol|it"}, // the entry was typed over
+        {Editable, "pick: Clamp; pick: Clamp; <Up>", "Click Click Click", "2|Brace|it"},
+        {Editable, "index: 0; <Alt+Down> <Down> <End> <Up> <Tab>", "Click Click Click Click", "3|Clamp|away"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.script);
@@ -135,7 +131,7 @@ TEST_F(ComboBoxTest, KeyPressTellsCharactersAndNotMovingKeysAndMaySwallowThem)
         if (keyAscii == 'x')
             keyAscii = 0;
     });
-    play(*driver, "axb <Return> <Esc> <Backspace> <F2> <Del> <Left>");
+    driver->act("keys: axb <Return> <Esc> <Backspace> <F2> <Del> <Left>");
     EXPECT_EQ(codes, (QList<int>{'a', 'x', 'b', 13, 27, 8}));
     EXPECT_EQ(box->text(), "a");
 }
@@ -158,7 +154,7 @@ TEST_F(ComboBoxTest, ALongListIsSearchedFromTheTopAndDropsDownWithAllEntriesInRe
     const int text = list->fontMetrics().horizontalAdvance(wide);
     ASSERT_GT(text, box->width());
     EXPECT_GE(list->width(), std::min(text, 2 * box->width())) << "the list may be wider than its box";
-    play(*driver, "<End> <Return>");
+    driver->act("<End> <Return>");
     EXPECT_EQ(box->text(), "Part 199999");
 
     box->setListIndex(100000);

@@ -35,22 +35,3 @@ public:
     Control *it;
     QStringList events;
 };
-
-/// Plays a script on a form, its steps parted by blanks: "@it" clicks on a control, "<Alt+Down>" is a key,
-/// "text:Bolt" is an act of the test's own, and anything else is typed into the control that has the focus.
-inline void play(FormDriver &driver, const QString &script,
-                 const std::function<void(const QString &act, const QString &value)> &own = {})
-{
-    for (const QString &step : script.split(u' ', Qt::SkipEmptyParts)) {
-        if (step.startsWith(u'@')) {
-            driver.click(step.mid(1));
-        } else if (step.startsWith(u'<')) {
-            const QKeyCombination key = QKeySequence(step.mid(1).chopped(1))[0];
-            driver.key(key.key(), key.keyboardModifiers());
-        } else if (step.contains(u':')) {
-            own(step.section(u':', 0, 0), step.section(u':', 1));
-        } else {
-            driver.keys(step);
-        }
-    }
-}

@@ -10,6 +10,19 @@
 namespace {
 class FieldsTest : public DeskTest
 {
+protected:
+    /// All the ways in which the focus comes to the control of a form, whose text stands in that line.
+    static std::vector<std::function<void()>> waysIn(FormDriver &driver, QLineEdit *line)
+    {
+        return {[line] {
+                    QTest::mouseClick(line, Qt::LeftButton, {}, {line->width() - 4, 5});
+                },
+                [&driver] { driver.act("<Tab>"); }, [&driver] { driver.act("<Shift+Backtab>"); },
+                [&driver] {
+                    driver.control<QWidget>("it")->setFocus();
+                    settle();
+                }};
+    }
 };
 
 TEST_F(FieldsTest, ATextBoxChangesOnRealChangesOnlyByKeyAndByAssignment)
@@ -20,7 +33,7 @@ TEST_F(FieldsTest, ATextBoxChangesOnRealChangesOnlyByKeyAndByAssignment)
     for (const char *text : {"abc", "abc", "", ""})
         form->it->setText(text);
     EXPECT_EQ(form->takeEvents().size(), 2);
-    play(driver, "@it xy");
+    driver.act("it; keys: xy");
     EXPECT_EQ(form->takeEvents().size(), 2);
     driver.click("away");
     form->it->setText("a text that is far wider than its box " + QString("x").repeated(300));
@@ -31,30 +44,17 @@ TEST_F(FieldsTest, SelectAllOnFocusLetsTypingReplaceTheTextHoweverTheFocusCame)
 {
     auto *form = ControlForm<TextBox>::load();
     FormDriver driver("test");
-    const auto byMouse = [&] { QTest::mouseClick(form->it, Qt::LeftButton, {}, {form->it->width() - 4, 5}); };
-    const auto byTab = [&] { driver.key(Qt::Key_Tab); };
-    const auto byProgram = [&] { form->it->setFocus(); };
-    const struct
-    {
-        bool selectAll;
-        std::function<void()> enter;
-        const char *text;
-    } cases[] = {{true, byMouse, "n"},
-                 {true, byTab, "n"},
-                 {true, byProgram, "n"},
-                 {false, byMouse, "oldn"},
-                 {false, byTab, "oldn"}};
-    for (const auto &c : cases) {
-        form->it->setSelectAllOnFocus(c.selectAll);
-        form->it->setText("old");
-        driver.click("away");
-        c.enter();
-        driver.keys("n");
-        EXPECT_EQ(form->it->text(), c.text);
+    for (const bool selectAll : {false, true}) {
+        form->it->setSelectAllOnFocus(selectAll);
+        for (const auto &enter : waysIn(driver, form->it)) {
+            form->it->setText("old");
+            driver.click("away");
+            enter();
+            driver.keys("n");
+            EXPECT_EQ(form->it->text() == "n", selectAll) << form->it->text().toStdString();
+        }
     }
-    form->it->setSelectAllOnFocus(true);
-    byMouse();
-    byMouse();
+    driver.act("away; it; it");
     EXPECT_FALSE(form->it->hasSelectedText()) << "a second press sets the caret";
 }
 
@@ -95,7 +95,7 @@ TEST_F(FieldsTest, ADatePickerStartsTodayAndTakesDatesWithTheirTimeAlone)
     const Date noon(Date(2011, 3, 9).serial() + 0.5);
     form->it->setValue(noon);
     EXPECT_EQ(driver.text("it"), "3/9/2011");
-    play(driver, "@it 2/30/2012");
+    driver.act("it; keys: 2/30/2012");
     EXPECT_EQ(form->it->value(), noon) << "what is refused leaves the time, at once when the year is complete";
     driver.setDate("it", "12/31/2012");
     EXPECT_EQ(form->it->value().toText(), "12/31/2012");
@@ -144,13 +144,13 @@ TEST_F(FieldsTest, ADateIsTypedOnAroundKeysPastesAndTheCalendarAndReadAsWrittenO
                  {"4/9/25 <Left> 7", "4/7/2025"},
                  {"4/9/2025 <Home> 5", "5/9/2025"},
                  {"4/9/25 <Backspace> 6", "4/9/2026"},
-                 {"4/9 copy:1/2/26 <Ctrl+V>", "1/2/2026"},
-                 {"copy:1/2/26 <Ctrl+V> 4/9/25", "4/9/2025"},
-                 {"4/9/25 copy:1/2/26 <Ctrl+V>", "1/2/2026"},
-                 {"copy:2/29/01 <Ctrl+V>", "3/15/2012"},
-                 {"copy:soon <Ctrl+V>", "3/15/2012"},
-                 {"4/9/25 calendar:F4 <Home> 4/10/26", "4/10/2026"},
-                 {"4/9/25 calendar:Alt+Down <Home> 4/10/26", "4/10/2026"},
+                 {"4/9; copy: 1/2/26; <Ctrl+V>", "1/2/2026"},
+                 {"; copy: 1/2/26; <Ctrl+V> 4/9/25", "4/9/2025"},
+                 {"4/9/25; copy: 1/2/26; <Ctrl+V>", "1/2/2026"},
+                 {"; copy: 2/29/01; <Ctrl+V>", "3/15/2012"},
+                 {"; copy: soon; <Ctrl+V>", "3/15/2012"},
+                 {"4/9/25; calendar: <F4>; <Home> 4/10/26", "4/10/2026"},
+                 {"4/9/25; calendar: <Alt+Down>; <Home> 4/10/26", "4/10/2026"},
                  {"4/9/25 <Up>", "4/9/2026"},
                  {"4/9/25 <Return> <Home> 5/10/26", "5/10/2026"}};
     auto *form = ControlForm<DTPicker>::load();
@@ -158,19 +158,15 @@ TEST_F(FieldsTest, ADateIsTypedOnAroundKeysPastesAndTheCalendarAndReadAsWrittenO
     for (const auto &date : cases) {
         SCOPED_TRACE(date.script);
         form->it->setValue(Date(2012, 3, 15));
-        play(driver, "@away <Tab>");
-        play(driver, date.script, [&](const QString &act, const QString &value) {
-            if (act == "copy") {
-                QApplication::clipboard()->setText(value + "\n");
-                return;
-            }
-            play(driver, "<" + value + ">");
-            ASSERT_TRUE(form->it->calendarWidget()->isVisible());
-            QTest::keyClick(form->it->calendarWidget(), Qt::Key_Escape);
-            form->it->calendarWidget()->window()->close();
-            QApplication::setActiveWindow(mdi.get());
-            form->it->setFocus();
-        });
+        driver.act("away; <Tab>; keys: " + QString(date.script),
+                   {{"copy", [](const QString &text) { QApplication::clipboard()->setText(text + "\n"); }},
+                    {"calendar", [&](const QString &key) {
+                         driver.act(key);
+                         ASSERT_TRUE(form->it->calendarWidget()->isVisible());
+                         QTest::keyClick(form->it->calendarWidget(), Qt::Key_Escape);
+                         form->it->calendarWidget()->window()->close();
+                         form->it->setFocus();
+                     }}});
         driver.key(Qt::Key_Tab);
         EXPECT_EQ(driver.focus(), "away") << "Tab leaves the picker, whatever part the caret is in";
         EXPECT_EQ(form->it->value().toText(), date.expected);
@@ -183,17 +179,7 @@ TEST_F(FieldsTest, TypingADateBeginsAtTheMonthHoweverTheFocusCame)
     auto *form = ControlForm<DTPicker>::load();
     FormDriver driver("test");
     auto *line = form->it->findChild<QLineEdit *>();
-    const auto clickAt = [&](int x) { QTest::mouseClick(line, Qt::LeftButton, {}, {x, 8}); };
-    const std::function<void()> ways[] = {
-        [&] { driver.key(Qt::Key_Tab); },
-        [&] { driver.key(Qt::Key_Backtab, Qt::ShiftModifier); },
-        [&] { clickAt(line->width() - 4); },
-        [&] {
-            form->it->setFocus();
-            settle();
-        },
-    };
-    for (const auto &enter : ways) {
+    for (const auto &enter : waysIn(driver, line)) {
         form->it->setValue(Date(2011, 3, 30));
         driver.click("away");
         enter();
@@ -201,7 +187,7 @@ TEST_F(FieldsTest, TypingADateBeginsAtTheMonthHoweverTheFocusCame)
         driver.keys("5");
         EXPECT_EQ(form->it->value().toText(), "5/30/2011");
     }
-    clickAt(24);
+    QTest::mouseClick(line, Qt::LeftButton, {}, {24, 8});
     driver.keys("7");
     EXPECT_EQ(form->it->value().toText(), "5/7/2011") << "a second click selects the part under the mouse";
 }

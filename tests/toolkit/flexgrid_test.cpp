@@ -50,34 +50,25 @@ protected:
     {
         return grid->model()->headerData(col, Qt::Horizontal, role);
     }
-    /// "2,1": a cell, counting the header as row 0; "empty": the area below the rows.
-    void press(const QString &place, bool twice)
+    void act(const QString &script)
     {
-        if (place == "empty") {
-            const QPoint at(grid->viewport()->width() - 3, grid->viewport()->height() - 3);
-            ASSERT_FALSE(grid->indexAt(at).isValid());
-            twice ? QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, at)
-                  : QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, at);
-            return;
-        }
-        const int row = place.section(',', 0, 0).toInt(), col = place.section(',', 1).toInt();
-        twice ? driver->doubleClickCell("it", row, col) : driver->clickCell("it", row, col);
-    }
-    void play(const QString &script)
-    {
-        ::play(*driver, script, [this](const QString &act, const QString &value) {
-            if (act == "cell" || act == "double")
-                press(value, act == "double");
-            else if (act == "select") // with Ctrl held
-                QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                                  grid->visualRect(grid->model()->index(value.toInt() - 1, 0)).center());
-            else if (act == "remove")
-                grid->removeItem(value.toInt());
-            else if (act == "rows")
-                grid->setRows(value.toInt());
-            else if (act == "fill")
-                fill();
-        });
+        const QWidget *area = grid->viewport();
+        const QPoint empty(area->width() - 3, area->height() - 3); // below the rows
+        ASSERT_FALSE(grid->indexAt(empty).isValid());
+        const auto place = [this](const QString &row) {
+            return grid->visualRect(grid->model()->index(row.toInt() - 1, 0)).center();
+        };
+        driver->act(script,
+                    {{"double", [&](const QString &row) { driver->doubleClickCell("it", row.toInt(), 1); }},
+                     {"empty", [&](auto) { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, empty); }},
+                     {"double empty", [&](auto) { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, empty); }},
+                     {"select", // with Ctrl held
+                      [&](const QString &row) {
+                          QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::ControlModifier, place(row));
+                      }},
+                     {"remove", [&](const QString &row) { grid->removeItem(row.toInt()); }},
+                     {"rows", [&](const QString &rows) { grid->setRows(rows.toInt()); }},
+                     {"fill", [&](auto) { fill(); }}});
     }
 
     ControlForm<FlexGrid> *form;
@@ -95,32 +86,32 @@ TEST_F(FlexGridTest, TellsTheUsersMovesDoubleClicksAndEditsAlone)
     } cases[] = {
         {"entering makes no cell current", -1, "<Tab>", "", "-1,-1 10/20/ it"},
         {"and Tab leaves", -1, "<Tab> <Down> <Tab>", "-1,-1>1,0", "1,0 10/20/ away"},
-        {"a click on the current cell is no move", -1, "cell:2,1 cell:2,1", "-1,-1>2,1", "2,1 10/20/ it"},
-        {"keys move", -1, "cell:2,1 <Down> <Left>", "-1,-1>2,1 2,1>3,1 3,1>3,0", "3,0 10/20/ it"},
-        {"the program moves in silence", -1, "cell:3,0 remove:1 rows:2", "-1,-1>3,0", "1,0 20 it"},
-        {"a refilled grid has no current cell", -1, "cell:3,0 fill:", "-1,-1>3,0", "-1,-1 10/20/ it"},
-        {"a double-click tells its row", -1, "double:2,1", "-1,-1>2,1 double 2", "2,1 10/20/ it"},
-        {"and 0 on the header or below the rows", -1, "double:0,1 double:empty", "double 0 double 0",
+        {"a click on the current cell is no move", -1, "it[2,1]; it[2,1]", "-1,-1>2,1", "2,1 10/20/ it"},
+        {"keys move", -1, "it[2,1]; <Down> <Left>", "-1,-1>2,1 2,1>3,1 3,1>3,0", "3,0 10/20/ it"},
+        {"the program moves in silence", -1, "it[3,0]; remove: 1; rows: 2", "-1,-1>3,0", "1,0 20 it"},
+        {"a refilled grid has no current cell", -1, "it[3,0]; fill", "-1,-1>3,0", "-1,-1 10/20/ it"},
+        {"a double-click tells its row", -1, "double: 2", "-1,-1>2,1 double 2", "2,1 10/20/ it"},
+        {"and 0 on the header or below the rows", -1, "double: 0; double empty", "double 0 double 0",
          "-1,-1 10/20/ it"},
-        {"Enter on a row is a double-click", -1, "cell:2,0 <Return> <Enter>", "-1,-1>2,0 double 2 double 2",
+        {"Enter on a row is a double-click", -1, "it[2,0]; <Return> <Enter>", "-1,-1>2,0 double 2 double 2",
          "2,0 10/20/ it"},
-        {"nothing else selects, nor does a letter", -1, "cell:2,0 cell:empty <Ctrl+Space> 3 select:2", "-1,-1>2,0",
+        {"nothing else selects, nor does a letter", -1, "it[2,0]; empty; <Ctrl+Space> 3; select: 2", "-1,-1>2,0",
          "2,0 10/20/ it"},
-        {"typing replaces", 1, "cell:1,1 77 <Return>", "-1,-1>1,1 edited 1,1=77", "1,1 77/20/ it"},
-        {"F2 types on, and Down commits", 1, "cell:1,1 <F2> <End> 8 <Down>", "-1,-1>1,1 edited 1,1=108 1,1>2,1",
+        {"typing replaces", 1, "it[1,1]; keys: 77 <Return>", "-1,-1>1,1 edited 1,1=77", "1,1 77/20/ it"},
+        {"F2 types on, and Down commits", 1, "it[1,1]; <F2> <End> 8 <Down>", "-1,-1>1,1 edited 1,1=108 1,1>2,1",
          "2,1 108/20/ it"},
-        {"committed unchanged", 1, "cell:2,1 <Return> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
-        {"by Space", 1, "cell:2,1 <Space> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
-        {"by F2", 1, "cell:2,1 <F2> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
-        {"Esc commits nothing", 1, "cell:2,1 9 <Esc>", "-1,-1>2,1", "2,1 10/20/ it"},
-        {"a paste gives its first line", 1, "cell:2,1 <F2> <Ctrl+V> <Return>", "-1,-1>2,1 edited 2,1=5",
+        {"committed unchanged", 1, "it[2,1]; <Return> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
+        {"by Space", 1, "it[2,1]; <Space> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
+        {"by F2", 1, "it[2,1]; <F2> <Return>", "-1,-1>2,1 edited 2,1=20", "2,1 10/20/ it"},
+        {"Esc commits nothing", 1, "it[2,1]; keys: 9 <Esc>", "-1,-1>2,1", "2,1 10/20/ it"},
+        {"a paste gives its first line", 1, "it[2,1]; <F2> <Ctrl+V> <Return>", "-1,-1>2,1 edited 2,1=5",
          "2,1 10/5/ it"},
-        {"Tab commits and leaves", 1, "cell:1,1 5 <Tab>", "-1,-1>1,1 edited 1,1=5", "1,1 5/20/ away"},
-        {"so does a press elsewhere", 1, "cell:2,1 6 @away", "-1,-1>2,1 edited 2,1=6", "2,1 10/6/ away"},
-        {"or on another cell", 1, "cell:2,1 6 cell:3,0", "-1,-1>2,1 edited 2,1=6 2,1>3,0", "3,0 10/6/ it"},
-        {"Right commits and moves", 1, "cell:1,1 7 <Right>", "-1,-1>1,1 edited 1,1=7 1,1>1,2", "1,2 7/20/ it"},
-        {"and Left", 1, "cell:1,1 8 <Left>", "-1,-1>1,1 edited 1,1=8 1,1>1,0", "1,0 8/20/ it"},
-        {"another column takes no typing", 1, "cell:1,0 x <Return>", "-1,-1>1,0", "1,0 10/20/ it"},
+        {"Tab commits and leaves", 1, "it[1,1]; keys: 5 <Tab>", "-1,-1>1,1 edited 1,1=5", "1,1 5/20/ away"},
+        {"so does a press elsewhere", 1, "it[2,1]; keys: 6; away", "-1,-1>2,1 edited 2,1=6", "2,1 10/6/ away"},
+        {"or on another cell", 1, "it[2,1]; keys: 6; it[3,0]", "-1,-1>2,1 edited 2,1=6 2,1>3,0", "3,0 10/6/ it"},
+        {"Right commits and moves", 1, "it[1,1]; keys: 7 <Right>", "-1,-1>1,1 edited 1,1=7 1,1>1,2", "1,2 7/20/ it"},
+        {"and Left", 1, "it[1,1]; keys: 8 <Left>", "-1,-1>1,1 edited 1,1=8 1,1>1,0", "1,0 8/20/ it"},
+        {"another column takes no typing", 1, "it[1,0]; keys: x <Return>", "-1,-1>1,0", "1,0 10/20/ it"},
         {"a grid to type in is entered in its column", 1, "<Tab> <Down> 7 <Return>", "-1,-1>1,1 edited 1,1=7",
          "1,1 7/20/ it"},
     };
@@ -130,7 +121,7 @@ TEST_F(FlexGridTest, TellsTheUsersMovesDoubleClicksAndEditsAlone)
         load();
         if (c.editable >= 0)
             grid->setEditableColumn(c.editable);
-        play(c.script);
+        act(c.script);
         settle(); // the view takes a text over when the key is done with
         EXPECT_EQ(events(), c.events);
         QStringList column;
@@ -183,9 +174,9 @@ TEST_F(FlexGridTest, TakesAnyTextAndAnyNumberOfCellsAndOutsideIsError381)
 TEST_F(FlexGridTest, ControlKeysCopyWhatIsShownForASpreadsheet)
 {
     grid->setColHidden(0);
-    play("cell:2,1 <Ctrl+C>");
+    act("it[2,1]; <Ctrl+C>");
     EXPECT_EQ(QApplication::clipboard()->text(), "20\t0\n");
-    play("<Ctrl+A>");
+    act("<Ctrl+A>");
     EXPECT_EQ(QApplication::clipboard()->text(), "Qty\tPrice\n10\t1234.5\n20\t0\n\tnone\n");
     EXPECT_EQ(grid->row(), 2);
 }
@@ -193,7 +184,7 @@ TEST_F(FlexGridTest, ControlKeysCopyWhatIsShownForASpreadsheet)
 TEST_F(FlexGridTest, AGridToTypeInFramesItsCellAndTintsItsColumn)
 {
     grid->setEditableColumn(1);
-    play("<Tab> <Down>");
+    act("<Tab> <Down>");
     const auto colorAt = [&](int row, int col, QPoint offset) {
         const QRect cell = grid->visualRect(grid->model()->index(row - 1, col));
         return grid->viewport()->grab().toImage().pixelColor(cell.topLeft() + offset);
@@ -246,16 +237,16 @@ TEST_F(FlexGridTest, BeforeEditIsAskedOnEnteringAndMayForbidAndAfterEditMayWrite
     });
     QObject::connect(grid, &FlexGrid::afterEdit, form,
                      [this](int row, int col) { grid->setTextMatrix(row, col, "0"); });
-    play("cell:1,0 x <Return>");
+    act("it[1,0]; keys: x <Return>");
     EXPECT_EQ(asked.join(' '), "1,0");
     driver->typeCell("it", 2, 1, "abc");
     EXPECT_EQ(shown(2, 1).toString(), "0");
     forbid = true;
-    play("cell:1,1");
+    act("it[1,1]");
     asked.clear();
-    play("5");
+    act("keys: 5");
     EXPECT_EQ(asked.join(' '), "1,1");
-    play("<Return>");
+    act("<Return>");
     EXPECT_EQ(grid->textMatrix(1, 1), "10");
 }
 } // namespace

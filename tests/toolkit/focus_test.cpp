@@ -59,34 +59,37 @@ protected:
     static FocusForm *form(const FormDriver &driver) { return static_cast<FocusForm *>(driver.form()); }
     static QString events() { return std::exchange(FocusForm::events, {}).join(' '); }
     /// What a form's own routines and its surroundings do.
-    void act(FormDriver &driver, const QString &act, const QString &value)
+    FormDriver::OwnSteps surroundings(FormDriver &driver)
     {
-        FocusForm *f = form(driver);
-        if (act == "box") {
+        const auto box = [this](const QString &) {
             boxes.expect("Title", "Prompt");
             MsgBox("Prompt", "Title");
-        } else if (act == "open") {
-            FormDriver opened(value);
-        } else if (act == "menu") {
-            QTest::keyClick(mdi.get(), Qt::Key_F, Qt::AltModifier);
-            QTest::keyClick(mdi->findChild<QMenuBar *>(), Qt::Key_Escape);
-        } else if (act == "program") { // another one
-            QWidget other;
-            other.show();
-            QApplication::setActiveWindow(&other);
-            QApplication::setActiveWindow(mdi.get());
-        } else if (act == "disable") {
-            driver.control<QWidget>(value)->setEnabled(false);
-        } else if (act == "refuse") { // LostFocus of txtA puts up a box, or sends the focus back
-            QObject::connect(f->txtA, &TextBox::lostFocus, f, [this, f, value] {
-                if (value.contains("box")) {
-                    boxes.expect("Invalid", "Not that.");
-                    MsgBox("Not that.", "Invalid");
-                }
-                if (value.contains("back"))
-                    FocusForm::setFocusTo(f->txtA);
-            });
-        }
+        };
+        return {{"box", box},
+                {"open", [](const QString &name) { FormDriver opened(name); }},
+                {"menu",
+                 [this](const QString &) {
+                     QTest::keyClick(mdi.get(), Qt::Key_F, Qt::AltModifier);
+                     QTest::keyClick(mdi->findChild<QMenuBar *>(), Qt::Key_Escape);
+                 }},
+                {"program", // another one
+                 [this](const QString &) {
+                     QWidget other;
+                     other.show();
+                     QApplication::setActiveWindow(&other);
+                     QApplication::setActiveWindow(mdi.get());
+                 }},
+                {"disable", [&](const QString &name) { driver.control<QWidget>(name)->setEnabled(false); }},
+                {"refuse", // LostFocus of txtA puts up a box, or sends the focus back
+                 [&driver, box](const QString &how) {
+                     TextBox *txtA = form(driver)->txtA;
+                     QObject::connect(txtA, &TextBox::lostFocus, txtA, [=] {
+                         if (how.contains("box"))
+                             box({});
+                         if (how.contains("back"))
+                             FocusForm::setFocusTo(txtA);
+                     });
+                 }}};
     }
 };
 
@@ -99,30 +102,30 @@ TEST_F(FocusTest, IsToldToTheFieldLeftAndThenToTheFieldEntered)
         {"the first control gets it once", "", "+A", "txtA"},
         {"Tab goes round in the declared order", "<Tab> <Tab> <Tab> <Tab> <Tab>", "+A -A +B -B +C -C +D -D +A", "txtA"},
         {"and backwards", "<Shift+Backtab> <Shift+Backtab>", "+A -A +D", "dtD"},
-        {"a press comes after the LostFocus of the field left", "@btnGo", "+A -A Go", "btnGo"},
+        {"a press comes after the LostFocus of the field left", "btnGo", "+A -A Go", "btnGo"},
         {"an access key moves the focus first", "<Alt+G>", "+A -A Go", "btnGo"},
-        {"Enter presses the button that has the focus", "@btnGo <Return> <Space>", "+A -A Go Go Go", "btnGo"},
+        {"Enter presses the button that has the focus", "btnGo; <Return> <Space>", "+A -A Go Go Go", "btnGo"},
         {"and no other", "<Return>", "+A", "txtA"},
-        {"a box and the focus back: no click", "refuse:box,back @btnGo", "+A -A +A", "txtA"},
-        {"nor by the access key", "refuse:box,back <Alt+G>", "+A -A +A", "txtA"},
-        {"a box alone: no click", "refuse:box @btnGo", "+A -A", "btnGo"},
-        {"nor by the access key", "refuse:box <Alt+G>", "+A -A", "btnGo"},
-        {"the focus back without a box: no click", "refuse:back @btnGo", "+A -A +A", "txtA"},
-        {"nor by the access key", "refuse:back <Alt+G>", "+A -A +A", "txtA"},
-        {"a field that it only passed through hears nothing", "refuse:back <Tab>", "+A -A +A", "txtA"},
-        {"one entered while a box was up hears it once", "refuse:box <Tab>", "+A -A +B", "txtB"},
-        {"boxes, lists, menus and other programs take none away",
-         "@cmbC <Esc> box: <F4> <Esc> menu: program:", "+A -A +C", "cmbC"},
-        {"another form takes it", "open:two", "+A -A two.+A", "txtA"},
-        {"and gives it back", "open:two @txtB", "+A -A two.+A two.-A +B", "txtB"},
-        {"a disabled control passes it on in silence", "disable:txtA", "+A +B", "txtB"},
-        {"a disabled frame is passed over", "@btnGo disable:Frame1 <Tab>", "+A -A Go", "btnGo"},
-        {"also by the mouse", "@btnGo disable:Frame1 @txtA", "+A -A Go", "btnGo"},
+        {"a box and the focus back: no click", "refuse: box,back; btnGo", "+A -A +A", "txtA"},
+        {"nor by the access key", "refuse: box,back; <Alt+G>", "+A -A +A", "txtA"},
+        {"a box alone: no click", "refuse: box; btnGo", "+A -A", "btnGo"},
+        {"nor by the access key", "refuse: box; <Alt+G>", "+A -A", "btnGo"},
+        {"the focus back without a box: no click", "refuse: back; btnGo", "+A -A +A", "txtA"},
+        {"nor by the access key", "refuse: back; <Alt+G>", "+A -A +A", "txtA"},
+        {"a field that it only passed through hears nothing", "refuse: back; <Tab>", "+A -A +A", "txtA"},
+        {"one entered while a box was up hears it once", "refuse: box; <Tab>", "+A -A +B", "txtB"},
+        {"boxes, lists, menus and other programs take none away", "cmbC; <Esc>; box; <F4> <Esc>; menu; program",
+         "+A -A +C", "cmbC"},
+        {"another form takes it", "open: two", "+A -A two.+A", "txtA"},
+        {"and gives it back", "open: two; txtB", "+A -A two.+A two.-A +B", "txtB"},
+        {"a disabled control passes it on in silence", "disable: txtA", "+A +B", "txtB"},
+        {"a disabled frame is passed over", "btnGo; disable: Frame1; <Tab>", "+A -A Go", "btnGo"},
+        {"also by the mouse", "btnGo; disable: Frame1; txtA", "+A -A Go", "btnGo"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.title);
         FormDriver one("one");
-        play(one, c.script, [&](const QString &act, const QString &value) { this->act(one, act, value); });
+        one.act(c.script, surroundings(one));
         EXPECT_EQ(events(), c.events);
         EXPECT_EQ(one.focus(), c.focus);
         boxes.verify();
@@ -135,8 +138,7 @@ TEST_F(FocusTest, IsToldToTheFieldLeftAndThenToTheFieldEntered)
 TEST_F(FocusTest, AFieldThatDoesNotLetTheFocusGoIsAskedOnceWhenAFormOpens)
 {
     FormDriver one("one");
-    one.type("txtA", "kept");
-    act(one, "refuse", "box,back");
+    one.act("txtA: kept; refuse: box,back", surroundings(one));
     for (const char *other : {"two", "frmAbout"}) {
         events();
         FormDriver opened(other);
@@ -177,7 +179,7 @@ TEST_F(FocusTest, TheFieldsOfADisabledFrameAreNotGreyed)
     frame->setEnabled(true);
     EXPECT_EQ(f->txtA->palette().color(QPalette::Text), ink);
     EXPECT_FALSE(f->txtB->isEnabled());
-    play(one, "@btnGo <Tab>");
+    one.act("btnGo; <Tab>");
     EXPECT_EQ(one.focus(), "txtA");
 }
 } // namespace

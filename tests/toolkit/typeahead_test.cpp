@@ -38,20 +38,20 @@ TEST_F(TypeAheadTest, CollectsTheKeysThatComeInTimeIntoOneBox)
         int clicks;
         double seconds = 1;
     } cases[] = {
-        {"a click for each match", "a", "AA||", 1},
-        {"also when the entry stays", "a wait:0.9 B wait:0.9 a", "Abacus||", 3},
-        {"a pause as long as the limit starts anew", "a wait:1 b", "Bolt||", 2},
-        {"so does another box", "a <Tab> b", "AA|Bolt|", 2},
-        {"and the way back", "a <Tab> b <Shift+Backtab> b", "Bolt|Bolt|", 3},
-        {"a key that finds nothing blocks the search", "a <Backspace> b", "AA||", 1},
-        {"until the pause", "a <Backspace> b wait:1 b", "Bolt||", 2},
-        {"so does Esc", "a <Esc> b", "AA||", 1},
-        {"so does Enter", "a <Return> b", "AA||", 1},
-        {"a blank is part of the search", "a <Space>", "A B||", 2},
-        {"a negative idle time has not expired", "wait:53999.8 a wait:7200 b", "Abacus||", 2},
-        {"a limit of 0 makes each key a new search", "a b", "Bolt||", 2, 0},
-        {"nothing can be typed into an editable box", "@edit <Esc> x", "||", 0},
-        {"but what is in its list", "@edit <Esc> wait:2 a b", "||Abacus", 2},
+        {"a click for each match", "keys: a", "AA||", 1},
+        {"also when the entry stays", "keys: a; wait: 0.9; keys: B; wait: 0.9; keys: a", "Abacus||", 3},
+        {"a pause as long as the limit starts anew", "keys: a; wait: 1; keys: b", "Bolt||", 2},
+        {"so does another box", "keys: a <Tab> b", "AA|Bolt|", 2},
+        {"and the way back", "keys: a <Tab> b <Shift+Backtab> b", "Bolt|Bolt|", 3},
+        {"a key that finds nothing blocks the search", "keys: a <Backspace> b", "AA||", 1},
+        {"until the pause", "keys: a <Backspace> b; wait: 1; keys: b", "Bolt||", 2},
+        {"so does Esc", "keys: a <Esc> b", "AA||", 1},
+        {"so does Enter", "keys: a <Return> b", "AA||", 1},
+        {"a blank is part of the search", "keys: a <Space>", "A B||", 2},
+        {"a negative idle time has not expired", "wait: 53999.8; keys: a; wait: 7200; keys: b", "Abacus||", 2},
+        {"a limit of 0 makes each key a new search", "keys: a b", "Bolt||", 2, 0},
+        {"nothing can be typed into an editable box", "edit; <Esc> x", "||", 0},
+        {"but what is in its list", "edit; <Esc>; wait: 2; keys: a b", "||Abacus", 2},
         {"the open list follows", "<F4> b", "Bolt||", 1},
     };
     for (const auto &c : cases) {
@@ -60,7 +60,7 @@ TEST_F(TypeAheadTest, CollectsTheKeysThatComeInTimeIntoOneBox)
         gTypeAheadSeconds = c.seconds;
         FormDriver driver("lists");
         auto *form = static_cast<TwoLists *>(driver.form());
-        play(driver, c.script, [&](const QString &, const QString &seconds) { clock.advance(seconds.toDouble()); });
+        driver.act(c.script, {{"wait", [&](const QString &seconds) { clock.advance(seconds.toDouble()); }}});
         QStringList texts;
         for (ComboBox *box : form->boxes) {
             texts += box->text();

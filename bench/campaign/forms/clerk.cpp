@@ -9,7 +9,6 @@
 #include "reportengine/report.h"
 #include "reportengine/rows/rowstore.h"
 #include "tests/support/desk.h"
-#include "tests/support/rows.h"
 #include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QMessageBox>
