@@ -39,6 +39,13 @@ TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
     }
 }
 
+TEST_F(StockForms, LoadUnderTheHourglassAndStopAtAPartWithoutCost)
+{
+    database.execute("UPDATE Part SET Cost = NULL");
+    for (const char *form : {Adjust, Transfer})
+        expectErrorUnderHourglass(94, [&] { Load(form); });
+}
+
 TEST_F(StockForms, LineEntryOpensWhenTheWarehousesAreLeftFilled)
 {
     for (const auto &[form, steps, open] : {std::tuple{Adjust, "cmbWarehouse:; txtID; cmbWarehouse; <Tab>", false},

@@ -55,6 +55,9 @@ TEST_F(MasterForms, ListWhatThereIsAndTheTwoStatuses)
         EXPECT_EQ(user.text("cmbStatus"), "");
     }
     EXPECT_EQ(entries(FormDriver("frmPartEntry"), "cmbCategory").toLower(), "bolts") << "once, whatever its case";
+    Forms::unloadAll();
+    database.execute("DROP TABLE Part");
+    expectErrorUnderHourglass(3078, [] { Load("frmPartEntry"); });
 }
 
 TEST_F(MasterForms, ShowOrBlankTheirFieldsAtEveryKeyOfTheName)

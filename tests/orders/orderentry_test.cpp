@@ -29,7 +29,7 @@ TEST_F(OrderEntry, ANewFormShowsTodayTheDefaultWarehouseAndWhatIsActive)
 TEST_F(OrderEntry, LoadingStopsAtAnUnknownDefaultWarehouseAndAtAPartWithoutPrice)
 {
     gDefaultWarehouse = "Old";
-    expectRuntimeError(383, [] { Load("frmOrderEntry"); });
+    expectErrorUnderHourglass(383, [] { Load("frmOrderEntry"); });
     Forms::unloadAll();
     gDefaultWarehouse = "Main";
     database.execute("UPDATE Part SET SalePrice = NULL WHERE PartNo = 'BR-200'");
@@ -188,7 +188,7 @@ TEST_F(OrderEntry, ADropShipmentIsBookedInsteadOfThePickTicket)
               (QStringList{"1|2|1|4", "1|2|3|-1", "3|4|1|1", "3|4|2|2"}));
     EXPECT_EQ(database.rows("SELECT DueDate FROM Orders WHERE ID = 4"), QStringList{"3/9/2011"});
     EXPECT_EQ(ledger(), QStringList());
-    expectRuntimeError(3421, [] { newOrder("chkDropShip; txtFreight: abc; btnSave"); });
+    expectErrorUnderHourglass(3421, [] { newOrder("chkDropShip; txtFreight: abc; btnSave"); });
 }
 
 } // namespace

@@ -29,6 +29,9 @@ TEST_F(OrderLines, LeavingThePartShowsAvailabilityAndPrice)
         EXPECT_EQ(form.text("lblPriceExt"), "") << "the amount waits for quantity or price";
         form.act("btnExit");
     }
+    database.execute("UPDATE PriceSheet SET Price = NULL");
+    gAutoPriceFlag = "YES";
+    expectErrorUnderHourglass(94, [] { newOrder("cmbPart: AX-100; <Tab>"); });
 }
 
 TEST_F(OrderLines, AmountIsLeadingNumberTimesLeadingNumber)

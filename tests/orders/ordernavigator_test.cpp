@@ -94,8 +94,7 @@ TEST_F(OrderNavigator, WhatBreaksItsStatementEndsTheProgram)
         3075, [&] { form.act("txtOrderNumber: O'Brien; btnFind"); },
         "Syntax error (missing operator) in query expression 'Orders.OrderNumber Like '*O'Brien*' ORDER BY "
         "Orders.Customer, Orders.OrderNumber'.");
-    expectRuntimeError(
-        93, [&] { form.act("txtOrderNumber: [; btnFind"); }, "Invalid pattern string");
+    expectErrorUnderHourglass(93, [&] { form.act("txtOrderNumber: [; btnFind"); });
     form.act("txtOrderNumber:");
     addRow("Orders", {{"ID", 40000}, {"OrderNumber", "A-0"}, {"Customer", "Acme Rail"}});
     form.act("btnFind");

@@ -84,6 +84,18 @@ void CompanyTest::expectBox(FormDriver &form, const QString &steps, const QStrin
     boxes.verify();
 }
 
+void CompanyTest::expectErrorUnderHourglass(int number, const std::function<void()> &action)
+{
+    expectRuntimeError(number, [&] {
+        try {
+            action();
+        } catch (...) {
+            EXPECT_TRUE(QGuiApplication::overrideCursor());
+            throw;
+        }
+    });
+}
+
 QString CompanyTest::status(const QString &order) const
 {
     return database.value("SELECT Status FROM Orders WHERE ID = " + order).joined();

@@ -37,6 +37,9 @@ protected:
 
     /// Previews standing in the main window.
     qsizetype viewers() const { return mdi->findChildren<QWidget *>("Viewer").size(); }
+    /// A run-time error that comes while the hourglass stands, and leaves it standing; see expectRuntimeError.
+    static void expectErrorUnderHourglass(int number, const std::function<void()> &action);
+
     QString status(const QString &order) const;
     QStringList ledger() const;
     /// All rows of a table in the order of some columns.
