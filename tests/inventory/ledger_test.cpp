@@ -87,11 +87,7 @@ TEST_F(Ledger, RebuildAddsAdjustmentsAndBothHalvesOfTransfersAndSubtractsShipmen
     EXPECT_EQ(rebuilt("No"), (QStringList{"North|Gone|7", "North|P1|14"})) << "everything as it was";
     const QStringList balances{"East|P1|4", "North|P1|9", "South|P1|-5", "West|P1|4"};
     EXPECT_EQ(rebuilt(), balances);
-    EXPECT_EQ(rebuilt(), balances) << "a second one starts from nothing again";
-}
-
-TEST_F(Ledger, RebuildPassesOverLeftoversOfTheJoins)
-{
+    // What the joins leave over is passed over.
     addRow("AdjustmentHeader", {{"Warehouse", "North"}}); // no lines
     adjust("", 5);
     adjust("North", 5, "");
@@ -99,7 +95,7 @@ TEST_F(Ledger, RebuildPassesOverLeftoversOfTheJoins)
     addRow("TransferHeader", {{"FromID", 900}, {"ToID", 901}});
     addShipment(order("North", 1), {0, 1}); // the order line is gone
     addShipment("999", {1});                // the order is gone
-    EXPECT_EQ(rebuilt(), QStringList());
+    EXPECT_EQ(rebuilt(), balances) << "a second one starts from nothing again";
 }
 
 TEST_F(Ledger, RebuildRoundsEachGroupOnceHalvesToEvenWithinSixteenBits)

@@ -24,7 +24,7 @@ protected:
     static QStringList lines(const FormDriver &user) { return ::lines(user, "vsfgAdjustment"); }
 };
 
-TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
+TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnlyAndEndAtAPartWithoutCost)
 {
     for (const auto &[form, list] : {std::pair{Adjust, "cmbWarehouse"}, {Transfer, "cmbFrom"}, {Transfer, "cmbTo"}}) {
         const FormDriver user(form);
@@ -37,10 +37,7 @@ TEST_F(StockForms, ListsHoldActiveWarehousesAndPartsOnly)
         EXPECT_TRUE(grid->isColumnHidden(3));
         EXPECT_EQ(grid->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
     }
-}
-
-TEST_F(StockForms, LoadUnderTheHourglassAndStopAtAPartWithoutCost)
-{
+    Forms::unloadAll();
     database.execute("UPDATE Part SET Cost = NULL");
     for (const char *form : {Adjust, Transfer})
         expectErrorUnderHourglass(94, [&] { Load(form); });

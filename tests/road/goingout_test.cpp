@@ -43,23 +43,14 @@ TEST_F(GoingOut, WhatWasWrittenOrReadIsSafeBeforeABoxADocumentOrAnExport)
         notice();
         return true;
     });
-    const struct
-    {
-        const char *what;
-        std::function<void()> goOut;
-    } ways[] = {
-        {"box",
-         [&] {
-             boxes.expect("Title", "Prompt");
-             QTimer::singleShot(0, qApp, notice);
-             MsgBox("Prompt", "Title");
-         }},
-        {"question",
-         [&] {
-             boxes.expect("Title", "Sure?", "Yes");
-             QTimer::singleShot(0, qApp, notice);
-             MsgBoxYesNo("Sure?", "Title");
-         }},
+    const auto box = [&](const char *button, const std::function<void()> &show) {
+        boxes.expect("Title", "Prompt", button);
+        QTimer::singleShot(0, qApp, notice);
+        show();
+    };
+    const std::pair<const char *, std::function<void()>> ways[] = {
+        {"box", [&] { box("OK", [] { MsgBox("Prompt", "Title"); }); }},
+        {"question", [&] { box("Yes", [] { MsgBoxYesNo("Prompt", "Title"); }); }},
         {"document", [&] { PrintOut(report); }},
         {"export",
          [&] {
@@ -69,15 +60,15 @@ TEST_F(GoingOut, WhatWasWrittenOrReadIsSafeBeforeABoxADocumentOrAnExport)
     };
     const auto otherProcess = DBEngine::OpenDatabase(database.path(), false, false, DatabaseConnect);
     for (Database *writer : {gDatabase.get(), otherProcess.get()}) {
-        for (const auto &way : ways) {
-            SCOPED_TRACE(way.what);
+        for (const auto &[what, goOut] : ways) {
+            SCOPED_TRACE(what);
             writer->Execute(QString("UPDATE Part SET Cost = %1").arg(++round));
             gDatabase->OpenRecordset("SELECT Cost FROM Part").Eof();
             syncs = 0;
             safe = false;
-            way.goOut();
+            goOut();
             EXPECT_TRUE(safe);
-            way.goOut();
+            goOut();
             EXPECT_TRUE(database.isOnServer() || syncs == 1) << "synced again, with nothing new";
         }
     }
