@@ -34,9 +34,9 @@ const Pass passes[] = {
      -1},
 };
 
-/// Rounds once a group, where the running update rounds every line: two lines of 1.5 are 4 there and 3 here.
 /// Posts every group of a pass that has a warehouse, a part and a sum. The others are leftovers of the outer joins:
-/// headers without lines, shipment lines whose order line is gone.
+/// headers without lines, shipment lines whose order line is gone. Rounds once a group, where the running update
+/// rounds every line: two lines of 1.5 are 4 there and 3 here.
 void post(const Pass &pass)
 {
     Recordset rs = gDatabase->OpenRecordset(QLatin1String(pass.sql));

@@ -43,6 +43,7 @@ frmCustomerEntry::frmCustomerEntry()
         {chkStatements, "PrintStatements"},
     });
     layOut();
+    // A name is typed or picked from the list, which raises the one event or the other.
     connect(cmbCustomer, &ComboBox::change, this, &frmCustomerEntry::ShowCustomer);
     connect(cmbCustomer, &ComboBox::click, this, &frmCustomerEntry::ShowCustomer);
     connect(txtDays, &TextBox::lostFocus, this, &frmCustomerEntry::txtDays_LostFocus);
@@ -117,6 +118,8 @@ void frmCustomerEntry::txtDays_LostFocus()
     setFocusTo(txtDays);
 }
 
+// Asks only what is empty. Whether the days are a number was asked when their box was left; of a record saved without
+// entering it they go back as they came.
 void frmCustomerEntry::btnSave_Click()
 {
     if (cmbCustomer->text().isEmpty() || cmbStatus->text().isEmpty() || txtTerms->text().isEmpty() ||

@@ -33,6 +33,7 @@ frmPartEntry::frmPartEntry()
         {cmbStatus, "Status"},
     });
     layOut();
+    // No type-ahead here, which would put a part there is in place of the new one being typed.
     connect(cmbPartNo, &ComboBox::change, this, &frmPartEntry::ShowPart);
     connect(cmbPartNo, &ComboBox::click, this, &frmPartEntry::ShowPart);
     connect(btnSave, &QPushButton::clicked, this, &frmPartEntry::btnSave_Click);
@@ -67,6 +68,7 @@ void frmPartEntry::formLoad()
 {
     const Hourglass hourglass;
     m_record.fillStatus();
+    // There is no table of categories or vendors: one typed for the first time is listed when the form loads again.
     fillCombo(cmbCategory, "SELECT DISTINCT Category FROM Part ORDER BY Category", "Category");
     fillVendors();
     m_record.fillKeys();
@@ -90,6 +92,7 @@ void frmPartEntry::ShowPart()
     m_record.show();
 }
 
+// Numbers are not looked at: what a column cannot hold fails when it is written.
 void frmPartEntry::btnSave_Click()
 {
     if (cmbPartNo->text().isEmpty() || cmbStatus->text().isEmpty() || cmbCategory->text().isEmpty()) {

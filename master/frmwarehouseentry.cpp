@@ -12,6 +12,7 @@ frmWarehouseEntry::frmWarehouseEntry()
       btnSave(addButton("btnSave", "Save And Close")), btnExit(addButton("btnExit", "Exit")),
       m_record({.box = cmbWarehouse, .table = "Warehouse", .column = "Warehouse"}, cmbStatus)
 {
+    // The name itself is written once. Typed with other capitals it is found and stays as it was, unlike a customer's.
     m_record.bind({
         {txtAddress1, "Address1"},
         {txtAddress2, "Address2"},

@@ -12,6 +12,7 @@ void blank(QWidget *control)
     if (auto *check = qobject_cast<QCheckBox *>(control))
         check->setChecked(false);
     else if (auto *combo = qobject_cast<ComboBox *>(control))
+        // A drop-down list has nothing picked then, though no entry of it is empty.
         combo->setText({});
     else
         static_cast<TextBox *>(control)->clear();
@@ -38,6 +39,7 @@ Value valueIn(const QWidget *control)
 }
 } // namespace
 
+// In the spelling that every list of active records asks for.
 void MasterRecord::fillStatus() const
 {
     m_status->addItem("Active");
@@ -82,6 +84,7 @@ void MasterRecord::save() const
     const bool isNew = rs.Bof() && rs.Eof();
     if (isNew) {
         rs.AddNew();
+        // The day on which the record came in; changes leave it.
         rs.Fields("DateAdded") = Date::now();
     } else {
         rs.Edit();
@@ -89,6 +92,7 @@ void MasterRecord::save() const
     if (isNew || m_key.writtenOnChange)
         rs.Fields(m_key.column) = m_key.box->text();
     for (const Bound &bound : m_columns) {
+        // Texts as they were typed: the column converts them, and what it cannot hold is an error of its own.
         const Value value = valueIn(bound.control);
         if (bound.written == Written::Always || !value.joined().isEmpty())
             rs.Fields(bound.column) = value;

@@ -24,6 +24,7 @@ void frmOrderEntry::formLoad()
     const Hourglass hourglass;
     txtFreight->setEnabled(false);
     fillCombo(cmbWarehouse, "SELECT Warehouse FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
+    // A default that is no active warehouse is error 383: no order is entered before the settings are mended.
     cmbWarehouse->setText(gDefaultWarehouse);
     fillCombo(cmbCustomer, "SELECT Customer FROM Customer WHERE Status = 'Active' ORDER BY Customer", "Customer");
     loadParts();
@@ -149,6 +150,7 @@ void frmOrderEntry::OpenOrder(qint16 ID)
         showShipTo(rs);
         const Field total = rs.Fields("Total");
         lblTotal->setText(total.isNull() ? textOf(0.0) : total.text());
+        // Who ordered, under what number and when, is settled by the first save; from where and to where is not.
         cmbCustomer->setEnabled(false);
         txtOrderNumber->setEnabled(false);
         dtOrderDate->setEnabled(false);
@@ -159,6 +161,7 @@ void frmOrderEntry::OpenOrder(qint16 ID)
     if (!lblID->text().isEmpty()) {
         Recordset shipments = gDatabase->OpenRecordset("SELECT * FROM Shipment WHERE OrderID = " + lblID->text());
         if (!(shipments.Bof() && shipments.Eof())) {
+            // Goods have left already; all lines booked as shipped would leave a second time.
             chkDropShip->setEnabled(false);
             txtFreight->setEnabled(false);
         }
@@ -212,6 +215,7 @@ void frmOrderEntry::vsfgItems_AfterRowColChange(int newRow)
     // The availability stays that of the part chosen last.
     lblItem->setText(vsfgItems->textMatrix(newRow, ItemNumber));
     txtQty->setText(vsfgItems->textMatrix(newRow, Qty));
+    // A part that was retired is in no list, and the text set is error 383.
     cmbPart->setText(vsfgItems->textMatrix(newRow, PartNo));
     txtPriceEach->setText(vsfgItems->textMatrix(newRow, PriceEach));
     lblPriceExt->setText(vsfgItems->textMatrix(newRow, PriceExt));
@@ -354,6 +358,7 @@ void frmOrderEntry::saveHeader()
     rs.Fields("ShipToZip") = txtZip->text();
     rs.Fields("ShipToPhone") = txtPhone->text();
     rs.Fields("ShipToFax") = txtFax->text();
+    // The day of the last save, of an order that was changed too.
     rs.Fields("DateAdded") = Date::today();
     rs.Fields("Total") = lblTotal->text();
     lblID->setText(rs.Fields("ID").text()); // a new order's number is known before it is written

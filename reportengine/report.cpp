@@ -32,6 +32,7 @@ Report::~Report() = default;
 
 void Report::SetDataSource(Recordset &data)
 {
+    // Only borrowed: the routine goes on owning the recordset and closes it when its rows have been read.
     d->ownSource = std::make_unique<RecordsetRows>(data);
     d->source = d->ownSource.get();
 }
@@ -56,6 +57,7 @@ void Report::ReadRecords()
     // Formulas are parsed before any row is read: a text that is none fails first.
     if (d->source)
         d->rows.read(*d->source);
+    // Let go at once, since the routine closes the recordset and the next run refills the scratch tables behind it.
     d->ownSource.reset();
     d->source = nullptr;
 }
@@ -78,6 +80,7 @@ void Report::Object::setSuppress(bool suppress)
 // is a mistake of ours and ends the program.
 Report::Object &Report::object(const QString &name)
 {
+    // In a map, whose entries stay where they are: a routine may hold one while it asks for the next.
     Object &object = d->objects[name];
     object.m_report = this;
     for (TextParameter &parameter : d->layout.parameters) {
@@ -92,6 +95,7 @@ Report::Object &Report::object(const QString &name)
         for (LayoutObject &placed : section.objects) {
             if (placed.name != name)
                 continue;
+            // What a value holds there is a formula, which no text may replace.
             object.m_text = placed.kind == LayoutObject::Kind::Text ? &placed.content : nullptr;
             object.m_suppress = &placed.suppress;
         }
@@ -106,6 +110,7 @@ void Report::setFormulaText(int index, const QString &text)
 {
     d->layout.formulas.at(index - 1).text = text;
     d->pages.reset();
+    // Not parsed here: a text that is wrong fails when the records are read, as one of the layout's own would.
     d->compiled.reset();
 }
 
@@ -126,6 +131,7 @@ const RowStore &Report::rows() const
 
 ReportPages &Report::pages()
 {
+    // Texts and switches are looked up in the layout whenever a page is made; only formulas have to be parsed anew.
     if (!d->compiled)
         d->compiled = std::make_unique<CompiledLayout>(d->layout, d->table, d->rows.dataset());
     if (!d->pages)

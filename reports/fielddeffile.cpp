@@ -40,6 +40,7 @@ int CreateFieldDefFile(Recordset &data, const QString &path, bool overwrite)
         const Field field = data.Fields(column);
         text += field.Name() + "\t" + describe(field) + "\r\n";
     }
+    // One byte a character, as the report designer reads it; column names are plain ASCII.
     file.write(text.toLatin1());
     return file.commit() ? 1 : 0;
 }

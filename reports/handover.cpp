@@ -57,6 +57,7 @@ void HandOver::deliver(const QString &title)
         PrintOut(*m_report);
         break;
     }
+    // Behind the window, where the rows have always been closed.
     m_data->Close();
     // Not done when a step failed: the error box ends the program under the hourglass.
     if (m_pointer == Pointer::Owned)
@@ -65,6 +66,7 @@ void HandOver::deliver(const QString &title)
 
 void HandOver::showIn(Viewer &viewer, const QString &title)
 {
+    // The title first: the viewer takes the name of what it exports from it.
     viewer.setWindowTitle(title);
     viewer.setReportSource(m_report);
     viewer.viewReport();

@@ -116,6 +116,7 @@ void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndD
     gDatabase->Execute("SELECT OrderItem.PartNo, SUM(ShipmentItems.Qty) AS MonthSalesQty INTO tmpInventoryRegister3" +
                        shippedLines + "AND Shipment.Date >= #" + BeginDate + "# AND Shipment.Date <= #" + EndDate +
                        "# GROUP BY OrderItem.PartNo");
+    // From the day of the count up to the day before the period, so that the two columns meet.
     DropTableIfExists("tmpinventoryregister4");
     gDatabase->Execute("SELECT OrderItem.PartNo, SUM(ShipmentItems.Qty) AS PrevSalesQty INTO tmpInventoryRegister4" +
                        shippedLines + "AND Shipment.Date >= #2/28/2003# AND Shipment.Date < #" + BeginDate +

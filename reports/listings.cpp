@@ -83,6 +83,7 @@ void Reports::ReportTransferControl(const QString &TransferID)
         "Part.PartNo) LEFT JOIN Warehouse ON AdjustmentHeader.Warehouse = Warehouse.Warehouse) WHERE "
         "TransferHeader.ID = " +
         TransferID + " ORDER BY Part.Category,AdjustmentDetail.PartNo");
+    // While the rows are still here to be asked. A transfer that is gone has none, which is error 3021.
     auto from = gDatabase->OpenRecordset("SELECT Warehouse FROM AdjustmentHeader WHERE ID = " +
                                          transfer.Fields("FromID").joined());
     Report &report = handOver.read("crptInventoryTransferControlReport", std::move(transfer));

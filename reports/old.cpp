@@ -123,6 +123,7 @@ void readStock(const QString &path, const QString &endMark, StockRow (*readRow)(
         const StockRow row = readRow(rows);
         Part = row.Part;
         rows.next();
+        // The number of the row to come, as ever.
         showProgress(rows.row());
         if (Part != endMark && !row.Warehouse.isEmpty())
             add(table, row);
@@ -189,6 +190,7 @@ void reportInventory(const char *designer, const QString &title)
 
 } // namespace
 
+// Shows nothing, whatever its name says: all that comes of it are the two tables.
 void Reports::ReportStatementsOld()
 {
     const Hourglass hourglass;

@@ -20,6 +20,7 @@ QString invoiceTotal(const QString &ShipmentIDs)
     auto charges = gDatabase->OpenRecordset(
         "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
         ShipmentIDs + ")");
+    // A sum always has its row, so only the values in it can be Null. Asked all the same, here and below.
     if (!charges.Eof()) {
         TotalFreight = charges.Fields("TotalFreight").value();
         TotalAdjustment = charges.Fields("TotalAdjustment").value();
@@ -27,6 +28,7 @@ QString invoiceTotal(const QString &ShipmentIDs)
     charges.Close();
 
     QString Total;
+    // Joined on the line number alone; the condition on the order ties a shipped line to its own order.
     auto lines = gDatabase->OpenRecordset(
         "SELECT SUM(ShipmentItems.Qty * OrderItem.PriceEach) AS Total FROM ((Shipment LEFT JOIN ShipmentItems ON "
         "Shipment.ID = ShipmentItems.ShipmentID) LEFT JOIN OrderItem ON ShipmentItems.OrderLineItem = "
@@ -85,6 +87,7 @@ void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
 QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &InvoiceNumber, const QString &InvoiceDate,
                               const QString & /*DueDate*/, const QString &Terms, bool Preview)
 {
+    // The one document without an hourglass of its own.
     HandOver handOver(HandOver::Pointer::NotOwned, outputFor(Preview));
     Report &report = handOver.read(
         "crptInvoice",
@@ -107,5 +110,6 @@ QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &Invoice
     const QString Total = invoiceTotal(ShipmentIDs);
     report.object("txtTotal").SetText(Total);
     handOver.deliver("Invoice " + InvoiceNumber);
+    // The invoice run stores this very text, so that what is owed is what was printed.
     return Total;
 }

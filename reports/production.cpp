@@ -72,6 +72,7 @@ void fillSummary(qint16 Months, qint16 Req)
     Reports::RefillShipmentInvoiceDates();
     execute("DELETE * FROM tmpProductionSummary");
     addSold(constants, salesWindow(Months));
+    // One work list serves both blocks, emptied and filled for each.
     collectOnHand();
     gDatabase->Execute("INSERT INTO tmpProductionSummary (Warehouse,PartNo,Months,Req,QtyOnHand) SELECT "
                        "Warehouse,PartNo," +
@@ -98,6 +99,7 @@ Report &bindSummary(HandOver &handOver, const char *designer, qint16 Months, qin
                                  "SumQtyOnHand, SUM(QtyCommitted) AS SumQtyCommitted FROM tmpProductionSummary GROUP "
                                  "BY Warehouse, Partno, Months, Req ORDER BY " +
                                  order));
+    // These two reports set their texts before the reading, all others after it.
     report.object("txtMonths").SetText(QString::number(Months));
     report.object("txtReq").SetText(QString::number(Req));
     return report;

@@ -12,6 +12,7 @@ constexpr QLatin1String NameSeparator("*SPACE*");
 /// Payments up to that day alone, so that the listing tells how the accounts stood then.
 void copyPayments(const QString &AsOfDate)
 {
+    // Both are made anew, which fails on a table that is there.
     DropTableIfExists("tmpOpenInvoices");
     DropTableIfExists("tmpPayments");
     gDatabase->Execute("SELECT * INTO tmpPayments FROM Payments WHERE Date <= #" + AsOfDate + "#");
@@ -43,6 +44,7 @@ QString customersWithoutOverdue(const Date &limit)
     while (!invoices.Eof()) {
         const double balance =
             Total.value().leadingNumber() - (Received.value().leadingNumber() + Adjustment.value().leadingNumber());
+        // Less than a tenth of a cent is what Doubles leave behind of a paid invoice, and no debt.
         if (InvoiceDate.value().toDate() < limit && balance > 0.001)
             overdue = true;
         invoices.MoveNext();
@@ -115,6 +117,7 @@ void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, 
     if (!OverDays.isEmpty())
         keepOverdueCustomers(AsOfDate, OverDays);
 
+    // The date is asked once more, though the table holds nothing later.
     Report &report = handOver.read(
         "crptOpenInvoicesReport",
         gDatabase->OpenRecordset(
@@ -184,6 +187,7 @@ void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDa
     const Field Adjustment = transactions.Fields("Adjustment");
     const Field Shipment = invoices.Fields("Shipment");
     while (!invoices.Eof()) {
+        // An invoice whose list is empty breaks this statement, and the register stays filled up to it.
         auto charges = gDatabase->OpenRecordset(
             "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
             Shipment.joined() + ")");
@@ -215,6 +219,7 @@ void Reports::ShowCashReceipts(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);
     Report &report = handOver.read(
+        // The bare date is the payment's, since invoices have no column of that name.
         "crptCashReceiptsReport",
         gDatabase->OpenRecordset(
             "SELECT "
@@ -248,6 +253,7 @@ void Reports::ShowCustomerRegister(const QString &Customer, const QString &Begin
                        "Payments.Invoice = Invoice.ID WHERE Adjustment <> 0.0 AND Invoice.Customer = '" +
                        Customer + "' and Date >= #" + BeginDate + "# AND Date <= #" + EndDate + "#");
 
+    // Amounts keep the sign they are stored with; which of them lower a balance the layout tells by their type.
     Report &report = handOver.read("crptCustomerRegister",
                                    gDatabase->OpenRecordset("SELECT * FROM tmpCustomerRegister ORDER BY TranDate, "
                                                             "TranType "));

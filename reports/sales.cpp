@@ -26,6 +26,7 @@ void reportDetails(const char *designer, const QString &name, const char *column
     Report &report = handOver.read(
         designer,
         gDatabase->OpenRecordset(
+            // No warehouse in the order, also where it is a column: the layout groups by it.
             "SELECT " + QLatin1String(columns) +
             "OrderItem.PartNo,Orders.Customer,Shipment.ID,Shipment.Date,ShipmentItems.Qty,(ShipmentItems.Qty*"
             "OrderItem.PriceEach) AS PriceExt,(ShipmentItems.Qty * Part.Cost) AS CostExt FROM "
@@ -46,6 +47,8 @@ struct Comparison
     const char *groupBy;
 };
 
+// Lines are joined on their number alone. What ties a shipped line to its own order is the shipment's ID in
+// `addPeriod`.
 constexpr const char *SalesJoins =
     "FROM ((((Orders LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT JOIN Part ON OrderItem.PartNo = "
     "Part.PartNo) LEFT JOIN Shipment ON Orders.ID = Shipment.OrderID) LEFT JOIN ShipmentItems ON OrderItem.ItemNumber "
@@ -81,6 +84,7 @@ Recordset compare(const Comparison &report, const QString &BeginDate, const QStr
     gDatabase->Execute("DELETE * FROM tmpSalesByCustomer");
     addPeriod(report, "CurrentPeriodSales,CurrentPeriodCosts", BeginDate, EndDate);
     addPeriod(report, "LastYearPeriodSales,LastYearPeriodCosts", periods.LastYearBegin, periods.LastYearEnd);
+    // From the first day of the end date's year, even when the period began in the year before.
     addPeriod(report, "TYTDSales,TYTDCosts", "1/1/" + periods.EndYear, EndDate);
     addPeriod(report, "LYTDSales,LYTDCosts", "1/1/" + periods.LastYear, periods.LastYearEnd);
     const QLatin1String keys(report.keys);
@@ -128,6 +132,7 @@ void Reports::ReportSalesByTerritoryCustomer(const QString &BeginDate, const QSt
     HandOver handOver(HandOver::Pointer::NotOwned);
     Recordset territories = compare(ByTerritory, BeginDate, EndDate);
     // The blank at the end belongs to the name. The layout has its own definition and does not read the file.
+    // Whether it could be written is nobody's question.
     CreateFieldDefFile(territories, QCoreApplication::applicationDirPath() + "/ttx/SalesByCustomerAndTerritory.ttx ",
                        true);
     Report &report = handOver.read("crptSalesByTerritoryCustomer", std::move(territories));

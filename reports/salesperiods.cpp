@@ -19,6 +19,7 @@ DateParts partsOf(const QString &text)
 void leaveLeapDay(DateParts &date)
 {
     const QString monthDay = date.month + "/" + date.day;
+    // Short dates come with or without leading zeros, as the workstation is set up.
     if (monthDay == "02/29" || monthDay == "2/29")
         date.day = "28";
 }

@@ -29,6 +29,7 @@ void Formula::numbers(const FormulaContext &context, std::span<const int> rows, 
 {
     if (rows.empty())
         return;
+    // What is the same for all rows is asked for once and copied.
     Values values(variesByRow() ? qsizetype(rows.size()) : 1);
     this->values(context, rows.first(values.size()), values.data());
     std::transform(values.cbegin(), values.cend(), out, numberOf);

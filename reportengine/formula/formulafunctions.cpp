@@ -130,6 +130,7 @@ FormulaPtr contextFunction(const QString &name)
 {
     if (name == "pagenumber")
         return computed(Type::Number, [](const FormulaContext &c, int) { return Value(double(c.pageNumber)); });
+    // 0 while pages are being counted. Those made until then are thrown away when the number is known.
     if (name == "totalpagecount")
         return computed(Type::Number, [](const FormulaContext &c, int) { return Value(double(c.pageCount)); });
     if (name == "pagenofm")

@@ -72,6 +72,7 @@ private:
     void number(FormulaToken &token)
     {
         const qsizetype start = m_at;
+        // All digits and points, so that "1.2.3" is one wrong number and not two right ones.
         while (m_at < m_text.size() && (m_text[m_at].isDigit() || m_text[m_at] == '.'))
             ++m_at;
         bool valid = false;

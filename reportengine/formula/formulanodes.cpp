@@ -65,6 +65,7 @@ int textOrder(const QString &left, const QString &right)
         const auto lower = [](char16_t c) { return c >= u'A' && c <= u'Z' ? c + 32 : c; };
         if (lower(a) == lower(b))
             continue;
+        // It may be one of those at the end, which do not count.
         if (a == u' ' || b == u' ')
             break;
         return lower(a) - lower(b);
@@ -200,8 +201,10 @@ private:
         Numbers flags;
         m_condition->numbers(context, rows, flags.data());
         for (const bool wanted : {true, false}) {
+            // A branch meets its own rows alone: a division guarded by its if never sees the zero.
             const Choice choice(rows, flags.data(), wanted);
             const Formula &branch = wanted ? *m_then : *m_otherwise;
+            // As with the switches that routines set: one branch for all, straight to its places.
             if (choice.count == rows.size())
                 return (branch.*results)(context, rows, out);
             (branch.*results)(context, choice.rows(), branchOut);
@@ -264,6 +267,7 @@ public:
     {
         Numbers flags;
         m_left->numbers(context, rows, flags.data());
+        // Where the left side has decided, the right one may be what it guards against.
         const Choice undecided(rows, flags.data(), m_isAnd);
         std::fill_n(out, rows.size(), m_isAnd ? False : True);
         m_right->numbers(context, undecided.rows(), flags.data());

@@ -93,6 +93,7 @@ private:
 
     FormulaPtr negation()
     {
+        // Weaker than a comparison: it denies the whole of "not {a} = {b}".
         if (!word("not"))
             return relation();
         const FormulaPtr condition = negation();
@@ -150,6 +151,7 @@ private:
         return arithmetic('+', left, right);
     }
 
+    // A day less a day is a number of days, a day less a number of days is a day.
     FormulaPtr minus(const FormulaPtr &left, const FormulaPtr &right)
     {
         if (left->type() != Type::Date)
@@ -220,6 +222,7 @@ private:
             found = m_scope.field(name);
         if (!found)
             fail("This field name is not known");
+        // Passed only now, so that the error tells where the name stands.
         ++m_at;
         return found;
     }
@@ -270,6 +273,7 @@ private:
             require(wanted.of, Type::Number, "Only numbers can be added up");
         if (symbol(","))
             wanted.level = group();
+        // What stands from the name to the bracket, its group included, tells one total from another.
         const int end = current().position;
         expectSymbol(")");
         return m_scope.aggregate(wanted, m_text.mid(start, end - start).simplified().toLower());

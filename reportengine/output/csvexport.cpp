@@ -36,6 +36,7 @@ Outcome writeCsv(Report &report, const QString &path, const Progress &progress)
     QStringList cells;
     for (const DatasetField &field : report.dataset())
         cells.append(quoted(field.name));
+    // Lines end as spreadsheets expect it, on every system.
     file.device()->write(cells.join(',').toUtf8() + "\r\n");
     for (int row = 0; row < rows.rowCount(); ++row) {
         for (int i = 0; i < cells.size(); ++i)

@@ -80,14 +80,17 @@ Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, c
     NewFile file(path);
     if (!file.open())
         return file.failure();
+    // Each page tells how many there are.
     if (!countPages(report.pages(), progress))
         return Outcome::cancelled();
     {
+        // The file is whole when the writer goes, and only a whole one can be added to.
         QPdfWriter writer(file.device());
         writer.setTitle(report.layout().title);
         writer.setCreator("Tamrick");
         writer.setResolution(int(72 * TextMetrics::UnitsPerPoint));
         const QPageLayout paper = sheets.paper.isValid() ? sheets.paper : ownPaper(report.layout());
+        // Without margins: the sheet's place has reckoned with the paper's already.
         writer.setPageLayout({paper.pageSize(), paper.orientation(), QMarginsF()});
         if (Outcome painted = paintAll(writer, report, sheets, SheetPlace(report.layout(), paper), progress); !painted)
             return painted;

@@ -65,6 +65,7 @@ private:
             return {};
         const qint64 offset = bytesAt(m_previous + match.capturedLength() + 20ll * number, 10).toLongLong();
         QByteArray text;
+        // Most objects are short; the list of a long report's pages is not.
         for (qint64 length = 4096; length < (1 << 28); length *= 8) {
             text = bytesAt(offset, length);
             const qsizetype end = text.indexOf("endobj");
@@ -192,12 +193,15 @@ bool addPdfOutline(QIODevice &file, const std::vector<PdfOutlineEntry> &entries)
         return false;
     Links top;
     const std::vector<Links> links = linked(entries, top);
+    // New objects are numbered on from where the file ended.
     const int outlines = pdf.size();
     const auto entry = [&](const char *key, int index) {
         return index < 0 ? QByteArray() : '/' + QByteArray(key) + ' ' + reference(outlines + 1 + index) + '\n';
     };
 
     Revision revision(file, pdf);
+    // The catalogue comes once more under its number, and readers go by the later one: they open with the outline
+    // beside the whole first page.
     revision.object(pdf.root(), pdf.catalogEntries() + "\n/Outlines " + reference(outlines) +
                                     "\n/PageMode /UseOutlines\n/OpenAction [" + reference(pdf.pages()[0]) + " /Fit]");
     revision.object(outlines, "/Type /Outlines\n" + entry("First", top.first) + entry("Last", top.last) + "/Count " +

@@ -68,6 +68,7 @@ void PrintOut(Report &report)
 Outcome printPages(Report &report, QPrinter &printer, const std::vector<int> &pages, const Progress &progress)
 {
     syncDatabase();
+    // The dialog was told a file: neither printer nor server has a part in it.
     if (!printer.outputFileName().isEmpty()) {
         const PdfSheets sheets{.pages = pages, .copies = printer.copyCount(), .paper = printer.pageLayout()};
         const Outcome outcome = writePdf(report, printer.outputFileName(), sheets, progress);

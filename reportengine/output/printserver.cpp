@@ -51,6 +51,7 @@ PrintServer::PrintServer()
     m_connection.reset(
         httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, Patience * 1000, nullptr));
     if (m_connection)
+        // Answered with 0 the library gives up; by itself it would go on waiting for a server that fell silent.
         httpSetTimeout(
             m_connection.get(), Patience, [](http_t *, void *) { return 0; }, nullptr);
     else

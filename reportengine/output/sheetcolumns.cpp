@@ -2,11 +2,6 @@
 
 namespace {
 
-bool isText(const LayoutObject &object)
-{
-    return object.kind == LayoutObject::Kind::Text || object.kind == LayoutObject::Kind::Value;
-}
-
 double common(double left, double right, double otherLeft, double otherRight)
 {
     return std::min(right, otherRight) - std::max(left, otherLeft);
@@ -31,7 +26,7 @@ SheetColumns::SheetColumns(const Layout &layout)
             if (!isChosen(section))
                 continue;
             for (const LayoutObject &object : section.objects) {
-                if (isText(object) && object.place.width() > 0)
+                if (object.isText() && object.place.width() > 0)
                     spans.push_back({object.place.left(), object.place.right()});
             }
         }

@@ -21,6 +21,7 @@ const char *quantityFormat(double number)
     return printed == std::floor(printed) ? "#,##0;(#,##0)" : "#,##0.####;(#,##0.####)";
 }
 
+/// As on paper, in the words of spreadsheets, which turn a ratio into percents by themselves.
 const char *numberFormat(double number, Picture picture)
 {
     switch (picture) {
@@ -64,6 +65,7 @@ public:
     ~Sheet()
     {
         if (m_book)
+            // Given up: the user stopped, and the library writes no file before it closes.
             lxw_workbook_free(m_book);
     }
     Sheet(const Sheet &) = delete;
@@ -147,6 +149,7 @@ private:
 
     void writeLine(std::vector<const PageItem *> line)
     {
+        // A sheet takes no more. The report goes on on another one.
         if (m_row == MostRows)
             addSheet();
         std::stable_sort(line.begin(), line.end(),
@@ -172,12 +175,15 @@ private:
             worksheet_write_number(m_sheet, m_row, col, number, format(shown, item));
             return;
         }
+        // The whole of a text that the paper broke or cut; of one with lines of its own just the line.
         const QString text = isOneCell(item) && !item.value.isNull() ? item.value.toText() : item.text;
+        // More than that no cell takes, and the library would leave it empty.
         worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(), format("General", item));
     }
 
     lxw_format *format(const char *number, const PageItem &item)
     {
+        // One for all cells that look alike, since the file lists every one that was made.
         lxw_format *&format = m_formats[{number, item.align, item.style.bold}];
         if (!format) {
             format = workbook_add_format(m_book);
@@ -206,6 +212,7 @@ Outcome writeXlsx(Report &report, const QString &path, const Progress &progress)
     NewFile file(path);
     if (!file.open())
         return file.failure();
+    // The library writes by name. Opening has shown that the folder takes a file.
     file.device()->close();
     const int rows = report.rows().rowCount();
     Sheet sheet(file.temporaryPath(), report.layout(), rows > LongReport);

@@ -41,6 +41,7 @@ CompiledLayout::CompiledLayout(const Layout &layout, const QString &table, const
 {
     for (const Group &group : layout.groups)
         m_groups.push_back(parsed(group.by));
+    // Behind all groups, since a label may name any of them.
     for (size_t level = 0; level < layout.groups.size(); ++level) {
         const QString &label = layout.groups[level].label;
         m_labels.push_back(label.isEmpty() ? groupName(int(level)) : parsed(label));
@@ -83,6 +84,7 @@ CompiledSection CompiledLayout::compiled(const Section &section)
 
 FormulaPtr CompiledLayout::field(const QString &name)
 {
+    // There is only the one table, so a formula may leave its name away.
     const QString bare = name.startsWith(m_prefix, Qt::CaseInsensitive) ? name.mid(m_prefix.size()) : name;
     const auto found = findNamed(m_dataset, bare);
     if (found == m_dataset.end())
@@ -115,6 +117,7 @@ FormulaPtr CompiledLayout::runningTotal(const QString &name)
         return nullptr;
     return computed(FormulaType::Number,
                     [index = found - m_layout.runningTotals.begin()](const FormulaContext &context, int) {
+                        // Groups and totals are taken before the first row prints, when nothing runs yet.
                         return context.running.empty() ? Value() : Value(context.running[index]);
                     });
 }
@@ -124,6 +127,8 @@ FormulaPtr CompiledLayout::parameter(const QString &name)
     const auto found = findNamed(m_layout.parameters, name);
     if (found == m_layout.parameters.end())
         return nullptr;
+    // Asked at every page, as routines set the text when the layout has long been parsed; alike for all rows, so one
+    // answer serves a whole batch.
     return computed(
         FormulaType::Text,
         [&parameter = *found](const FormulaContext &, int) {

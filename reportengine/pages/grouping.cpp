@@ -25,6 +25,7 @@ template <class Order> std::vector<int> ranksOf(int count, const Order &order)
 /// The beginning of a text as a number that sorts alike; none where a letter beyond ASCII stands in it.
 std::optional<std::pair<quint64, quint64>> sortPrefix(QStringView text)
 {
+    // Blanks at the end do not count in the database's order either.
     while (text.endsWith(u' '))
         text.chop(1);
     std::array<quint64, 2> parts{};
@@ -32,6 +33,8 @@ std::optional<std::pair<quint64, quint64>> sortPrefix(QStringView text)
         const char16_t c = text[i].unicode();
         if (c >= 0x80)
             return {};
+        // The first character highest, so that the numbers compare as the texts do; a text that ends has zeros there,
+        // which are below any character.
         parts[i / 8] |= quint64(c >= u'A' && c <= u'Z' ? c + 32 : c) << (56 - i % 8 * 8);
     }
     return std::pair(parts[0], parts[1]);
@@ -47,6 +50,7 @@ std::vector<int> rankedTexts(const FieldFormula &field, const RowStore &rows)
     const std::vector<int> rank = ranksOf(int(texts.size()), [&](int a, int b) {
         if (a == 0 || b == 0)
             return a - b; // 0 is Null
+        // Equal beginnings decide nothing: the texts may be longer.
         if (prefixes[a] && prefixes[b] && prefixes[a] != prefixes[b])
             return prefixes[a] < prefixes[b] ? -1 : 1;
         return textOrder(texts[a], texts[b]);
@@ -72,6 +76,7 @@ std::vector<int> rankedNumbers(const Formula &by, const FormulaContext &context,
     std::vector<int> ranks(numbers.size());
     auto at = distinct.begin();
     for (size_t row = 0; row < numbers.size(); ++row) {
+        // Neighbouring rows mostly share their value, which saves the search.
         if (*at != numbers[row])
             at = std::lower_bound(distinct.begin(), distinct.end(), numbers[row]);
         ranks[row] = int(at - distinct.begin());
@@ -79,6 +84,7 @@ std::vector<int> rankedNumbers(const Formula &by, const FormulaContext &context,
     return ranks;
 }
 
+/// Texts that a formula makes stand in no pool, so each row's is compared.
 std::vector<int> rankedValues(const Formula &by, const FormulaContext &context, std::span<const int> rows)
 {
     std::vector<Value> values;
@@ -129,6 +135,7 @@ void Grouping::sortBy(const std::vector<int> &key)
     const auto before = [&](int a, int b) { return key[a] < key[b]; };
     if (std::is_sorted(m_order.begin(), m_order.end(), before))
         return;
+    // Each rank is counted one place further on, so that the sums tell where a rank begins and not where it ends.
     std::vector<int> places(size_t(*std::max_element(key.begin(), key.end())) + 2);
     for (const int rank : key)
         ++places[rank + 1];

@@ -53,6 +53,8 @@ struct LayoutObject
     bool suppress = false;
     /// Hides the object where it yields True. Its space stays.
     QString suppressIf = {};
+
+    bool isText() const { return kind == Kind::Text || kind == Kind::Value; }
 };
 
 struct Section

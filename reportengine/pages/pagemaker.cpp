@@ -1,7 +1,6 @@
 #include "reportengine/pages/pagemaker.h"
 
 #include "reportengine/pages/sectionplacer.h"
-#include "reportengine/rows/rowstore.h"
 
 using Kind = Section::Kind;
 
@@ -51,6 +50,7 @@ private:
             // Set back before the row counts, so that the group's own first row is in it.
             if (totals[i].resetAt >= 0 && begins(totals[i].resetAt))
                 m_context.running[i] = 0;
+            // What all rows of a group repeat, such as the freight of a shipment, counts with its first row alone.
             if (totals[i].oncePer >= 0 && !begins(totals[i].oncePer))
                 continue;
             const Value value = totals[i].of->evaluate(m_context);
@@ -101,8 +101,11 @@ private:
     double place(const CompiledSection &section) { return place(section, sectionHeight(section, m_context)); }
     double place(const CompiledSection &section, double height)
     {
+        // Down to the foot and never up, where something stands already.
         if (section.section->atPageBottom)
             m_y = std::max(m_y, m_bottom - height);
+        // While pages are only counted nothing is placed, but everything is measured alike: a page drawn later must
+        // begin at the row it was counted from.
         if (m_page)
             placeSection(section, m_context, {m_maker.m_layout.layout().margins.left() + m_x, m_y}, *m_page);
         m_y += height;
@@ -151,6 +154,8 @@ void PageRun::beginPage(int index)
 {
     const Layout &layout = m_maker.m_layout.layout();
     m_y = layout.margins.top();
+    // The foot is set aside before any row is placed, measured with the page's first row in view: which one will be the
+    // last is not known yet.
     m_bottom =
         layout.pageSize().height() - layout.margins.bottom() - heightOf(m_maker.m_layout.sections(Kind::PageFooter));
     if (index == 0)
@@ -181,6 +186,7 @@ void PageRun::placeHeads()
 bool PageRun::nextColumn()
 {
     const Layout &layout = m_maker.m_layout.layout();
+    // A group that wants a page is not content with a column.
     if (m_column + 1 >= layout.columns || m_newPageDue)
         return false;
     m_x = ++m_column * (layout.columnWidth() + layout.columnGap);
@@ -194,11 +200,13 @@ bool PageRun::nextColumn()
 /// The headers of groups that go on from the page or column before.
 void PageRun::repeatHeaders()
 {
+    // Formulas see it as InRepeatedGroupHeader, to add "(continued)" or to leave a line out.
     m_context.repeatedHeader = true;
     int stepsBefore = 0;
     for (int level = 0; level < m_grouping.levels(); ++level) {
         if (begins(level))
             stepsBefore += int(m_maker.m_headers[level]->size());
+        // A group that begins with this row goes on here too if its header stands on the page before.
         const bool isOpen = !begins(level) || (m_step > 0 && m_step >= stepsBefore);
         if (isOpen && m_maker.m_layout.layout().groups[level].repeatHeader)
             placeAll(*m_maker.m_headers[level]);
@@ -238,6 +246,7 @@ bool PageRun::groupDoesNotFit() const
     for (int level = 0; level < m_grouping.levels(); ++level) {
         if (!m_maker.m_layout.layout().groups[level].keepTogether || !begins(level))
             continue;
+        // A copy looks ahead, since what formulas see moves along with it.
         PageRun ahead = *this;
         const int end = m_grouping.nodes(level)[m_context.groupNodes[level]].end;
         double height = 0;
@@ -245,6 +254,7 @@ bool PageRun::groupDoesNotFit() const
             ahead.lookAt(ahead.m_position);
             height += ahead.heightOfRow(0);
         }
+        // A group higher than any page breaks where it stands; going to a new page would only leave a hole behind.
         if (height > m_bottom - m_y && height <= room)
             return true;
     }
@@ -253,6 +263,8 @@ bool PageRun::groupDoesNotFit() const
 
 bool PageRun::breaksBefore(double height) const
 {
+    // Where no row stands yet the next one goes, however high it is. Otherwise a row higher than the page would make
+    // pages without end.
     if (m_fresh || height == 0)
         return false;
     return m_newPageDue || m_y + height > m_bottom || groupDoesNotFit();
@@ -274,10 +286,12 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
     for (; !atEnd(); ++m_position, m_step = 0) {
         lookAt(m_position);
         m_runningBefore = m_context.running;
+        // A row that goes on from the page before was counted, and its groups asked, there.
         if (m_step == 0) {
             countRow();
             for (int level = 0; level < m_grouping.levels(); ++level) {
                 const Group &group = m_maker.m_layout.layout().groups[level];
+                // Due until a row prints: one that prints nothing neither makes an empty page nor takes the break away.
                 m_newPageDue = m_newPageDue || (group.newPageBefore && begins(level));
                 m_restartDue = m_restartDue || (group.restartPageCount && begins(level));
             }
@@ -285,6 +299,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
         const double height = heightOfRow(m_step);
         if ((breaksBefore(height) || (height > 0 && strandsReportFooter(height))) && !nextColumn())
             return true;
+        // It prints nothing, so none of its groups begins here.
         if (height == 0)
             continue;
         if (printed && m_step == 0)
@@ -292,10 +307,12 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
         // A row's sections stay together; those of one that is higher than a page go on as far as they fit.
         for (; m_step < int(m_sections.size()); ++m_step) {
             if (!m_fresh && m_y + m_heights[m_step] > m_bottom && !nextColumn()) {
+                // The row is counted already, and will not be where it goes on.
                 m_runningBefore = m_context.running;
                 return true;
             }
             const double top = m_y;
+            // A hidden section leaves a page as fresh as it was.
             m_fresh = place(*m_sections[m_step], m_heights[m_step]) == 0 && m_fresh;
             noteGroupPlaces(*m_sections[m_step], top);
         }
@@ -325,6 +342,7 @@ std::optional<PageStart> PageRun::fill(const PageStart &start, int index, int pa
     m_context.pageCount = pageCount;
     beginPage(index);
     const bool isFull = fillRows(index, printed) || fillReportFooter();
+    // Noted before the foot looks back. A document that begins on the next page counts its pages from there.
     const PageStart next{m_position, m_step, m_restartDue ? index + 1 : start.countBase,
                          isFull ? m_runningBefore : m_context.running};
     // The page footer belongs to the last row on the page, not to the first of the next.
@@ -361,9 +379,11 @@ bool PageRun::forEachSection(const PageMaker::Visitor &visitor)
                 return false;
         }
     }
+    // A page without end has no foot.
     return visit(m_maker.m_layout.sections(Kind::ReportFooter), visitor);
 }
 
+// The head of the first page speaks of the first row, which must be one that the reader sees.
 PageStart PageRun::firstPrinted()
 {
     for (; !atEnd(); ++m_position) {
@@ -376,6 +396,7 @@ PageStart PageRun::firstPrinted()
     return {m_position, 0, 0, m_context.running};
 }
 
+// From the end, since mostly the last row is the one.
 int PageRun::lastPrinted()
 {
     for (m_position = m_grouping.rowCount() - 1; m_position >= 0; --m_position) {
@@ -386,13 +407,11 @@ int PageRun::lastPrinted()
     return m_position;
 }
 
-PageMaker::PageMaker(const CompiledLayout &layout, const RowStore &rows, const Grouping &grouping, const Totals &totals,
+PageMaker::PageMaker(const CompiledLayout &layout, const Grouping &grouping, const Totals &totals,
                      const FormulaContext &context)
-    : m_layout(layout), m_rows(rows), m_grouping(grouping), m_totals(totals), m_context(context),
-      m_details(layout.sections(Kind::Detail))
+    : m_layout(layout), m_grouping(grouping), m_context(context), m_details(layout.sections(Kind::Detail))
 {
-    m_context.rows = &m_rows;
-    m_context.totals = &m_totals;
+    m_context.totals = &totals;
     for (int level = 0; level < grouping.levels(); ++level) {
         m_headers.push_back(&layout.sections(Kind::GroupHeader, level));
         m_footers.push_back(&layout.sections(Kind::GroupFooter, level));

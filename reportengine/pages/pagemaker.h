@@ -36,7 +36,8 @@ struct PrintedGroups
 class PageMaker
 {
 public:
-    PageMaker(const CompiledLayout &layout, const RowStore &rows, const Grouping &grouping, const Totals &totals,
+    /// `context` tells formulas the rows and whatever else does not change from page to page; the totals join it here.
+    PageMaker(const CompiledLayout &layout, const Grouping &grouping, const Totals &totals,
               const FormulaContext &context);
 
     PageStart firstStart() const;
@@ -60,9 +61,7 @@ private:
     using Sections = std::vector<CompiledSection>;
 
     const CompiledLayout &m_layout;
-    const RowStore &m_rows;
     const Grouping &m_grouping;
-    const Totals &m_totals;
     FormulaContext m_context;
     const Sections &m_details;
     int m_lastPrinted = -1; ///< position of the last row that prints anything

@@ -12,11 +12,12 @@ ReportPages::ReportPages(const CompiledLayout &layout, const RowStore &rows) : m
     context.rows = &rows;
     context.parameters = &layout.layout().parameters;
     context.nullsAsDefaults = layout.layout().nullsAsDefaults;
+    // One moment for the whole report: the last page tells the same time as the first, whenever it is made.
     context.printed = Clock::now();
     // Groups and totals stand before the first page is made, so that any header can print the total of what follows.
     m_grouping.arrange(layout.groups(), context);
     m_totals.compute(layout.aggregates(), m_grouping, context);
-    m_maker = std::make_unique<PageMaker>(layout, rows, m_grouping, m_totals, context);
+    m_maker = std::make_unique<PageMaker>(layout, m_grouping, m_totals, context);
     m_printed.nodes.resize(m_grouping.levels());
     for (int level = 0; level < m_grouping.levels(); ++level)
         m_printed.pageOf.emplace_back(m_grouping.nodes(level).size(), -1);
@@ -63,6 +64,7 @@ std::shared_ptr<const Page> ReportPages::page(int index)
         return *made;
     auto page = std::make_shared<Page>();
     m_maker->make(m_starts[index], index, m_complete ? countFor(index) : 0, page.get());
+    // Shared, since a page may still be drawn when the cache lets it go.
     m_made.insert(index, new std::shared_ptr<const Page>(page));
     return page;
 }

@@ -32,6 +32,7 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
     const double width = object.place.width();
     // A figure is never cut or wrapped, as half of it would be another figure.
     if (isFigure(setting.value)) {
+        // A hundredth less than fits, because fonts come in twentieths of a point and may be rounded up.
         const double needed = TextMetrics::width(text, setting.style);
         if (needed > width)
             setting.style.size *= width / needed * 0.99;
@@ -41,6 +42,7 @@ Setting settingOf(const CompiledObject &compiled, const FormulaContext &context)
     } else {
         const double needed = TextMetrics::width(text, setting.style);
         const bool shrinks = object.overflow == Overflow::Shrink && needed > width;
+        // Any smaller, it would hardly be larger than in two lines, which hold twice as much.
         if (shrinks && needed * SmallestShrunk > width) {
             setting.style.size *= InTwoLines;
             setting.lines = TextMetrics::wrapped(text, setting.style, width, 2);
@@ -68,6 +70,7 @@ double heightOf(const CompiledObject &compiled, const FormulaContext &context)
     if (text.isEmpty())
         return 0;
     const double width = object.place.width();
+    // Nearly every text fits its line, and each row's height is asked for while the pages are counted.
     if (!text.contains('\n') && TextMetrics::width(text, object.style) <= width)
         return lineHeight(object.style.size);
     return lineHeight(object.style.size) *
@@ -77,11 +80,6 @@ double heightOf(const CompiledObject &compiled, const FormulaContext &context)
 bool isHidden(const CompiledObject &compiled, const FormulaContext &context)
 {
     return compiled.object->suppress || (compiled.suppress && compiled.suppress->holds(context));
-}
-
-bool isText(const LayoutObject &object)
-{
-    return object.kind == LayoutObject::Kind::Text || object.kind == LayoutObject::Kind::Value;
 }
 
 /// A place that turned out higher than laid out, or stands below such a one: how much deeper than laid out it ends.
@@ -96,6 +94,7 @@ double shiftAt(double top, const std::vector<Growth> &grown)
 {
     double shift = 0;
     for (const Growth &growth : grown) {
+        // What touches it stands below it; the hundredth forgives sums that miss by a hair.
         if (top >= growth.place.bottom() - 0.01)
             shift = std::max(shift, growth.extra);
     }
@@ -193,9 +192,10 @@ double placeSection(const CompiledSection &section, const FormulaContext &contex
     const std::vector<Growth> grown = growths(section, context);
     for (const CompiledObject &compiled : section.objects) {
         const LayoutObject &object = *compiled.object;
+        // Its space stays: nothing else moves up.
         if (isHidden(compiled, context))
             continue;
-        const bool text = isText(object);
+        const bool text = object.isText();
         const QRectF place = adjusted(object.place, !text, grown).translated(origin);
         if (text) {
             placeText(compiled, context, place.topLeft(), page);

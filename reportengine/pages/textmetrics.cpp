@@ -11,6 +11,7 @@ constexpr int MeasuredSize = 1000; ///< pixels; widths grow with the size in pro
 QFont plainFont(int pixelSize, bool bold, bool italic)
 {
     QFont font;
+    // Letters of the first two are equally wide, so that lines break alike where either is at hand.
     font.setFamilies({"Liberation Sans", "Arial", "Helvetica", "DejaVu Sans"});
     font.setPixelSize(pixelSize);
     font.setBold(bold);
@@ -57,8 +58,6 @@ const Face &face(const TextStyle &style)
     return faces[style.bold * 2 + style.italic];
 }
 
-const QChar Ellipsis(0x2026);
-
 } // namespace
 
 const QFont &TextMetrics::font(const TextStyle &style)
@@ -89,9 +88,10 @@ QString withEllipsis(const QString &text, const TextStyle &style, double width)
 {
     qsizetype low = 0;
     qsizetype high = text.size();
+    // By halves, since no letter makes a text narrower.
     while (low < high) {
         const qsizetype middle = (low + high + 1) / 2;
-        if (TextMetrics::width(text.left(middle) + Ellipsis, style) <= width)
+        if (TextMetrics::width(text.left(middle) + TextMetrics::Ellipsis, style) <= width)
             low = middle;
         else
             high = middle - 1;
@@ -99,7 +99,7 @@ QString withEllipsis(const QString &text, const TextStyle &style, double width)
     // Never half of a character that takes two code units.
     if (low > 0 && text[low - 1].isHighSurrogate())
         --low;
-    return text.left(low).trimmed() + Ellipsis;
+    return text.left(low).trimmed() + TextMetrics::Ellipsis;
 }
 
 /// Whether a line may end before that character: at a blank, or behind a hyphen inside a word.
@@ -121,8 +121,10 @@ qsizetype lineLength(const QString &text, const TextStyle &style, double width)
     }
     if (fitting > 0)
         return fitting;
+    // A word wider than the line is cut where the line ends.
     while (fitting < text.size() && TextMetrics::width(text.left(fitting + 1), style) <= width)
         ++fitting;
+    // One letter at least, or a place narrower than a letter would never come to the text's end.
     return std::max<qsizetype>(fitting, 1);
 }
 
@@ -137,6 +139,7 @@ QStringList TextMetrics::wrapped(const QString &text, const TextStyle &style, do
 {
     QStringList lines;
     for (QString rest : text.split('\n')) {
+        // Once at least: an empty line of the text's own stays one.
         do {
             if (lines.size() == maxLines) {
                 lines.last() = withEllipsis(lines.last(), style, width);

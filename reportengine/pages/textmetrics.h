@@ -10,6 +10,8 @@
 namespace TextMetrics {
 /// Fonts are made in twentieths of a point: the painter must be scaled by 1 / UnitsPerPoint.
 inline constexpr double UnitsPerPoint = 20;
+/// What stands in place of the rest of a text that is cut.
+inline constexpr QChar Ellipsis(u'\u2026');
 
 const QFont &font(const TextStyle &style);
 /// In points.

@@ -45,6 +45,7 @@ void Totals::compute(const std::vector<Aggregate> &aggregates, const Grouping &g
                 of.numbers(context, rows, numbers.data());
             last = &of;
             Column &column = m_columns[i];
+            // In the groups' order, so that the rows of one group stand together; a batch may run over the end of one.
             for (int position = first; position < end;) {
                 const int node = column.level < 0 ? 0 : grouping.nodeAt(column.level, position, column.node);
                 const int nodeEnd = column.level < 0 ? end : std::min(end, grouping.nodes(column.level)[node].end);
@@ -68,6 +69,7 @@ void Totals::addNumbers(Column &column, int node, std::span<const double> number
         // Null is left out of everything: of sums, counts, averages and extremes alike.
         if (std::isnan(number))
             continue;
+        // As Doubles and without any rounding, as routines add money; what is left over is too small for any picture.
         if (sum)
             *sum += number;
         else if (best && count == 0)
@@ -96,10 +98,10 @@ void Totals::addTexts(Column &column, int node, std::span<const Value> texts)
 Value Totals::total(int aggregate, const FormulaContext &context) const
 {
     const Column &column = m_columns[aggregate];
-    const bool isCount = column.kind == Kind::Count || column.kind == Kind::Sum;
+    const bool isZeroOverNothing = column.kind == Kind::Count || column.kind == Kind::Sum;
     // A report without rows has no groups; its headers and footers print sums and counts of nothing.
     if (column.level >= 0 && (context.groupNodes.empty() || column.counts.empty()))
-        return isCount ? Value(0.0) : Value();
+        return isZeroOverNothing ? Value(0.0) : Value();
     const int node = column.level < 0 ? 0 : context.groupNodes[column.level];
     const int count = column.counts[node];
     switch (column.kind) {

@@ -29,6 +29,7 @@ QString numberText(double number, Picture picture)
     case Picture::Money:
         return moneyText(number, u"#,##0.00;(#,##0.00)");
     case Picture::Price:
+        // No sum, so there is no residue to hide.
         return Format(number, u"#,##0.00##;(#,##0.00##)");
     case Picture::Dollars:
         return moneyText(number, u"$#,##0.00;($#,##0.00)");
@@ -42,6 +43,7 @@ QString numberText(double number, Picture picture)
 QString dateText(const Date &date, Picture picture)
 {
     if (picture == Picture::DateTime)
+        // The office's form, whatever language the desktop speaks.
         return QLocale(QLocale::English, QLocale::UnitedStates)
             .toString(QDateTime(date.date(), date.time()), "M/d/yyyy h:mm AP");
     // A column of days shows no time of day, though a row may have one.

@@ -7,6 +7,7 @@ int RecordsetRows::column(const QString &field)
     try {
         m_fields.push_back(m_data.Fields(field));
     } catch (const RuntimeError &) {
+        // The reader has an error of its own for this, which tells the dataset field that is missing.
         return -1;
     }
     return int(m_fields.size()) - 1;

@@ -71,6 +71,7 @@ void CRViewer::connectBar()
 {
     connect(m_bar, &ViewerBar::exportAsked, this, [this] {
         if (m_report)
+            // Held for as long as the dialog stands, whatever this window is given to show meanwhile.
             exportByDialog(this, *std::shared_ptr(m_report), reportName());
     });
     connect(m_bar, &ViewerBar::printAsked, this, [this] {
@@ -144,6 +145,7 @@ void CRViewer::addKeys()
     addKey({Qt::Key_PageDown}, [this] { m_view->scrollByWindow(1); });
     addKey({Qt::Key_Home, Qt::CTRL | Qt::Key_Home}, [this] { m_view->scrollToEnd(false); });
     addKey({Qt::Key_End, Qt::CTRL | Qt::Key_End}, [this] {
+        // Nothing can be scrolled to the end before all pages are known.
         goToPage(std::numeric_limits<int>::max());
         m_view->scrollToEnd(true);
     });
@@ -153,6 +155,7 @@ void CRViewer::addKeys()
 
 void CRViewer::setReportSource(std::shared_ptr<Report> report)
 {
+    // All that looks at the pages lets go of them before they go with their report.
     m_idle.stop();
     m_finder.stop();
     m_findBar->showResult({});
@@ -164,6 +167,7 @@ void CRViewer::setReportSource(std::shared_ptr<Report> report)
 void CRViewer::viewReport()
 {
     ReportPages &pages = m_report->pages();
+    // A short report is at its end already, so that nobody sees its number of pages grow.
     pages.advance(Slice);
     m_groups->setPages(&pages);
     m_bar->enableGroups(pages.groups().levels() > 0);
@@ -235,6 +239,7 @@ void CRViewer::zoomBy(int steps)
 {
     const std::vector<int> &list = ViewerBar::zoomSteps();
     const int now = m_view->percent();
+    // Page width, whole page and the wheel leave percentages that are none of the list's.
     const auto above = std::ranges::upper_bound(list, now);
     const auto notBelow = std::ranges::lower_bound(list, now);
     if (steps > 0)
@@ -257,6 +262,7 @@ bool CRViewer::find(const QString &text, bool forward)
         return false;
     std::optional<Finder::Place> place;
     const Outcome outcome = runLongJob(this, "Looking for " + text, [&](const Progress &progress) {
+        // The search goes round by the report's other end, for which its pages must be known.
         pageCount();
         if (m_finder.text() != text)
             m_finder.start(m_report->pages(), text);
@@ -312,6 +318,7 @@ void CRViewer::goToGroup(const QModelIndex &index)
         if (place.level == level && place.node == node)
             m_view->showBand(page, place.top, place.bottom);
     }
+    // Going there has let the tree follow the page's top; the entry that was picked is the one to be marked.
     m_tree->setCurrentIndex(index);
 }
 

@@ -25,6 +25,8 @@ void GroupTreeModel::pagesChanged()
             level > 0 && m_known[level - 1] > 0 ? entry(level - 1, m_known[level - 1] - 1) : QModelIndex();
         const bool hasParent = level == 0 || parent.isValid();
         const Entries before = hasParent ? entriesBelow(parent) : Entries();
+        // How many come is reckoned with the new count, which is then taken back: a view that looks while it is being
+        // told of the entries must not find them yet.
         m_known[level] = now;
         const int added = hasParent ? entriesBelow(parent).end - before.end : 0;
         if (added <= 0)
@@ -62,6 +64,7 @@ GroupTreeModel::Entries GroupTreeModel::entriesBelow(const QModelIndex &parent) 
 
 QModelIndex GroupTreeModel::entry(int level, int place) const
 {
+    // Known by level and place on the level alone; views want its number below the parent.
     int row = place;
     if (level > 0) {
         const int above = m_pages->groups().nodes(level)[m_pages->printedGroups().nodes[level][place]].parent;
@@ -76,6 +79,7 @@ QModelIndex GroupTreeModel::indexOf(int level, int node) const
         return {};
     const auto begin = m_pages->printedGroups().nodes[level].begin();
     const auto end = begin + m_known[level];
+    // Groups come to paper in their order.
     const auto found = std::lower_bound(begin, end, node);
     return found != end && *found == node ? entry(level, int(found - begin)) : QModelIndex();
 }

@@ -28,6 +28,7 @@ Outcome runLongJob(QWidget *parent, const QString &caption, const std::function<
         if (sinceStart.elapsed() < Unnoticed || sinceBeat.elapsed() < Beat)
             return true;
         if (!window.isVisible()) {
+            // Nobody takes a button under an hourglass for one that can be pressed.
             setDefaultPointer();
             window.show();
         }

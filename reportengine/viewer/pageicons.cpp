@@ -21,9 +21,9 @@ public:
         const double unit = std::min(rect.width(), rect.height()) / 16.0;
         painter->translate(QRectF(rect).center());
         painter->scale(unit, unit);
-        // One arrow is drawn, and turned the way the icon points. Drawn when it is shown, in the desktop's colours of
-        // that moment.
+        // One arrow is drawn, and turned the way the icon points.
         turn(*painter);
+        // Asked when it is shown, so that the icons follow the desktop's colours.
         painter->setPen(QPen(QGuiApplication::palette().color(group, QPalette::ButtonText), 2, Qt::SolidLine,
                              Qt::RoundCap, Qt::RoundJoin));
         draw(*painter);

@@ -6,7 +6,6 @@
 namespace {
 
 constexpr double SameLine = 4; ///< points that the feet of texts on one line may be apart
-const QChar Ellipsis(0x2026);
 
 /// The lines an object's text stands on, as indices of the page's items: from `first` up to, not including, `end`.
 struct Run
@@ -41,7 +40,7 @@ struct WholeText
 WholeText wholeText(const Page &page, const Run &run)
 {
     const PageItem &first = page.items[run.first];
-    if (run.end == run.first + 1 && !first.text.endsWith(Ellipsis))
+    if (run.end == run.first + 1 && !first.text.endsWith(TextMetrics::Ellipsis))
         return {first.text, {0}};
     const QString whole = printedValue(first.value, first.picture);
     WholeText result{whole.isEmpty() ? first.text : whole, {}};
@@ -49,7 +48,7 @@ WholeText wholeText(const Page &page, const Run &run)
     for (int i = run.first; i < run.end; ++i) {
         QString line = page.items[i].text;
         // The mark is the paper's unless the text itself has it there.
-        if (line.endsWith(Ellipsis) && result.text.indexOf(line, from) < 0)
+        if (line.endsWith(TextMetrics::Ellipsis) && result.text.indexOf(line, from) < 0)
             line.chop(1);
         // Between two lines a blank was dropped.
         from = std::max(from, result.text.indexOf(line, from));

@@ -64,6 +64,7 @@ void PageView::setZoom(Zoom zoom, int percent)
 
 int PageView::percent() const
 {
+    // 100 is the size on paper, as far as the screen knows its own.
     return qRound(pixelsPerPoint() * 7200 / logicalDpiX());
 }
 
@@ -72,6 +73,7 @@ double PageView::pixelsPerPoint() const
     if (!m_report)
         return 1;
     const QSizeF paper = m_report->layout().pageSize();
+    // A window dragged shut must not bring the scale to 0, by which the mouse's place is divided.
     const double width = std::max(50, viewport()->width() - 2 * Gap) / paper.width();
     const double height = std::max(50, viewport()->height() - 2 * Gap) / paper.height();
     switch (m_zoom) {
@@ -116,6 +118,8 @@ void PageView::setCurrentPage(int page)
     emit currentPageChanged(page);
 }
 
+/// The last pages may not reach the window's top. The page gone to is the current one all the same, so that the number
+/// shown is the one asked for.
 void PageView::goToPage(int page)
 {
     {
@@ -130,6 +134,7 @@ void PageView::scrollByWindow(int windows)
     if (m_zoom == Zoom::WholePage && m_report)
         goToPage(std::clamp(m_current + windows, 0, m_report->pages().knownPages() - 1));
     else
+        // A strip of what was read stays in sight.
         verticalScrollBar()->setValue(verticalScrollBar()->value() + windows * (viewport()->height() - Step));
 }
 
@@ -177,6 +182,7 @@ void PageView::bringInSight(int page, const QRectF &place)
                                         viewport()->width() / 3);
 }
 
+/// A new range may move the bars, which is none of the user's scrolling.
 void PageView::layOut()
 {
     const QScopedValueRollback going(m_isGoing, true);

@@ -36,6 +36,7 @@ std::optional<TextSpot> spotAt(const Page &page, int index, QPointF point)
 bool isOnText(const Page &page, QPointF point)
 {
     return std::ranges::any_of(page.items, [&](const PageItem &item) {
+        // A little around the letters too: who aims between two lines means one of them.
         return item.kind == PageItem::Kind::Text &&
                placeOf(item, 0, item.text.size()).adjusted(-2, -1, 2, 1).contains(point);
     });

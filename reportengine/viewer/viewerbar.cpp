@@ -6,6 +6,7 @@
 #include <QSpinBox>
 
 namespace {
+// One less than the largest number of seven digits, since pages are counted from 0 and shown from 1.
 constexpr int BeyondAnyPage = 9999998;
 // What the zoom list keeps beside percentages.
 constexpr int PageWidth = 0;
@@ -128,6 +129,7 @@ void ViewerBar::showZoom(PageView::Zoom zoom, int percent)
                                                            : percent;
     int index = m_zoom->findData(wanted);
     if (index < 0) {
+        // Among the percentages by size; the fits are below any of them and stay on top.
         for (index = 0; index < m_zoom->count() && m_zoom->itemData(index).toInt() < percent; ++index)
             ;
         m_zoom->insertItem(index, QString::number(percent) + "%", percent);

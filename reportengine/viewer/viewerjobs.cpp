@@ -64,10 +64,12 @@ QString askForFile(QWidget *parent, const QString &name)
     dialog.setDirectory(QDir(documents).exists() ? documents : QDir::homePath());
     dialog.selectFile(fileName(name) + ".pdf");
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &kind) {
+        // A name that tells another kind than the one just picked would win over it.
         const QFileInfo chosen(dialog.selectedFiles().value(0));
         if (isExportName(chosen.fileName()))
             dialog.selectFile(chosen.completeBaseName() + suffixOf(kind));
     });
+    // Who does not want the file replaced comes back to the dialog.
     while (dialog.exec() == QDialog::Accepted) {
         QString path = dialog.selectedFiles().value(0);
         if (!isExportName(path))
@@ -85,6 +87,7 @@ std::vector<int> wantedPages(const QPrintDialog &dialog, int pages, int currentP
     if (dialog.printRange() == QAbstractPrintDialog::CurrentPage)
         return {currentPage};
     QPageRanges ranges = dialog.printer()->pageRanges();
+    // Some systems' dialogs tell the one range they know by its two ends.
     if (dialog.printRange() == QAbstractPrintDialog::PageRange && ranges.isEmpty())
         ranges.addRange(std::min(dialog.fromPage(), dialog.toPage()), std::max(dialog.fromPage(), dialog.toPage()));
     std::vector<int> wanted;

@@ -20,6 +20,7 @@ void DateRangeDialog::placeControls()
 
 void DateRangeDialog::formLoad()
 {
+    // Not in the constructor: a dialog with more controls has yet to make them then.
     placeControls();
     dtStart->setValue(Date::today());
     dtEnd->setValue(Date::today());
@@ -30,7 +31,7 @@ void DateRangeDialog::btnOK_Click()
     std::optional<Hourglass> hourglass;
     if (m_pointer == Pointer::Owned)
         hourglass.emplace();
-    // Handed on as they stand; a begin behind the end gives an empty report.
+    // Handed on as they stand, a begin behind the end too: the period is empty then, and nobody is told.
     const QString BeginDate = dtStart->value().toText();
     const QString EndDate = dtEnd->value().toText();
     m_routine(BeginDate, EndDate);

@@ -28,6 +28,7 @@ void frmPickTicket::btnPrint_Click()
 
 frmPackingSlip::frmPackingSlip() : SelectionDialog("frmPackingSlip", "Shipment ID:") {}
 
+// What is read in the list is the key itself, so it needs no hidden one beside it.
 void frmPackingSlip::formLoad()
 {
     fillCombo(cmbReport, "SELECT ID FROM Shipment ORDER BY ID DESC", "ID");
@@ -41,6 +42,7 @@ void frmPackingSlip::btnPrint_Click()
 
 frmInvoiceReport::frmInvoiceReport() : SelectionDialog("frmInvoiceReport", "Invoice ") {}
 
+// Numbers are texts here, so the list begins with 99 and not with 100.
 void frmInvoiceReport::formLoad()
 {
     fillCombo(cmbReport, "SELECT * FROM Invoice ORDER BY Invoice DESC", "Invoice");
@@ -48,6 +50,7 @@ void frmInvoiceReport::formLoad()
 
 void frmInvoiceReport::btnPrint_Click()
 {
+    // A number that finds nothing closes the dialog without a word.
     auto invoice = gDatabase->OpenRecordset("SELECT * FROM Invoice WHERE Invoice = '" + cmbReport->text() + "'");
     // A list that is Null is neither "0" nor anything else: nothing is printed and nothing said.
     if (!invoice.Eof() && !invoice.Fields("Shipment").isNull()) {

@@ -2,7 +2,7 @@
 
 #include "reports/dialogs/reportdialog.h"
 
-/// Asks for the months to average sales over and the requirements figure: the one dialog that checks what is typed.
+/// Asks for the months to average sales over and the requirements figure; both must be numbers.
 class ProductionDialog : public ReportDialog
 {
     Q_OBJECT

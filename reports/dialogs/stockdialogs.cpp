@@ -4,6 +4,7 @@
 #include "toolkit/forms/fillcombo.h"
 #include "toolkit/forms/mainmod.h"
 
+// Its hidden list stays empty, since a warehouse's name is its key. With none picked the report is empty.
 frmAvailInvReport::frmAvailInvReport() : KeyedSelectionDialog("frmAvailInvReport", "Warehouse") {}
 
 void frmAvailInvReport::formLoad()

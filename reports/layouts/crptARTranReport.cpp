@@ -9,6 +9,7 @@ Layout crptARTranReport()
          .subtitle = "\"Invoices dated \" & {?txtBeginDate} & \" to \" & {?txtEndDate}",
          .landscape = true,
          .parameters = {{"txtBeginDate"}, {"txtEndDate"}},
+         // A number that sorts the months of several years.
          .formulas = {{"MonthNumber", "Year({InvoiceDate}) * 100 + Month({InvoiceDate})"},
                       {"MonthText", "ToText(Month({InvoiceDate})) & \"/\" & ToText(Year({InvoiceDate}))"},
                       {"Goods", "{Total} - {Freight} - {Adjustment}"},

@@ -70,6 +70,9 @@ Layout crptOpenInvoicesReport()
                                     {"txtOver", "     Only customers with an open invoice over "},
                                     {"txtOverDays"},
                                     {"txtDays", " days"},
+                                    // The routine hides this by name like a section. It is a text instead, which is
+                                    // empty when hidden, so that formulas can choose between two kinds of heads and
+                                    // total lines by it.
                                     {"InvoiceHeads", "shown"}},
                      .formulas = openInvoiceFormulas(),
                      .groups = {{.by = "{Customer}",
