@@ -5,7 +5,7 @@
 #include "reportengine/viewer/crviewer.h"
 #include "reportengine/viewer/viewer.h"
 #include "reports/dialogs/reportdialogs.h"
-#include "tests/reports/xlsxfile.h"
+#include "tests/support/xlsxfile.h"
 #include "tests/support/reportruns.h"
 #include "tests/support/testclock.h"
 #include "toolkit/forms/mainmod.h"

@@ -1,7 +1,7 @@
 #include "data/workbook/package.h"
-#include "data/workbook/workbook.h"
 #include "reportengine/output/exports.h"
 #include "tests/reportengine/reportfixture.h"
+#include "tests/support/xlsxfile.h"
 #include <QDir>
 
 namespace {
@@ -65,20 +65,6 @@ TEST(PdfExport, WritesWhatALinkPointsAt)
     EXPECT_TRUE(exportReport(*reportOver(salesLayout(), salesRows()), folder.filePath("link.pdf")));
     EXPECT_TRUE(QFileInfo(folder.filePath("link.pdf")).isSymLink());
     EXPECT_TRUE(contentOf(target.fileName()).startsWith("%PDF"));
-}
-
-/// The first lines of a workbook's first sheet, cells with "|" between them.
-QStringList linesOf(const QString &path, int columns, int count)
-{
-    const Workbook book = Workbook::open(path);
-    QStringList lines;
-    for (int row = 1; row <= count; ++row) {
-        QStringList cells;
-        for (int column = 1; column <= columns; ++column)
-            cells.append(book.text(1, row, column));
-        lines.append(cells.join('|'));
-    }
-    return lines;
 }
 
 TEST(XlsxExport, HasARowForEachPrintedLine)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/reports/reporttest.h"
-#include "tests/reports/xlsxfile.h"
+#include "tests/support/xlsxfile.h"
 #include <QTemporaryDir>
 
 /// The workbooks of the old reports, and `workbooks.txt`, which names them.

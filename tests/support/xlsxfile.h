@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/workbook/workbook.h"
 #include <QDateTime>
 #include <QStringList>
 #include <vector>
@@ -32,4 +33,18 @@ inline void writeXlsx(const QString &path, const std::vector<QStringList> &sheet
         }
     }
     workbook_close(book);
+}
+
+/// The first lines of a workbook's first sheet, cells with "|" between them.
+inline QStringList linesOf(const QString &path, int columns, qsizetype count)
+{
+    const Workbook book = Workbook::open(path);
+    QStringList lines;
+    for (int row = 1; row <= count; ++row) {
+        QStringList cells;
+        for (int column = 1; column <= columns; ++column)
+            cells += book.text(1, row, column);
+        lines += cells.join('|');
+    }
+    return lines;
 }
