@@ -2,9 +2,6 @@
 #include "tests/dao/databasefile.h"
 #include "toolkit/forms/mainmod.h"
 #include <QCoreApplication>
-#include <QEvent>
-#include <QTest>
-#include <thread>
 
 // Statements may be sent and not waited for; whatever fails, the database holds what one statement after the other
 // leaves: everything before the failure, nothing behind it.
@@ -12,7 +9,7 @@ namespace {
 
 constexpr int Steps = 9;
 
-class BehindTest : public testing::TestWithParam<EngineKind>
+class BehindTest : public EngineTest
 {
 protected:
     /// One statement of a routine, which adds the part of that number: as a statement, as a row, or as a change of a
@@ -29,66 +26,44 @@ protected:
         if (number % 3 == 2)
             database.Execute("INSERT INTO Part (PartNo) VALUES ('spare')");
     }
-
-    /// Runs the routine with something else in place of one step, and gives the error that ended it.
-    int routine(Database &database, int failing, const std::function<void()> &failure)
-    {
-        return errorNumberOf([&] {
-            for (int number = 0; number < Steps; ++number)
-                number == failing ? failure() : step(database, number);
-            database.sync();
-        });
-    }
-
-    QString parts() { return column(*file.open(), "SELECT PartNo FROM Part WHERE PartNo <> 'spare' ORDER BY PartNo"); }
-    QString first(int count) const
-    {
-        QStringList numbers;
-        for (int number = 0; number < count; ++number)
-            numbers += QString::number(number);
-        return numbers.join(' ');
-    }
-    void begin()
-    {
-        const auto database = file.open();
-        database->Execute("DELETE * FROM Part");
-        database->Execute("INSERT INTO Part (PartNo) VALUES ('spare')");
-        database->sync();
-    }
-
-    DatabaseFile file{GetParam()};
 };
 
-TEST_P(BehindTest, AStatementThatFailsIsTheLastThing)
+TEST_P(BehindTest, AFailureIsTheLastThingAndLeavesNoGap)
 {
-    file.open()->Execute("INSERT INTO Orders (ID) VALUES (1)");
-    for (int failing = 0; failing < Steps; ++failing) {
-        SCOPED_TRACE(failing);
-        begin();
-        const auto database = file.open();
-        const auto fail = [&] { database->Execute("INSERT INTO Orders (ID) VALUES (1)"); };
-        EXPECT_EQ(routine(*database, failing, fail), 3022);
-        EXPECT_EQ(parts(), first(failing));
-        // The session goes on where the failure was let pass.
-        database->Execute("UPDATE Part SET Cost = 1");
-        EXPECT_EQ(column(*database, "SELECT DISTINCT Cost FROM Part"), "1");
+    runNow(*database, "INSERT INTO Orders (ID) VALUES (1)");
+    QStringList done;
+    for (int failing = 0; failing < Steps; done += QString::number(failing++)) {
+        for (const bool cut : {false, true}) {
+            if (cut && !file.isOnServer())
+                continue; // a file has no session that could end
+            SCOPED_TRACE(QString("%1%2").arg(failing).arg(cut ? ", cut" : "").toStdString());
+            database = file.open();
+            database->Execute("DELETE * FROM Part");
+            runNow(*database, "INSERT INTO Part (PartNo) VALUES ('spare')");
+            const auto fail = [&] {
+                if (cut)
+                    file.plain("SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity"
+                               " WHERE datname = current_database() AND pid <> pg_backend_pid()");
+                else
+                    database->Execute("INSERT INTO Orders (ID) VALUES (1)");
+            };
+            const auto routine = [&] {
+                for (int number = 0; number < Steps; ++number)
+                    number == failing ? fail() : step(*database, number);
+                database->sync();
+            };
+            EXPECT_EQ(errorNumberOf(routine), cut ? 3043 : 3022);
+            const QString there =
+                column(*file.open(), "SELECT PartNo FROM Part WHERE PartNo <> 'spare' ORDER BY PartNo");
+            // What was sent and not answered when the session ended may be lost, from its end.
+            EXPECT_TRUE(there == done.join(' ') ||
+                        (cut && GetParam() == EngineKind::Postgres && done.join(' ').startsWith(there)))
+                << there.toStdString();
+            // The session goes on where the failure was let pass, and never where it was the session's own.
+            EXPECT_EQ(errorNumberOf([&] { runNow(*database, "UPDATE Part SET Cost = 1"); }), cut ? 3043 : 0);
+        }
     }
 }
-
-/// Delivered like an event of the program.
-class Routine : public QObject
-{
-public:
-    explicit Routine(std::function<void()> routine) : m_routine(std::move(routine)) {}
-    bool event(QEvent *) override
-    {
-        m_routine();
-        return true;
-    }
-
-private:
-    std::function<void()> m_routine;
-};
 
 TEST_P(BehindTest, TheFirstFailureIsTheOneThatEndsTheProgram)
 {
@@ -101,12 +76,13 @@ TEST_P(BehindTest, TheFirstFailureIsTheOneThatEndsTheProgram)
         [] {},
     };
     for (const auto &next : later) {
-        Routine routine([&next] {
+        QObject program;
+        const auto routine = [&next] {
             gDatabase->Execute("INSERT INTO Orders (ID) VALUES (1)");
             next();
-        });
-        QEvent event(QEvent::User);
-        EXPECT_EQ(errorNumberOf([&] { QCoreApplication::sendEvent(&routine, &event); }), 3022);
+        };
+        QMetaObject::invokeMethod(&program, routine, Qt::QueuedConnection); // delivered as an event
+        EXPECT_EQ(errorNumberOf([&] { QCoreApplication::sendPostedEvents(&program); }), 3022);
     }
     gDatabase.reset();
 }
@@ -131,7 +107,6 @@ TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
     };
     for (const auto &other : others) {
         SCOPED_TRACE(other.column ? other.column : "none");
-        const auto database = file.open();
         runNow(*database, "CREATE TABLE List (N long)");
         runNow(*database, "INSERT INTO List (N) VALUES (1)");
         if (other.column) {
@@ -166,31 +141,8 @@ TEST_P(BehindTest, AStatementIsWrittenForTheTablesAsTheyAre)
     }
 }
 
-class OnAServer : public BehindTest
+TEST_P(BehindTest, AFailureIsToldByTheNextReadThoughTablesChanged)
 {
-};
-
-TEST_P(OnAServer, ASessionThatIsCutLeavesNoGap)
-{
-    for (int failing = 0; failing < Steps; ++failing) {
-        SCOPED_TRACE(failing);
-        begin();
-        const auto database = file.open();
-        const auto cut = [&] {
-            file.plain("SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity"
-                       " WHERE datname = current_database() AND pid <> pg_backend_pid()");
-        };
-        EXPECT_EQ(routine(*database, failing, cut), 3043);
-        const QString there = parts();
-        EXPECT_TRUE(GetParam() == EngineKind::Postgres ? first(failing).startsWith(there) : there == first(failing))
-            << there.toStdString();
-        EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Part").Eof(); }), 3043);
-    }
-}
-
-TEST_P(OnAServer, AFailureIsToldByTheNextReadThoughTablesChanged)
-{
-    const auto database = file.open();
     runNow(*database, "CREATE TABLE List (N long)");
     Recordset list = database->OpenRecordset("SELECT * FROM List");
     EXPECT_TRUE(list.Eof());
@@ -205,34 +157,6 @@ TEST_P(OnAServer, AFailureIsToldByTheNextReadThoughTablesChanged)
               3078);
 }
 
-class Deadlock : public BehindTest
-{
-};
-
-/// Two sessions that change the same rows in another order: one of them is picked by the server and sent again.
-TEST_P(Deadlock, EndsWithBothStatementsDone)
-{
-    const auto other = file.open();
-    runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('a', 0)");
-    runNow(*other, "INSERT INTO Part (PartNo, Cost) VALUES ('b', 0)");
-    const QString both = "SET deadlock_timeout = '1min'; BEGIN;" // so that it is never the one that is picked
-                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'b'; SELECT pg_sleep(0.3);"
-                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'a'; COMMIT";
-    std::thread tool([&] { file.plain(both); });
-    const auto database = file.open();
-    const int error = errorNumberOf([&] {
-        QTest::qSleep(100);
-        database->Execute("INSERT INTO Part (PartNo, Cost) VALUES ('c', 1)"); // done already, and not done again
-        runNow(*database, "UPDATE Part SET Cost = Cost + 10");
-    });
-    tool.join();
-    EXPECT_EQ(error, 0);
-    EXPECT_EQ(column(*database, "SELECT Cost FROM Part"), "11 11 11");
-}
-
-INSTANTIATE_TEST_SUITE_P(Servers, Deadlock, testing::Values(EngineKind::Postgres), nameOfEngine);
 INSTANTIATE_TEST_SUITE_P(Engines, BehindTest, allEngines(), nameOfEngine);
-INSTANTIATE_TEST_SUITE_P(Servers, OnAServer, testing::Values(EngineKind::Postgres, EngineKind::PostgresPlain),
-                         nameOfEngine);
 
 } // namespace

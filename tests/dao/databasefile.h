@@ -27,9 +27,9 @@ public:
     bool isOnServer() const { return m_engine != EngineKind::Sqlite; }
 
     /// Opens it in a session of its own. `options` are entries of the connect string besides the password.
-    std::unique_ptr<Database> open(const QString &options = {}) const
+    std::unique_ptr<Database> open(const QString &options = {}, bool exclusive = false, bool readOnly = false) const
     {
-        return DBEngine::OpenDatabase(m_place->nameForAnother(), false, false, options + ";pwd=" + Password);
+        return DBEngine::OpenDatabase(m_place->nameForAnother(), exclusive, readOnly, options + ";pwd=" + Password);
     }
     /// The ways in which the engine is used.
     QStringList ways() const
@@ -44,6 +44,14 @@ private:
     std::unique_ptr<DatabasePlace> m_place;
 };
 
+/// A suite that runs on each engine, over a new database that is open in a session.
+class EngineTest : public testing::TestWithParam<EngineKind>
+{
+protected:
+    DatabaseFile file{GetParam()};
+    std::unique_ptr<Database> database = file.open();
+};
+
 /// Runs a statement and waits until it is done: a server's is sent and answered later.
 inline void runNow(Database &database, const QString &sql)
 {
@@ -51,11 +59,11 @@ inline void runNow(Database &database, const QString &sql)
     database.sync();
 }
 
-/// The text of one column of every row, joined by blanks; "-" for Null.
-inline QString column(Database &database, const QString &sql, int position = 0)
+/// The text of the first column of every row, joined by blanks; "-" for Null.
+inline QString column(Database &database, const QString &sql)
 {
     QStringList texts;
     for (Recordset rows = database.OpenRecordset(sql); !rows.Eof(); rows.MoveNext())
-        texts += rows.Fields(position).isNull() ? QStringLiteral("-") : rows.Fields(position).text();
+        texts += rows.Fields(0).isNull() ? QStringLiteral("-") : rows.Fields(0).text();
     return texts.join(' ');
 }

@@ -12,21 +12,18 @@ void write(const QString &path, const QByteArray &contents)
     file.write(contents);
 }
 
-QString openError(const QString &name, const QString &connect)
-{
-    return errorTextOf([&] { DBEngine::OpenDatabase(name, false, false, connect); });
-}
-
 TEST(OpenDatabase, SaysWhatIsWrongWithTheFile)
 {
     const DatabaseFile file;
     const QString text = file.folder() + "/text.db", empty = file.folder() + "/empty.db";
-    const QString foreign = file.folder() + "/foreign.db";
+    const DatabaseFile foreign;
+    foreign.plain("DROP TABLE MSysPassword");
     write(text, QByteArray("no database at all\n").repeated(100));
     write(empty, {});
-    PlainConnection(foreign).run("CREATE TABLE Customer (Customer TEXT)");
 
     const QString missing = file.folder() + "/missing.db", astray = file.folder() + "/nowhere/company.db";
+    const QString noPath = "' is not a valid path. Make sure that the path name is spelled correctly and that you are "
+                           "connected to the server on which the file resides.";
     const QString right = QStringLiteral(";pwd=") + DatabaseFile::Password;
     const struct
     {
@@ -34,93 +31,85 @@ TEST(OpenDatabase, SaysWhatIsWrongWithTheFile)
     } cases[] = {
         {"", right, "Not a valid file name."},
         {missing, right, "Could not find file '" + missing + "'."},
-        {astray, right,
-         "'" + astray +
-             "' is not a valid path. Make sure that the path name is spelled correctly and that you are connected to "
-             "the server on which the file resides."},
-        {file.folder(), right,
-         "'" + file.folder() +
-             "' is not a valid path. Make sure that the path name is spelled correctly and that you are connected to "
-             "the server on which the file resides."},
+        {astray, right, "'" + astray + noPath},
+        {file.folder(), right, "'" + file.folder() + noPath},
         {text, right, "Unrecognized database format '" + text + "'."},
         {empty, right, "Unrecognized database format '" + empty + "'."},
-        {foreign, right, "Unrecognized database format '" + foreign + "'."},
+        {foreign.path(), right, "Unrecognized database format '" + foreign.path() + "'."},
         {file.path(), ";pwd=Secret", "Not a valid password."},
         {file.path(), ";pwd=", "Not a valid password."},
         {file.path(), "", "Not a valid password."},
         {file.path(), right, ""},
     };
     for (const auto &row : cases)
-        EXPECT_EQ(openError(row.name, row.connect), row.error) << row.name.toStdString();
+        EXPECT_EQ(errorTextOf([&] { DBEngine::OpenDatabase(row.name, false, false, row.connect); }), row.error)
+            << row.name.toStdString();
 }
 
 TEST(OpenDatabase, FailsOnAFileThatSomeoneElseHoldsAlone)
 {
     const DatabaseFile file;
-    for (const QString journal : {";journal=log", ";journal=rollback"}) {
-        const QString connect = journal + ";busy=50;pwd=" + DatabaseFile::Password;
-        const auto alone = DBEngine::OpenDatabase(file.path(), true, false, connect);
-        EXPECT_EQ(openError(file.path(), connect), "Could not use '" + file.path() + "'; file already in use.");
+    for (const QString &way : file.ways()) {
+        const auto alone = file.open(way, true);
+        EXPECT_EQ(errorTextOf([&] { file.open(way + ";busy=50"); }),
+                  "Could not use '" + file.path() + "'; file already in use.");
     }
-    EXPECT_EQ(openError(file.path(), QStringLiteral(";pwd=") + DatabaseFile::Password), "");
-}
-
-TEST(OpenDatabase, TwiceInOneProcessGivesIndependentDatabases)
-{
-    const DatabaseFile file;
-    const auto first = file.open();
-    {
-        const auto second = file.open();
-        second->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
-        first->Execute("INSERT INTO Part (PartNo) VALUES ('B')");
-        EXPECT_EQ(column(*second, "SELECT PartNo FROM Part"), "A B");
-    }
-    first->Execute("INSERT INTO Part (PartNo) VALUES ('C')");
-    EXPECT_EQ(column(*first, "SELECT PartNo FROM Part"), "A B C");
+    file.open();
 }
 
 TEST(OpenDatabase, ReadOnlyRefusesEveryChange)
 {
     const DatabaseFile file;
     file.open()->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
-    const auto database =
-        DBEngine::OpenDatabase(file.path(), false, true, QStringLiteral(";pwd=") + DatabaseFile::Password);
+    const auto database = file.open({}, false, true);
     EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "A");
     EXPECT_EQ(errorNumberOf([&] { database->Execute("DELETE * FROM Part"); }), 3027);
     EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Part").Edit(); }), 3027);
     EXPECT_EQ(errorNumberOf([&] { database->OpenRecordset("SELECT * FROM Orders").AddNew(); }), 3027);
 }
 
-TEST(OpenDatabase, LeavesNothingBesideTheFileOnceItIsClosed)
+TEST(OpenDatabase, TakesTheJournalThatTheConnectStringNamesAndLeavesNothingBesideTheFile)
 {
     const DatabaseFile file;
-    for (const bool readOnly : {false, true}) {
-        {
-            const auto database = DBEngine::OpenDatabase(file.path(), false, readOnly,
-                                                         QStringLiteral(";journal=log;pwd=") + DatabaseFile::Password);
-            EXPECT_EQ(column(*database, "SELECT PartNo FROM Part"), "");
+    for (const QString &way : file.ways()) {
+        for (const bool readOnly : {false, true}) {
+            SCOPED_TRACE(way.toStdString() + (readOnly ? ", to be read" : ""));
+            auto database = file.open(way, false, readOnly);
+            if (!readOnly)
+                database->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
+            EXPECT_EQ(column(*database, "SELECT DISTINCT PartNo FROM Part"), "A");
+            EXPECT_EQ(QFile::exists(file.path() + "-wal"), way == ";journal=log");
+            database.reset();
+            EXPECT_EQ(QDir(file.folder()).entryList(QDir::Files).size(), 1);
+            EXPECT_EQ(file.plain("PRAGMA journal_mode"), way == ";journal=log" ? "wal" : "delete");
         }
-        EXPECT_EQ(QDir(file.folder()).entryList(QDir::Files).size(), 1) << readOnly;
     }
 }
 
-TEST(CreateDatabase, MakesEveryTableWithTypesThatReadBackAsDeclared)
+TEST(CreateDatabase, MakesEveryTableWithTypesThatReadBackAsDeclaredAndNoFileAnew)
 {
     const DatabaseFile file;
     std::vector<TableDef> declared = Schema::permanentTables();
     declared.insert(declared.end(), Schema::keptScratchTables().begin(), Schema::keptScratchTables().end());
-    const std::vector<TableDef> made = file.open()->TableDefs();
-    ASSERT_EQ(made.size(), declared.size());
-    for (size_t i = 0; i < made.size(); ++i) {
-        EXPECT_EQ(made[i].Name, declared[i].Name);
-        ASSERT_EQ(made[i].columns.size(), declared[i].columns.size());
-        for (size_t j = 0; j < made[i].columns.size(); ++j) {
-            const ColumnDef &is = made[i].columns[j], &should = declared[i].columns[j];
-            EXPECT_TRUE(is.name == should.name && is.type == should.type && is.size == should.size &&
-                        is.autoNumber == should.autoNumber && is.defaultZero == should.defaultZero)
-                << made[i].Name.toStdString() << '.' << should.name.toStdString();
+    const auto described = [](const std::vector<TableDef> &tables) {
+        QStringList columns;
+        for (const TableDef &table : tables) {
+            for (const ColumnDef &column : table.columns)
+                columns += QString("%1.%2: %3 %4 %5 %6")
+                               .arg(table.Name, column.name)
+                               .arg(int(column.type))
+                               .arg(column.size)
+                               .arg(column.autoNumber)
+                               .arg(column.defaultZero);
         }
-    }
+        return columns.join('\n').toStdString();
+    };
+    EXPECT_EQ(described(file.open()->TableDefs()), described(declared));
+
+    // What is there already stays as it is.
+    EXPECT_EQ(errorNumberOf([&] { createDatabase(file.path(), "other"); }), 3204);
+    EXPECT_EQ(described(file.open()->TableDefs()), described(declared));
+    EXPECT_EQ(errorNumberOf([&] { createDatabase(file.folder() + "/nowhere/x.db", "x"); }), 3044);
 }
 
 TEST(CreateDatabase, LeavesAFileThatOtherToolsReadAndWrite)
@@ -147,34 +136,8 @@ TEST(CreateDatabase, LeavesAFileThatOtherToolsReadAndWrite)
         {"PRAGMA integrity_check", "ok"},
     };
     for (const auto &row : cases)
-        EXPECT_EQ(PlainConnection(file.path()).text(row.sql), row.text);
+        EXPECT_EQ(file.plain(row.sql), row.text);
     EXPECT_EQ(column(*file.open(), "SELECT Warehouse FROM Warehouse WHERE Warehouse = 'NORD'"), "Nord");
-}
-
-TEST(CreateDatabase, NeverTouchesAFileThatIsThereAndLeavesNoneBehindOnFailure)
-{
-    const DatabaseFile file;
-    file.open()->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
-    EXPECT_EQ(errorNumberOf([&] { createDatabase(file.path(), "other"); }), 3204);
-    EXPECT_EQ(column(*file.open(), "SELECT PartNo FROM Part"), "A");
-    EXPECT_EQ(errorNumberOf([&] { createDatabase(file.folder() + "/nowhere/x.db", "x"); }), 3044);
-}
-
-TEST(OpenDatabase, TakesTheJournalThatTheConnectStringNames)
-{
-    const DatabaseFile file;
-    for (int round = 0; round < 2; ++round) {
-        {
-            const auto log = file.open(";journal=log");
-            EXPECT_TRUE(QFile::exists(file.path() + "-wal"));
-        }
-        {
-            const auto rollback = file.open(";journal=rollback");
-            rollback->Execute("INSERT INTO Part (PartNo) VALUES ('A')");
-            EXPECT_FALSE(QFile::exists(file.path() + "-wal"));
-        }
-        EXPECT_EQ(PlainConnection(file.path()).text("PRAGMA journal_mode"), "delete");
-    }
 }
 
 } // namespace

@@ -3,41 +3,38 @@
 
 namespace {
 
-class RecordsetTest : public testing::TestWithParam<EngineKind>
+class RecordsetTest : public EngineTest
 {
 protected:
-    void addPart(const QString &part, double cost)
-    {
-        Recordset rows = database->OpenRecordset("SELECT * FROM Part");
-        rows.AddNew();
-        rows.Fields("PartNo") = part;
-        rows.Fields("Cost") = cost;
-        rows.Update();
-    }
-
-    DatabaseFile file{GetParam()};
-    std::unique_ptr<Database> database = file.open();
+    void add(const QString &part) { database->Execute("INSERT INTO Part (PartNo, Cost) VALUES ('" + part + "', 1)"); }
 };
 
-TEST_P(RecordsetTest, StandsOnTheFirstRowAndWalksToTheEnd)
+TEST_P(RecordsetTest, WalksFromTheFirstRowToTheEndAndStaysOnItsRowAfterAddingOne)
 {
-    Recordset none = database->OpenRecordset("SELECT * FROM Part");
-    EXPECT_TRUE(none.Bof() && none.Eof());
-    EXPECT_EQ(errorNumberOf([&] { none.MoveNext(); }), 3021);
-    EXPECT_EQ(errorNumberOf([&] { none.Fields("PartNo").value(); }), 3021);
-    EXPECT_EQ(errorNumberOf([&] { none.Edit(); }), 3021);
+    Recordset rows = database->OpenRecordset("SELECT * FROM Part");
+    EXPECT_TRUE(rows.Bof() && rows.Eof());
+    const std::function<void()> uses[] = {[&] { rows.MoveNext(); }, [&] { rows.Fields("PartNo").value(); },
+                                          [&] { rows.Edit(); }};
+    for (const auto &use : uses)
+        EXPECT_EQ(errorNumberOf(use), 3021);
 
-    addPart("A", 1);
-    addPart("B", 2);
-    Recordset rows = database->OpenRecordset("SELECT PartNo, Cost FROM Part");
-    EXPECT_FALSE(rows.Bof() || rows.Eof());
-    EXPECT_EQ(rows.Fields("PartNo").value(), Value("A"));
-    rows.MoveNext();
-    EXPECT_EQ(rows.Fields(1).value(), Value(2.0));
-    EXPECT_FALSE(rows.Eof());
-    rows.MoveNext();
+    add("A");
+    rows = database->OpenRecordset("SELECT * FROM Part");
+    EXPECT_FALSE(rows.Bof());
+    for (const char *added : {"B", "C"}) {
+        rows.AddNew();
+        rows.Fields("PartNo") = added;
+        rows.Update();
+        EXPECT_EQ(rows.Fields("PartNo").text(), "A");
+    }
+    for (const char *part : {"A", "B", "C"}) {
+        EXPECT_FALSE(rows.Eof());
+        EXPECT_EQ(rows.Fields(0).value(), Value(part));
+        rows.MoveNext();
+    }
     EXPECT_TRUE(rows.Eof() && !rows.Bof());
-    EXPECT_EQ(errorNumberOf([&] { rows.MoveNext(); }), 3021);
+    for (const auto &use : uses)
+        EXPECT_EQ(errorNumberOf(use), 3021);
     rows.Close();
     EXPECT_EQ(errorNumberOf([&] { rows.Eof(); }), 3420);
 }
@@ -70,13 +67,11 @@ TEST_P(RecordsetTest, FindsFieldsByEveryNameTheyMayBearAndNoOther)
     };
     for (const auto &row : cases) {
         Recordset rows = database->OpenRecordset(row.sql);
-        int number = 0;
-        try {
-            EXPECT_EQ(rows.Fields(row.field).value(), rows.Fields(row.position).value()) << row.field.toStdString();
-        } catch (const RuntimeError &error) {
-            number = error.number();
-        }
-        EXPECT_EQ(number, row.position < 0 ? 3265 : 0) << row.sql.toStdString() << ": " << row.field.toStdString();
+        const auto look = [&] {
+            EXPECT_EQ(rows.Fields(row.field).value(), rows.Fields(std::max(row.position, 0)).value());
+        };
+        EXPECT_EQ(errorNumberOf(look), row.position < 0 ? 3265 : 0)
+            << row.sql.toStdString() << ": " << row.field.toStdString();
     }
 }
 
@@ -92,22 +87,13 @@ TEST_P(RecordsetTest, ConvertsAValueAtItsAssignment)
     } cases[] = {
         {"D", "12.3", 12.3},
         {"D", "$1,234.50", 1234.5},
-        {"D", "(5.00)", -5.0},
-        {"D", "1e3", 1000.0},
-        {"D", " 7 ", 7.0},
         {"D", 3, 3.0},
         {"D", Value(), Value()},
         {"D", "", {}, 3421},
-        {"D", "abc", {}, 3421},
-        {"D", "12 34", {}, 3421},
         {"D", "5%", {}, 3421},
-        {"L", "3", 3},
         {"L", "2.5", 2},
-        {"L", "3.5", 4},
-        {"L", 2.5, 2},
         {"L", -2147483648.0, int(-2147483648)},
         {"L", "99999999999", {}, 3421},
-        {"L", "", {}, 3421},
         {"M", 1.23456, Currency{12346}},
         {"M", "$2.50", Currency{25000}},
         {"T", "12345", "12345"},
@@ -121,18 +107,15 @@ TEST_P(RecordsetTest, ConvertsAValueAtItsAssignment)
         {"B", QString(1, QChar(0)), {}, 3421},
         {"B", Date(2011, 3, 30), "3/30/2011"},
         {"Z", "3/30/2011", Date(2011, 3, 30)},
-        {"Z", "3/30/2011 2:00:00 PM", Date(Date(2011, 3, 30).serial() + 14 / 24.0)},
         {"Z", Date(1850, 1, 1), Date(1850, 1, 1)},
         {"Z", 40000.5, Date(40000.5)},
         {"Z", 1e10, {}, 3421},
         {"Z", "", {}, 3421},
-        {"Z", "abc", {}, 3421},
         {"Y", true, true},
         {"Y", -1, true},
         {"Y", "False", false},
         {"Y", "0", false},
         {"Y", "abc", {}, 3421},
-        {"Y", "", {}, 3421},
     };
     for (const auto &row : cases) {
         SCOPED_TRACE(std::string(row.field) + " <- " + row.given.joined().left(20).toStdString());
@@ -167,8 +150,8 @@ TEST_P(RecordsetTest, ANewRowHoldsTheDefaultsOfItsTable)
 
 TEST_P(RecordsetTest, WritesOnlyWhatWasAssignedAndShowsItInItsRow)
 {
-    addPart("A", 1);
-    addPart("B", 2);
+    add("A");
+    add("B");
     Recordset rows = database->OpenRecordset("SELECT * FROM Part ORDER BY PartNo");
     rows.Edit();
     rows.Fields("Vendor") = "Smith";
@@ -185,7 +168,7 @@ TEST_P(RecordsetTest, WritesOnlyWhatWasAssignedAndShowsItInItsRow)
 
 TEST_P(RecordsetTest, LocksARowBetweenEditAndUpdateAndReadsItAnew)
 {
-    addPart("A", 1);
+    add("A");
     for (const QString &way : file.ways()) {
         SCOPED_TRACE(way.toStdString());
         database.reset();
@@ -227,26 +210,9 @@ TEST_P(RecordsetTest, LocksARowBetweenEditAndUpdateAndReadsItAnew)
     }
 }
 
-TEST_P(RecordsetTest, StaysOnItsRowAfterAddingOne)
-{
-    addPart("A", 1);
-    Recordset rows = database->OpenRecordset("SELECT * FROM Part");
-    EXPECT_EQ(rows.Fields("PartNo").text(), "A");
-    for (const char *added : {"B", "C"}) {
-        rows.AddNew();
-        rows.Fields("PartNo") = added;
-        rows.Update();
-        EXPECT_EQ(rows.Fields("PartNo").text(), "A");
-    }
-    QStringList walked;
-    for (; !rows.Eof(); rows.MoveNext())
-        walked += rows.Fields("PartNo").text();
-    EXPECT_EQ(walked.join(' '), "A B C");
-}
-
 TEST_P(RecordsetTest, RefusesWhatItsStateOrItsKindDoesNotAllow)
 {
-    addPart("A", 1);
+    add("A");
     Recordset rows = database->OpenRecordset("SELECT * FROM Part");
     EXPECT_EQ(errorNumberOf([&] { rows.Fields("Cost") = 5; }), 3020);
     EXPECT_EQ(errorNumberOf([&] { rows.Update(); }), 3020);

@@ -1,7 +1,9 @@
 #include "data/engines/engines.h"
 #include "data/values/runtimeerror.h"
 #include "tests/dao/databasefile.h"
+#include <QTest>
 #include <csignal>
+#include <thread>
 
 // What a server refuses, and how one ends that says nothing any more.
 namespace {
@@ -91,6 +93,27 @@ TEST(Server, SaysWhatItRefuses)
         EXPECT_EQ(errorOf(uri + "&application_name=asked", ";busy=200", row.statement), row.error)
             << uri.toStdString() << ' ' << row.statement.toStdString();
     }
+}
+
+/// Two sessions that change the same rows in another order: one of them is picked by the server and sent again.
+TEST(Server, ThatPicksAStatementOutOfADeadlockGetsItAgain)
+{
+    const DatabaseFile file(EngineKind::Postgres);
+    const auto database = file.open();
+    runNow(*database, "INSERT INTO Part (PartNo, Cost) VALUES ('a', 0)");
+    runNow(*database, "INSERT INTO Part (PartNo, Cost) VALUES ('b', 0)");
+    const QString both = "SET deadlock_timeout = '1min'; BEGIN;" // so that it is never the one that is picked
+                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'b'; SELECT pg_sleep(0.3);"
+                         "UPDATE \"Part\" SET \"Cost\" = \"Cost\" + 1 WHERE \"PartNo\" = 'a'; COMMIT";
+    std::thread tool([&] { file.plain(both); });
+    const int error = errorNumberOf([&] {
+        QTest::qSleep(100);
+        database->Execute("INSERT INTO Part (PartNo, Cost) VALUES ('c', 1)"); // done already, and not done again
+        runNow(*database, "UPDATE Part SET Cost = Cost + 10");
+    });
+    tool.join();
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(column(*database, "SELECT Cost FROM Part"), "11 11 11");
 }
 
 /// The processes of a server that say nothing until this is gone, as on a machine that hangs.
