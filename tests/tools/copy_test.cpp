@@ -1,8 +1,8 @@
 #include "bench/oldfiles/jetwriter.h"
 #include "data/engines/engines.h"
 #include "data/schema/schema.h"
-#include "data/values/clock.h"
 #include "tests/support/enginesundertest.h"
+#include "tests/support/testclock.h"
 #include "tests/tools/toolstest.h"
 #include <QDir>
 
@@ -15,15 +15,8 @@ protected:
     void expectSameRows(const QString &one, const QString &other) const
     {
         for (const TableDef &table : Schema::permanentTables())
-            EXPECT_TRUE(run({"export", one, table.Name}).out == run({"export", other, table.Name}).out)
+            EXPECT_TRUE(done({"export", one, table.Name}) == done({"export", other, table.Name}))
                 << table.Name.toStdString();
-    }
-    void demo(const QString &name) const { ASSERT_EQ(run({"demo", name, "--until", "2011-03-30"}).err, ""); }
-    /// Makes the second server's database, empty; the first one must be there.
-    void makeEmpty() const
-    {
-        const QString made = server->plain("CREATE DATABASE " + engines::databaseName(other->name()));
-        ASSERT_EQ(made, "no row");
     }
     QString tablesIn(const DatabasePlace &place) const
     {
@@ -37,27 +30,19 @@ protected:
 
 TEST_F(CopyTest, MovesACompanyToAServerAndBackAsItIs)
 {
-    demo(path("a.db"));
-    const Outcome there = run({"copy", path("a.db"), server->name()});
-    EXPECT_EQ(there.err, "");
-    EXPECT_TRUE(there.out.endsWith(" rows copied and compared\n")) << there.out.toStdString();
-    EXPECT_EQ(run({"copy", server->name(), path("b.db")}).out, there.out);
+    makeDemo(path("a.db"));
+    const QString copied = done({"copy", path("a.db"), server->name()});
+    EXPECT_TRUE(copied.endsWith(" rows copied and compared\n")) << copied.toStdString();
+    EXPECT_EQ(done({"copy", server->name(), path("b.db")}), copied);
     expectSameRows(path("a.db"), server->name());
     expectSameRows(path("a.db"), path("b.db"));
-    EXPECT_EQ(run({"check", path("b.db")}).out, run({"check", path("a.db")}).out);
-
-    // Nothing is written over, and what cannot be finished leaves nothing.
-    EXPECT_EQ(run({"copy", server->name(), path("b.db")}).status, 1);
-    EXPECT_EQ(run({"copy", path("a.db"), server->name()}).err,
-              "tamrick-db: Database already exists. (" + server->name() + ")\n");
-    EXPECT_EQ(run({"copy", path("none.db"), path("c.db")}).status, 1);
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), (QStringList{"a.db", "b.db"}));
+    EXPECT_EQ(refusal({"copy", path("a.db"), server->name()}), "Database already exists. (" + server->name() + ')');
 }
 
 TEST_F(CopyTest, WhatIsReadForACopyStaysOfOneMomentWhileOthersWrite)
 {
     for (const QString &name : {path("company.db"), server->name()}) {
-        ASSERT_EQ(run({"create", name}).err, "");
+        done({"create", name});
         const auto clerk = open(name);
         clerk->Execute("INSERT INTO Warehouse (Warehouse) VALUES ('Main')");
         const auto count = [](Database &database, const char *table) {
@@ -75,7 +60,7 @@ TEST_F(CopyTest, WhatIsReadForACopyStaysOfOneMomentWhileOthersWrite)
 
 TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
 {
-    demo(server->name());
+    makeDemo(server->name());
     // As the server does by itself, and a dump that is read back: nothing is found by a bare name.
     EXPECT_EQ(server->plain("SET search_path = pg_catalog; ANALYZE public.\"Part\""), "no row");
     ASSERT_TRUE(QDir(m_folder.path()).mkdir("kept"));
@@ -87,22 +72,23 @@ TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
     fileWith("services", "[office]\nuser=tamrick\nhost=" + host.toUtf8() +
                              "\ndbname=" + engines::databaseName(server->name()).toUtf8());
     qputenv("PGSERVICEFILE", path("services").toUtf8());
-    Clock::setSource([] { return QDateTime(QDate(2011, 3, 30), QTime(14, 5, 9)); });
-    const Outcome outcome = run({"backup", "postgresql:///?service=office", path("kept"), "--keep=1"});
-    Clock::setSource({});
+    QString outcome;
+    {
+        const TestClock clock("2011-03-30 14:05:09");
+        outcome = done({"backup", "postgresql:///?service=office", path("kept"), "--keep=1"});
+    }
     qunsetenv("PGSERVICEFILE");
     const QString made = path(stem + "-2011-03-30-140509.db");
-    EXPECT_EQ(outcome.out + outcome.err, made + '\n');
+    EXPECT_EQ(outcome, made + '\n');
     EXPECT_EQ(QDir(path("kept")).entryList(QDir::Files), QStringList{QFileInfo(made).fileName()});
     EXPECT_EQ(QFile::permissions(made) & 0x77, 0);
 
-    EXPECT_EQ(run({"restore", made, path("file.db")}).err, "");
-    EXPECT_EQ(run({"restore", made, other->name()}).err, "");
-    expectSameRows(server->name(), path("file.db"));
-    expectSameRows(server->name(), other->name());
-    EXPECT_EQ(run({"restore", made, other->name()}).err,
-              "tamrick-db: Database already exists. (" + other->name() + ")\n");
-    EXPECT_EQ(run({"check", other->name()}).out, "ok\n");
+    for (const QString &to : {path("file.db"), other->name()}) {
+        done({"restore", made, to});
+        expectSameRows(server->name(), to);
+    }
+    EXPECT_EQ(refusal({"restore", made, other->name()}), "Database already exists. (" + other->name() + ')');
+    EXPECT_EQ(done({"check", other->name()}), "ok\n");
 
     // A session's own number goes on where the other's ended.
     open(other->name())->Execute("INSERT INTO Payments (Amount) VALUES (1)");
@@ -111,7 +97,7 @@ TEST_F(CopyTest, ABackupOfAServerIsAFileAndGoesBackOntoAnyServer)
 
 TEST_F(CopyTest, CheckFindsOnAServerWhatItFindsInAFile)
 {
-    demo(server->name());
+    makeDemo(server->name());
     server->plain("UPDATE \"Invoice\" SET \"Shipment\" = 'x' WHERE \"ID\" = 7");
     server->plain("INSERT INTO \"Customer\" (\"Customer\", \"Terms\") VALUES ('O''Hara', 'Net')");
     const Outcome found = run({"check", server->name()});
@@ -120,7 +106,7 @@ TEST_F(CopyTest, CheckFindsOnAServerWhatItFindsInAFile)
     EXPECT_TRUE(
         found.out.contains("Invoice: Shipment is no list of IDs, which ends the program in the sales reports: ID 7\n"));
     EXPECT_TRUE(found.out.contains("an apostrophe in Customer, which ends the program where it is used: O'Hara\n"));
-    ASSERT_EQ(run({"copy", server->name(), path("copy.db")}).err, "");
+    done({"copy", server->name(), path("copy.db")});
     EXPECT_EQ(found.out, run({"check", path("copy.db")}).out);
 
     server->plain("ALTER TABLE \"Part\" DROP COLUMN \"Cost\"; DROP TABLE \"Payments\"; DROP INDEX \"ixPart\";"
@@ -136,9 +122,7 @@ TEST_F(CopyTest, AnOldCompanyGoesOverToAServerOrLeavesNothingThere)
     JetWriter old(JetWriter::Jet4);
     old.add("Payments", {{"ID", JetWriter::Long}, {"Amount", JetWriter::Double}}, {{41, 10.0}, {7, 20.5}});
     const QString sound = fileWith("old.mdb", old.file());
-    const Outcome outcome = run({"takeover", sound, server->name()});
-    EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
-    EXPECT_TRUE(outcome.out.contains("Payments: both sides agree: 2 rows, ID 48"));
+    EXPECT_TRUE(done({"takeover", sound, server->name()}).contains("Payments: both sides agree: 2 rows, ID 48"));
     EXPECT_EQ(server->plain("SELECT string_agg(\"ID\" || ' ' || \"Amount\", ',' ORDER BY \"ID\") FROM \"Payments\""),
               "7 20.5,41 10");
 
@@ -153,34 +137,16 @@ TEST_F(CopyTest, AnOldCompanyGoesOverToAServerOrLeavesNothingThere)
 
 TEST_F(CopyTest, AnEmptyDatabaseThatStoodThereIsLeftEmptyByAFailure)
 {
-    ASSERT_EQ(run({"create", server->name()}).err, "");
-    makeEmpty();
+    done({"create", server->name()});
+    EXPECT_EQ(server->plain("CREATE DATABASE " + engines::databaseName(other->name())), "no row");
     const QString empty = tablesIn(*other);
-    fileWith("junk.db", "no database at all");
-    fileWith("junk.mdb", "no database at all");
-    for (const QStringList &call : {QStringList{"copy", path("junk.db"), other->name()},
-                                    {"restore", path("junk.db"), other->name()},
-                                    {"takeover", path("junk.mdb"), other->name()}}) {
-        EXPECT_EQ(run(call).status, 1);
-        EXPECT_EQ(tablesIn(*other), empty) << call[0].toStdString();
+    const QString junk = fileWith("junk.db", "no database at all");
+    for (const char *command : {"copy", "restore", "takeover"}) {
+        refusal({command, junk, other->name()});
+        EXPECT_EQ(tablesIn(*other), empty) << command;
     }
-    demo(other->name());
+    makeDemo(other->name());
     EXPECT_EQ(other->plain("SELECT count(*) > 1000 FROM \"Orders\""), "t");
-}
-
-TEST_F(CopyTest, WhereOnlyAFileWillDoAUriIsRefused)
-{
-    const QString uri = "postgresql://clerk@nowhere/company";
-    for (const QStringList &call : {QStringList{"share", uri},
-                                    {"backup", "a.db", uri},
-                                    {"restore", uri, "a.db"},
-                                    {"takeover", uri, "a.db"},
-                                    {"load", "a.db", "Orders", uri}}) {
-        const Outcome outcome = run(call);
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_TRUE(outcome.err.startsWith("tamrick-db: " + call[0] + " takes a file there, not a server's database"))
-            << outcome.err.toStdString();
-    }
 }
 
 } // namespace

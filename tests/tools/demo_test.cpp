@@ -1,3 +1,4 @@
+#include "tests/support/testclock.h"
 #include "tests/tools/toolstest.h"
 
 namespace {
@@ -6,25 +7,26 @@ namespace {
 class DemoTest : public ToolsTest
 {
 protected:
-    void SetUp() override { ASSERT_EQ(run({"demo", path("demo.db"), "--until", "2011-03-30"}).status, 0); }
+    DemoTest() { makeDemo(path("demo.db")); }
 };
 
-TEST_F(DemoTest, TheSameSeedGivesTheSameFileAndAnotherSeedAnother)
+TEST_F(DemoTest, TheSameSeedGivesTheSameFileWhichEndsTodayUnlessTold)
 {
-    const auto contents = [this](const QString &name, const QString &seed) {
-        EXPECT_EQ(run({"demo", path(name), "--seed", seed, "--until=2011-03-30"}).status, 0);
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
+    const TestClock clock("2011-03-30 09:00:00");
+    const auto contents = [this](const QStringList &options) {
+        QFile::remove(path("other.db"));
+        done(QStringList{"demo", path("other.db")} + options);
+        return contentOf("other.db");
     };
-    const QByteArray seven = contents("a.db", "7");
-    EXPECT_TRUE(contents("b.db", "7") == seven);
-    EXPECT_FALSE(contents("c.db", "8") == seven);
+    EXPECT_TRUE(contents({}) == contentOf("demo.db"));
+    const QByteArray seven = contents({"--seed", "7"});
+    EXPECT_TRUE(contents({"--seed=7"}) == seven);
+    EXPECT_FALSE(contents({"--seed", "8"}) == seven);
 }
 
 TEST_F(DemoTest, IsASoundCompanyWithAsMuchOfEverythingAsItShouldHave)
 {
-    EXPECT_EQ(run({"check", path("demo.db")}).out, "ok\n");
+    EXPECT_EQ(done({"check", path("demo.db")}), "ok\n");
     const char *const notes[] = {
         "SELECT OrderID,OrderLineItem,SUM(Qty) AS Shipped INTO tmpSent FROM ShipmentItems GROUP BY "
         "OrderID,OrderLineItem",
