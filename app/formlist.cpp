@@ -10,7 +10,7 @@
 #include "master/frmwarehouseentry.h"
 #include "orders/frmorderentry.h"
 #include "orders/frmordernavigator.h"
-#include "reports/dialogs/reportdialogs.h"
+#include "reports/dialogs/reportforms.h"
 #include "shipping/frmshipmententry.h"
 #include "shipping/frmshipmentnavigator.h"
 #include "toolkit/forms/form.h"

@@ -4,10 +4,10 @@
 #include "reportengine/output/exports.h"
 #include "reportengine/viewer/crviewer.h"
 #include "reportengine/viewer/viewer.h"
-#include "reports/dialogs/reportdialogs.h"
-#include "tests/support/xlsxfile.h"
+#include "reports/dialogs/reportforms.h"
 #include "tests/support/reportruns.h"
 #include "tests/support/testclock.h"
+#include "tests/support/xlsxfile.h"
 #include "toolkit/forms/mainmod.h"
 #include <QFile>
 #include <cstdio>

@@ -2,8 +2,8 @@
 
 #include "reportengine/output/newfile.h"
 #include "reportengine/output/pagepainter.h"
+#include "reportengine/output/paperplace.h"
 #include "reportengine/output/pdfoutline.h"
-#include "reportengine/output/sheetplace.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/pages/textmetrics.h"
 #include "reportengine/report.h"
@@ -53,7 +53,7 @@ bool countPages(ReportPages &pages, const Progress &progress)
     return true;
 }
 
-Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, const SheetPlace &place,
+Outcome paintAll(QPdfWriter &writer, Report &report, const PdfSheets &sheets, const PaperPlace &place,
                  const Progress &progress)
 {
     ReportPages &pages = report.pages();
@@ -90,9 +90,9 @@ Outcome writePdf(Report &report, const QString &path, const PdfSheets &sheets, c
         writer.setCreator("Tamrick");
         writer.setResolution(int(72 * TextMetrics::UnitsPerPoint));
         const QPageLayout paper = sheets.paper.isValid() ? sheets.paper : ownPaper(report.layout());
-        // Without margins: the sheet's place has reckoned with the paper's already.
+        // Without the margins, which the place on the paper has taken in already.
         writer.setPageLayout({paper.pageSize(), paper.orientation(), QMarginsF()});
-        if (Outcome painted = paintAll(writer, report, sheets, SheetPlace(report.layout(), paper), progress); !painted)
+        if (Outcome painted = paintAll(writer, report, sheets, PaperPlace(report.layout(), paper), progress); !painted)
             return painted;
     }
     // Entries point at pages by their number in the whole report.

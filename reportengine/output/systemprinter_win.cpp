@@ -2,7 +2,7 @@
 
 #ifdef Q_OS_WIN
 #include "reportengine/output/pagepainter.h"
-#include "reportengine/output/sheetplace.h"
+#include "reportengine/output/paperplace.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/pages/textmetrics.h"
 #include "reportengine/report.h"
@@ -21,7 +21,7 @@ Outcome paintSheets(QPrinter &printer, Report &report, const std::vector<int> &p
     if (!painter.begin(&printer))
         return refused;
     const double unit = printer.resolution() / (72 * TextMetrics::UnitsPerPoint);
-    const SheetPlace place(report.layout(), printer.pageLayout());
+    const PaperPlace place(report.layout(), printer.pageLayout());
     painter.scale(unit, unit);
     place.apply(painter);
     const int perCopy = pages.empty() ? report.pages().pageCount() : int(pages.size());

@@ -1,8 +1,8 @@
 #include "reportengine/viewer/viewerjobs.h"
 
 #include "reportengine/output/exports.h"
+#include "reportengine/output/paperplace.h"
 #include "reportengine/output/printing.h"
-#include "reportengine/output/sheetplace.h"
 #include "reportengine/pages/reportpages.h"
 #include "reportengine/report.h"
 #include "reportengine/viewer/longjob.h"
@@ -81,6 +81,13 @@ QString askForFile(QWidget *parent, const QString &name)
     return {};
 }
 
+/// The print dialog offers pages up to the last, so that they must be counted before it opens.
+int countedPages(Report &report)
+{
+    const Hourglass hourglass;
+    return report.pages().pageCount();
+}
+
 /// The pages the dialog was told, by index; a range may be one of several ("2-3,5") and leave the report.
 std::vector<int> wantedPages(const QPrintDialog &dialog, int pages, int currentPage)
 {
@@ -121,10 +128,7 @@ void exportByDialog(QWidget *parent, Report &report, const QString &name)
 
 void printByDialog(QWidget *parent, Report &report, int currentPage, const QPageLayout &paper)
 {
-    setHourglass();
-    // The dialog offers pages up to the last, so that they must be counted first.
-    const int pages = report.pages().pageCount();
-    setDefaultPointer();
+    const int pages = countedPages(report);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(report.layout().title);
     setPaper(printer, report, paper);

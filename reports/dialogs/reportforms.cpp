@@ -1,4 +1,4 @@
-#include "reports/dialogs/reportdialogs.h"
+#include "reports/dialogs/reportforms.h"
 #include "reportengine/viewer/viewer.h"
 #include "reports/dialogs/documentdialogs.h"
 #include "reports/dialogs/productiondialog.h"

@@ -1,4 +1,4 @@
-#include "reportengine/output/sheetplace.h"
+#include "reportengine/output/paperplace.h"
 
 #include "reportengine/pages/layout.h"
 #include "reportengine/pages/textmetrics.h"
@@ -12,7 +12,7 @@ QPageLayout ownPaper(const Layout &layout)
     return paper;
 }
 
-SheetPlace::SheetPlace(const Layout &layout, const QPageLayout &paper)
+PaperPlace::PaperPlace(const Layout &layout, const QPageLayout &paper)
 {
     const QSizeF page = layout.pageSize();
     const QRectF room = paper.fullRect(QPageLayout::Point).marginsRemoved(paper.margins(QPageLayout::Point));
@@ -22,7 +22,7 @@ SheetPlace::SheetPlace(const Layout &layout, const QPageLayout &paper)
     m_corner = room.topLeft() + QPointF(spare.width() / 2, spare.height() / 2);
 }
 
-void SheetPlace::apply(QPainter &painter) const
+void PaperPlace::apply(QPainter &painter) const
 {
     painter.translate(m_corner * TextMetrics::UnitsPerPoint);
     painter.scale(m_scale, m_scale);
