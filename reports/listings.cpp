@@ -3,7 +3,7 @@
 #include "reports/handover.h"
 #include "toolkit/forms/mainmod.h"
 
-// The only report that leaves the pointer alone.
+// Neither this nor its menu entry touches the pointer.
 void Reports::ReportOpenOrders()
 {
     HandOver handOver(HandOver::Pointer::NotOwned);

@@ -6,7 +6,7 @@
 
 namespace Reports {
 
-/// The lines of all open orders with what was shipped of each. The only report built without an hourglass.
+/// The lines of all open orders with what was shipped of each. Nobody shows an hourglass for it.
 void ReportOpenOrders();
 
 /// All parts, customers or warehouses, active and inactive ones in blocks.

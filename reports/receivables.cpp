@@ -86,6 +86,43 @@ double sumOrZero(const Field &sum)
     return value.isNull() ? 0 : value.leadingNumber();
 }
 
+/// The invoices of a period with the charges of their shipments.
+void fillInvoiceRegister(const QString &BeginDate, const QString &EndDate)
+{
+    gDatabase->Execute("DELETE * FROM tmpARTran");
+    // Kept open and added to while the invoices are read, one statement for the charges of each.
+    auto transactions = gDatabase->OpenRecordset("SELECT * FROM tmpARTran");
+    auto invoices = gDatabase->OpenRecordset(
+        "SELECT Invoice.Customer, Invoice.Invoice, Invoice.InvoiceDate, Invoice.DueDate, Invoice.Terms, "
+        "Invoice.Shipment, Invoice.Total, Invoice.Cost FROM Invoice WHERE Invoice.InvoiceDate >= #" +
+        BeginDate + "# AND Invoice.InvoiceDate <= #" + EndDate + "# ORDER BY Invoice.InvoiceDate,Invoice.Invoice");
+    std::vector<std::pair<Field, Field>> copied;
+    for (const char *column : {"Customer", "Invoice", "InvoiceDate", "DueDate", "Terms", "Shipment", "Total", "Cost"})
+        copied.emplace_back(transactions.Fields(column), invoices.Fields(column));
+    const Field Freight = transactions.Fields("Freight");
+    const Field Adjustment = transactions.Fields("Adjustment");
+    const Field Shipment = invoices.Fields("Shipment");
+    while (!invoices.Eof()) {
+        // An invoice whose list is empty breaks this statement, and the register stays filled up to it.
+        auto charges = gDatabase->OpenRecordset(
+            "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
+            Shipment.joined() + ")");
+        const double TotalFreight = sumOrZero(charges.Fields("TotalFreight"));
+        const double TotalAdjustment = sumOrZero(charges.Fields("TotalAdjustment"));
+        charges.Close();
+
+        transactions.AddNew();
+        for (const auto &[to, from] : copied)
+            to = from.value();
+        Freight = TotalFreight;
+        Adjustment = TotalAdjustment;
+        transactions.Update();
+        invoices.MoveNext();
+    }
+    invoices.Close();
+    transactions.Close();
+}
+
 /// Whether the file holds a table, as a fresh look at it tells.
 bool databaseHasTable(const QString &name)
 {
@@ -173,39 +210,7 @@ void Reports::ShowStatementReport(const QString &AsOfDate)
 void Reports::ShowInvoiceRegister(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);
-    gDatabase->Execute("DELETE * FROM tmpARTran");
-    // Kept open and added to while the invoices are read, one statement for the charges of each.
-    auto transactions = gDatabase->OpenRecordset("SELECT * FROM tmpARTran");
-    auto invoices = gDatabase->OpenRecordset(
-        "SELECT Invoice.Customer, Invoice.Invoice, Invoice.InvoiceDate, Invoice.DueDate, Invoice.Terms, "
-        "Invoice.Shipment, Invoice.Total, Invoice.Cost FROM Invoice WHERE Invoice.InvoiceDate >= #" +
-        BeginDate + "# AND Invoice.InvoiceDate <= #" + EndDate + "# ORDER BY Invoice.InvoiceDate,Invoice.Invoice");
-    std::vector<std::pair<Field, Field>> copied;
-    for (const char *column : {"Customer", "Invoice", "InvoiceDate", "DueDate", "Terms", "Shipment", "Total", "Cost"})
-        copied.emplace_back(transactions.Fields(column), invoices.Fields(column));
-    const Field Freight = transactions.Fields("Freight");
-    const Field Adjustment = transactions.Fields("Adjustment");
-    const Field Shipment = invoices.Fields("Shipment");
-    while (!invoices.Eof()) {
-        // An invoice whose list is empty breaks this statement, and the register stays filled up to it.
-        auto charges = gDatabase->OpenRecordset(
-            "SELECT SUM(Freight) AS TotalFreight, SUM(Adjustment) AS TotalAdjustment FROM Shipment WHERE ID IN (" +
-            Shipment.joined() + ")");
-        const double TotalFreight = sumOrZero(charges.Fields("TotalFreight"));
-        const double TotalAdjustment = sumOrZero(charges.Fields("TotalAdjustment"));
-        charges.Close();
-
-        transactions.AddNew();
-        for (const auto &[to, from] : copied)
-            to = from.value();
-        Freight = TotalFreight;
-        Adjustment = TotalAdjustment;
-        transactions.Update();
-        invoices.MoveNext();
-    }
-    invoices.Close();
-    transactions.Close();
-
+    fillInvoiceRegister(BeginDate, EndDate);
     Report &report = handOver.read(
         "crptARTranReport",
         gDatabase->OpenRecordset("SELECT Customer, Invoice, InvoiceDate, DueDate, Terms, Shipment, Total, Freight, "

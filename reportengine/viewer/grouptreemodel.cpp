@@ -70,7 +70,7 @@ QModelIndex GroupTreeModel::entry(int level, int place) const
         const int above = m_pages->groups().nodes(level)[m_pages->printedGroups().nodes[level][place]].parent;
         row -= entriesBelow(indexOf(level - 1, above)).first;
     }
-    return createIndex(row, 0, (quintptr(level) << 32) | quintptr(quint32(place)));
+    return createIndex(row, 0, idOf(level, place));
 }
 
 QModelIndex GroupTreeModel::indexOf(int level, int node) const
@@ -90,7 +90,7 @@ QModelIndex GroupTreeModel::index(int row, int column, const QModelIndex &parent
         return {};
     const int level = parent.isValid() ? GroupTreeModel::level(parent) + 1 : 0;
     const int place = entriesBelow(parent).first + row;
-    return createIndex(row, 0, (quintptr(level) << 32) | quintptr(quint32(place)));
+    return createIndex(row, 0, idOf(level, place));
 }
 
 QModelIndex GroupTreeModel::parent(const QModelIndex &child) const

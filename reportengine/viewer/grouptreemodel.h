@@ -39,6 +39,8 @@ private:
     Entries entriesBelow(const QModelIndex &parent) const;
     QModelIndex entry(int level, int place) const;
     static int place(const QModelIndex &index) { return int(index.internalId() & 0xffffffff); }
+    /// What `level` and `place` are read from.
+    static quintptr idOf(int level, int place) { return (quintptr(level) << 32) | quintptr(quint32(place)); }
 
     const ReportPages *m_pages = nullptr;
     std::vector<int> m_known; ///< by level, how many printed nodes the views have been told of

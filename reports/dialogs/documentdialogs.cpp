@@ -9,15 +9,7 @@ frmPickTicket::frmPickTicket() : KeyedSelectionDialog("frmPickTicket", "Pick Tic
 // Open orders only; what is closed or void is not picked.
 void frmPickTicket::formLoad()
 {
-    auto orders = gDatabase->OpenRecordset("SELECT * FROM Orders WHERE Status = 'Open' ORDER BY Customer,OrderNumber");
-    QStringList entries, ids;
-    while (!orders.Eof()) {
-        entries += orders.Fields("Customer").joined() + " - " + orders.Fields("OrderNumber").joined();
-        ids += orders.Fields("ID").text();
-        orders.MoveNext();
-    }
-    orders.Close();
-    fill(entries, ids);
+    fill("SELECT * FROM Orders WHERE Status = 'Open' ORDER BY Customer,OrderNumber", "Customer", "OrderNumber", "ID");
 }
 
 void frmPickTicket::btnPrint_Click()

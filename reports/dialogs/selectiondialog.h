@@ -22,8 +22,8 @@ class KeyedSelectionDialog : public SelectionDialog
 protected:
     KeyedSelectionDialog(const QString &name, const QString &label);
 
-    /// The entries and their IDs, row for row.
-    void fill(const QStringList &entries, const QStringList &ids);
+    /// Lists the rows of a statement as "first - second" by two of their columns, and the keys beside them row for row.
+    void fill(const QString &sql, const char *first, const char *second, const char *key);
     /// The ID of the selected entry; empty without one.
     QString selectedID() const;
 

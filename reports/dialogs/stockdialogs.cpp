@@ -2,7 +2,6 @@
 #include "reports/inventoryregisters.h"
 #include "reports/listings.h"
 #include "toolkit/forms/fillcombo.h"
-#include "toolkit/forms/mainmod.h"
 
 // Its hidden list stays empty, since a warehouse's name is its key. With none picked the report is empty.
 frmAvailInvReport::frmAvailInvReport() : KeyedSelectionDialog("frmAvailInvReport", "Warehouse") {}
@@ -27,16 +26,7 @@ frmAdjustmentControlReport::frmAdjustmentControlReport()
 // All adjustments, both halves of every transfer among them; the newest first.
 void frmAdjustmentControlReport::formLoad()
 {
-    auto adjustments = gDatabase->OpenRecordset("SELECT * FROM AdjustmentHeader ORDER BY ID DESC,Date DESC");
-    QStringList entries, ids;
-    while (!adjustments.Eof()) {
-        const QString ID = adjustments.Fields("ID").joined();
-        entries += ID + " - " + adjustments.Fields("Date").joined();
-        ids += ID;
-        adjustments.MoveNext();
-    }
-    adjustments.Close();
-    fill(entries, ids);
+    fill("SELECT * FROM AdjustmentHeader ORDER BY ID DESC,Date DESC", "ID", "Date", "ID");
 }
 
 void frmAdjustmentControlReport::btnPrint_Click()
@@ -53,18 +43,9 @@ frmTransferControlReport::frmTransferControlReport()
 // The date shown is that of the sending half.
 void frmTransferControlReport::formLoad()
 {
-    auto transfers = gDatabase->OpenRecordset("SELECT * FROM TransferHeader LEFT JOIN AdjustmentHeader ON "
-                                              "TransferHeader.FromID = AdjustmentHeader.ID ORDER BY "
-                                              "TransferHeader.ID DESC");
-    QStringList entries, ids;
-    while (!transfers.Eof()) {
-        const QString ID = transfers.Fields("TransferHeader.ID").joined();
-        entries += ID + " - " + transfers.Fields("Date").joined();
-        ids += ID;
-        transfers.MoveNext();
-    }
-    transfers.Close();
-    fill(entries, ids);
+    fill("SELECT * FROM TransferHeader LEFT JOIN AdjustmentHeader ON TransferHeader.FromID = AdjustmentHeader.ID ORDER "
+         "BY TransferHeader.ID DESC",
+         "TransferHeader.ID", "Date", "TransferHeader.ID");
 }
 
 void frmTransferControlReport::btnPrint_Click()

@@ -54,6 +54,25 @@ Section summaryLine(Section section)
     return section;
 }
 
+/// The summary's heads: those of the amounts, with the customer in place of the invoice's own columns.
+void addSummaryHeads(Layout &layout)
+{
+    Section &heads = sectionNamed(layout, "secHeads");
+    Section summaryHeads = heads;
+    heads.suppressIf = "{?InvoiceHeads} = \"\"";
+    summaryHeads.name = "secSummaryHeads";
+    summaryHeads.suppressIf = "{?InvoiceHeads} <> \"\"";
+    for (LayoutObject &object : summaryHeads.objects) {
+        if (object.content == "Invoice")
+            object.content = "Customer";
+        else if (object.content == "Date" || object.content == "Due" || object.content == "Terms")
+            object.content.clear();
+    }
+    const auto behindHeads = std::find_if(layout.sections.begin(), layout.sections.end(),
+                                          [](const Section &section) { return section.name == "secHeads"; });
+    layout.sections.insert(behindHeads + 1, summaryHeads);
+}
+
 } // namespace
 
 /// The accounts receivable listing: open invoices by customer, aged by the days from the invoice date to the as-of
@@ -94,21 +113,6 @@ Layout crptOpenInvoicesReport()
     footer.suppressIf = nothingOpen + " or {?InvoiceHeads} = \"\"";
     summary.suppressIf = nothingOpen + " or {?InvoiceHeads} <> \"\"";
     layout.sections.push_back(summary);
-
-    // The summary's heads: those of the amounts, with the customer in place of the invoice's own columns.
-    Section &heads = sectionNamed(layout, "secHeads");
-    Section summaryHeads = heads;
-    heads.suppressIf = "{?InvoiceHeads} = \"\"";
-    summaryHeads.name = "secSummaryHeads";
-    summaryHeads.suppressIf = "{?InvoiceHeads} <> \"\"";
-    for (LayoutObject &object : summaryHeads.objects) {
-        if (object.content == "Invoice")
-            object.content = "Customer";
-        else if (object.content == "Date" || object.content == "Due" || object.content == "Terms")
-            object.content.clear();
-    }
-    const auto behindHeads = std::find_if(layout.sections.begin(), layout.sections.end(),
-                                          [](const Section &section) { return section.name == "secHeads"; });
-    layout.sections.insert(behindHeads + 1, summaryHeads);
+    addSummaryHeads(layout);
     return layout;
 }
