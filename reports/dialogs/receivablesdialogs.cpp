@@ -59,7 +59,7 @@ void frmOpenInvoicesReport::formLoad()
 void frmOpenInvoicesReport::btnOk_Click()
 {
     const Hourglass hourglass;
-    // Days that are no number pass with the box clear, and count as 0 then.
+    // With the box clear text that is no number passes, and counts by its leading number.
     if (chkOver->isChecked() && !IsNumeric(txtDays->text())) {
         MsgBox("You must enter a number of days to be aging.", "Enter Days to Age");
     } else {
