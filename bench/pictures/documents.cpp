@@ -1,7 +1,7 @@
 #include "bench/pictures/studio.h"
 #include "reports/handover.h"
 #include "reports/operational.h"
-#include "tests/support/desk.h"
+#include "tests/support/formdriver.h"
 
 #include "toolkit/forms/mainmod.h"
 #include <QComboBox>

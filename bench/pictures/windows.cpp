@@ -1,5 +1,5 @@
 #include "bench/pictures/studio.h"
-#include "tests/support/desk.h"
+#include "tests/support/formdriver.h"
 
 #include <QComboBox>
 

@@ -1,6 +1,6 @@
 #include "app/application.h"
 #include "data/values/runtimeerror.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "toolkit/forms/mainmod.h"
 
 #include <QFile>
@@ -53,7 +53,7 @@ struct Ended
     int status;
 };
 
-class ApplicationTest : public DeskTest
+class ApplicationTest : public CompanyTest
 {
 protected:
     ApplicationTest()

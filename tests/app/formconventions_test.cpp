@@ -1,5 +1,5 @@
 #include "app/formlist.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -11,7 +11,7 @@
 // What holds for every form of the program, whoever made it.
 
 namespace {
-class EveryForm : public DeskTest, public testing::WithParamInterface<std::string>
+class EveryForm : public CompanyTest, public testing::WithParamInterface<std::string>
 {
 protected:
     EveryForm()
@@ -159,7 +159,7 @@ TEST_P(EveryForm, ShowsEveryControlWholeInsideItsWindowAndNoneOverAnother)
     check("maximised there");
 }
 
-using Lists = DeskTest;
+using Lists = CompanyTest;
 
 TEST_F(Lists, TheseTypeAheadAndTheOthersDoNot)
 {

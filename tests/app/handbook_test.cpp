@@ -1,4 +1,4 @@
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -25,7 +25,7 @@ protected:
     void doSetSource(const QUrl &url, QTextDocument::ResourceType) override { opened += url.toLocalFile(); }
 };
 
-class HandbookTest : public DeskTest
+class HandbookTest : public CompanyTest
 {
 };
 

@@ -1,6 +1,5 @@
 #include "app/windowstrip.h"
 #include "tests/support/company.h"
-#include "tests/support/hand.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -17,58 +16,34 @@ namespace {
 /// A form brought to where its field, the last one filled, would act when it is left.
 struct Field
 {
-    const char *title, *form;
-    std::vector<std::pair<const char *, const char *>> fill;
-    const char *goesTo = nullptr;                       ///< where its LostFocus puts the focus; null: nowhere
-    const char *boxTitle = nullptr, *boxText = nullptr; ///< what it says; null: nothing
-    const char *keeps = nullptr;                        ///< its text when it was left; null: the one typed
+    const char *form, *fill;
+    const char *goesTo = nullptr; ///< where its LostFocus puts the focus; null: nowhere
+    const char *box = nullptr;    ///< title and text of what it says; null: nothing
+    const char *keeps = nullptr;  ///< its text when it was left; null: the one typed
+
+    QString name() const { return QString(fill).section("; ", -1).section(':', 0, 0); }
 };
 
 void PrintTo(const Field &field, std::ostream *out)
 {
-    *out << field.title;
+    *out << field.fill;
 }
 
 const Field fields[] = {
-    {"adjustment_with_a_warehouse", "frmInventoryAdjust", {{"cmbWarehouse", "North"}}, "cmbPart"},
-    {"transfer_whose_target_came_last", "frmTransfer", {{"cmbFrom", "Main"}, {"cmbTo", "North"}}, "cmbPart"},
-    {"transfer_whose_source_came_last", "frmTransfer", {{"cmbTo", "North"}, {"cmbFrom", "Main"}}, "cmbPart"},
-    {"order_for_a_customer", "frmOrderEntry", {{"cmbCustomer", "Acme Rail"}}},
-    {"order_line_for_a_part", "frmOrderEntry", {{"cmbPart", "AX-100"}}},
-    {"order_line_for_a_quantity", "frmOrderEntry", {{"txtQty", "5"}}},
-    {"order_line_at_a_price", "frmOrderEntry", {{"txtPriceEach", "2.5"}}},
-    {"adjustment_of_an_unknown_number",
-     "frmInventoryAdjust",
-     {{"txtID", "77"}},
-     "txtID",
-     "Invalid Adjustment ID",
-     "Invalid Adjustment ID. Please Re-enter.",
-     ""},
-    {"transfer_of_an_unknown_number",
-     "frmTransfer",
-     {{"txtID", "77"}},
-     "txtID",
-     "Invalid Transfer ID",
-     "Invalid Transfer ID. Please Re-enter.",
-     ""},
-    {"customer_without_days",
-     "frmCustomerEntry",
-     {{"txtDays", ""}},
-     "txtDays",
-     "Invalid Terms",
-     "You must enter a number in days for this field. Please re-enter."},
-    {"payment_on_an_unknown_invoice",
-     "frmReceivePayment",
-     {{"txtInvoice", "77"}},
-     "txtInvoice",
-     "Invalid Invoice",
-     "Invalid Invoice Number. Please Re-enter."},
-    {"payment_above_the_balance",
-     "frmReceivePayment",
-     {{"txtPayment", "5"}},
-     "txtPayment",
-     "Invalid Payment Amount",
-     "You may not receive payment greater than the remaining balance on an invoice."},
+    {"frmInventoryAdjust", "cmbWarehouse: North", "cmbPart"},
+    {"frmTransfer", "cmbFrom: Main; cmbTo: North", "cmbPart"},
+    {"frmTransfer", "cmbTo: North; cmbFrom: Main", "cmbPart"},
+    {"frmOrderEntry", "cmbCustomer: Acme Rail"},
+    {"frmOrderEntry", "cmbPart: AX-100"},
+    {"frmOrderEntry", "txtQty: 5"},
+    {"frmOrderEntry", "txtPriceEach: 2.5"},
+    {"frmInventoryAdjust", "txtID: 77", "txtID", "Invalid Adjustment ID|Invalid Adjustment ID. Please Re-enter.", ""},
+    {"frmTransfer", "txtID: 77", "txtID", "Invalid Transfer ID|Invalid Transfer ID. Please Re-enter.", ""},
+    {"frmCustomerEntry", "txtDays:", "txtDays",
+     "Invalid Terms|You must enter a number in days for this field. Please re-enter."},
+    {"frmReceivePayment", "txtInvoice: 77", "txtInvoice", "Invalid Invoice|Invalid Invoice Number. Please Re-enter."},
+    {"frmReceivePayment", "txtPayment: 5", "txtPayment",
+     "Invalid Payment Amount|You may not receive payment greater than the remaining balance on an invoice."},
 };
 
 /// One thing that a user does.
@@ -87,35 +62,27 @@ protected:
         settle();
     }
 
-    static const char *name() { return GetParam().fill.back().first; }
-    static FormDriver driver() { return FormDriver(GetParam().form); }
-    static QMdiSubWindow *window(const char *form = GetParam().form)
+    static Form *form(const char *name = GetParam().form) { return Forms::loaded(name); }
+    static QMdiSubWindow *window(const char *name = GetParam().form)
     {
-        return qobject_cast<QMdiSubWindow *>(Forms::loaded(form)->parentWidget());
+        return qobject_cast<QMdiSubWindow *>(form(name)->parentWidget());
     }
+    static FormDriver driver() { return FormDriver(GetParam().form); }
+    static QWidget *field() { return driver().control<QWidget>(GetParam().name()); }
 
     /// Opens another form in the background, then the field's own, and counts from then on how often the field is left.
     void open(bool maximised)
     {
         Load("frmPartEntry");
         settle();
-        const FormDriver form(GetParam().form);
+        FormDriver form(GetParam().form);
         if (maximised)
             hand.mark(window(), QStyle::SC_TitleBarMaxButton);
-        for (const auto &[control, text] : GetParam().fill)
-            fill(form.control<QWidget>(control), text);
-        typed = form.text(name());
-        ASSERT_EQ(typed, GetParam().fill.back().second);
-        ASSERT_EQ(form.focus(), name());
-        left.emplace(form.control<QWidget>(name()), SIGNAL(lostFocus()));
-    }
-    void fill(QWidget *control, const char *text)
-    {
-        hand.click(control);
-        hand.keys(text);
-        if (qobject_cast<ComboBox *>(control))
-            hand.key(Qt::Key_Return); // the press lowered the list
-        settle();
+        form.act(GetParam().fill);
+        typed = form.text(GetParam().name());
+        ASSERT_TRUE(QString(GetParam().fill).endsWith(": " + typed) || typed.isEmpty());
+        ASSERT_EQ(form.focus(), GetParam().name());
+        left.emplace(field(), SIGNAL(lostFocus()));
     }
     void close()
     {
@@ -139,30 +106,30 @@ protected:
     {
         SCOPED_TRACE(what);
         settle();
-        ASSERT_TRUE(Forms::loaded(GetParam().form));
+        ASSERT_TRUE(form());
         EXPECT_EQ(left->count(), 0) << "nobody left the field";
-        EXPECT_EQ(driver().text(name()), typed);
-        EXPECT_EQ(ProgramFocus::holder(), driver().control<QWidget>(name()));
+        EXPECT_EQ(driver().text(GetParam().name()), typed);
+        EXPECT_EQ(ProgramFocus::holder(), field());
         if (window()->isMinimized())
             return;
-        EXPECT_EQ(QApplication::focusWidget(), driver().control<QWidget>(name()));
+        EXPECT_EQ(QApplication::focusWidget(), field());
         EXPECT_TRUE(QApplication::focusWidget()->isVisible());
     }
 
     /// One LostFocus, one box over the form if the field has one to show, and the focus where the field sends it; else
     /// on the way it was going.
-    void expectOneLeaving(const char *what, const std::function<void()> &leave)
+    void expectOneLeaving(const Act &leave)
     {
-        SCOPED_TRACE(what);
-        if (GetParam().boxTitle)
-            boxes.expect(GetParam().boxTitle, GetParam().boxText);
-        leave();
+        SCOPED_TRACE(leave.title);
+        if (GetParam().box)
+            boxes.expect(QString(GetParam().box).section('|', 0, 0), QString(GetParam().box).section('|', 1));
+        leave.perform();
         settle();
         boxes.verify();
         EXPECT_EQ(left->count(), 1);
-        EXPECT_EQ(driver().text(name()), GetParam().keeps ? GetParam().keeps : typed);
+        EXPECT_EQ(driver().text(GetParam().name()), GetParam().keeps ? GetParam().keeps : typed);
         if (!GetParam().goesTo) {
-            EXPECT_FALSE(Forms::loaded(GetParam().form)->isAncestorOf(QApplication::focusWidget()));
+            EXPECT_FALSE(form()->isAncestorOf(QApplication::focusWidget()));
             return;
         }
         EXPECT_EQ(driver().focus(), GetParam().goesTo);
@@ -174,9 +141,7 @@ protected:
     {
         return mdi->findChild<WindowStrip *>()->findChildren<QAbstractButton *>();
     }
-    QLabel *label() const { return Forms::loaded(GetParam().form)->findChild<QLabel *>("Label1"); }
 
-    Hand hand{mdi.get()};
     QString typed;                  ///< into the field
     std::optional<QSignalSpy> left; ///< how often it raised LostFocus
 };
@@ -191,24 +156,19 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
              const QPoint title = Hand::titleOf(window());
              hand.drag(window(), title, title + QPoint(40, 60));
          }},
-        {"click on a label", [&] { hand.click(label()); }},
-        {"click on blank area",
-         [&] {
-             const Form *form = Forms::loaded(GetParam().form);
-             hand.click(form, form->rect().bottomLeft() + QPoint(2, -2));
-         }},
+        {"click on a label", [&] { hand.click(form()->findChild<QLabel *>("Label1")); }},
+        {"click on blank area", [&] { hand.click(form(), form()->rect().bottomLeft() + QPoint(2, -2)); }},
         {"click beside all windows",
          [&] {
-             QWidget *area = mdi->findChild<QMdiArea *>()->viewport();
+             const QWidget *area = mdi->findChild<QMdiArea *>()->viewport();
              hand.click(area, area->rect().bottomRight() - QPoint(4, 4));
          }},
         {"click into a disabled frame",
          [&] {
-             for (const QGroupBox *frame : Forms::loaded(GetParam().form)->findChildren<QGroupBox *>())
-                 if (!frame->isEnabled())
-                     for (const QWidget *control : frame->findChildren<QWidget *>())
-                         if (control->isVisible())
-                             hand.click(control);
+             for (const QGroupBox *frame : form()->findChildren<QGroupBox *>())
+                 for (const QWidget *control : frame->findChildren<QWidget *>())
+                     if (!frame->isEnabled() && control->isVisible())
+                         hand.click(control);
          }},
         {"minimise", [&] { hand.mark(window(), QStyle::SC_TitleBarMinButton); }},
         {"another program while minimised", [&] { anotherProgram(); }},
@@ -219,7 +179,7 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
          [&] {
              hand.menu({"Orders"});
              QTest::keyClick(QApplication::activePopupWidget()->windowHandle(), Qt::Key_Escape);
-             QTest::keyClick(mdi->windowHandle(), Qt::Key_Escape);
+             hand.key(Qt::Key_Escape);
          }},
         {"minimise a maximised window", [&] { hand.mark(window(), QStyle::SC_TitleBarMinButton); }},
         {"restore it by its button at the foot", [&] { hand.click(footButtons().constLast()); }},
@@ -230,10 +190,10 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
         expectStay(step.title);
     }
     EXPECT_FALSE(window()->isMinimized());
-    const QPointer<Form> form = Forms::loaded(GetParam().form);
+    const QPointer<Form> closed = form();
     hand.mark(window(), QStyle::SC_TitleBarCloseButton);
     settle();
-    EXPECT_FALSE(form) << "the close mark closes the form without asking the field";
+    EXPECT_FALSE(closed) << "the close mark closes the form without asking the field";
 }
 
 TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
@@ -256,10 +216,10 @@ TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
          }},
     };
     for (const bool maximised : {true, false}) {
+        SCOPED_TRACE(maximised ? "maximised" : "normal");
         for (const auto &way : ways) {
-            SCOPED_TRACE(maximised ? "maximised" : "normal");
             open(maximised);
-            expectOneLeaving(way.title, way.perform);
+            expectOneLeaving(way);
             close();
         }
     }
@@ -267,51 +227,28 @@ TEST_P(LeavingFields, AnotherWindowTakesTheFocusWithOneLostFocus)
 
 TEST_P(LeavingFields, AClickOnAnotherWindowTakesTheFocusWithOneLostFocus)
 {
+    const auto other = [] { return window("frmPartEntry"); };
     const Act ways[] = {
-        {"its field", [&] { hand.click(Forms::loaded("frmPartEntry")->findChild<QWidget *>("txtBinLocation")); }},
-        {"its label", [&] { hand.click(Forms::loaded("frmPartEntry")->findChild<QWidget *>("Label1")); }},
-        {"its title", [&] { hand.click(window("frmPartEntry"), Hand::titleOf(window("frmPartEntry"))); }},
-        {"its mark", [&] { hand.mark(window("frmPartEntry"), QStyle::SC_TitleBarMaxButton); }},
+        {"its field", [&] { hand.click(other()->findChild<QWidget *>("txtBinLocation")); }},
+        {"its label", [&] { hand.click(other()->findChild<QWidget *>("Label1")); }},
+        {"its title", [&] { hand.click(other(), Hand::titleOf(other())); }},
+        {"its mark", [&] { hand.mark(other(), QStyle::SC_TitleBarMaxButton); }},
     };
     for (const auto &way : ways) {
         open(false);
-        window("frmPartEntry")->move(0, 0);
-        window()->move(window("frmPartEntry")->width() + 4, 0);
+        other()->move(0, 0);
+        window()->move(other()->width() + 4, 0);
         settle();
-        expectOneLeaving(way.title, way.perform);
-        EXPECT_EQ(window("frmPartEntry")->isMaximized(), way.title == QString("its mark") && !GetParam().goesTo)
+        expectOneLeaving(way);
+        EXPECT_EQ(other()->isMaximized(), way.title == QString("its mark") && !GetParam().goesTo)
             << "a press that the field took the focus back from goes no further";
-        const QRect form(window()->mapToGlobal(QPoint()), window()->size());
-        EXPECT_TRUE(!GetParam().boxTitle || form.contains(boxes.lastPlace().center()))
+        const QRect asking(window()->mapToGlobal(QPoint()), window()->size());
+        EXPECT_TRUE(!GetParam().box || asking.contains(boxes.lastPlace().center()))
             << "a box stands over the form that asks, though another is the active one";
         close();
     }
 }
 
-TEST_F(CompanyTest, CtrlWClosesNoFormAndIsACharacterLikeAnyOtherInATypeAheadBox)
-{
-    FormDriver form("frmInventoryAdjust");
-    form.control<ComboBox>("cmbWarehouse")->setFocus();
-    Hand hand(mdi.get());
-    hand.key(Qt::Key_W, Qt::ControlModifier);
-    settle();
-    ASSERT_TRUE(form.isLoaded());
-    hand.keys("N");
-    EXPECT_EQ(form.text("cmbWarehouse"), "") << "searched with what was typed before it";
-}
-
-TEST_F(CompanyTest, TheAboutWindowKeepsItsSize)
-{
-    FormDriver about("frmAbout");
-    auto *window = qobject_cast<QMdiSubWindow *>(about.form()->parentWidget());
-    const QRect before = window->geometry();
-    Hand hand(mdi.get());
-    hand.doubleClick(window, Hand::titleOf(window));
-    hand.drag(window, window->rect().bottomRight() - QPoint(1, 1), window->rect().bottomRight() + QPoint(80, 60));
-    EXPECT_EQ(window->geometry(), before);
-    EXPECT_FALSE(window->isMaximized());
-}
-
 INSTANTIATE_TEST_SUITE_P(Program, LeavingFields, testing::ValuesIn(fields),
-                         [](const auto &field) { return std::string(field.param.title); });
+                         [](const auto &field) { return field.param.form + ('_' + field.param.name().toStdString()); });
 } // namespace

@@ -1,5 +1,5 @@
 #include "app/mdi.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 
 #include <QAction>
 #include <QApplication>
@@ -125,7 +125,7 @@ bool opensForm(const Entry &entry)
     return entry.opens && QByteArray(entry.opens).startsWith("frm");
 }
 
-class MenuTest : public DeskTest
+class MenuTest : public CompanyTest
 {
 protected:
     static QStringList tree(const QList<QAction *> &actions, int level = 0)
@@ -138,7 +138,6 @@ protected:
         }
         return lines;
     }
-    TestClock clock{"2011-03-30 14:05:09"};
     QAction *action(const char *name) const { return mdi->findChild<QAction *>(name); }
     void expectControls(const Form *form, const Entry &entry)
     {
@@ -185,16 +184,6 @@ TEST_F(MenuTest, StandsInItsOrderUnderItsNamesAndOpensWhatItSays)
     EXPECT_EQ(tree(mdi->menuBar()->actions()), expected);
     boxes.expect("Rebuild Confirmation", "Are you sure you want to rebuild the Available Inventory Report?", "No");
     menu("RebuildInv");
-}
-
-TEST_F(MenuTest, TheMouseOpensAFormThroughTheMenuBar)
-{
-    QMenuBar *bar = mdi->menuBar();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action("Help")).center());
-    QMenu *help = action("Help")->menu();
-    ASSERT_TRUE(help->isVisible());
-    QTest::mouseClick(help, Qt::LeftButton, {}, help->actionGeometry(action("About")).center());
-    EXPECT_TRUE(Forms::loaded("frmAbout"));
 }
 
 /// The way to an entry by its caption's first letters, as a user goes it with keys alone.

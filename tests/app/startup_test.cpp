@@ -1,6 +1,6 @@
 #include "app/previousinstance.h"
 #include "app/startup.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "toolkit/forms/mainmod.h"
 
 #include <QDir>

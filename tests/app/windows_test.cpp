@@ -44,12 +44,6 @@ protected:
             all += button->text();
         return all;
     }
-    /// Clicks where the widget is, on the window.
-    void clickOn(const QWidget *widget)
-    {
-        QTest::mouseClick(mdi->windowHandle(), Qt::LeftButton, {}, widget->mapTo(mdi.get(), widget->rect().center()));
-        settle();
-    }
     /// Chooses an entry of the strip's context menu.
     void chooseOnStrip(const QString &caption)
     {
@@ -123,7 +117,8 @@ TEST_F(WindowsTest, TheStripHasAButtonForEachWindowAndBringsItBack)
 
     order->showMinimized();
     settle();
-    clickOn(strip()[0]);
+    hand.click(strip()[0]);
+    settle();
     EXPECT_FALSE(order->isMinimized());
     EXPECT_EQ(area()->activeSubWindow(), order);
     EXPECT_TRUE(strip()[0]->isChecked() && !strip()[2]->isChecked());
@@ -199,6 +194,33 @@ TEST_F(WindowsTest, ABoxStandsOverTheFormThatAsks)
     const QPoint middle = boxes.lastPlace().center();
     EXPECT_LE(std::abs(middle.x() - aim.x()), 40);
     EXPECT_LE(std::abs(middle.y() - aim.y()), 60);
+}
+
+TEST_F(WindowsTest, TheAboutWindowTellsTheVersionKeepsItsSizeAndMissesASystemInformationTool)
+{
+    const QMdiSubWindow *window = open("frmAbout");
+    FormDriver about("frmAbout");
+    EXPECT_EQ(about.shows("lblTitle lblVersion cmdSysInfo"),
+              "Inventory Management Software|Version 1.7 3/30/2011|&System Info...");
+    const QRect before = window->geometry();
+    hand.doubleClick(window, Hand::titleOf(window));
+    hand.drag(window, window->rect().bottomRight() - QPoint(1, 1), window->rect().bottomRight() + QPoint(80, 60));
+    EXPECT_EQ(window->geometry(), before);
+    EXPECT_FALSE(window->isMaximized());
+    expectBox(about, "<Alt+S>", "Tamrick Inventory Management", "System Information Is Unavailable At This Time");
+    about.act("cmdOK");
+    EXPECT_FALSE(about.isLoaded());
+}
+
+TEST_F(WindowsTest, CtrlWClosesNoFormAndIsACharacterLikeAnyOtherInATypeAheadBox)
+{
+    FormDriver form("frmInventoryAdjust");
+    form.control<ComboBox>("cmbWarehouse")->setFocus();
+    hand.key(Qt::Key_W, Qt::ControlModifier);
+    settle();
+    ASSERT_TRUE(form.isLoaded());
+    hand.keys("N");
+    EXPECT_EQ(form.text("cmbWarehouse"), "") << "searched with what was typed before it";
 }
 
 double luminance(const QColor &color)

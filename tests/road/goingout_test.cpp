@@ -1,7 +1,7 @@
 #include "reportengine/output/exports.h"
 #include "reportengine/output/printing.h"
 #include "reports/layouts/catalogue.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "tests/support/samplerows.h"
 #include "toolkit/controls/msgbox.h"
 #include "toolkit/forms/mainmod.h"
@@ -23,7 +23,7 @@ extern "C" int fdatasync(int file)
 
 namespace {
 
-using GoingOut = DeskTest;
+using GoingOut = CompanyTest;
 
 TEST_F(GoingOut, WhatWasWrittenOrReadIsSafeBeforeABoxADocumentOrAnExport)
 {

@@ -1,33 +1,40 @@
 #include "tests/support/company.h"
 
-CompanyTest::CompanyTest()
+#include "app/formlist.h"
+#include "toolkit/forms/mainmod.h"
+#include <QApplication>
+
+static std::unique_ptr<MDI> mainWindow()
 {
-    for (const char *master : {"Customer", "Warehouse", "Part", "PriceSheet"})
-        database.execute(QStringLiteral("DELETE * FROM ") + master);
-    for (const auto &[name, status] : {std::pair{"North", "Active"}, {"Main", "Active"}, {"Old", "InActive"}})
-        addRow("Warehouse", {{"Warehouse", name}, {"Status", status}});
-    const auto part = [](const char *name, const char *category, double cost, double price, const char *status) {
-        addRow("Part",
-               {{"PartNo", name}, {"Category", category}, {"Cost", cost}, {"SalePrice", price}, {"Status", status}});
-    };
-    part("BR-200", "Brackets", 1.25, 2.5, "Active");
-    part("AX-100", "Axles", 2.5, 10, "Active");
-    part("CX-300", "Brackets", 0.05, 0.1, "Active");
-    part("ZZ-900", "Axles", 9, 20, "InActive");
-    for (const auto &[name, price] : {std::pair{"AX-100", 8.75}, {"CX-300", 0.0}})
-        addRow("PriceSheet", {{"PriceSheet", "Gold"}, {"Part", name}, {"Price", price}});
-    database.execute("INSERT INTO Customer (Customer, Status, Terms, Days, PriceSheet, ShipTo, ShipToAddress1, "
-                     "ShipToAddress2, ShipToCity, ShipToState, ShipToZip, ShipToPhone, ShipToFax) VALUES ('Acme Rail', "
-                     "'Active', 'Net 30', 30, 'Gold', 'Acme Dock', '1 Quay', 'Gate 3', 'Erie', 'PA', '16501', '555-1', "
-                     "'555-2')");
-    addRow("Customer", {{"Customer", "Birch Mill"}, {"Terms", "COD"}, {"Days", 0}, {"Status", "Active"}});
-    addRow("Customer", {{"Customer", "Cobb Yard"}, {"Terms", "Net 10"}, {"Days", 10}, {"Status", "InActive"}});
+    registerForms();
+    return std::make_unique<MDI>();
+}
+
+CompanyTest::CompanyTest() : mdi(mainWindow()), hand(mdi.get())
+{
+    gDefaultWarehouse = QStringLiteral("Main");
+    gAutoPriceFlag = QStringLiteral("YES");
+    gTypeAheadSeconds = 1;
+    gOrderNavigatorOpen = gShipmentNavigatorOpen = false;
+    mdi->show();
+    QApplication::setActiveWindow(mdi.get());
+    settle();
 }
 
 void CompanyTest::TearDown()
 {
     EXPECT_FALSE(QGuiApplication::overrideCursor()) << "the hourglass is left standing";
-    DeskTest::TearDown();
+    boxes.verify();
+    Forms::unloadAll();
+    settle();
+}
+
+void CompanyTest::menu(const QString &name)
+{
+    auto *action = mdi->findChild<QAction *>(name);
+    ASSERT_TRUE(action) << "no menu entry " << qPrintable(name);
+    ASSERT_TRUE(action->isEnabled()) << "menu entry greyed: " << qPrintable(name);
+    action->trigger();
 }
 
 QString CompanyTest::addOrder(const char *number, const char *customer, const std::vector<Line> &lines,

@@ -1,23 +1,24 @@
 #pragma once
 
-#include "tests/support/desk.h"
+#include "app/mdi.h"
+#include "tests/support/boxes.h"
+#include "tests/support/formdriver.h"
+#include "tests/support/hand.h"
+#include "tests/support/printers.h"
+#include "tests/support/testclock.h"
+#include "tests/support/testdatabase.h"
 
-/// The program over a small company of its own, on 30 March 2011 at 14:05:09:
-///
-///     warehouses  Main, North; Old is not active
-///     parts       AX-100 (Axles, cost 2.5, price 10), BR-200 (Brackets, 1.25, 2.5), CX-300 (Brackets, 0.05, 0.1);
-///                 ZZ-900 is not active
-///     customers   Acme Rail (30 days, sheet "Gold", a dock to ship to), Birch Mill (0 days); Cobb Yard (10 days) is
-///     not
-///                 active
-///     sheet       "Gold": AX-100 at 8.75, CX-300 at 0
-///
+/// The program over the small company of a TestDatabase on 30 March 2011 at 14:05:09: the settings (automatic prices
+/// on, warehouse "Main", type-ahead one second), the main window with every form known, and boxes answered by `boxes`.
 /// Fails a test that leaves the hourglass standing.
-class CompanyTest : public DeskTest
+class CompanyTest : public testing::Test
 {
 protected:
     CompanyTest();
     void TearDown() override;
+
+    /// Clicks a menu entry by the menu control's name. It must be enabled.
+    void menu(const QString &name);
 
     struct Line
     {
@@ -46,6 +47,10 @@ protected:
     QStringList table(const QString &name, const QString &order = "ID") const;
 
     TestClock clock{"2011-03-30 14:05:09"};
+    TestDatabase database;
+    std::unique_ptr<MDI> mdi;
+    Hand hand;
+    Boxes boxes;
 };
 
 /// The data rows of a grid.

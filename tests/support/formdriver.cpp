@@ -1,5 +1,7 @@
-#include "tests/support/desk.h"
+#include "tests/support/formdriver.h"
 
+#include "data/values/runtimeerror.h"
+#include "toolkit/controls/mousepointer.h"
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHeaderView>
@@ -25,6 +27,25 @@ QWidget *focusWidget()
     return widget;
 }
 } // namespace
+
+void settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+void expectRuntimeError(int number, const std::function<void()> &action, const QString &description)
+{
+    try {
+        action();
+        ADD_FAILURE() << "no run-time error was raised, expected " << number;
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), number) << error.what();
+        EXPECT_TRUE(description.isEmpty() || error.description() == description) << error.what();
+    }
+    setDefaultPointer(); // the ended program would leave the hourglass to nobody
+}
 
 FormDriver::FormDriver(const QString &form, const QString &steps)
 {

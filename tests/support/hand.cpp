@@ -22,19 +22,6 @@ QStyleOptionTitleBar titleBar(const QMdiSubWindow *window)
     option.rect = QRect(0, 0, window->width(), window->style()->pixelMetric(QStyle::PM_TitleBarHeight, &option));
     return option;
 }
-
-/// The place of a mark among those the menu bar shows for a maximised window.
-QStyle::SubControl inMenuBar(QStyle::SubControl mark)
-{
-    switch (mark) {
-    case QStyle::SC_TitleBarMinButton:
-        return QStyle::SC_MdiMinButton;
-    case QStyle::SC_TitleBarNormalButton:
-        return QStyle::SC_MdiNormalButton;
-    default:
-        return QStyle::SC_MdiCloseButton;
-    }
-}
 } // namespace
 
 void Hand::click(const QWidget *widget, QPoint place)
@@ -96,7 +83,10 @@ void Hand::mark(const QMdiSubWindow *window, QStyle::SubControl mark)
         QStyleOptionComplex option;
         option.initFrom(marks);
         option.subControls = QStyle::SC_MdiMinButton | QStyle::SC_MdiNormalButton | QStyle::SC_MdiCloseButton;
-        click(marks, marks->style()->subControlRect(QStyle::CC_MdiControls, &option, inMenuBar(mark), marks).center());
+        const QStyle::SubControl shown = mark == QStyle::SC_TitleBarMinButton      ? QStyle::SC_MdiMinButton
+                                         : mark == QStyle::SC_TitleBarNormalButton ? QStyle::SC_MdiNormalButton
+                                                                                   : QStyle::SC_MdiCloseButton;
+        click(marks, marks->style()->subControlRect(QStyle::CC_MdiControls, &option, shown, marks).center());
     } else {
         const QStyleOptionTitleBar option = titleBar(window);
         click(window, window->style()->subControlRect(QStyle::CC_TitleBar, &option, mark, window).center());

@@ -5,31 +5,21 @@
 #include "toolkit/forms/mainmod.h"
 
 namespace {
-const char *const MasterRows[] = {
-    "INSERT INTO Warehouse (Warehouse, City, Status) VALUES ('Main', 'Dayton', 'Active')",
-    "INSERT INTO Warehouse (Warehouse, City, Status) VALUES ('East', 'Albany', 'Active')",
-    "INSERT INTO Warehouse (Warehouse, City, Status) VALUES ('Old Hall', 'Dayton', 'InActive')",
-    "INSERT INTO Customer (Customer, Address1, City, State, Zip, Status, ShipTo, ShipToAddress1, ShipToCity, "
-    "ShipToState, ShipToZip, ShipToPhone, Terms, Days, PriceSheet, Territory) VALUES ('Acme Supply', '1 First St', "
-    "'Akron', 'OH', '44301', 'Active', 'Acme Dock', '2 Dock Rd', 'Akron', 'OH', '44302', '330-555-0100', 'Net 30', 30, "
-    "'Dealer', 'North')",
-    "INSERT INTO Customer (Customer, City, State, Status, Terms, Days, Territory) VALUES ('Baker Tools', 'Boise', "
-    "'ID', "
-    "'Active', 'Net 10', 10, 'West')",
-    "INSERT INTO Customer (Customer, City, State, Status, Terms, Days, Territory) VALUES ('Bolt & Sons', 'Boston', "
-    "'MA', "
-    "'Active', 'Net 30', 30, 'East')",
-    "INSERT INTO Customer (Customer, Status) VALUES ('Closed Works', 'InActive')",
-    "INSERT INTO Part (PartNo, Category, BinLocation, Cost, SalePrice, Status) VALUES ('A-100', 'Pumps', 'R1', 6, 10, "
-    "'Active')",
-    "INSERT INTO Part (PartNo, Category, BinLocation, Cost, SalePrice, Status) VALUES ('A-200', 'Pumps', 'R2', 12, "
-    "20.5, "
-    "'Active')",
-    "INSERT INTO Part (PartNo, Category, BinLocation, Cost, SalePrice, Status) VALUES ('B-100', 'Valves', 'S1', 2.5, "
-    "5, "
-    "'Active')",
-    "INSERT INTO Part (PartNo, Category, Cost, SalePrice, Status) VALUES ('Z-900', 'Valves', 1, 2, 'InActive')",
-    "INSERT INTO PriceSheet (PriceSheet, Part, Price) VALUES ('Dealer', 'A-100', 9.25)",
+const char *const Company[] = {
+    "INSERT INTO Warehouse (Warehouse, Status) VALUES ('North', 'Active')",
+    "INSERT INTO Warehouse (Warehouse, Status) VALUES ('Main', 'Active')",
+    "INSERT INTO Warehouse (Warehouse, Status) VALUES ('Old', 'InActive')",
+    "INSERT INTO Part (PartNo, Category, Cost, SalePrice, Status) VALUES ('BR-200', 'Brackets', 1.25, 2.5, 'Active')",
+    "INSERT INTO Part (PartNo, Category, Cost, SalePrice, Status) VALUES ('AX-100', 'Axles', 2.5, 10, 'Active')",
+    "INSERT INTO Part (PartNo, Category, Cost, SalePrice, Status) VALUES ('CX-300', 'Brackets', 0.05, 0.1, 'Active')",
+    "INSERT INTO Part (PartNo, Category, Cost, SalePrice, Status) VALUES ('ZZ-900', 'Axles', 9, 20, 'InActive')",
+    "INSERT INTO PriceSheet (PriceSheet, Part, Price) VALUES ('Gold', 'AX-100', 8.75)",
+    "INSERT INTO PriceSheet (PriceSheet, Part, Price) VALUES ('Gold', 'CX-300', 0)",
+    "INSERT INTO Customer (Customer, Status, Terms, Days, PriceSheet, ShipTo, ShipToAddress1, ShipToAddress2, "
+    "ShipToCity, ShipToState, ShipToZip, ShipToPhone, ShipToFax) VALUES ('Acme Rail', 'Active', 'Net 30', 30, 'Gold', "
+    "'Acme Dock', '1 Quay', 'Gate 3', 'Erie', 'PA', '16501', '555-1', '555-2')",
+    "INSERT INTO Customer (Customer, Status, Terms, Days) VALUES ('Birch Mill', 'Active', 'COD', 0)",
+    "INSERT INTO Customer (Customer, Status, Terms, Days) VALUES ('Cobb Yard', 'InActive', 'Net 10', 10)",
 };
 } // namespace
 
@@ -48,8 +38,8 @@ QString addRow(const char *table, const Cells &cells)
 TestDatabase::TestDatabase(EngineKind engine) : m_engine(engine)
 {
     replaceBy([](const QString &name) { createDatabase(name, Schema::Password.toString()); });
-    for (const char *sql : MasterRows)
-        execute(QString::fromUtf8(sql));
+    for (const char *sql : Company)
+        execute(QLatin1String(sql));
 }
 
 TestDatabase::~TestDatabase()

@@ -9,12 +9,15 @@ using Cells = std::vector<std::pair<const char *, Value>>;
 /// Adds a row to a table of gDatabase, the columns not named at their defaults; returns its ID where it has one.
 QString addRow(const char *table, const Cells &cells);
 
-/// A fresh database with a few master rows, open as `gDatabase` while this object stands:
+/// A fresh database of a small company, open as `gDatabase` while this object stands:
 ///
-///     customers   Acme Supply (sheet "Dealer", 30 days), Baker Tools, Bolt & Sons; Closed Works is InActive
-///     warehouses  East, Main; Old Hall is InActive
-///     parts       A-100, A-200 (Pumps), B-100 (Valves), sale prices 10, 20.5, 5; Z-900 is InActive
-///     sheet       "Dealer": A-100 at 9.25
+///     warehouses  Main, North; Old is not active
+///     parts       AX-100 (Axles, cost 2.5, price 10), BR-200 (Brackets, 1.25, 2.5), CX-300 (Brackets, 0.05, 0.1);
+///                 ZZ-900 is not active
+///     customers   Acme Rail (30 days, sheet "Gold", a dock to ship to), Birch Mill (0 days); Cobb Yard (10 days) is
+///     not
+///                 active
+///     sheet       "Gold": AX-100 at 8.75, CX-300 at 0
 class TestDatabase
 {
 public:

@@ -6,7 +6,7 @@
 #include <QWheelEvent>
 
 namespace {
-class ComboBoxTest : public DeskTest
+class ComboBoxTest : public CompanyTest
 {
 protected:
     ComboBox *load(ComboBox::Style style, const QStringList &entries = {"Anvil", "Bolt", "Brace", "Clamp", "bolt"})

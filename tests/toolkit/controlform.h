@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 
 #include <QVBoxLayout>
 

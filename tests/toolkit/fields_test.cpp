@@ -8,7 +8,7 @@
 #include <QMimeData>
 
 namespace {
-class FieldsTest : public DeskTest
+class FieldsTest : public CompanyTest
 {
 protected:
     /// All the ways in which the focus comes to the control of a form, whose text stands in that line.

@@ -8,7 +8,7 @@
 #include <QScrollBar>
 
 namespace {
-class FlexGridTest : public DeskTest
+class FlexGridTest : public CompanyTest
 {
 protected:
     FlexGridTest() { load(); }

@@ -47,7 +47,7 @@ public:
     static inline QStringList events; ///< "+A", "-A": txtA got and lost the focus
 };
 
-class FocusTest : public DeskTest
+class FocusTest : public CompanyTest
 {
 protected:
     FocusTest()

@@ -1,4 +1,4 @@
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "toolkit/forms/formlayout.h"
 
 #include <QMdiArea>
@@ -33,7 +33,7 @@ public:
     int resizes = 0;
 };
 
-class FormsTest : public DeskTest
+class FormsTest : public CompanyTest
 {
 protected:
     FormsTest()

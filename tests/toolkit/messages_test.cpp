@@ -1,5 +1,5 @@
 #include "data/values/runtimeerror.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"
 
@@ -11,7 +11,7 @@
 #include <QTimer>
 
 namespace {
-class MessagesTest : public DeskTest
+class MessagesTest : public CompanyTest
 {
 protected:
     /// Runs `look` on the next box while it is up.

@@ -25,7 +25,7 @@ public:
     int clicks = 0;
 };
 
-class TypeAheadTest : public DeskTest
+class TypeAheadTest : public CompanyTest
 {
 };
 

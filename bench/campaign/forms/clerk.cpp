@@ -8,7 +8,7 @@
 #include "reportengine/output/printing.h"
 #include "reportengine/report.h"
 #include "reportengine/rows/rowstore.h"
-#include "tests/support/desk.h"
+#include "tests/support/company.h"
 #include "toolkit/forms/forms.h"
 #include "toolkit/forms/mainmod.h"
 #include <QMessageBox>

@@ -1,10 +1,5 @@
 #pragma once
 
-#include "app/mdi.h"
-#include "tests/support/boxes.h"
-#include "tests/support/printers.h"
-#include "tests/support/testclock.h"
-#include "tests/support/testdatabase.h"
 #include "toolkit/forms/form.h"
 #include "toolkit/forms/forms.h"
 #include <QTest>
@@ -95,22 +90,4 @@ private:
     void step(const QString &name, const QStringList &cell, const QString &text);
 
     QPointer<Form> m_form;
-};
-
-/// A test on the running program: a database with master rows as `gDatabase`, the settings (automatic prices on,
-/// warehouse "Main", type-ahead one second), the main window with every form known, and boxes answered by `boxes`.
-class DeskTest : public testing::Test
-{
-protected:
-    DeskTest();
-    ~DeskTest() override;
-
-    void TearDown() override;
-
-    /// Clicks a menu entry by the menu control's name. It must be enabled.
-    void menu(const QString &name);
-
-    TestDatabase database;
-    std::unique_ptr<MDI> mdi;
-    Boxes boxes;
 };
