@@ -79,7 +79,7 @@ void copyFile(const QString &from, const QString &to)
     PartFile part(to);
     // What the original is kept from, the copy is kept from too.
     QFile::setPermissions(part.path(), QFile::permissions(from) | QFile::ReadOwner | QFile::WriteOwner);
-    copyDatabase(from, part.path(), Schema::Password.toString());
+    copyDatabase(from, part.path(), Schema::Password);
     part.publish();
 }
 
@@ -89,7 +89,7 @@ void copyFromServer(const QString &from, const QString &to)
     // Who may read what on the server says nothing about users of this machine.
     QFile::setPermissions(copy.name(), QFile::ReadOwner | QFile::WriteOwner);
     fillCompany(from, copy.name());
-    requireSoundDatabase(copy.name(), Schema::Password.toString());
+    requireSoundDatabase(copy.name(), Schema::Password);
     copy.publish();
 }
 
@@ -123,12 +123,12 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
 void restoreDatabase(const QString &backup, const QString &to)
 {
     if (!engines::isFile(to)) {
-        requireSoundDatabase(backup, Schema::Password.toString());
+        requireSoundDatabase(backup, Schema::Password);
         copyCompany(backup, to);
         return;
     }
     PartFile part(to);
-    copyDatabase(backup, part.path(), Schema::Password.toString());
+    copyDatabase(backup, part.path(), Schema::Password);
     shareWithGroup(part.path());
     part.publish();
 }

@@ -17,7 +17,7 @@ QStringList checkFile(const QString &path, const QString &config)
     options.file = path;
     options.readOnly = true;
     Connection connection(options);
-    PasswordGate::check(connection, Schema::Password.toString(), path);
+    PasswordGate::check(connection, Schema::Password, path);
     check::Findings findings;
     if (check::checkStructure(connection, findings)) {
         check::checkColumns(connection, findings);
@@ -35,7 +35,7 @@ QStringList checkOnServer(const QString &uri, const QString &config)
 {
     engine::Options options;
     options.name = uri;
-    options.password = Schema::Password.toString();
+    options.password = Schema::Password;
     options.readOnly = true;
     check::Findings findings;
     const auto connection = engines::open(options);

@@ -47,17 +47,16 @@ void compareRows(Database &source, Database &copy, const TableDef &table)
 
 int fillCompany(const QString &from, const QString &to)
 {
-    const QString password = Schema::Password.toString();
     // Others may go on working: everything is read as it stood when the copy began.
-    const auto source = DBEngine::OpenDatabase(from, false, true, QStringLiteral(";snapshot=yes;pwd=") + password);
+    const auto source = DBEngine::OpenDatabase(from, false, true, Schema::Connect + ";snapshot=yes");
     int count = 0;
     {
-        BulkLoad target(to, password, BulkLoad::File::New);
+        BulkLoad target(to, Schema::Password, BulkLoad::File::New);
         for (const TableDef &table : Schema::permanentTables())
             count += copyRows(*source, target, table);
         target.commit();
     }
-    const auto copy = DBEngine::OpenDatabase(to, false, true, QStringLiteral(";pwd=") + password);
+    const auto copy = DBEngine::OpenDatabase(to, false, true, Schema::Connect);
     for (const TableDef &table : Schema::permanentTables())
         compareRows(*source, *copy, table);
     return count;

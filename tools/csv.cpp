@@ -1,5 +1,6 @@
 #include "tools/csv.h"
 
+#include "data/values/csvfield.h"
 #include "tools/toolerror.h"
 #include <QLocale>
 #include <QStringDecoder>
@@ -100,13 +101,8 @@ void Reader::refuse(const QString &reason) const
 
 QString textField(const QString &text)
 {
-    const auto needsQuotes = [](QChar c) { return c == u'"' || c == u',' || c == u'\n' || c == u'\r'; };
-    // Other programs drop blanks at the edges of a bare field.
-    const bool edges = text.startsWith(u' ') || text.endsWith(u' ');
-    if (!text.isEmpty() && !edges && std::none_of(text.begin(), text.end(), needsQuotes))
-        return text;
-    QString inner = text;
-    return u'"' + inner.replace(u'"', QStringLiteral("\"\"")) + u'"';
+    // A bare empty field would be Null, and other programs drop blanks at the edges of a bare one.
+    return csvField(text, text.isEmpty() || text.startsWith(u' ') || text.endsWith(u' '));
 }
 
 QString field(const Value &value)

@@ -28,7 +28,7 @@ void fill(const QString &name, const DemoOptions &options)
 {
     demo::Random random(options.seed);
     const demo::Company company = makeCompany(options, random);
-    BulkLoad file(name, Schema::Password.toString(), BulkLoad::File::New);
+    BulkLoad file(name, Schema::Password, BulkLoad::File::New);
     demo::writeWarehouses(company, file, random);
     demo::writeCustomers(company, file, random);
     demo::writeParts(company, file, random);

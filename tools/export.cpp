@@ -7,8 +7,7 @@
 
 void exportTable(const QString &database, const QString &table, QTextStream &out)
 {
-    const std::unique_ptr<Database> file =
-        DBEngine::OpenDatabase(database, false, true, QStringLiteral(";pwd=") + Schema::Password.toString());
+    const std::unique_ptr<Database> file = DBEngine::OpenDatabase(database, false, true, Schema::Connect);
     // Looked up here, since a name that is no table would be the engine's error about a query.
     const std::vector<TableDef> &tables = file->TableDefs();
     const auto found = std::find_if(tables.begin(), tables.end(), [&](const TableDef &definition) {

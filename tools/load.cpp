@@ -118,7 +118,7 @@ private:
 int loadTable(const QString &database, const QString &table, const QString &csv)
 {
     // One transaction: a file refused in its last line leaves nothing in the table.
-    BulkLoad load(database, Schema::Password.toString(), BulkLoad::File::Live);
+    BulkLoad load(database, Schema::Password, BulkLoad::File::Live);
     const TableDef *definition = load.tables().find(table);
     if (!definition)
         throw ToolError{QStringLiteral("'%1' has no table '%2'").arg(database, table)};

@@ -10,7 +10,7 @@ NewDatabase::NewDatabase(const QString &name, const QByteArray &salt) : m_name(n
         m_name = m_file.emplace(name).path();
         QFile::remove(m_name); // the empty one, which only took the name: the database is made anew
     }
-    m_made = createDatabase(m_name, Schema::Password.toString(), salt);
+    m_made = createDatabase(m_name, Schema::Password, salt);
 }
 
 NewDatabase::~NewDatabase()

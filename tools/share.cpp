@@ -11,7 +11,7 @@ void shareDatabase(const QString &path)
     options.file = path;
     options.journal = Journal::Rollback;
     Connection connection(options);
-    PasswordGate::check(connection, Schema::Password.toString(), path);
+    PasswordGate::check(connection, Schema::Password, path);
     if (connection.usesWriteAheadLog())
         throw ToolError{QStringLiteral("'%1' is in use; close every program that has it open").arg(path)};
     connection.markShared();

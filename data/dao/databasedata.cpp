@@ -52,7 +52,7 @@ bool DatabaseData::tryExecute(const QString &sql)
 {
     const BoundTranslation translation = translate(sql);
     if (translation->kind == StatementKind::Select)
-        throw RuntimeError(3065, QStringLiteral("Cannot execute a select query."), sql);
+        throw runtimeError(3065, {}, sql);
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
     const ErrorContext context{defines ? ErrorContext::Defining : ErrorContext::Writing, translation->targetTable, sql};
     prepareToWrite(translation->targetTable, nullptr);
@@ -128,7 +128,7 @@ OpenQuery DatabaseData::prepareQuery(const QString &sql)
 {
     BoundTranslation translated = translate(sql);
     if (translated->kind != StatementKind::Select)
-        throw RuntimeError(3219, QStringLiteral("Invalid operation."), sql);
+        throw runtimeError(3219, {}, sql);
     try {
         auto rows =
             m_engine->open(translated->sqlWithParameters, translated.values, reading(*translated.translation, sql));

@@ -4,8 +4,7 @@
 
 namespace jetsql {
 
-/// Raises the engine's error of that number; `names` go into its wording. Besides the standard ones it knows those
-/// that only this front end raises.
+/// Raises the engine's error of that number; `names` go into its wording.
 [[noreturn]] void fail(int number, const QStringList &names = {});
 /// Raises 3075: what is wrong with the expression, and the expression as typed.
 [[noreturn]] void failExpression(const QString &message, QStringView expression);

@@ -1,15 +1,9 @@
 #include "data/jetsql/errors.h"
+#include "data/jetsql/limits.h"
 #include "data/jetsql/parser.h"
 
 namespace jetsql {
 namespace {
-
-/// SQLite's own parser stands at a fixed depth; this is far above what any statement of the program needs.
-constexpr int maxDepth = 20;
-/// Links of one chain of conditions, sums or texts.
-constexpr size_t maxChain = 99;
-/// Of chains of chains. Every pass walks down by recursion, and SQLite refuses a tree of 1,000 levels.
-constexpr int maxHeight = 250;
 
 constexpr std::pair<QStringView, Aggregate> aggregates[] = {{u"SUM", Aggregate::Sum},
                                                             {u"COUNT", Aggregate::Count},
@@ -41,7 +35,7 @@ constexpr LevelOp arithmeticOps[] = {{0, u'&', Op::Concat},     {1, u'+', Op::Ad
 
 Parser::Nesting::Nesting(Parser &parser) : m_parser(parser)
 {
-    if (parser.m_depth >= maxDepth)
+    if (parser.m_depth >= Limits::Depth)
         fail(3360);
     ++parser.m_depth;
 }
@@ -130,7 +124,7 @@ ExprPtr Parser::closed(ExprPtr expr, qsizetype start) const
 {
     expr->source = QStringView(m_sql).sliced(start, m_tokens[m_at - 1].end - start);
     expr->height = heightOf(*expr);
-    if (expr->height > maxHeight)
+    if (expr->height > Limits::Height)
         fail(3360);
     return expr;
 }
@@ -165,7 +159,7 @@ ExprPtr Parser::chain(Op op, Keyword word, ExprPtr (Parser::*operand)())
     ExprPtr result = make(Operation{op}, std::move(first));
     while (accept(word)) {
         result->operands.push_back((this->*operand)());
-        if (result->operands.size() > maxChain)
+        if (result->operands.size() > Limits::Chain)
             fail(3360);
     }
     return closed(std::move(result), start);
@@ -185,7 +179,7 @@ ExprPtr Parser::comparison()
     const qsizetype start = peek().start;
     ExprPtr left = arithmetic(loosest);
     for (size_t links = 0;; ++links) {
-        if (links > maxChain)
+        if (links > Limits::Chain)
             fail(3360);
         const auto *symbol = std::find_if(std::begin(comparisons), std::end(comparisons),
                                           [this](const SymbolOp &known) { return at(known.symbol); });
@@ -257,7 +251,7 @@ ExprPtr Parser::arithmetic(int level)
     const qsizetype start = peek().start;
     ExprPtr left = arithmetic(level + 1);
     for (size_t links = 0;; ++links) {
-        if (links > maxChain)
+        if (links > Limits::Chain)
             fail(3360);
         const auto *symbol =
             std::find_if(std::begin(arithmeticOps), std::end(arithmeticOps),

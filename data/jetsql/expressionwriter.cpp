@@ -1,6 +1,7 @@
 #include "data/jetsql/expressionwriter.h"
 
 #include "data/jetsql/errors.h"
+#include "data/jetsql/limits.h"
 #include "data/jetsql/parametermarks.h"
 #include "data/jetsql/typing.h"
 #include "data/values/datetext.h"
@@ -48,9 +49,6 @@ bool isWholeArithmetic(const Expr &expr)
     return (expr.is(Op::Add) || expr.is(Op::Subtract) || expr.is(Op::Multiply)) && expr.type.isNumber() &&
            expr.type.type == ColumnType::Long;
 }
-
-/// SQLite lets no function have more arguments.
-constexpr size_t maxArguments = 100;
 
 /// The parts of a chain of `&`.
 void flatten(const Expr &expr, std::vector<const Expr *> &parts)
@@ -312,7 +310,7 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
         else
             texts.append(neverNull(*part) ? piece.at(Level::Unary) : "coalesce(" + piece.text + ", '')");
     }
-    if (!filled && parts.size() > maxArguments)
+    if (!filled && parts.size() > Limits::Arguments)
         fail(3360);
     if (!filled)
         return {m_dialect.concatenated(texts)};

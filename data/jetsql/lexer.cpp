@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace jetsql {
@@ -235,7 +236,7 @@ private:
         }
         // "1E" without digits behind it is the number 1 and a name.
         m_token.number = QStringView(m_sql).sliced(m_at, end - m_at).toDouble();
-        m_token.whole = whole && m_token.number <= 2147483647.0;
+        m_token.whole = whole && m_token.number <= std::numeric_limits<qint32>::max();
         // "1.2.3" is a bad number, not two.
         const bool secondPoint = end < m_sql.size() && m_sql.at(end) == u'.';
         finish(secondPoint || !std::isfinite(m_token.number) ? TokenKind::BadNumber : TokenKind::Number, end);

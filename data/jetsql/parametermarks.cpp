@@ -1,5 +1,6 @@
 #include "data/jetsql/parametermarks.h"
 
+#include "data/jetsql/limits.h"
 #include "data/schema/schema.h"
 #include "data/values/datetext.h"
 
@@ -10,8 +11,6 @@ using Kind = Constant::Kind;
 
 /// Begins a parameterMark, before the constant's number. Unicode promises that it stands for nothing in a text.
 constexpr QChar mark = u'\uFDD0';
-/// Statements with more constants than this are hardly alike.
-constexpr int maxConstants = 100;
 
 bool isNamedByIndexCondition(const Column &column)
 {
@@ -133,7 +132,7 @@ private:
     void add(Expr &expr, BindParameter::Form form, int size = 0)
     {
         auto &constant = *expr.as<Constant>();
-        if (constant.place < 0 || constant.place >= maxConstants)
+        if (constant.place < 0 || constant.place >= Limits::Parameters)
             return;
         constant.isParameter = true;
         // A text that reads as a date is bound as that date.

@@ -1,18 +1,15 @@
 #include "data/jetsql/parser.h"
 
 #include "data/jetsql/errors.h"
+#include "data/jetsql/limits.h"
+#include "data/values/limits.h"
 
 namespace jetsql {
 namespace {
 
-/// Tables of one FROM clause, and keys of one GROUP BY or ORDER BY. Far more than anybody asks for, few enough for all
-/// to be compared with all.
-constexpr size_t maxTables = 32, maxKeys = 64;
-constexpr size_t maxColumns = 255;
-
 void requireKeys(size_t count)
 {
-    if (count > maxKeys)
+    if (count > Limits::Keys)
         fail(3360);
 }
 
@@ -206,7 +203,7 @@ std::unique_ptr<FromNode> Parser::addSource(Select &select, std::unique_ptr<Sour
     node->source = source.get();
     select.sources.push_back(std::move(source));
     // Sub-selects have FROM clauses of their own and count by themselves.
-    if (select.sources.size() > maxTables)
+    if (select.sources.size() > Limits::Tables)
         fail(3360);
     return node;
 }
@@ -346,7 +343,7 @@ CreateTable Parser::createTable()
         if (create.table.indexOf(column.name) >= 0)
             fail(3290);
         create.table.columns.push_back(std::move(column));
-        if (create.table.columns.size() > maxColumns)
+        if (create.table.columns.size() > MostColumns)
             fail(3190);
     } while (accept(u','));
     if (!accept(u')'))
@@ -381,10 +378,11 @@ ColumnDef Parser::columnDef()
     column.type = type->type;
     column.autoNumber = type->word == u"COUNTER" || type->word == u"AUTOINCREMENT";
     if (column.type == ColumnType::Text)
-        column.size = 255;
+        column.size = LongestText;
     if (accept(u'(')) {
         const Token &size = take();
-        if (size.kind != TokenKind::Number || !size.whole || size.number < 1 || size.number > 255 || !accept(u')'))
+        if (size.kind != TokenKind::Number || !size.whole || size.number < 1 || size.number > LongestText ||
+            !accept(u')'))
             fail(3290);
         if (column.type == ColumnType::Text)
             column.size = int(size.number);

@@ -1,6 +1,7 @@
 #include "data/jetsql/resolver.h"
 
 #include "data/jetsql/errors.h"
+#include "data/values/limits.h"
 #include <QSet>
 
 namespace jetsql {
@@ -13,8 +14,7 @@ bool same(QStringView a, QStringView b)
 
 void requireFields(size_t count)
 {
-    constexpr size_t maxFields = 255;
-    if (count > maxFields)
+    if (count > MostColumns)
         fail(3190);
 }
 

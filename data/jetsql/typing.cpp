@@ -2,15 +2,14 @@
 
 #include "data/jetsql/errors.h"
 #include "data/jetsql/resolver.h"
+#include "data/values/limits.h"
 
 namespace jetsql {
 namespace {
 
-constexpr int concatenatedSize = 255;
-
 ExprType ofType(ColumnType type)
 {
-    return {false, type, type == ColumnType::Text ? concatenatedSize : 0, false};
+    return {false, type, type == ColumnType::Text ? LongestText : 0, false};
 }
 
 /// The engine compares texts with texts alone, and everything else by its number.
@@ -338,7 +337,7 @@ std::vector<ResultColumn> resultColumns(const Select &select)
         }
         // A column of nothing but Nulls is a text.
         column.type = expr.type.null ? ColumnType::Text : expr.type.type;
-        column.size = expr.type.null ? concatenatedSize : expr.type.size;
+        column.size = expr.type.null ? LongestText : expr.type.size;
         column.autoNumber = expr.type.autoNumber;
         columns.push_back(std::move(column));
     }

@@ -169,12 +169,7 @@ private:
     /// The AutoNumber of a table that the program keeps is its primary key; in a copy it need not be.
     static bool isRowNumber(const Column &column)
     {
-        if (!column.def().autoNumber)
-            return false;
-        const auto &tables = Schema::permanentTables();
-        return std::any_of(tables.begin(), tables.end(), [&column](const TableDef &table) {
-            return table.Name.compare(column.from->def->Name, Qt::CaseInsensitive) == 0;
-        });
+        return column.def().autoNumber && Schema::permanentTable(column.from->def->Name);
     }
 
     /// The keys in the order of ORDER BY first, so that one sort serves both; the groups are the same in any order.

@@ -128,6 +128,15 @@ const std::vector<TableDef> &Schema::permanentTables()
     return tables;
 }
 
+const TableDef *Schema::permanentTable(QAnyStringView name)
+{
+    const auto &tables = permanentTables();
+    const auto found = std::find_if(tables.begin(), tables.end(), [name](const TableDef &table) {
+        return QAnyStringView::compare(table.Name, name, Qt::CaseInsensitive) == 0;
+    });
+    return found == tables.end() ? nullptr : &*found;
+}
+
 const std::vector<TableDef> &Schema::keptScratchTables()
 {
     // Quantities are whole numbers in the registers, so that a fraction of an adjustment is rounded on its way in.

@@ -17,84 +17,87 @@ constexpr Wording Wordings[] = {
     {9, "Subscript out of range"},
     {11, "Division by zero"},
     {13, "Type mismatch"},
-    {52, "Bad file name or number"},
     {53, "File not found"},
-    {55, "File already open"},
     {62, "Input past end of file"},
-    {70, "Permission denied"},
     {75, "Path/File access error"},
     {76, "Path not found"},
-    {91, "Object variable or With block variable not set"},
     {93, "Invalid pattern string"},
     {94, "Invalid use of Null"},
     {380, "Invalid property value"},
-    {381, "Invalid property array index"},
+    {381, "Subscript out of range"},
     {383, "'Text' property is read-only"},
-    {384, "A form can't be moved or sized while minimized or maximized"},
-    {429, "ActiveX component can't create object"},
     {432, "File name or class name not found during Automation operation"},
-    {438, "Object doesn't support this property or method"},
     {440, "Automation error"},
     {482, "Printer error"},
-    {1004, "Application-defined or object-defined error"},
+    {3000, "Reserved error (%1); there is no message for this error."},
     {3010, "Table '%1' already exists."},
-    {3011, "The Microsoft Jet database engine could not find the object '%1'. Make sure the object exists and that "
-           "you spell its name and the path name correctly."},
     {3020, "Update or CancelUpdate without AddNew or Edit."},
     {3021, "No current record."},
-    {3022, "The changes you requested to the table were not successful because they would create duplicate values "
-           "in the index, primary key, or relationship. Change the data in the field or fields that contain "
-           "duplicate data, remove the index, or redefine the index to permit duplicate entries and try again."},
+    {3022, "The changes you requested to the table were not successful because they would create duplicate values in "
+           "the index, primary key, or relationship. Change the data in the field or fields that contain duplicate "
+           "data, remove the index, or redefine the index to permit duplicate entries and try again."},
     {3024, "Could not find file '%1'."},
+    {3026, "Not enough space on disk."},
     {3027, "Cannot update. Database or object is read-only."},
     {3031, "Not a valid password."},
-    {3044, "'%1' is not a valid path. Make sure that the path name is spelled correctly and that you are connected "
-           "to the server on which the file resides."},
+    {3043, "Disk or network error."},
+    {3044, "'%1' is not a valid path. Make sure that the path name is spelled correctly and that you are connected to "
+           "the server on which the file resides."},
     {3045, "Could not use '%1'; file already in use."},
-    {3049, "Cannot open database '%1'. It may not be a database that your application recognizes, or the file may "
-           "be corrupt."},
-    {3051, "The Microsoft Jet database engine cannot open the file '%1'. It is already opened exclusively by "
-           "another user, or you need permission to view its data."},
+    {3049, "Cannot open database '%1'. It may not be a database that your application recognizes, or the file may be "
+           "corrupt."},
+    {3051, "The Microsoft Jet database engine cannot open the file '%1'. It is already opened exclusively by another "
+           "user, or you need permission to view its data."},
     {3055, "Not a valid file name."},
     {3061, "Too few parameters. Expected %1."},
+    {3063, "Duplicate output destination '%1'."},
+    {3065, "Cannot execute a select query."},
+    {3067, "Query input must contain at least one table or query."},
     {3075, "%1 in query expression '%2'."},
-    {3078, "The Microsoft Jet database engine cannot find the input table or query '%1'. Make sure it exists and "
-           "that its name is spelled correctly."},
-    {3079, "The specified field '%1' could refer to more than one table listed in the FROM clause of your SQL "
-           "statement."},
+    {3078, "The Microsoft Jet database engine cannot find the input table or query '%1'. Make sure it exists and that "
+           "its name is spelled correctly."},
+    {3079,
+     "The specified field '%1' could refer to more than one table listed in the FROM clause of your SQL statement."},
+    {3085, "Undefined function '%1' in expression."},
+    {3091, "HAVING clause (%1) without grouping or aggregation."},
+    {3093, "ORDER BY clause (%1) conflicts with DISTINCT."},
+    {3095, "Cannot have aggregate function in expression (%1)."},
+    {3096, "Cannot have aggregate function in WHERE clause (%1)."},
+    {3098, "Cannot have aggregate function in GROUP BY clause (%1)."},
+    {3099, "Cannot have aggregate function in JOIN operation (%1)."},
     {3103, "Circular reference caused by alias '%1' in query definition's SELECT list."},
     {3112, "Record(s) cannot be read; no read permission on '%1'."},
-    {3122, "You tried to execute a query that does not include the specified expression '%1' as part of an "
-           "aggregate function."},
-    {3127, "The INSERT INTO statement contains the following unknown field name: '%1'. Make sure you have typed "
-           "the name correctly, and try the operation again."},
+    {3122, "You tried to execute a query that does not include the specified expression '%1' as part of an aggregate "
+           "function."},
+    {3127, "The INSERT INTO statement contains the following unknown field name: '%1'. Make sure you have typed the "
+           "name correctly, and try the operation again."},
     {3129, "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'."},
     {3131, "Syntax error in FROM clause."},
+    {3132, "Syntax error in GROUP BY clause."},
     {3134, "Syntax error in INSERT INTO statement."},
+    {3135, "Syntax error in JOIN operation."},
     {3138, "Syntax error in ORDER BY clause."},
-    {3141, "The SELECT statement includes a reserved word or an argument name that is misspelled or missing, or "
-           "the punctuation is incorrect."},
+    {3141, "The SELECT statement includes a reserved word or an argument name that is misspelled or missing, or the "
+           "punctuation is incorrect."},
     {3142, "Characters found after end of SQL statement."},
     {3144, "Syntax error in UPDATE statement."},
-    {3162, "You tried to assign the Null value to a variable that is not a Variant data type."},
-    {3163, "The field is too small to accept the amount of data you attempted to add. Try inserting or pasting "
-           "less data."},
+    {3145, "Syntax error in WHERE clause."},
+    {3163,
+     "The field is too small to accept the amount of data you attempted to add. Try inserting or pasting less data."},
     {3167, "Record is deleted."},
-    {3197, "The Microsoft Jet database engine stopped the process because you and another user are attempting to "
-           "change the same data at the same time."},
-    {3211, "The database engine could not lock table '%1' because it is already in use by another person or "
-           "process."},
+    {3190, "Too many fields defined."},
+    {3204, "Database already exists."},
+    {3211, "The database engine could not lock table '%1' because it is already in use by another person or process."},
     {3218, "Could not update; currently locked."},
-    {3260, "Could not update; currently locked by user '%1' on machine '%2'."},
+    {3219, "Invalid operation."},
     {3265, "Item not found in this collection."},
-    {3314, "The field '%1' cannot contain a Null value because the Required property for this field is set to "
-           "True. Enter a value in this field."},
-    {3315, "Field '%1' cannot be a zero-length string."},
+    {3290, "Syntax error in CREATE TABLE statement."},
+    {3295, "Syntax error in DROP TABLE or DROP INDEX."},
+    {3306, "You have written a subquery that can return more than one field without using the EXISTS reserved word in "
+           "the main query's FROM clause. Revise the SELECT statement of the subquery to request only one field."},
     {3343, "Unrecognized database format '%1'."},
-    {3349, "Numeric field overflow."},
-    {3356, "You attempted to open a database that is already opened exclusively by user '%1' on machine '%2'. Try "
-           "again when the database is available."},
-    {3371, "Cannot find table or constraint."},
+    {3346, "Number of query values and destination fields are not the same."},
+    {3360, "Query is too complex."},
     {3376, "Table '%1' does not exist."},
     {3420, "Object invalid or no longer set."},
     {3421, "Data type conversion error."},

@@ -1,6 +1,7 @@
 #include "data/workbook/compoundfile.h"
 
 #include "data/workbook/bytereader.h"
+#include "data/workbook/limits.h"
 #include <gsf/gsf-infile-msole.h>
 #include <vector>
 
@@ -9,8 +10,6 @@ namespace {
 /// Greater ones mark ends and unused places.
 constexpr quint32 LastSectorNumber = 0xFFFFFFFA;
 constexpr qsizetype HeaderSize = 512, HeaderTableSectors = 109, EntrySize = 128, EntrySiblings = 68;
-/// A workbook has a stream or two, and some for each macro and picture.
-constexpr qsizetype MostEntries = 4096;
 
 /// As much of the file's structure as tells how large its directory is. The library walks through a directory by
 /// recursion and sorts it entry by entry, so that a long enough one takes minutes, or more stack than there is.
@@ -44,7 +43,7 @@ public:
         qsizetype entries = 0;
         for (quint32 number = m_first; number <= LastSectorNumber; number = next(number)) {
             entries += m_sectorSize / EntrySize;
-            if (entries > MostEntries)
+            if (entries > WorkbookLimits::Streams)
                 throw DamagedFile();
         }
         // The root stands alone. The library would read entries beside it, and give none of them back.

@@ -1,5 +1,7 @@
 #include "data/workbook/numberformat.h"
 
+#include "data/values/limits.h"
+
 namespace {
 
 /// The first section of a format without what it prints literally: quoted and escaped characters, and colours and
@@ -57,11 +59,9 @@ NumberKind kindOfNumberFormat(int identifier, const QString &format)
 
 Value numberValue(double number, NumberKind kind, double firstDay)
 {
-    constexpr double MostMoney = 922337203685477.0;
-    constexpr double LastDay = 2958466; // of the year 9999
-    if (kind == NumberKind::Money && std::abs(number) <= MostMoney)
+    if (kind == NumberKind::Money && std::abs(number) < BeyondMoney)
         return Currency::of(number);
-    if (kind == NumberKind::Date && number >= 0 && firstDay + number < LastDay)
+    if (kind == NumberKind::Date && number >= 0 && firstDay + number < Date::Beyond)
         return Date(firstDay + number);
     return number;
 }

@@ -1,4 +1,5 @@
 #include "data/workbook/damagedfile.h"
+#include "data/workbook/limits.h"
 #include "data/workbook/numberformat.h"
 #include "data/workbook/package.h"
 #include "data/workbook/readers.h"
@@ -8,12 +9,6 @@
 // Open document spreadsheets: one document of all sheets, in which each cell tells the type of its value.
 
 namespace {
-
-/// Of the largest sheets that a program writes. A row or cell may stand for many, but not for more than these.
-constexpr int MostRows = 16'777'216, MostColumns = 16'384;
-/// Characters of one cell, and blanks that a document writes as a count.
-constexpr qsizetype LongestText = 65'535;
-constexpr int MostBlanks = 10'000'000;
 
 /// "PT12H30M00S" as a part of a day.
 Value timeValue(const QString &duration)
@@ -78,11 +73,12 @@ private:
 
     void readRow()
     {
-        const auto rows = rangeOf(m_row, m_xml.number("table:number-rows-repeated", 1, MostRows, 1), MostRows);
+        const auto rows = rangeOf(m_row, m_xml.number("table:number-rows-repeated", 1, WorkbookLimits::OdsRows, 1),
+                                  WorkbookLimits::OdsRows);
         int column = 1;
         while (m_xml.nextChild()) {
-            const int count = m_xml.number("table:number-columns-repeated", 1, MostColumns, 1);
-            const auto columns = rangeOf(column, count, MostColumns);
+            const int count = m_xml.number("table:number-columns-repeated", 1, WorkbookLimits::OdsColumns, 1);
+            const auto columns = rangeOf(column, count, WorkbookLimits::OdsColumns);
             readCell(rows, columns);
             column = columns.last + 1;
         }
@@ -125,7 +121,7 @@ private:
             default:
                 break;
             }
-            if (text.size() > LongestText)
+            if (text.size() > WorkbookLimits::OdsText)
                 throw DamagedFile();
         }
         return text;
@@ -140,9 +136,9 @@ private:
             return QStringLiteral("\n");
         if (!isElement("text:s"))
             return {};
-        const int count = m_xml.number("text:c", 0, LongestText, 1);
+        const int count = m_xml.number("text:c", 0, WorkbookLimits::OdsText, 1);
         m_blanks += count;
-        if (m_blanks > MostBlanks)
+        if (m_blanks > WorkbookLimits::OdsBlanks)
             throw DamagedFile();
         return QString(count, u' ');
     }

@@ -1,23 +1,18 @@
 #include "data/workbook/package.h"
 
 #include "data/workbook/bytereader.h"
+#include "data/workbook/limits.h"
 #include <QStringList>
 #include <gsf/gsf-infile-zip.h>
 
 namespace {
-
-/// The archive's library compares each entry's name with all before it, and takes a step down for each folder in it.
-constexpr int MostEntries = 4096;
-constexpr int LongestName = 512;
-/// Sheets shrink to a tenth or a twentieth.
-constexpr qint64 MostGrowth = 100, AlwaysFits = 4 << 20, MostBytes = 256 << 20;
 
 void checkDirectory(const QByteArray &content)
 {
     constexpr qsizetype nameLength = 28;
     int entries = 0;
     for (qsizetype at = content.indexOf("PK\x01\x02"); at >= 0; at = content.indexOf("PK\x01\x02", at + 4)) {
-        if (++entries > MostEntries || ByteReader(content, at + nameLength).u16() > LongestName)
+        if (++entries > WorkbookLimits::Parts || ByteReader(content, at + nameLength).u16() > WorkbookLimits::PartName)
             throw DamagedFile();
     }
 }
@@ -25,7 +20,8 @@ void checkDirectory(const QByteArray &content)
 } // namespace
 
 Package::Package(const QByteArray &content)
-    : m_content(content), m_bytesLeft(std::min(AlwaysFits + MostGrowth * content.size(), MostBytes))
+    : m_content(content), m_bytesLeft(std::min(WorkbookLimits::SmallParts + WorkbookLimits::PartGrowth * content.size(),
+                                               WorkbookLimits::PartBytes))
 {
     checkDirectory(m_content);
     m_archive.reset(gsf_infile_zip_new(gsfInput(m_content).get(), nullptr));

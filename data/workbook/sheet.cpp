@@ -2,10 +2,9 @@
 
 #include "data/values/runtimeerror.h"
 #include "data/workbook/damagedfile.h"
+#include "data/workbook/limits.h"
 
 namespace {
-
-constexpr int MostRuns = 5'000'000;
 
 /// The last entry of a map that begins at a key or before it.
 template <class Map> auto entryAt(Map &map, int key)
@@ -18,7 +17,7 @@ template <class Map> auto entryAt(Map &map, int key)
 
 void Sheet::fill(Range rows, Range columns, Cell cell)
 {
-    if (++m_runs > MostRuns)
+    if (++m_runs > WorkbookLimits::Runs)
         throw DamagedFile();
     // Readers come by rows and columns in order; a place that comes again takes the later value.
     Band &band = m_bands.try_emplace(m_bands.end(), rows.first)->second;

@@ -3,12 +3,11 @@
 #include "data/values/plainfile.h"
 #include "data/values/runtimeerror.h"
 #include "data/workbook/damagedfile.h"
+#include "data/workbook/limits.h"
 #include "data/workbook/readers.h"
 #include <QFileInfo>
 
 namespace {
-
-constexpr qint64 LargestFile = 256 << 20;
 
 using Reader = std::vector<Sheet> (*)(const QByteArray &content);
 
@@ -23,7 +22,7 @@ Reader readerOf(const QString &path)
 Workbook Workbook::open(const QString &path)
 {
     const Reader read = readerOf(path);
-    const auto content = read ? plainFileContents(path, LargestFile) : std::nullopt;
+    const auto content = read ? plainFileContents(path, WorkbookLimits::FileBytes) : std::nullopt;
     if (!content)
         throw runtimeError(432, {}, path);
     try {

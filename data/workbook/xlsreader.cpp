@@ -1,4 +1,5 @@
 #include "data/workbook/compoundfile.h"
+#include "data/workbook/limits.h"
 #include "data/workbook/numberformat.h"
 #include "data/workbook/readers.h"
 #include "data/workbook/xlsrecords.h"
@@ -33,7 +34,6 @@ constexpr int Worksheet = 0;
 constexpr int MacroSheet = 1;
 constexpr int CodeModule = 6;
 constexpr qsizetype SmallestRecord = 4;
-constexpr int MostColumns = 256;
 
 /// A number in four bytes: the upper part of a floating-point one or a whole one, and either as hundredths.
 double unpacked(quint32 packed)
@@ -228,7 +228,7 @@ private:
 
     void set(int row, int column, const Value &value, bool isError = false)
     {
-        if (row < 1 || column > MostColumns)
+        if (row < 1 || column > WorkbookLimits::XlsColumns)
             throw DamagedFile();
         m_sheet.set(row, column, {value, isError});
     }

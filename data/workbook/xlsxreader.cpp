@@ -1,4 +1,5 @@
 #include "data/workbook/damagedfile.h"
+#include "data/workbook/limits.h"
 #include "data/workbook/numberformat.h"
 #include "data/workbook/package.h"
 #include "data/workbook/readers.h"
@@ -8,9 +9,6 @@
 #include <QSet>
 
 namespace {
-
-// What the format allows.
-constexpr int MostRows = 1'048'576, MostColumns = 16'384, MostStyles = 65'536, MostFormats = 100'000;
 
 QByteArray partOf(Package &package, const QString &name)
 {
@@ -155,12 +153,12 @@ private:
         while (xml.nextElement()) {
             if (xml.localName() == QLatin1String("numFmts")) {
                 for (; xml.nextChild(); xml.skip()) {
-                    const int number = xml.number("numFmtId", 0, MostFormats, 0);
+                    const int number = xml.number("numFmtId", 0, WorkbookLimits::XlsxFormats, 0);
                     kinds[number] = kindOfNumberFormat(number, xml.attributeText("formatCode"));
                 }
             } else if (xml.localName() == QLatin1String("cellXfs")) {
                 for (; xml.nextChild(); xml.skip()) {
-                    const int number = xml.number("numFmtId", 0, MostFormats, 0);
+                    const int number = xml.number("numFmtId", 0, WorkbookLimits::XlsxFormats, 0);
                     m_kinds.push_back(kinds.value(number, kindOfNumberFormat(number, {})));
                 }
             }
@@ -174,12 +172,12 @@ private:
         int row = 0, column = 0;
         while (xml.nextElement()) {
             if (xml.localName() == QLatin1String("row")) {
-                row = xml.number("r", 1, MostRows, row + 1);
+                row = xml.number("r", 1, WorkbookLimits::XlsxRows, row + 1);
                 column = 0;
             } else if (xml.localName() == QLatin1String("c")) {
                 const auto place = xml.attribute("r");
                 column = place ? columnOf(*place) : column + 1;
-                if (row < 1 || row > MostRows || column > MostColumns)
+                if (row < 1 || row > WorkbookLimits::XlsxRows || column > WorkbookLimits::XlsxColumns)
                     throw DamagedFile();
                 readCell(xml, row, column);
             }
@@ -194,10 +192,10 @@ private:
             if (c < 'A' || c > 'Z')
                 break;
             column = column * 26 + (c.unicode() - 'A' + 1);
-            if (column > MostColumns)
+            if (column > WorkbookLimits::XlsxColumns)
                 break;
         }
-        if (column < 1 || column > MostColumns)
+        if (column < 1 || column > WorkbookLimits::XlsxColumns)
             throw DamagedFile();
         return column;
     }
@@ -205,7 +203,7 @@ private:
     void readCell(XmlPart &xml, int row, int column)
     {
         const QString type = xml.attributeText("t");
-        const int style = xml.number("s", 0, MostStyles, 0);
+        const int style = xml.number("s", 0, WorkbookLimits::XlsxStyles, 0);
         QString content;
         while (xml.nextChild()) {
             if (xml.localName() == QLatin1String("v"))

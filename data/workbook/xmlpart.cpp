@@ -1,15 +1,11 @@
 #include "data/workbook/xmlpart.h"
 
 #include "data/workbook/damagedfile.h"
+#include "data/workbook/limits.h"
 #include <cmath>
 #include <cstring>
 
 namespace {
-
-constexpr int DeepestElement = 100;
-constexpr qsizetype MostAttributes = 256;
-/// A cell has 32,767 characters, each of which may be written in several.
-constexpr qsizetype LongestToken = 512 * 1024;
 
 QStringView withoutPrefix(QStringView name)
 {
@@ -22,7 +18,7 @@ void XmlPart::Source::grantToken()
 {
     // The reader gets no more bytes than one token may have: a text without end would be collected whole before anybody
     // could refuse it.
-    m_granted = std::min(m_content.size(), m_at + LongestToken);
+    m_granted = std::min(m_content.size(), m_at + WorkbookLimits::XmlToken);
 }
 
 qint64 XmlPart::Source::readData(char *data, qint64 most)
@@ -45,7 +41,7 @@ QXmlStreamReader::TokenType XmlPart::next()
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     switch (token) {
     case QXmlStreamReader::StartElement:
-        if (++m_depth > DeepestElement || m_xml.attributes().size() > MostAttributes)
+        if (++m_depth > WorkbookLimits::XmlDepth || m_xml.attributes().size() > WorkbookLimits::XmlAttributes)
             throw DamagedFile();
         break;
     case QXmlStreamReader::EndElement:

@@ -1,17 +1,11 @@
 #include "reportengine/output/exports.h"
 
+#include "data/values/csvfield.h"
 #include "reportengine/output/newfile.h"
 #include "reportengine/report.h"
 #include "reportengine/rows/rowstore.h"
 
 namespace {
-
-QString quoted(QString text)
-{
-    static const QString special = ",\"\r\n";
-    const bool isSpecial = std::any_of(text.begin(), text.end(), [](QChar c) { return special.contains(c); });
-    return isSpecial ? '"' + text.replace("\"", "\"\"") + '"' : text;
-}
 
 /// Plain: no separators, no pictures; Null is empty.
 QString plainText(const Value &value, FieldType type)
@@ -35,13 +29,13 @@ Outcome writeCsv(Report &report, const QString &path, const Progress &progress)
     const RowStore &rows = report.rows();
     QStringList cells;
     for (const DatasetField &field : report.dataset())
-        cells.append(quoted(field.name));
+        cells.append(csvField(field.name));
     // Lines end as spreadsheets expect it, on every system.
     file.device()->write(cells.join(',').toUtf8() + "\r\n");
     for (int row = 0; row < rows.rowCount(); ++row) {
         for (int i = 0; i < cells.size(); ++i)
             // The dataset as it was read, in the recordset's order: groups and totals are the layout's.
-            cells[i] = quoted(plainText(rows.value(row, i), rows.dataset()[i].type));
+            cells[i] = csvField(plainText(rows.value(row, i), rows.dataset()[i].type));
         file.device()->write(cells.join(',').toUtf8() + "\r\n");
         if (progress && row % 1000 == 0 && !progress(row, rows.rowCount()))
             return Outcome::cancelled();

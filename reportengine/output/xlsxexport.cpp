@@ -11,8 +11,8 @@
 namespace {
 
 constexpr double PointsPerCharacter = 5.3; ///< of a spreadsheet's standard font
-constexpr int MostRows = 1048576;
-constexpr int LongReport = 50000; ///< rows
+constexpr int MostCharacters = 32767;      ///< of a cell
+constexpr int LongReport = 50000;          ///< rows
 
 /// Decimals only where there are any: a format with optional ones alone would end a whole number in a bare point.
 const char *quantityFormat(double number)
@@ -150,7 +150,7 @@ private:
     void writeLine(std::vector<const PageItem *> line)
     {
         // A sheet takes no more. The report goes on on another one.
-        if (m_row == MostRows)
+        if (m_row == LXW_ROW_MAX)
             addSheet();
         std::stable_sort(line.begin(), line.end(),
                          [](const PageItem *a, const PageItem *b) { return a->rect.left() < b->rect.left(); });
@@ -178,7 +178,8 @@ private:
         // The whole of a text that the paper broke or cut; of one with lines of its own just the line.
         const QString text = isOneCell(item) && !item.value.isNull() ? item.value.toText() : item.text;
         // More than that no cell takes, and the library would leave it empty.
-        worksheet_write_string(m_sheet, m_row, col, text.left(32767).toUtf8().constData(), format("General", item));
+        worksheet_write_string(m_sheet, m_row, col, text.left(MostCharacters).toUtf8().constData(),
+                               format("General", item));
     }
 
     lxw_format *format(const char *number, const PageItem &item)

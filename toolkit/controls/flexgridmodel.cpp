@@ -17,10 +17,6 @@ QByteArrayView cellBytes(const QByteArray &row, int col)
     return QByteArrayView(row).sliced(start, (end < 0 ? row.size() : end) - start);
 }
 
-RuntimeError outsideGrid()
-{
-    return RuntimeError(381, QStringLiteral("Subscript out of range"));
-}
 } // namespace
 
 void FlexGridModel::setGridRows(int rows)
@@ -65,7 +61,7 @@ void FlexGridModel::append(const QString &cellsJoinedByTabs)
 void FlexGridModel::removeGridRow(int row)
 {
     if (!holds(row, 0))
-        throw outsideGrid();
+        throw runtimeError(381);
     publish();
     if (row == 0) {
         beginResetModel();
@@ -93,14 +89,14 @@ void FlexGridModel::publish()
 QString FlexGridModel::cell(int row, int col) const
 {
     if (!holds(row, col))
-        throw outsideGrid();
+        throw runtimeError(381);
     return QString::fromUtf8(cellBytes(m_rows[row], col));
 }
 
 void FlexGridModel::setCell(int row, int col, const QString &text)
 {
     if (!holds(row, col))
-        throw outsideGrid();
+        throw runtimeError(381);
     QStringList cells = QString::fromUtf8(m_rows[row]).split(QChar(Separator));
     // A row may have come with fewer cells than there are columns.
     while (cells.size() <= col)

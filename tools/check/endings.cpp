@@ -1,6 +1,7 @@
 #include "tools/check/findings.h"
 
 #include "data/engines/sqlite/connection.h"
+#include "data/engines/sqlite/tables.h"
 #include "data/values/inputfile.h"
 #include "data/values/runtimeerror.h"
 
@@ -38,7 +39,8 @@ void checkRequired(Connection &connection, Findings &findings)
             reportRows(connection, findings, QString::fromLatin1(table),
                        QStringLiteral("no %1 (Null), which ends the program %2")
                            .arg(QLatin1String(column), QLatin1String(required.when)),
-                       "SELECT " + QByteArray(required.row) + " FROM " + table + " WHERE \"" + column + "\" IS NULL");
+                       "SELECT " + QByteArray(required.row) + " FROM " + table + " WHERE " + Tables::quoted(column) +
+                           " IS NULL");
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "data/engine/connection.h"
 #include "data/engines/postgres/functions.h"
+#include "data/schema/schema.h"
 #include <QRegularExpression>
 #include <QSet>
 
@@ -37,10 +38,7 @@ void checkServer(engine::Connection &connection, Findings &findings)
         namesFrom(connection, "SELECT c.relname::text FROM pg_index AS i JOIN pg_class AS c ON c.oid = i.indexrelid "
                               "WHERE i.indisvalid AND c.relnamespace = 'public'::regnamespace");
     for (const Schema::Index &index : Schema::indexes()) {
-        const auto &tables = Schema::permanentTables();
-        const bool kept =
-            std::any_of(tables.begin(), tables.end(), [&](const TableDef &table) { return table.Name == index.table; });
-        if (kept && !indexes.contains(index.name))
+        if (Schema::permanentTable(index.table) && !indexes.contains(index.name))
             findings.add(server, QStringLiteral("indexes are missing, which makes the program slow"), index.name);
     }
 }

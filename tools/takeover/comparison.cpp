@@ -84,7 +84,7 @@ public:
     void begin(const JetTable &table) override
     {
         m_match.reset();
-        const TableDef *ours = permanentTable(table.name);
+        const TableDef *ours = Schema::permanentTable(table.name);
         // What was not taken over is told by the takeover and not compared.
         if (!ours || table.linked || !TableMatch(*ours, table).isUsable())
             return;
@@ -191,10 +191,9 @@ private:
 
 bool compareWithOld(const QString &old, const QString &path, const RefusedRows &refused, QTextStream &report)
 {
-    const std::unique_ptr<Database> database =
-        DBEngine::OpenDatabase(path, false, true, QStringLiteral(";pwd=") + Schema::Password.toString());
+    const std::unique_ptr<Database> database = DBEngine::OpenDatabase(path, false, true, Schema::Connect);
     Comparer comparer(*database, refused, report);
     readJetSafely(
-        old, [](const QString &name) { return permanentTable(name) != nullptr; }, comparer);
+        old, [](const QString &name) { return Schema::permanentTable(name) != nullptr; }, comparer);
     return comparer.allAgree();
 }

@@ -5,15 +5,6 @@
 #include "tools/oneline.h"
 #include "tools/toolerror.h"
 
-const TableDef *permanentTable(const QString &name)
-{
-    for (const TableDef &table : Schema::permanentTables()) {
-        if (table.Name.compare(name, Qt::CaseInsensitive) == 0)
-            return &table;
-    }
-    return nullptr;
-}
-
 std::vector<int> keyColumns(const TableDef &table)
 {
     for (size_t i = 0; i < table.columns.size(); ++i) {

@@ -3,10 +3,6 @@
 #include "data/schema/tabledef.h"
 #include "tools/takeover/jetfile.h"
 
-/// The table of that name, in any case, which a take-over fills; nothing for any other. Scratch tables are not filled:
-/// nothing keeps what they hold.
-const TableDef *permanentTable(const QString &name);
-
 /// How the columns of an old table find those of ours, by name in any case.
 class TableMatch
 {

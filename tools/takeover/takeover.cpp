@@ -18,7 +18,7 @@ namespace {
 
 bool isWanted(const QString &name)
 {
-    return permanentTable(name) != nullptr;
+    return Schema::permanentTable(name) != nullptr;
 }
 
 /// Puts the rows into the new database and reports what it meets.
@@ -31,7 +31,7 @@ public:
     {
         m_old = table;
         m_match.reset();
-        const TableDef *ours = permanentTable(table.name);
+        const TableDef *ours = Schema::permanentTable(table.name);
         if (!ours) {
             reportStranger();
             return;
@@ -166,7 +166,7 @@ bool takeInto(const QString &file, const QString &old, QTextStream &report)
     bool whole = false;
     try {
         reportUsers(old, report);
-        BulkLoad load(file, Schema::Password.toString(), BulkLoad::File::New);
+        BulkLoad load(file, Schema::Password, BulkLoad::File::New);
         Taker taker(load, report);
         readJetSafely(old, isWanted, taker);
         taker.reportMissing();

@@ -12,14 +12,6 @@ namespace {
 
 const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("bulk load")};
 
-QByteArray listOf(const QStringList &columns)
-{
-    QByteArrayList names;
-    for (const QString &column : columns)
-        names += quoted(column);
-    return names.join(", ");
-}
-
 /// Adds rows one by one.
 class Inserting : public engine::RowSink
 {
@@ -27,10 +19,7 @@ public:
     Inserting(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
         : m_queue(connection, uri), m_context{ErrorContext::Writing, table.Name, "bulk load into " + table.Name}
     {
-        QByteArrayList places;
-        for (qsizetype i = 1; i <= columns.size(); ++i)
-            places += '$' + QByteArray::number(i);
-        m_sql = "INSERT INTO " + quoted(table.Name) + " (" + listOf(columns) + ") VALUES (" + places.join(", ") + ')';
+        m_sql = Tables::insertStatement(table.Name, columns);
     }
 
     void add(std::span<const Value> row) override
@@ -55,7 +44,7 @@ public:
     Copying(PGconn *connection, const Uri &uri, const TableDef &table, const QStringList &columns)
         : m_connection(connection),
           m_uri(uri), m_context{ErrorContext::Writing, table.Name, "bulk load into " + table.Name},
-          m_sql("COPY " + quoted(table.Name) + " (" + listOf(columns) + ") FROM STDIN")
+          m_sql("COPY " + quoted(table.Name) + " (" + Tables::listOf(columns) + ") FROM STDIN")
     {
     }
 

@@ -103,7 +103,7 @@ engine::Made postgres::createDatabase(const QString &name, const QString &passwo
     const Uri uri(name);
     if (const Handle there = existing(uri)) {
         if (!isEmpty(there.get(), uri))
-            throw RuntimeError(3204, QStringLiteral("Database already exists."), withoutPassword(name));
+            throw runtimeError(3204, {}, withoutPassword(name));
         fill(there.get(), uri, password, salt);
         return engine::Made::Tables;
     }

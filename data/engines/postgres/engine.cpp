@@ -152,10 +152,9 @@ qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
 {
     const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
     m_queue.release();
-    const Result taken = m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
-                                     {QString(table.Name + u'_' + column + QLatin1String("_numbers")).toUtf8(),
-                                      table.Name.toUtf8(), column.toUtf8()},
-                                     writing);
+    const Result taken =
+        m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
+                    {Tables::sequenceOf(table.Name, column).toUtf8(), table.Name.toUtf8(), column.toUtf8()}, writing);
     return qint32(cellOf(taken.get(), 0, 0).integer());
 }
 

@@ -4,27 +4,7 @@
 
 namespace {
 
-QString detailOf(const ErrorContext &context, const QString &words)
-{
-    return context.statement.isEmpty() ? words : context.statement + "\nPostgreSQL: " + words;
-}
-
-RuntimeError lost(const QString &detail)
-{
-    return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
-}
-
-RuntimeError lockError(const QString &uri, const ErrorContext &context, const QString &detail)
-{
-    switch (context.kind) {
-    case ErrorContext::Opening:
-        return runtimeError(3045, {uri}, detail);
-    case ErrorContext::Writing:
-        return runtimeError(3218, {}, detail);
-    default:
-        return runtimeError(3211, {context.table}, detail);
-    }
-}
+constexpr char Server[] = "PostgreSQL";
 
 RuntimeError noRightError(const QString &uri, const ErrorContext &context, const QString &detail)
 {
@@ -76,17 +56,14 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
     if (state == "22012")
         return runtimeError(11, {}, detail);
     if (state == "53100")
-        return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
+        return runtimeError(3026, {}, detail);
     // The server is being stopped, or the way to it is gone.
     if (state.startsWith("57P") || state.startsWith("08"))
-        return lost(detail);
+        return runtimeError(3043, {}, detail);
     // Nested too deep, too many columns, too many arguments.
     if (state == "54001" || state == "54011" || state == "54023")
-        return RuntimeError(3360, QStringLiteral("Query is too complex."), detail);
-    return RuntimeError(
-        3000,
-        QStringLiteral("Reserved error (%1); there is no message for this error.").arg(QString::fromLatin1(state)),
-        detail);
+        return runtimeError(3360, {}, detail);
+    return runtimeError(3000, {QString::fromLatin1(state)}, detail);
 }
 
 } // namespace
@@ -103,7 +80,7 @@ RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, cons
     const QByteArray state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
     const QString words = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
     const QString more = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL));
-    const QString detail = detailOf(context, words + (more.isEmpty() ? QString() : u'\n' + more));
+    const QString detail = detailOf(context, Server, words + (more.isEmpty() ? QString() : u'\n' + more));
     if (state.isEmpty()) // libpq's own: the connection broke
         return lostError(QString::fromUtf8(PQresultErrorMessage(result)).trimmed(), context);
     // A function of the dialect says by its message which error it means.
@@ -116,14 +93,14 @@ RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, cons
 
 RuntimeError postgres::lostError(const QString &words, const ErrorContext &context)
 {
-    return lost(detailOf(context, words));
+    return runtimeError(3043, {}, detailOf(context, Server, words));
 }
 
 RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const ErrorContext &context)
 {
     const QString words = QString::fromUtf8(PQerrorMessage(connection)).trimmed();
     const QString shown = withoutPassword(uri);
-    const QString detail = detailOf(context, withoutPassword(words));
+    const QString detail = detailOf(context, Server, withoutPassword(words));
     if (context.kind != ErrorContext::Opening)
         return lostError(withoutPassword(words), context);
     if (PQconnectionNeedsPassword(connection))

@@ -43,12 +43,10 @@ void RowEdit::makeRowsFindable(const ErrorContext &context)
 qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context)
 {
     if (m_addSql.isEmpty()) {
-        QByteArrayList names, places;
-        for (const ColumnDef &column : m_table.columns) {
-            names += quoted(column.name);
-            places += '$' + QByteArray::number(places.size() + 1);
-        }
-        m_addSql = "INSERT INTO " + m_name + " (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')';
+        QStringList columns;
+        for (const ColumnDef &column : m_table.columns)
+            columns += column.name;
+        m_addSql = Tables::insertStatement(m_table.Name, columns);
     }
     Parameters parameters;
     for (const std::optional<Value> &value : values)

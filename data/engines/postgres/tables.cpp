@@ -2,6 +2,7 @@
 
 #include "data/engines/postgres/answers.h"
 #include "data/engines/postgres/dialect.h"
+#include "data/values/limits.h"
 
 namespace {
 
@@ -11,17 +12,12 @@ using postgres::quoted;
 // The server's numbers for its types.
 constexpr int Bool = 16, Int4 = 23, TextType = 25, Float8 = 701, VarChar = 1043, Timestamp = 1114, Numeric = 1700;
 
-QString sequenceOf(const QString &table, const QString &column)
-{
-    return table + u'_' + column + QLatin1String("_numbers");
-}
-
 QByteArray typeOf(const ColumnDef &column)
 {
     switch (column.type) {
     case ColumnType::Text:
         // Compared by bytes where nobody asks for more, which needs no language on the server.
-        return "varchar(" + QByteArray::number(column.size > 0 ? column.size : 255) + ") COLLATE \"C\"";
+        return "varchar(" + QByteArray::number(column.size > 0 ? column.size : LongestText) + ") COLLATE \"C\"";
     case ColumnType::Memo:
         return "text COLLATE \"C\"";
     case ColumnType::Date:
@@ -37,8 +33,8 @@ QByteArray declaration(const TableDef &table, const ColumnDef &column, engine::K
 {
     QByteArray text = quoted(column.name) + ' ' + typeOf(column);
     if (column.autoNumber) {
-        text += " DEFAULT jet_autonumber(" + literal(sequenceOf(table.Name, column.name)) + ", " + literal(table.Name) +
-                ", " + literal(column.name) + ')';
+        text += " DEFAULT jet_autonumber(" + literal(postgres::Tables::sequenceOf(table.Name, column.name)) + ", " +
+                literal(table.Name) + ", " + literal(column.name) + ')';
         if (key == engine::Key::AutoNumberIsKey)
             text += " PRIMARY KEY";
     } else if (column.defaultZero) {
@@ -75,6 +71,11 @@ namespace postgres {
 bool Tables::isPrivate(const QString &table)
 {
     return table.startsWith(u"tmp", Qt::CaseInsensitive);
+}
+
+QString Tables::sequenceOf(const QString &table, const QString &column)
+{
+    return table + u'_' + column + "_numbers";
 }
 
 QByteArrayList Tables::createStatements(const TableDef &table, engine::Key key)
@@ -118,6 +119,22 @@ QByteArray Tables::createStatement(const Schema::Index &index, const TableDef &t
         sql += " WHERE " + keyOf(sides[0]) + " = jet_key(" + sides[1].toUtf8() + ')';
     }
     return sql;
+}
+
+QByteArray Tables::listOf(const QStringList &columns)
+{
+    QByteArrayList names;
+    for (const QString &column : columns)
+        names += quoted(column);
+    return names.join(", ");
+}
+
+QByteArray Tables::insertStatement(const QString &table, const QStringList &columns)
+{
+    QByteArrayList places;
+    for (qsizetype i = 1; i <= columns.size(); ++i)
+        places += '$' + QByteArray::number(i);
+    return "INSERT INTO " + quoted(table) + " (" + listOf(columns) + ") VALUES (" + places.join(", ") + ')';
 }
 
 QByteArrayList Tables::statisticsFor(const TableDef &table)
@@ -179,7 +196,7 @@ Catalog Tables::catalogFrom(const PGresult *rows)
         if (text(row, 2).toInt() == VarChar && modifier > 4)
             column.size = modifier - 4; // as the server counts it, with a length word before it
         else if (column.type == ColumnType::Text)
-            column.size = 255;
+            column.size = LongestText;
         const QString standard = text(row, 4);
         column.autoNumber = standard.startsWith(QLatin1String("jet_autonumber("));
         column.defaultZero = standard == u"0" || standard == u"false" || standard.startsWith(QLatin1String("(0)")) ||

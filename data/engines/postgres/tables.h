@@ -13,9 +13,14 @@ inline constexpr char Channel[] = "tamrick_tables";
 /// Scratch tables are a session's own, so that two workstations running a report never meet in one.
 bool isPrivate(const QString &table);
 
+/// What hands out the numbers of an AutoNumber column.
+QString sequenceOf(const QString &table, const QString &column);
 /// The statements that make a table, in order.
 QByteArrayList createStatements(const TableDef &table, engine::Key key);
 QByteArray createStatement(const Schema::Index &index, const TableDef &table);
+/// The columns' names as a statement lists them, and the statement that adds a row of them.
+QByteArray listOf(const QStringList &columns);
+QByteArray insertStatement(const QString &table, const QStringList &columns);
 /// What the planner has to know about texts that have no index: how many different ones there are.
 QByteArrayList statisticsFor(const TableDef &table);
 

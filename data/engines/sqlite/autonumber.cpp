@@ -2,6 +2,7 @@
 
 #include "data/engines/sqlite/connection.h"
 #include "data/engines/sqlite/tables.h"
+#include "data/jetsql/dialect.h"
 #include <limits>
 
 // The counter is SQLite's own for AUTOINCREMENT columns, so that an INSERT statement, of this program or of any
@@ -26,9 +27,9 @@ qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QStri
 
     if (number == 0) { // a table that never took a number has no counter yet
         Transaction transaction(connection, writing);
-        connection.run("INSERT INTO sqlite_sequence (name, seq) SELECT '" + table.Name.toUtf8().replace('\'', "''") +
-                           "', 0 WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = '" +
-                           table.Name.toUtf8().replace('\'', "''") + "')",
+        const QByteArray name = jetsql::quotedText(table.Name).toUtf8();
+        connection.run("INSERT INTO sqlite_sequence (name, seq) SELECT " + name +
+                           ", 0 WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = " + name + ')',
                        writing);
         transaction.commit();
         return takeAutoNumber(connection, table, column);

@@ -21,15 +21,8 @@ class Sink : public engine::RowSink
 public:
     Sink(Connection &connection, const TableDef &table, const QStringList &columns)
     {
-        QByteArrayList names, places;
-        for (const QString &column : columns) {
-            names += Tables::quoted(column);
-            places += "?";
-        }
-        const QByteArray sql = "INSERT INTO " + Tables::quoted(table.Name) + " (" + names.join(", ") + ") VALUES (" +
-                               places.join(", ") + ')';
-        m_insert = connection.prepare(
-            sql, {ErrorContext::Writing, table.Name, QStringLiteral("bulk load into ") + table.Name});
+        m_insert = connection.prepare(Tables::insertStatement(table.Name, columns),
+                                      {ErrorContext::Writing, table.Name, "bulk load into " + table.Name});
     }
 
     void add(std::span<const Value> row) override

@@ -42,7 +42,7 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
 void createFile(const QString &path, const QString &password, const QByteArray &salt)
 {
     if (QFile::exists(path))
-        throw RuntimeError(3204, QStringLiteral("Database already exists."), path);
+        throw runtimeError(3204, {}, path);
     try {
         fill(path, password, salt);
     } catch (...) {

@@ -6,6 +6,7 @@
 #include "data/engines/sqlite/rowedit.h"
 #include "data/engines/sqlite/rows.h"
 #include "data/engines/sqlite/tables.h"
+#include "data/jetsql/dialect.h"
 
 namespace {
 
@@ -116,8 +117,7 @@ void SqliteEngine::createIndex(const Schema::Index &index, const ErrorContext &c
 void SqliteEngine::dropTable(const TableDef &table, const ErrorContext &context)
 {
     // The counter of a copied AutoNumber, which SQLite does not know to belong to the table.
-    m_connection.run("DELETE FROM sqlite_sequence WHERE name = '" + table.Name.toUtf8().replace('\'', "''") + '\'',
-                     context);
+    m_connection.run("DELETE FROM sqlite_sequence WHERE name = " + jetsql::quotedText(table.Name).toUtf8(), context);
     m_connection.run("DROP TABLE " + Tables::quoted(table.Name), context);
 }
 

@@ -4,25 +4,9 @@
 #include "data/engines/sqlite/functions.h"
 #include <sqlite3.h>
 
-namespace {
-
-RuntimeError lockError(const QString &file, const ErrorContext &context, const QString &detail)
-{
-    switch (context.kind) {
-    case ErrorContext::Opening:
-        return runtimeError(3045, {file}, detail);
-    case ErrorContext::Writing:
-        return runtimeError(3218, {}, detail);
-    default:
-        return runtimeError(3211, {context.table}, detail);
-    }
-}
-
-} // namespace
-
 RuntimeError errorFor(int code, const QString &words, const QString &file, const ErrorContext &context)
 {
-    const QString detail = context.statement.isEmpty() ? words : context.statement + "\nSQLite: " + words;
+    const QString detail = detailOf(context, "SQLite", words);
     // Not the disk's: what is written goes into a file that nobody finds any more.
     if (code == SQLITE_READONLY_DBMOVED)
         code = SQLITE_IOERR;
@@ -45,14 +29,13 @@ RuntimeError errorFor(int code, const QString &words, const QString &file, const
     case SQLITE_NOMEM:
         return runtimeError(7, {}, detail);
     case SQLITE_FULL:
-        return RuntimeError(3026, QStringLiteral("Not enough space on disk."), detail);
+        return runtimeError(3026, {}, detail);
     case SQLITE_IOERR:
-        return RuntimeError(3043, QStringLiteral("Disk or network error."), detail);
+        return runtimeError(3043, {}, detail);
     default:
         // A function of the dialect says by its message which error it means.
         if (auto error = runtimeErrorFrom(words.toUtf8().constData()))
             return RuntimeError(error->number(), error->description(), detail);
-        return RuntimeError(3000, QStringLiteral("Reserved error (%1); there is no message for this error.").arg(code),
-                            detail);
+        return runtimeError(3000, {QString::number(code)}, detail);
     }
 }

@@ -2,9 +2,11 @@
 
 #include "data/engines/sqlite/likepattern.h"
 #include "data/values/datetext.h"
+#include "data/values/limits.h"
 #include "data/values/numbers.h"
 #include "data/values/value.h"
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <sqlite3.h>
 
@@ -90,7 +92,7 @@ void text(sqlite3_context *context, sqlite3_value *value)
 
 bool fitsLong(double number)
 {
-    return number >= -2147483648.0 && number <= 2147483647.0;
+    return number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max();
 }
 
 void toLong(sqlite3_context *context, sqlite3_value *value)
@@ -107,9 +109,8 @@ void range(sqlite3_context *context, sqlite3_value *value)
 
 void money(sqlite3_context *context, sqlite3_value *value)
 {
-    constexpr double beyondLargest = 922337203685477.0;
     const double amount = sqlite3_value_double(value);
-    std::abs(amount) < beyondLargest ? give(context, Currency::of(amount).amount()) : raise(context, 3421);
+    std::abs(amount) < BeyondMoney ? give(context, Currency::of(amount).amount()) : raise(context, 3421);
 }
 
 void yesNo(sqlite3_context *context, sqlite3_value *value)
@@ -298,7 +299,7 @@ std::optional<RuntimeError> runtimeErrorFrom(const QString &message)
     // A statement may be in order and still be nested deeper than SQLite's own parser can follow.
     if (message.startsWith(QLatin1String("parser stack overflow")) ||
         message.startsWith(QLatin1String("Expression tree is too large")))
-        return RuntimeError(3360, QStringLiteral("Query is too complex."), message);
+        return runtimeError(3360, {}, message);
     const QLatin1String prefix(errorPrefix);
     if (!message.startsWith(prefix))
         return {};

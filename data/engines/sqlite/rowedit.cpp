@@ -23,13 +23,10 @@ std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const ErrorC
 qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool, const ErrorContext &context)
 {
     if (m_addSql.isEmpty()) {
-        QByteArrayList names, places;
-        for (const ColumnDef &column : m_table.columns) {
-            names += Tables::quoted(column.name);
-            places += "?";
-        }
-        m_addSql = "INSERT INTO " + Tables::quoted(m_table.Name) + " (" + names.join(", ") + ") VALUES (" +
-                   places.join(", ") + ')';
+        QStringList columns;
+        for (const ColumnDef &column : m_table.columns)
+            columns += column.name;
+        m_addSql = Tables::insertStatement(m_table.Name, columns);
     }
     PreparedStatement insert = m_connection.prepare(m_addSql, context);
     for (size_t i = 0; i < values.size(); ++i)

@@ -1,6 +1,7 @@
 #include "data/engines/sqlite/tables.h"
 
 #include "data/engines/sqlite/connection.h"
+#include "data/values/limits.h"
 #include <array>
 
 namespace {
@@ -65,7 +66,7 @@ ColumnDef columnFrom(const QString &name, const QString &declared, const QString
     if (column.type == ColumnType::Text && bracket >= 0)
         column.size = QStringView(declared).mid(bracket + 1).chopped(1).trimmed().toInt();
     if (column.type == ColumnType::Text && column.size == 0)
-        column.size = 255;
+        column.size = LongestText;
     column.defaultZero = defaultText == u"0";
     return column;
 }
@@ -95,6 +96,15 @@ QByteArray Tables::createStatement(const Schema::Index &index)
     if (!index.where.isEmpty())
         sql += " WHERE " + index.where.toUtf8();
     return sql;
+}
+
+QByteArray Tables::insertStatement(const QString &table, const QStringList &columns)
+{
+    QByteArrayList names;
+    for (const QString &column : columns)
+        names += quoted(column);
+    const QByteArrayList places(columns.size(), "?");
+    return "INSERT INTO " + quoted(table) + " (" + names.join(", ") + ") VALUES (" + places.join(", ") + ')';
 }
 
 Catalog Tables::readCatalog(Connection &connection)

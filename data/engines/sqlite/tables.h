@@ -13,6 +13,8 @@ QByteArray quoted(const QString &name);
 
 QByteArray createStatement(const TableDef &table, engine::Key key);
 QByteArray createStatement(const Schema::Index &index);
+/// Adds a row, with a parameter for each of the columns.
+QByteArray insertStatement(const QString &table, const QStringList &columns);
 
 /// All tables but the system's own, in the order in which they were made.
 Catalog readCatalog(Connection &connection);
