@@ -41,6 +41,7 @@ void frmAbout::cmdOK_Click()
 void frmAbout::cmdSysInfo_Click()
 {
     const QString tool = systemInformationTool();
+    // One that is named and does not start is as good as none.
     if (tool.isEmpty() || !QProcess::startDetached(tool, {}))
         MsgBox("System Information Is Unavailable At This Time");
 }

@@ -96,6 +96,7 @@ public:
     }
 };
 
+/// Greys with one accent, and texts dark enough for a day at the screen.
 QPalette calmPalette()
 {
     const QColor ink(0x22, 0x2b, 0x33);
@@ -156,11 +157,12 @@ QIcon crate()
 void setAppearance(QApplication &application)
 {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    application.setStyle(new ControlStyle(QStringLiteral("Fusion"))); // the application owns it
+    // One style on every system: the forms are laid out for it, and tests and pictures see what users see.
+    application.setStyle(new ControlStyle("Fusion")); // the application owns it
     followDesktopPalette();
     application.setWindowIcon(crate());
     // Where the windows' own icons are not asked for, the desktop finds the one of the menu entry by this name.
-    QApplication::setDesktopFileName(QStringLiteral("tamrick"));
+    QApplication::setDesktopFileName("tamrick");
 }
 
 void followDesktopPalette()

@@ -20,7 +20,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 {
     // The base class takes over the user's locale, under which libraries that print numbers into files would write 1,5.
     std::setlocale(LC_NUMERIC, "C");
-    setApplicationName(QStringLiteral("tamrick"));
+    setApplicationName("tamrick");
     setAppearance(*this);
     setBeforeBoxes(syncDatabase);
     installEventFilter(&m_pressGuard);
@@ -28,7 +28,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 #ifndef Q_OS_WIN
     // The base library's file dialog keeps folders and sizes in a settings file; this program's settings are in
     // config.txt alone, and nobody writes to it.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 #endif
 }
 
@@ -50,6 +50,7 @@ bool Application::notify(QObject *receiver, QEvent *event)
     } catch (const RuntimeError &error) {
         handle(error);
     } catch (const std::bad_alloc &) {
+        // The one exception of the library's that users have always known by a number.
         handle(runtimeError(7));
     }
     return true;
@@ -76,6 +77,7 @@ void Application::handle(const RuntimeError &latest)
         errorHandler(error);
         return;
     }
+    // With the statement, for whoever looks into the log; the box shows the user the words alone.
     qWarning("run-time error %d: %s %s", error.number(), qUtf8Printable(error.description()),
              qUtf8Printable(error.detail()));
     showRuntimeError(error);

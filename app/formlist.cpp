@@ -23,21 +23,21 @@ template <class FormClass> Form *make()
 }
 } // namespace
 
-// The only place that knows all forms; everyone else loads them by name.
+/// The only place that knows all forms; everyone else loads them by name.
 void registerForms()
 {
-    Forms::add(QStringLiteral("frmAbout"), make<frmAbout>);
-    Forms::add(QStringLiteral("frmCustomerEntry"), make<frmCustomerEntry>);
-    Forms::add(QStringLiteral("frmPartEntry"), make<frmPartEntry>);
-    Forms::add(QStringLiteral("frmWarehouseEntry"), make<frmWarehouseEntry>);
-    Forms::add(QStringLiteral("frmInventoryAdjust"), make<frmInventoryAdjust>);
-    Forms::add(QStringLiteral("frmTransfer"), make<frmTransfer>);
-    Forms::add(QStringLiteral("frmOrderEntry"), make<frmOrderEntry>);
-    Forms::add(QStringLiteral("frmOrderNavigator"), make<frmOrderNavigator>);
-    Forms::add(QStringLiteral("frmShipmentEntry"), make<frmShipmentEntry>);
-    Forms::add(QStringLiteral("frmShipmentNavigator"), make<frmShipmentNavigator>);
-    Forms::add(QStringLiteral("frmCreateInvoices"), make<frmCreateInvoices>);
-    Forms::add(QStringLiteral("frmReceivePayment"), make<frmReceivePayment>);
+    Forms::add("frmAbout", make<frmAbout>);
+    Forms::add("frmCustomerEntry", make<frmCustomerEntry>);
+    Forms::add("frmPartEntry", make<frmPartEntry>);
+    Forms::add("frmWarehouseEntry", make<frmWarehouseEntry>);
+    Forms::add("frmInventoryAdjust", make<frmInventoryAdjust>);
+    Forms::add("frmTransfer", make<frmTransfer>);
+    Forms::add("frmOrderEntry", make<frmOrderEntry>);
+    Forms::add("frmOrderNavigator", make<frmOrderNavigator>);
+    Forms::add("frmShipmentEntry", make<frmShipmentEntry>);
+    Forms::add("frmShipmentNavigator", make<frmShipmentNavigator>);
+    Forms::add("frmCreateInvoices", make<frmCreateInvoices>);
+    Forms::add("frmReceivePayment", make<frmReceivePayment>);
     for (const auto &[name, factory] : reportForms())
         Forms::add(name, factory);
 }

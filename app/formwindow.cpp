@@ -32,6 +32,7 @@ FormWindow::FormWindow(Form *form)
     setWindowFlag(Qt::WindowMaximizeButtonHint, form->isResizable());
     if (!form->isResizable()) // the others can be drawn wider
         form->setMinimumWidth(std::max(form->minimumWidth(), widthForTitle(this)));
+    // Or a dialog that keeps its size would stand in a window that does not.
     if (form->layout() && form->layout()->sizeConstraint() == QLayout::SetFixedSize)
         layout()->setSizeConstraint(QLayout::SetFixedSize);
     connect(this, &QMdiSubWindow::windowStateChanged, this, [this](Qt::WindowStates, Qt::WindowStates state) {
@@ -41,7 +42,7 @@ FormWindow::FormWindow(Form *form)
     });
 }
 
-// Qt hides and shows the window to change its state, and its focus goes astray meanwhile.
+/// Qt hides and shows the window to change its state, and its focus goes astray meanwhile.
 void FormWindow::changeEvent(QEvent *event)
 {
     rememberField();
@@ -56,8 +57,8 @@ void FormWindow::changeEvent(QEvent *event)
         returnToField();
 }
 
-// A press on the frame or the title bar activates the window first. Where the field left elsewhere keeps its focus, or
-// shows a box, the press goes no further.
+/// A press on the frame or the title bar activates the window first. Where the field left elsewhere keeps its focus, or
+/// shows a box, the press goes no further.
 void FormWindow::mousePressEvent(QMouseEvent *event)
 {
     const int boxesBefore = messageBoxesShown();

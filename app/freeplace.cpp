@@ -33,8 +33,8 @@ qint64 areaOf(const QRegion &region)
 }
 } // namespace
 
-// Down the diagonal by a title bar's height a step, then down the next one to its right, until nothing is hidden. Where
-// everything hides something the least counts, and a smaller window is tried last.
+/// Down the diagonal by a title bar's height a step, then down the next one to its right, until nothing is hidden.
+/// Where everything hides something the least counts, and a smaller window is tried last.
 QRect freePlace(const QMdiArea *area, QSize size, QSize least)
 {
     constexpr int Gap = 4, NextDiagonal = 160;

@@ -18,6 +18,7 @@ int main(int argc, char **argv)
         Application::end(EXIT_FAILURE);
     }
     const int status = program.window ? Application::exec() : EXIT_SUCCESS;
+    // The window before the database, which what goes with it may still need.
     program.window.reset();
     gDatabase.reset();
     return status;

@@ -48,8 +48,9 @@ QAction *makeAction(QWidget *parent, const MenuEntry &entry)
 
 MDI::MDI() : m_area(new QMdiArea), m_strip(new WindowStrip(m_area))
 {
-    setObjectName(QStringLiteral("MDI"));
+    setObjectName("MDI");
     setWindowTitle(QLatin1String(ProgramTitle));
+    // A form may be drawn wider than the window, or lie outside once that has become smaller.
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setFocusPolicy(Qt::NoFocus);
@@ -100,7 +101,7 @@ void MDI::makeMenu()
 void MDI::makeFoot()
 {
     auto *bar = new QToolBar;
-    bar->setObjectName(QStringLiteral("Foot"));
+    bar->setObjectName("Foot");
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu); // the strip has its own
     bar->layout()->setContentsMargins(0, 0, 0, 0);
@@ -125,6 +126,7 @@ void MDI::host(Form *form)
     const QSize size = sized ? wanted.size() : window->sizeHint();
     const QSize least = form->isResizable() ? window->minimumSizeHint() : size;
     window->setGeometry(placed ? QRect(wanted.topLeft(), size) : freePlace(m_area, size, least));
+    // Before it shows, so that no other control has the focus for a moment and raises its events.
     form->focusFirst();
     maximised ? window->showMaximized() : window->show();
 }

@@ -28,6 +28,7 @@ MenuEntry switchedOff(int level, const char *name, const char *caption, std::fun
     return {level, name, caption, MenuEntry::Kind::SwitchedOff, nullptr, std::move(routine)};
 }
 
+/// At once, as the platform's own statement: no form unloads, and nothing is asked.
 void endProgram()
 {
     Application::end(0);

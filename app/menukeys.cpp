@@ -26,6 +26,7 @@ void press(QWidget *menu, Qt::Key key)
 
 MenuKeys::MenuKeys(QMenuBar *bar) : QObject(bar), m_bar(bar)
 {
+    // On the application, since a key goes to the field that has the focus and not to the bar.
     qApp->installEventFilter(this);
 }
 

@@ -35,8 +35,9 @@ QByteArray canonical(const QString &folder)
 
 PreviousInstance::PreviousInstance(const QString &programFolder, const QString &)
 {
-    const std::wstring mark = (QStringLiteral("Global\\") + markOf(canonical(programFolder))).toStdWString();
+    const std::wstring mark = ("Global\\" + markOf(canonical(programFolder))).toStdWString();
     const HANDLE mutex = CreateMutexW(nullptr, FALSE, mark.c_str());
+    // Denied is one that another user's process has made.
     m_isRunning = GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_ACCESS_DENIED;
     m_handle = qintptr(mutex);
 }
@@ -98,7 +99,7 @@ bool isLeftOver(int mark, const QString &name)
         const QByteArray folder(buffer, length);
         return name == markOf(folder) && ::stat(folder.constData(), &state) != 0 && errno == ENOENT;
     }
-    static const QRegularExpression form(MarkPrefix + QStringLiteral("[0-9a-f]{20}$"));
+    static const QRegularExpression form(MarkPrefix + QString("[0-9a-f]{20}$"));
     constexpr time_t aMinute = 60; // a younger one may be about to be written
     return length == 0 && form.match(name).hasMatch() && ::fstat(mark, &state) == 0 &&
            state.st_mtime < ::time(nullptr) - aMinute;
@@ -143,6 +144,7 @@ PreviousInstance::~PreviousInstance()
 {
     if (m_handle < 0)
         return;
+    // While the lock is still held: nobody can take the mark in between and lose its name.
     ::unlink(m_path.constData());
     ::close(int(m_handle));
 }

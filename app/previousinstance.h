@@ -11,7 +11,7 @@ public:
     /// Takes the mark for this process unless another one has it, and takes away those of programs whose folder is
     /// gone. The mark lies in the machine's own temporary folder, not beside the program, which may stand on a file
     /// server.
-    explicit PreviousInstance(const QString &programFolder, const QString &markFolder = QStringLiteral("/tmp"));
+    explicit PreviousInstance(const QString &programFolder, const QString &markFolder = "/tmp");
     ~PreviousInstance();
     PreviousInstance(const PreviousInstance &) = delete;
     PreviousInstance &operator=(const PreviousInstance &) = delete;

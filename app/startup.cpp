@@ -6,14 +6,15 @@
 
 Program Main(const QString &programFolder)
 {
-    ReadConfig(programFolder + QStringLiteral("/config.txt"));
+    ReadConfig(programFolder + "/config.txt");
     gDatabase = DBEngine::OpenDatabase(gDatabasePath, false, false, DatabaseConnect);
     // Only now: a second instance with a bad file fails on that first.
     Program program{std::make_unique<PreviousInstance>(programFolder), nullptr};
     if (program.mark->isRunning()) {
-        MsgBox(QStringLiteral("This application is already running."), QStringLiteral("Application Already Running"));
+        MsgBox("This application is already running.", "Application Already Running");
         return program;
     }
+    // Before the window, whose menu greys the entries of forms that nobody knows.
     registerForms();
     program.window = std::make_unique<MDI>();
     program.window->showMaximized();

@@ -52,7 +52,7 @@ protected:
 WindowStrip::WindowStrip(QMdiArea *area, QWidget *parent)
     : QWidget(parent), m_area(area), m_buttons(new QButtonGroup(this))
 {
-    setObjectName(QStringLiteral("WindowStrip"));
+    setObjectName("WindowStrip");
     m_buttons->setExclusive(false); // none is pressed while no window is active
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(4, 1, 4, 1);
@@ -78,6 +78,7 @@ void WindowStrip::add(QMdiSubWindow *window)
         shareRoom();
     });
     connect(window, &QObject::destroyed, button, [this, button] {
+        // At once and not later, so that the room is shared among those that stay.
         delete button;
         shareRoom();
     });
@@ -124,10 +125,10 @@ void WindowStrip::bringToFront(QMdiSubWindow *window)
 void WindowStrip::contextMenuEvent(QContextMenuEvent *event)
 {
     QMenu menu;
-    menu.addAction(QStringLiteral("Cascade"), m_area, &QMdiArea::cascadeSubWindows);
-    menu.addAction(QStringLiteral("Tile"), m_area, &QMdiArea::tileSubWindows);
+    menu.addAction("Cascade", m_area, &QMdiArea::cascadeSubWindows);
+    menu.addAction("Tile", m_area, &QMdiArea::tileSubWindows);
     menu.addSeparator();
-    menu.addAction(QStringLiteral("Close All Reports"), this, &WindowStrip::closeReports);
+    menu.addAction("Close All Reports", this, &WindowStrip::closeReports);
     menu.exec(event->globalPos());
 }
 

@@ -49,13 +49,13 @@ void MasterRecord::fillStatus() const
 // Active or not: what was retired is still found, and made active again here.
 void MasterRecord::fillKeys() const
 {
-    fillCombo(m_key.box, QStringLiteral("SELECT * FROM ") + m_key.table + " ORDER BY " + m_key.column, m_key.column);
+    fillCombo(m_key.box, QString("SELECT * FROM ") + m_key.table + " ORDER BY " + m_key.column, m_key.column);
 }
 
 // The key goes in as typed: an apostrophe breaks the statement at the key that types it. Meant, as everywhere.
 Recordset MasterRecord::find() const
 {
-    return gDatabase->OpenRecordset(QStringLiteral("SELECT * FROM ") + m_key.table + " WHERE " + m_key.column + " = '" +
+    return gDatabase->OpenRecordset(QString("SELECT * FROM ") + m_key.table + " WHERE " + m_key.column + " = '" +
                                     m_key.box->text() + "'");
 }
 

@@ -16,7 +16,7 @@ constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal",
 /// before and came to nothing has a balance of 0; one that never moved has none.
 void fillRegister(const QString &BeginDate, const QString &EndDate, const QString &Category)
 {
-    const QString filter = Category == AllCategories ? QStringLiteral(" ") : " AND Part.Category = '" + Category + "'";
+    const QString filter = Category == AllCategories ? QString(" ") : " AND Part.Category = '" + Category + "'";
     Movements::clear();
     Movements::addTransfers(EndDate, filter);
     Movements::addAdjustments(EndDate, filter);

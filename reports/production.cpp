@@ -85,7 +85,7 @@ void fillSummary(qint16 Months, qint16 Req)
 
 QString title(const char *report, qint16 Months, qint16 Req)
 {
-    return QStringLiteral("%1, %2 months, requirements %3").arg(QLatin1String(report)).arg(Months).arg(Req);
+    return QString("%1, %2 months, requirements %3").arg(QLatin1String(report)).arg(Months).arg(Req);
 }
 
 /// The part of both routines up to the point where their suppress formulas differ.

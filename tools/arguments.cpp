@@ -17,7 +17,7 @@ Arguments::Arguments(const QString &command, const QStringList &arguments, const
         else if (options.contains(option) && !given)
             m_options.insert(option, {});
         else
-            throw ToolError{QStringLiteral("%1 has no option '%2'").arg(command, argument)};
+            throw ToolError{QString("%1 has no option '%2'").arg(command, argument)};
     }
 }
 
@@ -35,10 +35,7 @@ std::optional<qulonglong> Arguments::number(const QString &option, qulonglong le
     bool ok = false;
     const qulonglong number = text->toULongLong(&ok);
     if (!ok || number < least || number > most)
-        throw ToolError{QStringLiteral("%1 takes a whole number from %2 to %3, not '%4'")
-                            .arg(option)
-                            .arg(least)
-                            .arg(most)
-                            .arg(*text)};
+        throw ToolError{
+            QString("%1 takes a whole number from %2 to %3, not '%4'").arg(option).arg(least).arg(most).arg(*text)};
     return number;
 }

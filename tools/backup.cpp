@@ -22,8 +22,8 @@ QFileInfo fileNameOf(const QString &database)
         return QFileInfo(database);
     const QString name = engines::databaseName(database);
     if (name.isEmpty())
-        throw ToolError{QStringLiteral("the URI names no database")};
-    return QFileInfo(QString(name).replace(u'/', u'_') + QStringLiteral(".db"));
+        throw ToolError{"the URI names no database"};
+    return QFileInfo(QString(name).replace(u'/', u'_') + ".db");
 }
 
 /// The backups of one database in one folder.
@@ -39,15 +39,15 @@ public:
 
     QString pathAt(const QDateTime &moment) const
     {
-        return m_folder.filePath(m_stem + moment.toString(QStringLiteral("-yyyy-MM-dd-HHmmss")) + m_suffix);
+        return m_folder.filePath(m_stem + moment.toString("-yyyy-MM-dd-HHmmss") + m_suffix);
     }
 
-    QString lockPath() const { return m_folder.filePath(m_stem + QStringLiteral("-backup.lock")); }
+    QString lockPath() const { return m_folder.filePath(m_stem + "-backup.lock"); }
 
     /// Removes what runs that were killed have left. To be called under the lock: nobody is writing one.
     void removeParts() const
     {
-        for (const QString &name : named(QStringLiteral("\\.part(-journal)?")))
+        for (const QString &name : named("\\.part(-journal)?"))
             QFile::remove(m_folder.filePath(name));
     }
 
@@ -64,7 +64,7 @@ private:
     /// The files of the pattern with that behind it, oldest first.
     QStringList named(const QString &behind) const
     {
-        const QString pattern = QRegularExpression::escape(m_stem) + QStringLiteral("-\\d{4}-\\d\\d-\\d\\d-\\d{6}") +
+        const QString pattern = QRegularExpression::escape(m_stem) + "-\\d{4}-\\d\\d-\\d\\d-\\d{6}" +
                                 QRegularExpression::escape(m_suffix) + behind;
         const QRegularExpression whole(QRegularExpression::anchoredPattern(pattern));
         return m_folder.entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden, QDir::Name).filter(whole);
@@ -99,22 +99,24 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
 {
     // Not made here: it may be the mount point of a disk that is missing tonight.
     if (!QFileInfo(folder).isDir())
-        throw ToolError{QStringLiteral("'%1' is no folder").arg(folder)};
+        throw ToolError{QString("'%1' is no folder").arg(folder)};
     const Backups backups(fileNameOf(from), folder);
     QLockFile lock(backups.lockPath());
     // No age makes the lock stale, since a large database takes its time; that of a process that is gone is taken over.
     lock.setStaleLockTime(0);
     if (!lock.tryLock())
         throw ToolError{lock.error() == QLockFile::LockFailedError
-                            ? QStringLiteral("another backup into '%1' is running").arg(folder)
-                            : QStringLiteral("cannot write into '%1'").arg(folder)};
+                            ? QString("another backup into '%1' is running").arg(folder)
+                            : QString("cannot write into '%1'").arg(folder)};
     backups.removeParts();
 
+    // The moment at which it begins: what others write from here on need not be in it.
     const QString path = backups.pathAt(Clock::now());
     if (engines::isFile(from))
         copyFile(from, path);
     else
         copyFromServer(from, path);
+    // Only now that the new one stands under its name, or a night that fails would cost an old one.
     if (keep)
         backups.removeOlderThan(path, *keep - 1);
     return path;
@@ -123,12 +125,14 @@ QString backupDatabase(const QString &from, const QString &folder, std::optional
 void restoreDatabase(const QString &backup, const QString &to)
 {
     if (!engines::isFile(to)) {
+        // Before anything is made on the server, since a row that it refuses takes the whole copy along.
         requireSoundDatabase(backup, Schema::Password);
         copyCompany(backup, to);
         return;
     }
     PartFile part(to);
     copyDatabase(backup, part.path(), Schema::Password);
+    // As a database made anew in that folder would be: the people who work with it are the folder's, not the backup's.
     shareWithGroup(part.path());
     part.publish();
 }

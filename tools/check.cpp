@@ -19,6 +19,7 @@ QStringList checkFile(const QString &path, const QString &config)
     Connection connection(options);
     PasswordGate::check(connection, Schema::Password, path);
     check::Findings findings;
+    // The queries behind it speak of tables and columns that must be there.
     if (check::checkStructure(connection, findings)) {
         check::checkColumns(connection, findings);
         check::checkRelations(connection, findings);
@@ -45,7 +46,7 @@ QStringList checkOnServer(const QString &uri, const QString &config)
     // The server itself holds the columns to their types. What the rows say about each other is asked of a copy, as
     // they stand at one moment: the rules are written once, in the file's own SQL.
     const QTemporaryDir folder;
-    const NewDatabase copy(folder.filePath(QStringLiteral("company.db")));
+    const NewDatabase copy(folder.filePath("company.db"));
     fillCompany(uri, copy.name());
     return findings.lines() + checkFile(copy.name(), config);
 }

@@ -49,7 +49,7 @@ QDate dateOf(const QString &option, const QString &text)
 {
     const QDate date = QDate::fromString(text, Qt::ISODate);
     if (!date.isValid() || date.year() < 1904 || date.year() > 9990)
-        throw ToolError{QStringLiteral("%1 takes a date such as 2011-03-30, not '%2'").arg(option, text)};
+        throw ToolError{QString("%1 takes a date such as 2011-03-30, not '%2'").arg(option, text)};
     return date;
 }
 
@@ -59,7 +59,7 @@ void demo(const Arguments &arguments, QTextStream &)
     options.scale = int(arguments.number("--scale", 1, MaximumDemoScale).value_or(qulonglong(options.scale)));
     options.seed = arguments.number("--seed", 0, std::numeric_limits<qulonglong>::max()).value_or(options.seed);
     const std::optional<QString> until = arguments.value("--until");
-    options.until = until ? dateOf(QStringLiteral("--until"), *until) : Clock::now().date();
+    options.until = until ? dateOf("--until", *until) : Clock::now().date();
     createDemo(arguments.plain()[0], options);
 }
 
@@ -74,9 +74,9 @@ int check(const Arguments &arguments, QTextStream &out)
 {
     const std::optional<QString> config = arguments.value("--config");
     if (config && config->isEmpty())
-        throw ToolError{QStringLiteral("--config takes a file")};
+        throw ToolError{"--config takes a file"};
     const QStringList findings = checkDatabase(arguments.plain()[0], config.value_or(QString()));
-    out << (findings.isEmpty() ? QStringLiteral("ok") : findings.join(u'\n')) << '\n';
+    out << (findings.isEmpty() ? "ok" : findings.join(u'\n')) << '\n';
     // Findings are a status of their own, for scripts that run the check at night.
     return findings.isEmpty() ? 0 : 1;
 }
@@ -115,7 +115,7 @@ int takeover([[maybe_unused]] const Arguments &arguments, [[maybe_unused]] QText
 #ifdef TAMRICK_TAKEOVER
     return takeOver(arguments.plain()[0], arguments.plain()[1], arguments.has("--keep"), out) ? 0 : 1;
 #else
-    throw ToolError{QStringLiteral("this tamrick-db was built without the reader of old databases")};
+    throw ToolError{"this tamrick-db was built without the reader of old databases"};
 #endif
 }
 
@@ -158,7 +158,7 @@ const std::vector<Command> &commands()
 /// Does what the first argument says; what goes wrong is thrown.
 int run(const QString &name, const QStringList &rest, QTextStream &out)
 {
-    if (name == u"help" || name == u"--help" || rest.contains(QStringLiteral("--help"))) {
+    if (name == u"help" || name == u"--help" || rest.contains("--help")) {
         out << Help;
         return 0;
     }
@@ -172,28 +172,29 @@ int run(const QString &name, const QStringList &rest, QTextStream &out)
             names += QLatin1String(command.name);
             continue;
         }
+        // Options first: an option that is wrong tells more than the number of what is left.
         const Arguments arguments(name, rest, command.options);
         if (arguments.plain().size() != command.count)
-            throw ToolError{QStringLiteral("%1 takes %2").arg(name, QLatin1String(command.takes))};
+            throw ToolError{QString("%1 takes %2").arg(name, QLatin1String(command.takes))};
         for (qsizetype place = 0; place < command.count; ++place) {
             // A database's URI in a place that takes a file would be made a file of that name.
             if (!engines::isFile(arguments.plain()[place]) &&
                 std::find(command.uris.begin(), command.uris.end(), place) == command.uris.end())
-                throw ToolError{QStringLiteral("%1 takes a file there, not a server's database: %2")
+                throw ToolError{QString("%1 takes a file there, not a server's database: %2")
                                     .arg(name, QLatin1String(command.takes))};
         }
         return command.run(arguments, out);
     }
     const QString last = names.takeLast();
-    throw ToolError{QStringLiteral("say %1 or %2 (--help tells more)").arg(names.join(QStringLiteral(", ")), last)};
+    throw ToolError{QString("say %1 or %2 (--help tells more)").arg(names.join(", "), last)};
 }
 
 /// What an error's box would say. Who works on a server is told the server's own words besides.
 QString wordsOf(const RuntimeError &error, const QStringList &arguments)
 {
-    const QString own = error.detail().section(QStringLiteral("PostgreSQL: "), -1).trimmed();
+    const QString own = error.detail().section("PostgreSQL: ", -1).trimmed();
     const bool onServer = !std::all_of(arguments.begin(), arguments.end(), engines::isFile);
-    return onServer && !own.isEmpty() ? error.description() + QStringLiteral(" (%1)").arg(own) : error.description();
+    return onServer && !own.isEmpty() ? error.description() + QString(" (%1)").arg(own) : error.description();
 }
 
 /// One line, whatever names and texts of a file the message repeats.
@@ -210,15 +211,16 @@ int runCommand(const QStringList &arguments, QTextStream &out, QTextStream &err)
     try {
         const int status = run(arguments.value(0), arguments.mid(1), out);
         out.flush();
+        // A full disk behind a ">" is found out here and not by whoever needs the file.
         if (out.status() != QTextStream::Ok)
-            throw ToolError{QStringLiteral("cannot write the output")};
+            throw ToolError{"cannot write the output"};
         return status;
     } catch (const ToolError &error) {
         tell(err, error.message);
     } catch (const RuntimeError &error) {
         tell(err, wordsOf(error, arguments));
     } catch (const std::bad_alloc &) {
-        tell(err, QStringLiteral("out of memory"));
+        tell(err, "out of memory");
     }
     return 1;
 }

@@ -13,13 +13,13 @@ QString kindOf(const ColumnDef &column)
 {
     switch (column.type) {
     case ColumnType::Long:
-        return QStringLiteral("no whole number of 32 bits");
+        return "no whole number of 32 bits";
     case ColumnType::Date:
-        return QStringLiteral("no date");
+        return "no date";
     case ColumnType::YesNo:
-        return QStringLiteral("neither True nor False");
+        return "neither True nor False";
     default:
-        return QStringLiteral("no number");
+        return "no number";
     }
 }
 
@@ -28,8 +28,9 @@ QString kindOf(const ColumnDef &column)
 Value takenInto(const ColumnDef &column, const Value &value)
 {
     if (value.type() == Value::Type::Text && value.toText().contains(QChar(0)))
-        throw ToolError{QStringLiteral("a zero character in the text")};
+        throw ToolError{"a zero character in the text"};
     try {
+        // By the program's own conversion, so that a file takes nothing that the program could not have written itself.
         const Value taken = assignedTo(column, value);
         // The program would round.
         if (column.type == ColumnType::Long && !value.isNull() && taken.toDouble() != CDbl(value.toText()))
@@ -40,7 +41,7 @@ Value takenInto(const ColumnDef &column, const Value &value)
         return taken;
     } catch (const RuntimeError &error) {
         if (error.number() == 3163)
-            throw ToolError{QStringLiteral("longer than %1 characters").arg(column.size)};
-        throw ToolError{QStringLiteral("'%1' is %2").arg(oneLine(value.joined()), kindOf(column))};
+            throw ToolError{QString("longer than %1 characters").arg(column.size)};
+        throw ToolError{QString("'%1' is %2").arg(oneLine(value.joined()), kindOf(column))};
     }
 }

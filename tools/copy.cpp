@@ -10,10 +10,10 @@ namespace {
 
 Recordset allRows(Database &database, const TableDef &table)
 {
-    return database.OpenRecordset(QStringLiteral("SELECT * FROM [%1]").arg(table.Name));
+    return database.OpenRecordset(QString("SELECT * FROM [%1]").arg(table.Name));
 }
 
-// In the order of the rows in the original, which is that of their making; statements without an order give them so.
+/// In the order of the rows in the original, which is that of their making; statements without an order give them so.
 int copyRows(Database &source, BulkLoad &target, const TableDef &table)
 {
     QStringList names;
@@ -30,7 +30,7 @@ int copyRows(Database &source, BulkLoad &target, const TableDef &table)
     return count;
 }
 
-// Through the same layer as the program reads them: what it cannot tell apart is the same.
+/// Through the same layer as the program reads them: what it cannot tell apart is the same.
 void compareRows(Database &source, Database &copy, const TableDef &table)
 {
     Recordset left = allRows(source, table), right = allRows(copy, table);
@@ -39,7 +39,7 @@ void compareRows(Database &source, Database &copy, const TableDef &table)
         for (const ColumnDef &column : table.columns)
             same = same && left.Fields(column.name).value() == right.Fields(column.name).value();
         if (!same)
-            throw ToolError{QStringLiteral("row %1 of '%2' did not arrive as it is").arg(row).arg(table.Name)};
+            throw ToolError{QString("row %1 of '%2' did not arrive as it is").arg(row).arg(table.Name)};
     }
 }
 
@@ -51,6 +51,7 @@ int fillCompany(const QString &from, const QString &to)
     const auto source = DBEngine::OpenDatabase(from, false, true, Schema::Connect + ";snapshot=yes");
     int count = 0;
     {
+        // Closed before the comparison, which reads what stands there and not what was sent.
         BulkLoad target(to, Schema::Password, BulkLoad::File::New);
         for (const TableDef &table : Schema::permanentTables())
             count += copyRows(*source, target, table);

@@ -46,12 +46,14 @@ void Reader::readField()
                m_content[m_position] != '\r')
             bytes += m_content[m_position++];
     }
+    // Refused and not guessed at: in the wrong encoding every name beyond ASCII would go in spoilt, and nobody would
+    // see it.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(bytes);
     if (utf8.hasError())
-        refuse(QStringLiteral("the text is not UTF-8"));
+        refuse("the text is not UTF-8");
     if (text.contains(QChar(0)))
-        refuse(QStringLiteral("a zero byte in the text"));
+        refuse("a zero byte in the text");
     // A bare empty field is Null, "" is the empty text. So a table comes back as it was written.
     m_fields.push_back(bytes.isEmpty() && !quoted ? Value() : Value(text));
 }
@@ -62,7 +64,7 @@ QByteArray Reader::quotedText()
     QByteArray bytes;
     for (++m_position;; ++m_position) {
         if (atEnd())
-            refuse(QStringLiteral("a quotation mark is never closed"));
+            refuse("a quotation mark is never closed");
         const char c = m_content[m_position];
         m_nextLine += c == '\n';
         if (c != '"') {
@@ -76,7 +78,7 @@ QByteArray Reader::quotedText()
     }
     ++m_position;
     if (!atEnd() && m_content[m_position] != ',' && m_content[m_position] != '\n' && m_content[m_position] != '\r')
-        refuse(QStringLiteral("text behind a closing quotation mark"));
+        refuse("text behind a closing quotation mark");
     return bytes;
 }
 
@@ -96,7 +98,7 @@ bool Reader::endsRecord()
 
 void Reader::refuse(const QString &reason) const
 {
-    throw ToolError{QStringLiteral("line %1, field %2: %3").arg(m_line).arg(m_fields.size() + 1).arg(reason)};
+    throw ToolError{QString("line %1, field %2: %3").arg(m_line).arg(m_fields.size() + 1).arg(reason)};
 }
 
 QString textField(const QString &text)

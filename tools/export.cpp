@@ -14,13 +14,13 @@ void exportTable(const QString &database, const QString &table, QTextStream &out
         return definition.Name.compare(table, Qt::CaseInsensitive) == 0;
     });
     if (found == tables.end())
-        throw ToolError{QStringLiteral("'%1' has no table '%2'").arg(database, table)};
+        throw ToolError{QString("'%1' has no table '%2'").arg(database, table)};
 
     QStringList names;
     for (const ColumnDef &column : found->columns)
         names += Csv::textField(column.name);
     out << names.join(u',') << '\n';
-    Recordset rows = file->OpenRecordset(QStringLiteral("SELECT * FROM [%1]").arg(found->Name));
+    Recordset rows = file->OpenRecordset(QString("SELECT * FROM [%1]").arg(found->Name));
     for (; !rows.Eof(); rows.MoveNext()) {
         for (int column = 0; column < rows.fieldCount(); ++column)
             out << (column ? "," : "") << Csv::field(rows.Fields(column).value());

@@ -16,7 +16,7 @@ QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw ToolError{QStringLiteral("cannot read '%1': %2").arg(path, file.errorString())};
+        throw ToolError{QString("cannot read '%1': %2").arg(path, file.errorString())};
     return file.readAll();
 }
 
@@ -46,16 +46,16 @@ private:
     void readHeader()
     {
         if (!m_reader.next())
-            throw ToolError{QStringLiteral("line 1: no column names")};
+            throw ToolError{"line 1: no column names"};
         for (const Value &field : m_reader.fields()) {
             const QString name = field.joined().trimmed();
             // Columns the file does not name take their default, so a file need not know the whole table.
             const int position = m_table.indexOf(name);
             if (position < 0)
-                refuse(name, QStringLiteral("no such column in %1").arg(m_table.Name));
+                refuse(name, QString("no such column in %1").arg(m_table.Name));
             const ColumnDef *column = &m_table.columns[size_t(position)];
             if (std::find(m_columns.begin(), m_columns.end(), column) != m_columns.end())
-                refuse(name, QStringLiteral("named twice"));
+                refuse(name, "named twice");
             m_columns.push_back(column);
         }
     }
@@ -64,11 +64,10 @@ private:
     {
         const std::vector<Value> &fields = m_reader.fields();
         if (fields.size() > m_columns.size())
-            throw ToolError{QStringLiteral("line %1, field %2: more fields than columns")
-                                .arg(m_reader.line())
-                                .arg(m_columns.size() + 1)};
+            throw ToolError{
+                QString("line %1, field %2: more fields than columns").arg(m_reader.line()).arg(m_columns.size() + 1)};
         if (fields.size() < m_columns.size())
-            refuse(m_columns[fields.size()]->name, QStringLiteral("missing, the line ends before it"));
+            refuse(m_columns[fields.size()]->name, "missing, the line ends before it");
         m_row.clear();
         for (size_t i = 0; i < fields.size(); ++i)
             m_row.push_back(converted(*m_columns[i], fields[i]));
@@ -96,14 +95,14 @@ private:
     {
         for (size_t i = 0; i < m_columns.size(); ++i) {
             if (m_columns[i]->autoNumber)
-                refuse(m_columns[i]->name, QStringLiteral("%1 is taken already").arg(m_row[i].joined()));
+                refuse(m_columns[i]->name, QString("%1 is taken already").arg(m_row[i].joined()));
         }
         throw runtimeError(3022);
     }
 
     [[noreturn]] void refuse(const QString &column, const QString &reason) const
     {
-        throw ToolError{QStringLiteral("line %1, column '%2': %3").arg(m_reader.line()).arg(oneLine(column), reason)};
+        throw ToolError{QString("line %1, column '%2': %3").arg(m_reader.line()).arg(oneLine(column), reason)};
     }
 
     BulkLoad &m_load;
@@ -121,13 +120,13 @@ int loadTable(const QString &database, const QString &table, const QString &csv)
     BulkLoad load(database, Schema::Password, BulkLoad::File::Live);
     const TableDef *definition = load.tables().find(table);
     if (!definition)
-        throw ToolError{QStringLiteral("'%1' has no table '%2'").arg(database, table)};
+        throw ToolError{QString("'%1' has no table '%2'").arg(database, table)};
     Csv::Reader reader(contentOf(csv));
     try {
         const int count = Loading(load, *definition, reader).run();
         load.commit();
         return count;
     } catch (const ToolError &error) {
-        throw ToolError{QStringLiteral("'%1' %2").arg(csv, error.message)};
+        throw ToolError{QString("'%1' %2").arg(csv, error.message)};
     }
 }

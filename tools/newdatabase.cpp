@@ -15,6 +15,7 @@ NewDatabase::NewDatabase(const QString &name, const QByteArray &salt) : m_name(n
 
 NewDatabase::~NewDatabase()
 {
+    // A file that was not published goes with its part.
     if (!m_published && !m_file)
         discardDatabase(m_name, m_made);
 }

@@ -7,7 +7,7 @@
 inline QString oneLine(QString text, qsizetype longest = 60)
 {
     if (text.size() > longest)
-        text = text.left(longest) + QStringLiteral("...");
+        text = text.left(longest) + "...";
     for (QChar &c : text) {
         if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
             c = u' ';

@@ -27,7 +27,7 @@ void syncContent(QFile &file)
 {
 #ifdef Q_OS_UNIX
     if (!file.open(QIODevice::ReadOnly) || ::fsync(file.handle()) != 0)
-        throw ToolError{QStringLiteral("'%1' does not reach the disk").arg(file.fileName())};
+        throw ToolError{QString("'%1' does not reach the disk").arg(file.fileName())};
     file.close();
 #else
     Q_UNUSED(file);
@@ -38,12 +38,12 @@ void syncContent(QFile &file)
 void refuseExisting(const QString &path)
 {
     if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())
-        throw ToolError{QStringLiteral("'%1' is there already and stays as it is").arg(path)};
+        throw ToolError{QString("'%1' is there already and stays as it is").arg(path)};
 }
 
 } // namespace
 
-PartFile::PartFile(const QString &name) : m_name(name), m_path(name + QStringLiteral(".part"))
+PartFile::PartFile(const QString &name) : m_name(name), m_path(name + ".part")
 {
     if (name.trimmed().isEmpty())
         throw runtimeError(3055);
@@ -53,13 +53,13 @@ PartFile::PartFile(const QString &name) : m_name(name), m_path(name + QStringLit
     for (const char *companion : Companions)
         refuseExisting(name + QLatin1String(companion));
     if (QFileInfo::exists(m_path)) // not taken away here: another run may be writing it
-        throw ToolError{
-            QStringLiteral("'%1' is there, of another run or of one that was killed; if nothing is running, "
-                           "remove it")
-                .arg(m_path)};
+        throw ToolError{QString("'%1' is there, of another run or of one that was killed; if nothing is running, "
+                                "remove it")
+                            .arg(m_path)};
     QFile file(m_path);
+    // Made at once, which takes the name: of two runs that begin together the second is refused here.
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        throw ToolError{QStringLiteral("cannot write '%1': %2").arg(m_path, file.errorString())};
+        throw ToolError{QString("cannot write '%1': %2").arg(m_path, file.errorString())};
 }
 
 PartFile::~PartFile()
@@ -71,9 +71,10 @@ PartFile::~PartFile()
 void PartFile::publish()
 {
     QFile file(m_path);
+    // First the content, then the name: a power failure in between leaves a part, never a name with nothing behind it.
     syncContent(file);
     if (!file.rename(m_name))
-        throw ToolError{QStringLiteral("cannot name '%1': %2").arg(m_name, file.errorString())};
+        throw ToolError{QString("cannot name '%1': %2").arg(m_name, file.errorString())};
     m_published = true;
     syncFolderOf(m_name);
 }

@@ -12,7 +12,8 @@ void shareDatabase(const QString &path)
     options.journal = Journal::Rollback;
     Connection connection(options);
     PasswordGate::check(connection, Schema::Password, path);
+    // Asking for the rollback journal is in vain while anybody else has the file open with its log.
     if (connection.usesWriteAheadLog())
-        throw ToolError{QStringLiteral("'%1' is in use; close every program that has it open").arg(path)};
+        throw ToolError{QString("'%1' is in use; close every program that has it open").arg(path)};
     connection.markShared();
 }

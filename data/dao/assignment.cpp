@@ -9,9 +9,10 @@ namespace {
 
 [[noreturn]] void refuse(const ColumnDef &column, const Value &value)
 {
-    throw runtimeError(3421, {}, QStringLiteral("value '%1' into column %2").arg(value.joined(), column.name));
+    throw runtimeError(3421, {}, QString("value '%1' into column %2").arg(value.joined(), column.name));
 }
 
+/// A text counts as a whole or not at all: of "12 boxes" nothing is stored, where Val would take the 12.
 double number(const ColumnDef &column, const Value &value)
 {
     if (value.type() != Value::Type::Text)
@@ -39,6 +40,7 @@ Value date(const ColumnDef &column, const Value &value)
     std::optional<Date> date;
     if (value.type() == Value::Type::Text)
         date = dateFromText(value.toText());
+    // A number is the days since day 0, as everywhere; beyond the calendar there is no date to store.
     else if (const double serial = value.toDouble(); serial >= Date::Least && serial < Date::Beyond)
         date = Date(serial);
     if (!date)
@@ -65,8 +67,9 @@ Value text(const ColumnDef &column, const Value &value)
     // The engines underneath end a text there.
     if (text.toText().contains(QChar(0)))
         refuse(column, value);
+    // Never cut: a name without its end is another name, and nobody would notice.
     if (column.type == ColumnType::Text && text.toText().size() > column.size)
-        throw runtimeError(3163, {}, QStringLiteral("value '%1' into column %2").arg(text.toText(), column.name));
+        throw runtimeError(3163, {}, QString("value '%1' into column %2").arg(text.toText(), column.name));
     return text;
 }
 

@@ -41,6 +41,7 @@ Recordset Database::OpenRecordset(const QString &sql)
 
 const std::vector<TableDef> &Database::TableDefs() const
 {
+    // As they are now and not as last read: a routine that looks for a scratch table drops it next.
     return m_data->freshCatalog().tables();
 }
 
@@ -70,7 +71,7 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const QString &name, bool exclu
         if (auto session = sessions().value(key).lock())
             return std::make_unique<Database>(std::move(session));
     }
-    auto engine = engines::open({name, entries.value(QStringLiteral("pwd")), exclusive, readOnly, entries});
+    auto engine = engines::open({name, entries.value("pwd"), exclusive, readOnly, entries});
     auto session = std::make_shared<DatabaseData>(std::move(engine));
     if (engines::hasPrivateTables(name))
         sessions().insert(key, session);

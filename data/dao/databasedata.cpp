@@ -23,6 +23,7 @@ const Catalog &DatabaseData::freshCatalog()
 
 void DatabaseData::readCatalog()
 {
+    // Translations speak of columns by their places and types, and perhaps of tables that are gone.
     m_translationCache.clear();
     m_catalog = m_engine->readCatalog();
 }
@@ -55,7 +56,9 @@ bool DatabaseData::tryExecute(const QString &sql)
         throw runtimeError(3065, {}, sql);
     const bool defines = !translation->newTable.Name.isEmpty() || translation->kind == StatementKind::DropTable;
     const ErrorContext context{defines ? ErrorContext::Defining : ErrorContext::Writing, translation->targetTable, sql};
+    // Before the transaction begins: neither rows that are still to be read nor a checkpoint belong inside it.
     prepareToWrite(translation->targetTable, nullptr);
+    // Reports copy whole tables. The engine may want to make room for one first.
     if (translation->copies)
         m_engine->prepareToCopyRows();
     const auto transaction = m_engine->begin(context);
@@ -138,6 +141,7 @@ OpenQuery DatabaseData::prepareQuery(const QString &sql)
             throw;
     }
     readCatalog();
+    // Once more with what stands there now. Each round was begun by a change of the tables, so this comes to an end.
     return prepareQuery(sql);
 }
 
@@ -159,6 +163,7 @@ void DatabaseData::prepareToWrite(const QString &table, OpenRows *writer)
 
 void DatabaseData::holdRow(OpenRows *editor, const ErrorContext &context)
 {
+    // Of all recordsets one row at a time is between Edit and Update; the lock of another one's Edit ends here.
     takeRow(m_editor);
     prepareToWrite(context.table, editor);
     m_rowLock = m_engine->begin(context);

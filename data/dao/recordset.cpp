@@ -19,6 +19,7 @@ int Field::Size() const
 
 Value Field::value() const
 {
+    // Between AddNew or Edit and Update a field shows what was assigned to it already.
     if (const auto pending = m_data->change.value(m_column))
         return *pending;
     return m_data->walk.value(m_column);
@@ -94,5 +95,6 @@ void Recordset::MoveNext()
 void Recordset::Close()
 {
     data();
+    // Whatever is asked of a closed one fails, closing it once more included.
     m_data.reset();
 }

@@ -11,6 +11,7 @@ void RowChange::addNew()
 {
     const TableDef &table = m_walk.updatableTable().def;
     drop();
+    // A row that was begun before and never stored is given up without a word, as the platform does.
     Pending row{true, {}};
     for (const ColumnDef &column : table.columns) {
         if (column.autoNumber) {
@@ -34,6 +35,7 @@ void RowChange::edit()
     // typed everything.
     m_database->holdRow(&m_walk, {ErrorContext::Writing, table.Name, "Edit of " + m_walk.statement()});
     m_walk.noteOwnWrite();
+    // Read once more under the lock: what another workstation has stored since is what this change starts from.
     m_walk.refreshLocked();
     m_walk.requireRow(); // it may be gone since the walk read it
     m_pending = Pending{false, std::vector<std::optional<Value>>(table.columns.size())};
@@ -58,6 +60,7 @@ void RowChange::update()
     const ErrorContext writing{ErrorContext::Writing, table, "Update of " + m_walk.statement()};
     m_database->prepareToWrite(table, &m_walk);
     m_walk.noteOwnWrite();
+    // The lock of the Edit is a transaction that is open still; the row is written and committed inside it.
     const std::unique_ptr<engine::Transaction> rowLock = m_database->takeRow(&m_walk);
     if (m_pending->adding)
         insertPending(writing);

@@ -20,6 +20,7 @@ void RowWalk::adopt(OpenQuery query)
 
 RowWalk::~RowWalk()
 {
+    // A recordset that goes between Edit and Update takes its lock along, or nobody could write any more.
     m_database->takeRow(this);
     m_database->detach(this);
 }
@@ -37,7 +38,7 @@ bool RowWalk::reads(const QString &table) const
     return m_translation->tablesRead.contains(table, Qt::CaseInsensitive);
 }
 
-// Nothing is asked of the engine before somebody asks for a row, so that a recordset opened to add rows walks none.
+/// Nothing is asked of the engine before somebody asks for a row, so that a recordset opened to add rows walks none.
 void RowWalk::begin()
 {
     if (m_state != State::Unread)
@@ -48,6 +49,7 @@ void RowWalk::begin()
         if (!m_rows->metOtherTables())
             return;
     } catch (const RuntimeError &) {
+        // A statement is to blame for its failure only where its tables are still those it was translated for.
         if (!m_rows->metOtherTables() || m_database->catalogIsCurrent())
             throw;
     }
@@ -121,6 +123,8 @@ void RowWalk::readAhead()
     if (m_state != State::Walking || !m_hasRow)
         return;
     do
+        // The row at hand goes first into the store and is the current one there, so that the walk stands where it
+        // stood.
         m_store.append(*m_rows);
     while (m_rows->next());
     m_store.next();

@@ -1,6 +1,6 @@
 #include "data/engine/errorcontext.h"
 
-// The platform tells apart what is kept from whom: the whole database, a row about to be written, or a table.
+/// The platform tells apart what is kept from whom: the whole database, a row about to be written, or a table.
 RuntimeError lockError(const QString &database, const ErrorContext &context, const QString &detail)
 {
     switch (context.kind) {

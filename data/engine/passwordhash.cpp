@@ -15,6 +15,7 @@ QByteArray randomSalt()
     return QByteArray(reinterpret_cast<const char *>(words), sizeof(words));
 }
 
+/// By hand over Qt's HMAC, since Qt derives keys in its network module alone, and this layer stands on its core.
 QByteArray passwordHash(const QString &password, const QByteArray &salt, int rounds)
 {
     QMessageAuthenticationCode mac(QCryptographicHash::Sha256, password.toUtf8());

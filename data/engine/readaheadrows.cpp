@@ -74,6 +74,7 @@ bool ReadAheadRows::next()
 template <typename T> T ReadAheadRows::payload(int column) const
 {
     T value;
+    // Copied out: a payload begins wherever the one before it ended, and a number may not be read at any address.
     std::memcpy(&value, m_row + m_offsets[size_t(column)] + 1, sizeof(value));
     return value;
 }

@@ -10,7 +10,7 @@
 #include "data/engines/sqlite/engine.h"
 #include <QFile>
 
-// On a server scratch tables belong to a session; in a file they are tables like all others, shared by everybody.
+/// On a server scratch tables belong to a session; in a file they are tables like all others, shared by everybody.
 bool engines::hasPrivateTables(const QString &name)
 {
     return postgres::isUri(name);

@@ -185,6 +185,7 @@ ExprPtr Parser::comparison()
                                           [this](const SymbolOp &known) { return at(known.symbol); });
         if (symbol != std::end(comparisons)) {
             take();
+            // Comparisons go on from left to right: a = b = c compares the outcome of the first with c.
             left = make(Operation{symbol->op}, std::move(left), arithmetic(loosest));
         } else if (at(Keyword::Is)) {
             left = isNull(std::move(left));
@@ -234,6 +235,7 @@ ExprPtr Parser::inList(ExprPtr left, bool negated)
         result->select = select();
     } else {
         result = make(InList{negated}, std::move(left));
+        // Meant to fail, and not to find nothing: a routine that glues a list together is stopped by an empty one.
         if (at(u')'))
             failExpression("Syntax error", clauseText());
         do
@@ -291,6 +293,7 @@ ExprPtr Parser::power()
     if (!accept(u'^'))
         return base;
     const Nesting nesting(*this);
+    // The exponent may have a sign of its own; one before the base stands outside: -2^2 is -4.
     return closed(make(Operation{Op::Power}, std::move(base), unary()), start);
 }
 
@@ -354,6 +357,7 @@ void Parser::closeBracket()
     if (accept(u')'))
         return;
     const Token &token = peek();
+    // The engine words it in two ways: the bracket is never closed, or something stands where it should be.
     if (token.kind == TokenKind::End || (token.kind == TokenKind::Name && endsClause(token)))
         failExpression("Missing ), ], or Item", clauseText());
     failHere();

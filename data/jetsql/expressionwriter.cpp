@@ -41,6 +41,7 @@ int longestText(const Expr &expr)
         return 0;
     if (expr.type.isText())
         return expr.as<Column>() && expr.type.size > 0 ? expr.type.size : unknown;
+    // "-2147483648" has 11 characters; no other number and no date comes to 24.
     return expr.type.type == ColumnType::Long ? 11 : 24;
 }
 
@@ -189,6 +190,7 @@ Piece ExpressionWriter::number(const Expr &expr) const
     if (expr.is(Kind::Boolean))
         return {expr.as<Constant>()->number != 0 ? "-1" : "0", Level::Unary};
     if (expr.is(Kind::Date))
+        // With 17 digits a Double comes back as it was, the time of day with it.
         return {QString::number(expr.as<Constant>()->number, 'g', 17)};
     if (expr.as<Subselect>()) {
         expr.visit();
@@ -303,6 +305,7 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
     const bool filled = std::any_of(parts.begin(), parts.end(), [](const Expr *part) { return neverNull(*part); });
     QStringList texts;
     for (const Expr *part : parts) {
+        // A whole number turns into the digits that the platform gives it by itself; others are printed by ours.
         const bool digits = !part->type.null && part->type.type == ColumnType::Long;
         const Piece piece = digits && m_dialect.concatenatesNumbers() ? number(*part) : text(*part);
         if (!filled)
@@ -314,7 +317,7 @@ Piece ExpressionWriter::joinedTexts(const Expr &expr) const
         fail(3360);
     if (!filled)
         return {m_dialect.concatenated(texts)};
-    return {texts.join(QLatin1String(" || ")), Level::Concat};
+    return {texts.join(" || "), Level::Concat};
 }
 
 /// The bare sum or product. Whole numbers in a chain are checked once, at its end.
@@ -328,6 +331,7 @@ Piece ExpressionWriter::counted(const Expr &expr, Op op) const
         const bool whole = operand.type.isNumber() && operand.type.type == ColumnType::Long;
         return whole ? Piece{m_dialect.wide(piece.text), piece.level} : piece;
     };
+    // The right side binds tighter by one, or a - (b - c) would lose its brackets.
     return {side(*expr.operands[0]).at(level) + operatorText(op) + side(*expr.operands[1]).at(Level(level + 1)), level};
 }
 
@@ -338,6 +342,7 @@ Piece ExpressionWriter::arithmetic(const Expr &expr, Op op) const
     if (const char *function = arithmeticFunction(op))
         return call(function, number(left).text + ", " + number(right).text);
     if (expr.type.isText())
+        // Unlike &, + gives Null for a Null on either side, and so does || by itself.
         return {text(left).at(Level::Concat) + " || " + text(right).at(Level::Unary), Level::Concat};
     const Piece result = counted(expr, op);
     if (expr.type.isDate())
@@ -366,12 +371,13 @@ Piece ExpressionWriter::written(const InList &in, const Expr &expr) const
     const Expr &left = *expr.operands[0];
     bool mixed = false;
     for (const ExprPtr &operand : expr.operands)
+        // Among values of one type the stored form serves, and its index; in a mixed list all are counted as numbers.
         mixed = mixed || (!operand->type.null && !operand->type.isText() && operand->type.type != left.type.type);
     QStringList values;
     for (size_t i = 1; i < expr.operands.size(); ++i)
         values.append(comparand(*expr.operands[i], mixed));
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
-    return {head + (in.negated ? " NOT IN (" : " IN (") + values.join(QLatin1String(", ")) + u')', Level::Equality};
+    return {head + (in.negated ? " NOT IN (" : " IN (") + values.join(", ") + u')', Level::Equality};
 }
 
 Piece ExpressionWriter::written(const InSelect &in, const Expr &expr) const
@@ -391,6 +397,7 @@ Piece ExpressionWriter::written(const Between &between, const Expr &expr) const
     bool mixed = false;
     for (const ExprPtr &operand : expr.operands)
         mixed = mixed || operand->type.isYesNo() || (!operand->type.isText() && operand->type.type != left.type.type);
+    // Typing lets texts be compared with texts alone.
     mixed = mixed && !left.type.isText();
     const QString head = left.type.isText() ? collated(left) : comparand(left, mixed);
     return {head + (between.negated ? " NOT BETWEEN " : " BETWEEN ") + comparand(*expr.operands[1], mixed) + " AND " +
@@ -437,6 +444,7 @@ Piece ExpressionWriter::assigned(const Expr &expr, const ColumnDef &column) cons
 {
     const ExprType &from = expr.type;
     if (from.null)
+        // Of the column's type, not of that which it has where it stands.
         return {m_dialect.null({false, column.type, column.size, false})};
     switch (column.type) {
     case ColumnType::Memo:

@@ -61,6 +61,7 @@ constexpr std::array words = {
     Word{u"WHERE", Keyword::Where},
 };
 
+/// The words stand in order, so that each name of each statement is told in six comparisons.
 Keyword keywordOf(QStringView name)
 {
     const auto found = std::lower_bound(words.begin(), words.end(), name, [](const Word &word, QStringView text) {
@@ -257,6 +258,7 @@ private:
             joined = after == u'=' ? u'≤' : after == u'>' ? u'≠' : 0;
         else if (c == u'>')
             joined = after == u'=' ? u'≥' : 0;
+        // Two characters as one, so that the parser asks for one and the same kind of sign everywhere.
         m_token.symbol = joined ? joined : c.unicode();
         const bool known = joined || QStringView(u"=<>+-*/\\^&(),.;!").contains(c);
         finish(known ? TokenKind::Symbol : TokenKind::BadSymbol, m_at + (joined ? 2 : 1));

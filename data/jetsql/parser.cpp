@@ -95,6 +95,7 @@ void Parser::top(Select &select)
     if (peek().kind != TokenKind::Number || !peek().whole)
         fail(3141);
     select.top = int(take().number);
+    // No keyword, so that a column may have the name: in "TOP 5 Percent, ID" it is one.
     if (peek().text.compare(u"PERCENT", Qt::CaseInsensitive) == 0 && !at(u',')) {
         take();
         select.topPercent = true;
@@ -264,6 +265,7 @@ Insert Parser::insert()
     }
     if (at(Keyword::Select)) {
         insert.select = select();
+        // The rows have a table to go to already.
         if (!insert.select->into.isEmpty())
             fail(3134);
         return insert;

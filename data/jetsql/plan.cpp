@@ -80,6 +80,7 @@ void strengthen(FromNode &node, const Sources &rejected)
     // A join whose unmatched rows are dropped anyway is made an inner one, which the engine may walk in any order.
     if (node.join != FromNode::Join::Inner && holdsAny(left ? *node.right : *node.left, rejected))
         node.join = FromNode::Join::Inner;
+    // The condition of a join drops rows of Nulls too, but not of the side whose rows all survive it.
     const Sources inside = united(rejected, rejectedBy(*node.on));
     const bool inner = node.join == FromNode::Join::Inner;
     strengthen(*node.left, inner || !left ? inside : rejected);
@@ -187,6 +188,7 @@ private:
         const auto *b = expr.operands[1]->as<Column>();
         if (!a || !b)
             return false;
+        // A table further out would not be in reach of the join.
         const Source *other = a->from == table ? b->from : a->from;
         return (a->from == table || b->from == table) &&
                std::any_of(outer.sources.begin(), outer.sources.end(),
@@ -220,6 +222,7 @@ private:
 
 void joinCorrelatedSums(Select &select)
 {
+    // Beside groups the sums would have to be grouped by as well.
     if (select.grouped() || select.from.empty())
         return;
     int count = 0;

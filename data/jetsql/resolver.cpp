@@ -101,6 +101,7 @@ private:
         Scope scope{{}, outer};
         for (auto &source : select.sources)
             scope.sources.push_back(source.get());
+        // Once the tables are known, and before the list is looked at: a star is nothing but its columns.
         expandStars(select);
         m_select = &select;
         for (SelectItem &item : select.items)
@@ -271,6 +272,8 @@ private:
                     if (!owner && same(source->shownName(), column.qualifier))
                         owner = source;
                 }
+                // A table of that name ends the search, also without the column: one of the same name further out is
+                // hidden by it.
                 if (owner && owner->def->indexOf(column.name) < 0)
                     break;
             }

@@ -70,6 +70,7 @@ public:
 
     void type(Select &select)
     {
+        // From the inside out: the columns of a SELECT in FROM have types once it is typed itself.
         for (auto &source : select.sources) {
             if (source->derived)
                 typeDerived(*source);
@@ -162,6 +163,7 @@ private:
 
     static ExprType typeOf(const Subselect &, const Expr &expr)
     {
+        // Picked out of its table, an AutoNumber numbers nothing any more.
         ExprType type = expr.select->items.front().expr->type;
         type.autoNumber = false;
         return type;
@@ -222,6 +224,7 @@ private:
             return ofType(ColumnType::Text);
         case Op::Negate: {
             const ExprType &type = expr.operands[0]->type;
+            // A minus makes a number of whatever stands behind it.
             return type.isNumber() ? ofType(type.type) : ofType(type.isYesNo() ? ColumnType::Long : ColumnType::Double);
         }
         default:
@@ -241,6 +244,7 @@ private:
     static void checkAliases(const Select &select)
     {
         for (const SelectItem &item : select.items) {
+            // To the engine the bare name would be the AS name itself, and mean itself for ever.
             if (!item.alias.isEmpty() && usesUnqualified(*item.expr, item.alias))
                 fail(3103, {item.alias});
         }
@@ -305,6 +309,7 @@ private:
     static void checkDistinct(const Select &select)
     {
         for (const OrderItem &order : select.orderBy) {
+            // Of rows that became one, what is not shown has no one value to sort by.
             const bool shown = order.position >= 0 ||
                                std::any_of(select.items.begin(), select.items.end(), [&order](const SelectItem &item) {
                                    return sameExpression(*item.expr, *order.expr);

@@ -53,8 +53,8 @@ private:
         if (!m_select.distinct && !isSetOfTexts())
             return {};
         if (!m_dialect.comparesByKeys())
-            return QStringLiteral("DISTINCT ");
-        return "DISTINCT ON (" + distinctKeys().join(QLatin1String(", ")) + ") ";
+            return "DISTINCT ";
+        return "DISTINCT ON (" + distinctKeys().join(", ") + ") ";
     }
 
     /// SQLite, up to 3.40 at least, calls its file damaged where the set of an IN is given equal texts of different
@@ -105,7 +105,7 @@ private:
         }
         if (withRow)
             parts.append(m_dialect.row(*m_select.sources.front()));
-        return parts.join(QLatin1String(", "));
+        return parts.join(", ");
     }
 
     QString tail() const
@@ -115,12 +115,12 @@ private:
         for (const auto &node : m_select.from)
             tables.append(joined(*node));
         if (!tables.isEmpty())
-            result += " FROM " + tables.join(QLatin1String(", "));
+            result += " FROM " + tables.join(", ");
         if (m_select.where)
             result += " WHERE " + m_rows.condition(*m_select.where).text;
         const QStringList keys = groupKeys();
         if (!m_select.groupBy.empty())
-            result += " GROUP BY " + (keys.isEmpty() ? m_dialect.noGroupKey() : keys.join(QLatin1String(", ")));
+            result += " GROUP BY " + (keys.isEmpty() ? m_dialect.noGroupKey() : keys.join(", "));
         if (m_select.having)
             result += " HAVING " + m_result.condition(*m_select.having).text;
         return result;
@@ -132,6 +132,7 @@ private:
             return quotedName(source.def->Name) + " AS " + source.handle;
         SelectWriter writer(m_dialect, *source.derived);
         writer.names = resultNames(*source.derived);
+        // A table has no order; whoever reads it asks for one.
         writer.ordered = false;
         return u'(' + writer.text() + ") AS " + source.handle;
     }
@@ -145,6 +146,7 @@ private:
         const FromNode &left = mirrored ? *node.right : *node.left;
         const FromNode &right = mirrored ? *node.left : *node.right;
         QString inner = joined(right);
+        // Without brackets engines would join from left to right.
         if (right.join != FromNode::Join::None)
             inner = u'(' + inner + u')';
         return joined(left) + (node.join == FromNode::Join::Inner ? " JOIN " : " LEFT JOIN ") + inner + " ON " +
@@ -279,13 +281,13 @@ private:
         QStringList parts;
         for (const SortKey &key : keys)
             parts.append(m_dialect.ordered(key.text, key.descending));
-        return parts.isEmpty() ? QString() : " ORDER BY " + parts.join(QLatin1String(", "));
+        return parts.isEmpty() ? QString() : " ORDER BY " + parts.join(", ");
     }
 
     QString limit() const
     {
         if (m_select.top < 0)
-            return firstRow ? QStringLiteral(" LIMIT 1") : QString();
+            return firstRow ? " LIMIT 1" : QString();
         if (!m_select.topPercent)
             return " LIMIT " + QString::number(m_select.top);
         const QString rows = m_select.distinct ? distinct() + items() : QString(u'1');
@@ -309,8 +311,9 @@ private:
             if (!names.isEmpty() && i < m_select.items.size())
                 outer.last() += " AS " + quotedName(names[int(i)]);
         }
+        // What stands behind " LIMIT ".
         const QString count = m_select.topPercent ? limit().mid(7) : QString::number(m_select.top);
-        return "SELECT " + outer.join(QLatin1String(", ")) + " FROM (SELECT " +
+        return "SELECT " + outer.join(", ") + " FROM (SELECT " +
                (m_select.distinct ? placedDistinct() : numberedItems() + placed(asked, keys) + tail()) +
                ") AS ranked WHERE place <= " + count + " ORDER BY line";
     }
@@ -323,7 +326,7 @@ private:
             parts.append(item(i) + " AS c" + QString::number(i));
         if (withRow)
             parts.append(m_dialect.row(*m_select.sources.front()) + " AS c" + QString::number(m_select.items.size()));
-        return parts.join(QLatin1String(", "));
+        return parts.join(", ");
     }
 
     QString placed(const std::vector<SortKey> &asked, const std::vector<SortKey> &keys) const
@@ -388,7 +391,7 @@ QString insertHead(const TableDef &table, const std::vector<int> &targets)
     QStringList names;
     for (const int target : targets)
         names.append(quotedName(table.columns[target].name));
-    return "INSERT INTO " + quotedName(table.Name) + " (" + names.join(QLatin1String(", ")) + ") ";
+    return "INSERT INTO " + quotedName(table.Name) + " (" + names.join(", ") + ") ";
 }
 
 QString whereClause(const ExpressionWriter &expressions, const ExprPtr &where)
@@ -429,7 +432,7 @@ QString written(const Dialect &dialect, const Insert &insert)
     QStringList values;
     for (size_t i = 0; i < insert.values.size(); ++i)
         values.append(expressions.assigned(*insert.values[i], insert.def->columns[insert.targets[i]]).text);
-    return head + "VALUES (" + values.join(QLatin1String(", ")) + u')';
+    return head + "VALUES (" + values.join(", ") + u')';
 }
 
 QString written(const Dialect &dialect, const Update &update)
@@ -441,12 +444,13 @@ QString written(const Dialect &dialect, const Update &update)
         assignments.append(quotedName(column.name) + " = " + expressions.assigned(*assignment.value, column).text);
     }
     return "UPDATE " + quotedName(update.source->def->Name) + " AS " + update.source->handle + " SET " +
-           assignments.join(QLatin1String(", ")) + whereClause(expressions, update.where);
+           assignments.join(", ") + whereClause(expressions, update.where);
 }
 
 QString written(const Dialect &dialect, const Delete &statement)
 {
     if (!statement.where)
+        // No condition, and no name for one to speak of: SQLite empties the table in one go.
         return "DELETE FROM " + quotedName(statement.source->def->Name);
     return "DELETE FROM " + quotedName(statement.source->def->Name) + " AS " + statement.source->handle +
            whereClause(ExpressionWriter(dialect, &subselectText), statement.where);

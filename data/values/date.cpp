@@ -48,7 +48,7 @@ struct DayAndSecond
 QString timeText(QTime time)
 {
     const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
-    return QStringLiteral("%1:%2:%3 %4")
+    return QString("%1:%2:%3 %4")
         .arg(hour)
         .arg(time.minute(), 2, 10, QLatin1Char('0'))
         .arg(time.second(), 2, 10, QLatin1Char('0'))
@@ -102,16 +102,17 @@ QString Date::toText() const
     if (parts.day == 0)
         return timeText(parts.time());
     const QDate date = parts.date();
-    QString text = QStringLiteral("%1/%2/%3").arg(date.month()).arg(date.day()).arg(date.year());
+    QString text =
+        QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' + QString::number(date.year());
     if (parts.second != 0)
-        text += QLatin1Char(' ') + timeText(parts.time());
+        text += u' ' + timeText(parts.time());
     return text;
 }
 
 QString Date::toIso() const
 {
     const DayAndSecond parts(m_serial);
-    return parts.date().toString(QStringLiteral("yyyy-MM-dd")) + parts.time().toString(QStringLiteral(" HH:mm:ss"));
+    return parts.date().toString(u"yyyy-MM-dd") + parts.time().toString(u" HH:mm:ss");
 }
 
 std::optional<Date> Date::fromIso(QStringView text)
@@ -130,6 +131,7 @@ std::optional<Date> Date::fromIso(QStringView text)
     }
     if (!date.isValid() || !time.isValid())
         return std::nullopt;
+    // In UTC, where no hour is left out and none comes twice.
     return Date(QDateTime(date, time, Qt::UTC));
 }
 

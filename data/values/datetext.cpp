@@ -72,6 +72,7 @@ std::optional<QTime> takeTime(Tokens &tokens, bool &found)
         const bool afternoon = end->text.compare(u"PM", Qt::CaseInsensitive) == 0;
         const bool morning = end->text.compare(u"AM", Qt::CaseInsensitive) == 0;
         if (afternoon || morning) {
+            // "14:05 PM" is no time, though "14:05" is one.
             if (parts[0] < 1 || parts[0] > 12)
                 return std::nullopt;
             // 12 AM is midnight and 12 PM noon.
@@ -98,6 +99,7 @@ int monthOf(QStringView word)
     return 0;
 }
 
+/// Three digits are a year as they stand.
 int yearOf(const Token &token)
 {
     return token.text.size() > 2 ? token.number() : Date::fullYear(token.number());
@@ -117,6 +119,7 @@ QDate dateOfThree(const Token &a, const Token &b, const Token &c)
     // A first number of more than two digits is the year, and no other reading is tried.
     if (a.text.size() > 2)
         return dateOf(a.number(), b.number(), c.number());
+    // So 30/3/2011 is the 30th of March, and 2/29/01, a day that 2001 does not have, the 1st of February 2029.
     QDate date = dateOf(yearOf(c), a.number(), b.number());
     if (!date.isValid())
         date = dateOf(yearOf(c), b.number(), a.number());

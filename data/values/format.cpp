@@ -97,6 +97,7 @@ QString printed(double magnitude, const Section &section)
     while (digits.fraction.size() > section.leastDecimals && digits.fraction.endsWith('0'))
         digits.fraction.chop(1);
     if (section.grouped) {
+        // From the point leftwards, the zeros put in front included.
         for (qsizetype i = digits.whole.size() - 3; i > 0; i -= 3)
             digits.whole.insert(i, ',');
     }

@@ -82,6 +82,7 @@ std::optional<double> takeRadixNumber(Reader &in)
         return std::nullopt;
     const QChar letter = in.peek(1).toLower();
     const int base = letter == u'h' ? 16 : 8;
+    // A bare "&" is octal as well.
     const int prefix = letter == u'h' || letter == u'o' ? 2 : 1;
     if (digitValue(in.peek(prefix), base) < 0)
         return std::nullopt;
@@ -298,7 +299,7 @@ QString textOf(double number)
 
 QString textOf(bool value)
 {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
+    return value ? "True" : "False";
 }
 
 double roundTo2(double number)

@@ -8,8 +8,8 @@ struct Wording
     const char *text;
 };
 
-// Sorted by number. Those below 1000 come from the runtime and its controls and carry no full stop; the
-// others are the engine's.
+/// Sorted by number. Those below 1000 come from the runtime and its controls and carry no full stop; the
+/// others are the engine's.
 constexpr Wording Wordings[] = {
     {5, "Invalid procedure call or argument"},
     {6, "Overflow"},

@@ -85,6 +85,7 @@ int order(const QList<uint> &a, const QList<uint> &b)
 
 int compareFolded(std::string_view a, std::string_view b)
 {
+    // Only where the first difference is a letter beyond ASCII, so that taking both texts apart costs little over all.
     const Folded left(a), right(b);
     const int byBase = order(left.base, right.base);
     return byBase ? byBase : order(left.whole, right.whole);

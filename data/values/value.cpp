@@ -35,7 +35,7 @@ struct ToText
         const quint64 units = value.units < 0 ? 0 - quint64(value.units) : quint64(value.units);
         QString text = QString::number(units / 10000);
         if (const int fraction = int(units % 10000)) {
-            text += QStringLiteral(".%1").arg(fraction, 4, 10, QLatin1Char('0'));
+            text += QString(".%1").arg(fraction, 4, 10, QLatin1Char('0'));
             while (text.endsWith(u'0'))
                 text.chop(1);
         }
@@ -101,6 +101,7 @@ double Value::leadingNumber() const
         const double number = toDouble();
         const double units = std::nearbyint(number * 10000);
         if (std::abs(units) < 1e15 && units / 10000 == number)
+            // A zero below zero becomes the plain one.
             return number + 0.0;
     }
     return Val(toText());

@@ -101,6 +101,7 @@ std::optional<QByteArray> CompoundFile::stream(const QString &name) const
 {
     for (int i = 0; i < gsf_infile_num_children(m_folder.get()); ++i) {
         const char *child = gsf_infile_name_by_index(m_folder.get(), i);
+        // Programs write the names in whatever case.
         if (!child || name.compare(QString::fromUtf8(child), Qt::CaseInsensitive) != 0)
             continue;
         const GsfInputPtr stream(gsf_infile_child_by_index(m_folder.get(), i));

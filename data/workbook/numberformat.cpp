@@ -31,6 +31,7 @@ QString placeholders(const QString &format)
     return result;
 }
 
+/// Formats that a file names by number alone; those from 27 to 36 and from 50 on are East Asian dates.
 bool isBuiltInDate(int identifier)
 {
     return (identifier >= 14 && identifier <= 22) || (identifier >= 27 && identifier <= 36) ||
@@ -48,9 +49,7 @@ NumberKind kindOfNumberFormat(int identifier, const QString &format)
     const QString text = placeholders(format);
     if (text.contains('$'))
         return NumberKind::Money;
-    if (text == "general")
-        return NumberKind::Plain;
-    for (const QChar c : QStringLiteral("dmyhs")) {
+    for (const QChar c : "dmyhs") {
         if (text.contains(c))
             return NumberKind::Date;
     }

@@ -88,6 +88,7 @@ private:
     void readCell(Sheet::Range rows, Sheet::Range columns)
     {
         const QString type = m_xml.attributeText("office:value-type");
+        // To the format itself an error is a text like any other; this extension alone tells.
         const bool isError = m_xml.attributeText("calcext:value-type") == "error";
         // The value, not the text shown: that has the cell's format.
         const auto written = m_xml.attribute(attributeOf(type));
@@ -98,6 +99,7 @@ private:
             else
                 m_xml.skip(); // such as a comment
         }
+        // Without a type a cell is blank, whatever format it has. Rows of such may stand there by the million.
         if (!type.isEmpty())
             m_sheets.back().fill(rows, columns, {valueOf(type, written, paragraphs.join('\n')), isError});
     }
@@ -131,9 +133,9 @@ private:
     QString blank()
     {
         if (isElement("text:tab"))
-            return QStringLiteral("\t");
+            return "\t";
         if (isElement("text:line-break"))
-            return QStringLiteral("\n");
+            return "\n";
         if (!isElement("text:s"))
             return {};
         const int count = m_xml.number("text:c", 0, WorkbookLimits::OdsText, 1);

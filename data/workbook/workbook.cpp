@@ -22,6 +22,7 @@ Reader readerOf(const QString &path)
 Workbook Workbook::open(const QString &path)
 {
     const Reader read = readerOf(path);
+    // Read whole and let go of: others may have the workbook open, and go on writing to it.
     const auto content = read ? plainFileContents(path, WorkbookLimits::FileBytes) : std::nullopt;
     if (!content)
         throw runtimeError(432, {}, path);

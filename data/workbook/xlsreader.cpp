@@ -9,6 +9,7 @@
 
 namespace {
 
+/// Those of a workbook's records that are read, by their numbers in the file.
 enum Record {
     Formula = 0x06,
     End = 0x0A,
@@ -98,6 +99,7 @@ private:
                 // Sheets come in the order of their tabs, wherever in the stream they begin.
                 const quint32 place = record.u32();
                 record.skip(1);
+                // Hidden or not, which stands before the type, a sheet counts.
                 if (const int type = record.u8(); type != CodeModule)
                     m_sheets.emplace_back(place, type);
                 break;
@@ -112,6 +114,7 @@ private:
     void readCommonTexts(XlsRecords &record)
     {
         record.skip(4);
+        // Behind the number of their uses stands that of the different ones.
         for (quint32 count = record.u32(); count > 0; --count)
             m_texts += record.text(record.u16());
     }
@@ -155,6 +158,7 @@ private:
         const int row = record.u16() + 1;
         int column = record.u16() + 1;
         if (record.type() == PackedNumbers) {
+            // What is left behind the cells is the number of the last column.
             for (; record.left() >= 6; ++column) {
                 const int format = record.u16();
                 set(row, column, value(unpacked(record.u32()), format));
@@ -208,6 +212,7 @@ private:
         }
         switch (bits & 0xFF) {
         case 0: // a text, in a record of its own
+            // The record of the text says nothing about its cell.
             m_formulaRow = row;
             m_formulaColumn = column;
             break;

@@ -4,7 +4,7 @@ namespace {
 
 constexpr int Continuation = 0x3C;
 
-// Flags in front of a text.
+/// Flags in front of a text.
 constexpr int TwoByteLetters = 1;
 constexpr int Pronunciation = 4;
 constexpr int Formatting = 8;

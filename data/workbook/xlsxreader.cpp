@@ -95,6 +95,7 @@ public:
 
     std::vector<Sheet> read()
     {
+        // The parts may have any name; only the relations tell which is which.
         const QString workbook = targetOf(relationsOf(m_package, {}), "officeDocument");
         const Relations relations = relationsOf(m_package, workbook);
         const QStringList sheetParts = readWorkbook(workbook, relations);
@@ -213,6 +214,7 @@ private:
             else
                 xml.skip(); // a formula: its result stands beside it
         }
+        // A format alone makes no cell.
         if (content.isEmpty())
             return;
         if (type == "e")
@@ -225,6 +227,7 @@ private:
     {
         if (type == "s")
             return sharedString(content);
+        // What a formula gave; texts typed in are shared, or stand inside of the cell.
         if (type == "str")
             return unescaped(content);
         if (type == "inlineStr")

@@ -90,6 +90,7 @@ void ComboBox::setText(const QString &text)
 int ComboBox::listIndex() const
 {
     const int index = currentIndex();
+    // Qt keeps the index while other text is typed over the entry; forms take it for what the text stands for.
     const bool overtyped = m_style == Style::Editable && m_list->at(index).compare(text(), Qt::CaseInsensitive) != 0;
     return overtyped ? -1 : index;
 }
@@ -169,8 +170,10 @@ void ComboBox::showPopup()
 {
     m_clickDone = false;
     if (auto *entries = qobject_cast<QListView *>(view())) {
+        // Or the list measures every entry before it drops down.
         entries->setUniformItemSizes(true);
         entries->setMinimumWidth(listWidth());
+        // Asked first is the filter that was installed last, and Qt installs one of its own.
         entries->removeEventFilter(this);
         entries->installEventFilter(this);
     }

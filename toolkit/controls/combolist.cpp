@@ -23,7 +23,7 @@ void ComboList::append(const QStringList &items)
     endInsertRows();
 }
 
-// The first of equal entries: two open orders of one number and date cannot be told apart by their text.
+/// The first of equal entries: two open orders of one number and date cannot be told apart by their text.
 int ComboList::find(const QString &text) const
 {
     for (int i = 0; i < m_items.size(); ++i)
@@ -44,6 +44,7 @@ int ComboList::findPrefix(const QString &prefix, int from) const
 QStringList ComboList::longest(int count) const
 {
     QStringList result(std::min<qsizetype>(count, m_items.size()));
+    // Only the first few have to be in order.
     std::partial_sort_copy(m_items.begin(), m_items.end(), result.begin(), result.end(),
                            [](const QString &one, const QString &other) { return one.size() > other.size(); });
     return result;

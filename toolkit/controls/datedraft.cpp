@@ -39,7 +39,7 @@ void DateDraft::typeDigit(QChar digit)
     m_typed = 0;
 }
 
-// A first digit that begins no two-digit month or day completes its part: 4 is April, 1 waits.
+/// A first digit that begins no two-digit month or day completes its part: 4 is April, 1 waits.
 bool DateDraft::takesNoMore() const
 {
     static constexpr int digits[Parts] = {2, 2, 4}, largestFirst[Parts] = {1, 3, 9};

@@ -14,13 +14,15 @@
 DTPicker::DTPicker(QWidget *parent) : QDateEdit(parent)
 {
     setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
-    setDisplayFormat(QStringLiteral("M/d/yyyy"));
+    setDisplayFormat("M/d/yyyy");
     setCalendarPopup(true);
+    // The range of the platform's picker.
     setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
     setDate(Date::today().date());
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::PreventContextMenu); // its Cut, Delete and Paste would leave half a date
     lineEdit()->setAcceptDrops(false);
+    // The mouse goes to the line edit inside, which would put a caret between two digits.
     lineEdit()->installEventFilter(this);
     // A time of day that was assigned lasts until the user picks another day.
     connect(this, &QDateEdit::dateChanged, this, [this] { m_timePart = 0; });
@@ -40,6 +42,7 @@ void DTPicker::setValue(const Value &value)
     const QDate day = assigned.date();
     if (!isInRange(day))
         throw runtimeError(380);
+    // What a routine sets counts, whatever was being typed.
     m_draft.reset();
     setDate(day);
     m_timePart = assigned.serial() - Date(day).serial();
@@ -179,7 +182,7 @@ void DTPicker::goTo(int part)
 void DTPicker::read(const QString &text)
 {
     endDraft();
-    static const QRegularExpression asTyped(QStringLiteral("^\\d{1,2}[-/.]\\d{1,2}[-/.](\\d{1,2}|\\d{4})$"));
+    static const QRegularExpression asTyped("^\\d{1,2}[-/.]\\d{1,2}[-/.](\\d{1,2}|\\d{4})$");
     const QString line = text.trimmed();
     if (asTyped.match(line).hasMatch()) {
         for (const QChar character : line)

@@ -45,7 +45,7 @@ int FlexGrid::rows() const
     return m_model->gridRows();
 }
 
-// Cutting the rows off takes the current one away, which is the program's doing and no move of the user.
+/// Cutting the rows off takes the current one away, which is the program's doing and no move of the user.
 void FlexGrid::setRows(int rows)
 {
     const QScopedValueRollback byProgram(m_byProgram, true);
@@ -114,7 +114,7 @@ void FlexGrid::setTextMatrix(int row, int col, const QString &text)
     m_model->setCell(row, col, text);
 }
 
-// The header row is 0 and never current, so a grid without a current row says -1.
+/// The header row is 0 and never current, so a grid without a current row says -1.
 int FlexGrid::row() const
 {
     return currentIndex().isValid() ? currentIndex().row() + 1 : -1;
@@ -142,7 +142,7 @@ void FlexGrid::setColHidden(int col, bool hidden)
     setColumnHidden(col, hidden);
 }
 
-// The widths need all rows, so the view hears of those appended by now.
+/// The widths need all rows, so the view hears of those appended by now.
 void FlexGrid::autoSize()
 {
     m_model->publish();
@@ -152,7 +152,7 @@ void FlexGrid::autoSize()
             setColumnWidth(col, widths[col]);
 }
 
-// A key typed replaces the cell, F2 and a double click begin with what stands there.
+/// A key typed replaces the cell, F2 and a double click begin with what stands there.
 void FlexGrid::setEditableColumn(int col)
 {
     m_editableColumn = col;
@@ -229,14 +229,14 @@ QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     return QTableView::moveCursor(action, modifiers);
 }
 
-// One row, whatever modifiers are held; the blank area below the rows picks nothing.
+/// One row, whatever modifiers are held; the blank area below the rows picks nothing.
 QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex &index, const QEvent *) const
 {
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::NoUpdate;
 }
 
-// A press below the rows leaves the current row as it is.
+/// A press below the rows leaves the current row as it is.
 void FlexGrid::mousePressEvent(QMouseEvent *event)
 {
     if (indexAt(event->position().toPoint()).isValid())

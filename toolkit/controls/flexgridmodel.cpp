@@ -54,6 +54,7 @@ void FlexGridModel::append(const QString &cellsJoinedByTabs)
     // Rows are kept as the bytes they came in: a list of all orders of all years has millions of cells.
     const QByteArray bytes = cellsJoinedByTabs.toUtf8().replace('\t', Separator);
     m_rows.emplace_back(bytes.constData(), bytes.size()); // a converted text holds room for three times its length
+    // The first row is the header; those behind it are told of together.
     if (gridRows() == 1 && m_cols > 0)
         emit headerDataChanged(Qt::Horizontal, 0, m_cols - 1);
 }

@@ -14,6 +14,7 @@ void Frame::paintContents(bool asEnabled)
 {
     const QList<QWidget *> contents = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget *control : contents) {
+        // One that is disabled by itself looks so, inside a live frame and inside a dead one.
         if (!asEnabled || !control->isEnabledTo(this)) {
             control->setPalette(QPalette());
             continue;

@@ -30,6 +30,7 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
 {
     QStyledItemDelegate::paint(painter, option, index);
     const auto *grid = static_cast<const QAbstractItemView *>(parent());
+    // A list to pick from marks whole rows; where one types, the cell that a key goes to has to be seen.
     if (index != grid->currentIndex() || grid->editTriggers() == QAbstractItemView::NoEditTriggers)
         return;
     painter->save();
@@ -59,6 +60,7 @@ bool GridDelegate::eventFilter(QObject *editor, QEvent *event)
     emit commitData(cell); // Qt would let Enter commit some time later
     emit closeEditor(cell, NoHint);
     if (arrow) {
+        // Sent on to the grid, which moves by it as if nothing had been edited.
         QKeyEvent move(QEvent::KeyPress, key->key(), Qt::NoModifier);
         QCoreApplication::sendEvent(parent(), &move);
     }

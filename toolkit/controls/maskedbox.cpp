@@ -22,6 +22,7 @@ QString MaskEdBox::formattedText() const
 
 void MaskEdBox::paintEvent(QPaintEvent *event)
 {
+    // Raw while it is typed into: the text that is edited is the text that counts.
     if (hasFocus()) {
         TextBox::paintEvent(event);
         return;

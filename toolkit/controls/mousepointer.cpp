@@ -2,7 +2,7 @@
 
 #include <QGuiApplication>
 
-// A plain state, not counted: set twice and cleared once it is clear.
+/// A plain state, not counted: set twice and cleared once it is clear.
 void setHourglass()
 {
     if (!QGuiApplication::overrideCursor())

@@ -44,6 +44,7 @@ public:
         // A box takes no more, and a text of megabytes would keep its layout busy for minutes.
         constexpr qsizetype mostCharacters = 1024;
         setText(prompt.left(mostCharacters));
+        // A name with a < in it is no markup.
         setTextFormat(Qt::PlainText);
         setWindowModality(Qt::ApplicationModal);
         placeOver(formAsking(parentWidget()));
@@ -83,6 +84,7 @@ class Question : public Box
 public:
     Question(const QString &prompt, const QString &title) : Box(prompt, title, Yes | No)
     {
+        // The routine that asks knows Yes and No alone, so that neither Esc nor the close mark may answer.
         setWindowFlag(Qt::WindowCloseButtonHint, false);
         setDefaultButton(Yes);
     }
@@ -99,7 +101,7 @@ protected:
 };
 } // namespace
 
-// What was written is on the disk before anybody is told of it.
+/// What was written is on the disk before anybody is told of it.
 void MsgBox(const QString &prompt, const QString &title)
 {
     beforeBoxes();
@@ -114,7 +116,7 @@ bool MsgBoxYesNo(const QString &prompt, const QString &title)
 
 void showRuntimeError(const RuntimeError &error)
 {
-    const QString prompt = QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description());
+    const QString prompt = QString("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description());
     try {
         beforeBoxes();
     } catch (const RuntimeError &) {

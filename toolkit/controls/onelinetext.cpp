@@ -12,7 +12,7 @@
 namespace {
 QString firstLine(const QString &text)
 {
-    static const QRegularExpression lineEnd(QStringLiteral("[\r\n\\x{2028}\\x{2029}]"));
+    static const QRegularExpression lineEnd("[\r\n\\x{2028}\\x{2029}]");
     return text.section(lineEnd, 0, 0);
 }
 
@@ -24,6 +24,7 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
+        // Nothing comes into a box that only shows.
         if (m_box->isReadOnly())
             return false;
         switch (event->type()) {

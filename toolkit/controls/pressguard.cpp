@@ -50,6 +50,7 @@ bool PressGuard::eventFilter(QObject *watched, QEvent *event)
 {
     if (!watched->isWidgetType())
         return false;
+    // Qt hands out the second of two quick presses as a double click; it is a press all the same.
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)
         return isNoClick(focusTargetOf(static_cast<QWidget *>(watched)));
     if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent *>(event)->isAmbiguous())

@@ -53,6 +53,7 @@ void raiseEventsIn(const QWidget *window)
 void ProgramFocus::add(QWidget *control)
 {
     state().controls.insert(control);
+    // By its address alone, since by then it is no widget any more.
     QObject::connect(control, &QObject::destroyed, [](QObject *gone) { state().controls.remove(gone); });
 }
 

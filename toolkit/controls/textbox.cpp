@@ -18,8 +18,8 @@ void TextBox::setSelectAllOnFocus(bool on)
     m_selectAllOnFocus = on;
 }
 
-// Caret and selection go with the program's focus, not with Qt's, which selects all on Tab and deselects whenever it
-// leaves, also to come back at once.
+/// Caret and selection go with the program's focus, not with Qt's, which selects all on Tab and deselects whenever it
+/// leaves, also to come back at once.
 void TextBox::focusInEvent(QFocusEvent *event)
 {
     const int position = cursorPosition();
@@ -55,6 +55,7 @@ void TextBox::focusLost()
 void TextBox::mousePressEvent(QMouseEvent *event)
 {
     QLineEdit::mousePressEvent(event);
+    // The press that brought the focus would set the caret and undo the selection; a second one may.
     if (std::exchange(m_pressBringsFocus, false) && m_selectAllOnFocus)
         selectAll();
 }

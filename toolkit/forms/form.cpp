@@ -25,6 +25,7 @@ Form::Form(const QString &name, const QString &caption)
 
 void Form::unload()
 {
+    // Once: the form's own routine may unload it again, or close windows.
     if (m_unloading)
         return;
     m_unloading = true;
@@ -141,6 +142,7 @@ QGroupBox *Form::addFrame(const char *name, const QString &caption)
 QLabel *Form::addLabel(const char *name, const QString &caption)
 {
     auto *label = add<QLabel>(name, caption);
+    // Names out of the database stand in labels too, and a < in one is no markup.
     label->setTextFormat(Qt::PlainText);
     return label;
 }

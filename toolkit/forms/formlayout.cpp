@@ -75,14 +75,14 @@ void FieldLayout::place(const QString &label, QWidget *buddy, QWidget *widget, Q
         return;
     auto *caption = new QLabel(label);
     addWidget(caption, row, left, Qt::AlignLeft | Qt::AlignVCenter);
-    caption->setObjectName(QStringLiteral("Label%1").arg(numberOfLabels(formOf(caption)) + 1));
+    caption->setObjectName(QString("Label%1").arg(numberOfLabels(formOf(caption)) + 1));
     // So that a screen reader says the caption with the field.
     caption->setBuddy(buddy);
     if (buddy->accessibleName().isEmpty())
         buddy->setAccessibleName(label);
 }
 
-// Columns fill by themselves, so a form adds its fields in the order in which they are read.
+/// Columns fill by themselves, so a form adds its fields in the order in which they are read.
 int FieldLayout::nextRow(int column)
 {
     while (m_used.size() <= column)

@@ -45,7 +45,7 @@ Form *Forms::loaded(const QString &name)
     return form && !form->isUnloading() ? form : nullptr;
 }
 
-// Windows that are gone leave empty pointers behind, which go with the next one that is opened.
+/// Windows that are gone leave empty pointers behind, which go with the next one that is opened.
 void Forms::loadInstance(Form *form)
 {
     registry().instances.removeAll(nullptr);
@@ -55,6 +55,7 @@ void Forms::loadInstance(Form *form)
 
 void Forms::open(Form *form)
 {
+    // The load routine runs before there is a window, as it may set the form's size and place.
     form->formLoad();
     if (registry().host)
         registry().host(form);
@@ -62,7 +63,7 @@ void Forms::open(Form *form)
         form->show();
 }
 
-// Over a copy, since an unload routine may take other forms out of the list.
+/// Over a copy, since an unload routine may take other forms out of the list.
 void Forms::unloadAll()
 {
     const auto named = registry().loaded.values();

@@ -40,7 +40,7 @@ void DropTableIfExists(const QString &TableName)
 {
     gDatabase->flush(); // the failure of a statement before this one is nothing to ignore
     try {
-        gDatabase->Execute(QStringLiteral("DROP TABLE ") + TableName);
+        gDatabase->Execute("DROP TABLE " + TableName);
     } catch (const RuntimeError &) {
         // Meant: the caller only wants the name free, and makes the table anew or fails on it by itself.
     }

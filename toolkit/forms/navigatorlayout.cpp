@@ -33,7 +33,7 @@ void setHeightIfAny(QWidget *widget, double twips)
 }
 } // namespace
 
-// Looked for by name: the toolkit knows no main window.
+/// Looked for by name: the toolkit knows no main window.
 QSizeF mainWindowTwips()
 {
     for (const QWidget *window : QApplication::topLevelWidgets())
@@ -74,6 +74,7 @@ void sizeNavigator(Form *form, const NavigatorFrames &frames)
     setWidthIfAny(frames.linesGrid, gridWidth);
 
     const double rest = height - frames.criteria->height() * TwipsPerPixel - 650;
+    // A window too low for both grids leaves them as they are.
     if (rest <= 0)
         return;
     setHeightIfAny(frames.found, rest * 0.55);

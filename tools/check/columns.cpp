@@ -22,6 +22,7 @@ QByteArray misfit(const ColumnDef &column)
     case ColumnType::Long:
         return "typeof(" + name + ") NOT IN ('integer', 'null') OR abs(" + name + ") > 2147483648";
     case ColumnType::YesNo:
+        // Never Null in a table of its own, and whoever reads one relies on that.
         return name + " NOT IN (0, 1) OR " + name + " IS NULL";
     default:
         return "typeof(" + name + ") NOT IN ('real', 'integer', 'null')";
@@ -33,13 +34,13 @@ QString faultOf(const ColumnDef &column)
 {
     switch (column.type) {
     case ColumnType::Text:
-        return QStringLiteral("text longer than the %1 characters of %2").arg(column.size).arg(column.name);
+        return QString("text longer than the %1 characters of %2").arg(column.size).arg(column.name);
     case ColumnType::Date:
-        return QStringLiteral("no date in ") + column.name;
+        return "no date in " + column.name;
     case ColumnType::YesNo:
-        return QStringLiteral("neither yes nor no in ") + column.name;
+        return "neither yes nor no in " + column.name;
     default:
-        return QStringLiteral("no number in ") + column.name;
+        return "no number in " + column.name;
     }
 }
 
@@ -53,14 +54,14 @@ bool checkTables(const Catalog &catalog, Findings &findings)
         for (const TableDef &expected : *tables) {
             const TableDef *table = catalog.find(expected.Name);
             if (!table) {
-                findings.add(expected.Name, QStringLiteral("the table is missing"), {});
+                findings.add(expected.Name, "the table is missing", {});
                 sound = false;
                 continue;
             }
             for (const ColumnDef &column : expected.columns) {
                 if (table->indexOf(column.name) >= 0)
                     continue;
-                findings.add(expected.Name, QStringLiteral("missing columns"), column.name);
+                findings.add(expected.Name, "missing columns", column.name);
                 sound = false;
             }
         }
@@ -70,14 +71,14 @@ bool checkTables(const Catalog &catalog, Findings &findings)
 
 bool checkStructure(Connection &connection, Findings &findings)
 {
-    const ErrorContext reading{ErrorContext::Reading, {}, QStringLiteral("integrity check")};
+    const ErrorContext reading{ErrorContext::Reading, {}, "integrity check"};
     PreparedStatement integrity = connection.prepare("PRAGMA integrity_check", reading);
     bool sound = true;
     while (integrity.next()) {
         if (integrity.text(0) == u"ok")
             continue;
         sound = false;
-        findings.add(QStringLiteral("File"), QStringLiteral("damaged"), integrity.text(0));
+        findings.add("File", "damaged", integrity.text(0));
     }
 
     return checkTables(Tables::readCatalog(connection), findings) && sound;
@@ -88,6 +89,7 @@ void checkColumns(Connection &connection, Findings &findings)
     for (const TableDef &table : Schema::permanentTables()) {
         for (const ColumnDef &column : table.columns) {
             const QByteArray condition = misfit(column);
+            // A memo takes any text of any length.
             if (condition.isEmpty())
                 continue;
             reportRows(connection, findings, table.Name, faultOf(column),

@@ -37,7 +37,7 @@ void checkRequired(Connection &connection, Findings &findings)
         for (QByteArray column : QByteArray(required.columns).split(',')) {
             column = column.trimmed();
             reportRows(connection, findings, QString::fromLatin1(table),
-                       QStringLiteral("no %1 (Null), which ends the program %2")
+                       QString("no %1 (Null), which ends the program %2")
                            .arg(QLatin1String(column), QLatin1String(required.when)),
                        "SELECT " + QByteArray(required.row) + " FROM " + table + " WHERE " + Tables::quoted(column) +
                            " IS NULL");
@@ -59,26 +59,23 @@ void checkEndings(Connection &connection, Findings &findings)
     checkRequired(connection, findings);
     for (const auto &[table, column] : QuotedTexts) {
         const QByteArray name = column;
-        reportRows(
-            connection, findings, QString::fromLatin1(table),
-            QStringLiteral("an apostrophe in %1, which ends the program where it is used").arg(QLatin1String(column)),
-            "SELECT DISTINCT " + name + " FROM " + table + " WHERE instr(" + name + ", '''') > 0");
+        reportRows(connection, findings, QString::fromLatin1(table),
+                   QString("an apostrophe in %1, which ends the program where it is used").arg(QLatin1String(column)),
+                   "SELECT DISTINCT " + name + " FROM " + table + " WHERE instr(" + name + ", '''') > 0");
     }
-    reportRows(connection, findings, QStringLiteral("Customer"),
-               QStringLiteral("Days that lead beyond the last date there is, which ends the invoice run"),
+    reportRows(connection, findings, "Customer",
+               "Days that lead beyond the last date there is, which ends the invoice run",
                "SELECT Customer FROM Customer WHERE Days IS NOT NULL AND date('now', Days || ' days') IS NULL");
     // The navigator and the transfer form take an ID as a 16-bit number.
-    reportRows(connection, findings, QStringLiteral("Orders"),
-               QStringLiteral("IDs above 32767, whose orders no longer open (error 6)"),
+    reportRows(connection, findings, "Orders", "IDs above 32767, whose orders no longer open (error 6)",
                "SELECT 'ID ' || ID FROM Orders WHERE ID > 32767 ORDER BY ID");
-    reportRows(connection, findings, QStringLiteral("TransferHeader"),
-               QStringLiteral("a FromID above 32767, whose transfers no longer open (error 6)"),
+    reportRows(connection, findings, "TransferHeader", "a FromID above 32767, whose transfers no longer open (error 6)",
                "SELECT 'ID ' || ID FROM TransferHeader WHERE FromID > 32767 ORDER BY ID");
 }
 
 void checkConfig(const QString &config, Connection &connection, Findings &findings)
 {
-    const QString file = QStringLiteral("config.txt");
+    const QString file = "config.txt";
     InputFile input(config);
     QStringList values;
     try {
@@ -88,7 +85,7 @@ void checkConfig(const QString &config, Connection &connection, Findings &findin
             values += input.readField();
         }
     } catch (const RuntimeError &error) {
-        findings.add(file, QStringLiteral("ends too early, which ends the program at its start"), error.description());
+        findings.add(file, "ends too early, which ends the program at its start", error.description());
         return;
     }
     // An empty one is allowed: order entry then opens without a warehouse.
@@ -99,12 +96,12 @@ void checkConfig(const QString &config, Connection &connection, Findings &findin
     PreparedStatement rows = connection.prepare("SELECT Warehouse, coalesce(Status, '') FROM Warehouse", {});
     while (rows.next()) {
         if (rows.text(0).compare(warehouse, Qt::CaseInsensitive) == 0)
-            status = rows.text(1).isEmpty() ? QStringLiteral("without a status") : rows.text(1);
+            status = rows.text(1).isEmpty() ? "without a status" : rows.text(1);
     }
     if (status.compare(u"Active", Qt::CaseInsensitive) == 0)
         return;
-    findings.add(file, QStringLiteral("the default warehouse is not an active one, which ends order entry (error 383)"),
-                 warehouse + (status.isEmpty() ? QStringLiteral(" does not exist") : QStringLiteral(" is ") + status));
+    findings.add(file, "the default warehouse is not an active one, which ends order entry (error 383)",
+                 warehouse + (status.isEmpty() ? " does not exist" : " is " + status));
 }
 
 } // namespace check

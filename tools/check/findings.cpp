@@ -27,11 +27,11 @@ QStringList Findings::lines() const
 {
     QStringList lines;
     for (const Kind &kind : m_kinds) {
-        QString line = kind.table + QStringLiteral(": ") + kind.fault;
+        QString line = kind.table + ": " + kind.fault;
         if (!kind.rows.isEmpty())
-            line += QStringLiteral(": ") + kind.rows.join(QStringLiteral("; "));
+            line += ": " + kind.rows.join("; ");
         if (kind.count > kind.rows.size() && !kind.rows.isEmpty())
-            line += QStringLiteral(" and %1 more").arg(kind.count - kind.rows.size());
+            line += QString(" and %1 more").arg(kind.count - kind.rows.size());
         lines += line;
     }
     return lines;

@@ -64,25 +64,25 @@ public:
     {
         if (list == u"0")
             return; // taken over from elsewhere, without shipments
-        static const QRegularExpression wellFormed(QStringLiteral("^[0-9]+(, [0-9]+)*$"));
+        static const QRegularExpression wellFormed("^[0-9]+(, [0-9]+)*$");
         if (!wellFormed.match(list).hasMatch()) {
-            report(id, QStringLiteral("Shipment is no list of IDs, which ends the program in the sales reports"));
+            report(id, "Shipment is no list of IDs, which ends the program in the sales reports");
             return;
         }
         double freight = 0, adjustment = 0, lines = 0;
         bool complete = true;
-        for (const QString &token : list.split(QStringLiteral(", "))) {
+        for (const QString &token : list.split(", ")) {
             const auto shipment = m_shipments.find(token.toInt());
             if (shipment == m_shipments.end()) {
-                report(id, QStringLiteral("shipments on the list that do not exist"));
+                report(id, "shipments on the list that do not exist");
                 complete = false;
                 continue;
             }
             if (!shipment->invoice.isEmpty())
-                m_findings.add(QStringLiteral("Shipment"), QStringLiteral("billed twice"),
-                               QStringLiteral("ID %1 on the invoices %2 and %3").arg(token, shipment->invoice, id));
+                m_findings.add("Shipment", "billed twice",
+                               QString("ID %1 on the invoices %2 and %3").arg(token, shipment->invoice, id));
             if (shipment->customer.compare(customer, Qt::CaseInsensitive) != 0)
-                report(id, QStringLiteral("shipments on the list that went to another customer"));
+                report(id, "shipments on the list that went to another customer");
             shipment->invoice = id;
             freight += shipment->freight;
             adjustment += shipment->adjustment;
@@ -90,14 +90,11 @@ public:
         }
         // Half a cent of doubt: the order of adding may turn a tie the other way.
         if (complete && std::fabs(roundTo2(freight + adjustment + lines) - total) > 0.015)
-            report(id, QStringLiteral("Total is not lines plus freight plus adjustment"));
+            report(id, "Total is not lines plus freight plus adjustment");
     }
 
 private:
-    void report(const QString &id, const QString &fault)
-    {
-        m_findings.add(QStringLiteral("Invoice"), fault, QStringLiteral("ID ") + id);
-    }
+    void report(const QString &id, const QString &fault) { m_findings.add("Invoice", fault, "ID " + id); }
 
     Shipments &m_shipments;
     Findings &m_findings;
@@ -114,15 +111,16 @@ void checkInvoices(Connection &connection, Findings &findings)
             invoices.check(row.text(0), row.text(1), row.text(2), numberOrZero(row.value(3, ColumnType::Double)));
         });
     QList<int> ids = shipments.keys();
+    // The hash has them in another order at each run.
     std::sort(ids.begin(), ids.end());
     for (int id : ids) {
         const ShipmentFacts &facts = shipments[id];
         if (facts.invoiced == !facts.invoice.isEmpty())
             continue;
-        findings.add(QStringLiteral("Shipment"),
-                     facts.invoiced ? QStringLiteral("marked as invoiced, and on no invoice")
-                                    : QStringLiteral("on an invoice, and not marked as invoiced"),
-                     QStringLiteral("ID %1").arg(id));
+        findings.add("Shipment",
+                     facts.invoiced ? "marked as invoiced, and on no invoice"
+                                    : "on an invoice, and not marked as invoiced",
+                     QString("ID %1").arg(id));
     }
 }
 

@@ -56,9 +56,12 @@ public:
         int first = 0;
         for (size_t rebuilt = 0; rebuilt <= m_shipments.size(); ++rebuilt) {
             const int behind = rebuilt < m_shipments.size() ? m_shipments[rebuilt].shipment : INT_MAX;
+            // What is left once everything else is accounted for must come from the outgoing halves of transfers.
             if (isOutgoing(m_ledger - m_fixed - sum))
                 use(first, behind);
             if (rebuilt < m_shipments.size())
+                // A rebuild counts a shipment the other way round from its posting, twice the quantity apart; a drop
+                // shipment had none.
                 sum -= m_shipments[rebuilt].qty * (m_shipments[rebuilt].posted ? 2 : 1);
             first = behind;
         }
@@ -71,11 +74,11 @@ public:
             rebuilt -= qty;
         for (const Movement &movement : m_shipments)
             rebuilt -= movement.qty;
-        QString text = QStringLiteral("%1 has %2, a rebuild gives %3").arg(name).arg(m_ledger).arg(rebuilt);
+        QString text = QString("%1 has %2, a rebuild gives %3").arg(name).arg(m_ledger).arg(rebuilt);
         if (!m_adjustmentIDs.isEmpty())
-            text += QStringLiteral(", adjustments ") + m_adjustmentIDs.join(QStringLiteral(", "));
+            text += ", adjustments " + m_adjustmentIDs.join(", ");
         if (!m_shipmentIDs.isEmpty())
-            text += QStringLiteral(", shipments ") + m_shipmentIDs.join(QStringLiteral(", "));
+            text += ", shipments " + m_shipmentIDs.join(", ");
         return text;
     }
 
@@ -102,7 +105,7 @@ private:
 /// Goes through the pairs with their names, one after the other.
 void forEachPair(Connection &connection, const std::function<void(const QString &name, const Pair &pair)> &use)
 {
-    const ErrorContext reading{ErrorContext::Reading, QStringLiteral("AvailInv"), QString::fromLatin1(Movements)};
+    const ErrorContext reading{ErrorContext::Reading, "AvailInv", QString::fromLatin1(Movements)};
     PreparedStatement rows = connection.prepare(Movements, reading);
     QString warehouse, part;
     std::optional<Pair> pair;
@@ -132,6 +135,8 @@ void checkLedger(Connection &connection, Findings &findings)
     std::map<int, int> changes;
     forEachPair(connection, [&](const QString &, const Pair &pair) {
         pair.ranges([&](int first, int behind) {
+            // Each pair agrees with ranges of moments; counted up where one begins and down behind it, the sums tell
+            // how many agree.
             ++changes[first];
             --changes[behind];
         });
@@ -148,8 +153,7 @@ void checkLedger(Connection &connection, Findings &findings)
         bool agrees = false;
         pair.ranges([&](int first, int behind) { agrees = agrees || (first <= rebuilt && rebuilt < behind); });
         if (!agrees)
-            findings.add(QStringLiteral("AvailInv"),
-                         QStringLiteral("figures that documents do not account for, until a rebuild"), pair.text(name));
+            findings.add("AvailInv", "figures that documents do not account for, until a rebuild", pair.text(name));
     });
 }
 

@@ -120,8 +120,8 @@ constexpr Rule Rules[] = {
 
 } // namespace
 
-// Rules are data: each is one statement whose rows are the findings. The file itself holds no foreign keys, since the
-// program has always written what it was given.
+/// Rules are data: each is one statement whose rows are the findings. The file itself holds no foreign keys, since the
+/// program has always written what it was given.
 void checkRelations(Connection &connection, Findings &findings)
 {
     for (const Rule &rule : Rules)

@@ -31,6 +31,7 @@ void bill(Company &company, std::vector<int> shipments, const std::vector<int> &
     const auto customerOf = [&](int shipment) {
         return company.orders[size_t(company.shipments[size_t(shipment)].order)].customer;
     };
+    // Stable: a customer's shipments stay in the order of their numbers, as the invoice lists them.
     std::stable_sort(shipments.begin(), shipments.end(), [&](int a, int b) {
         return rankOfCustomer[size_t(customerOf(a))] < rankOfCustomer[size_t(customerOf(b))];
     });

@@ -20,6 +20,7 @@ bool isBusinessDay(QDate date)
 
 void makeCalendar(Company &company)
 {
+    // Three years: reports that compare a period with the year before find both, and have one to spare.
     company.start = company.options.until.addYears(-3).addDays(1);
     for (QDate day = company.start; day <= company.options.until; day = day.addDays(1)) {
         if (isBusinessDay(day))

@@ -28,7 +28,7 @@ void makeWarehouses(Company &company, Random &random)
         warehouse.address = makeAddress(WarehouseTowns[i], random);
         warehouse.name = warehouse.address.city;
         if (i == 0)
-            warehouse.name += QStringLiteral(" Plant");
+            warehouse.name += " Plant";
         warehouse.contact = makePerson(random);
         company.warehouses.push_back(warehouse);
     }
@@ -43,7 +43,7 @@ void giveShipTo(Customer &customer, Random &random)
     customer.shipTo = customer.name;
     customer.shipping = customer.billing;
     if (kind >= 70) {
-        customer.shipTo += kind < 85 ? QStringLiteral(" Receiving") : QStringLiteral(" Yard 2");
+        customer.shipTo += kind < 85 ? " Receiving" : " Yard 2";
         customer.shipping = makeAddress(random);
     }
     // The column takes 50 characters.
@@ -62,6 +62,7 @@ Customer makeCustomer(const QString &name, const Company &company, Random &rando
     if (random.perMille(750))
         customer.sheet = random.pick(company.sheets);
     customer.warehouse = random.below(int(company.warehouses.size()));
+    // A few order all the time and most now and then, as the turnover of a company is spread.
     customer.weight = 100000 / random.between(25, 1150);
     customer.active = !random.perMille(40);
     customer.statements = random.perMille(650);
@@ -75,8 +76,7 @@ Customer makeCustomer(const QString &name, const Company &company, Random &rando
 
 void makeMasters(Company &company, Random &random)
 {
-    company.sheets = {QStringLiteral("Distributor"), QStringLiteral("OEM"), QStringLiteral("Contractor"),
-                      QStringLiteral("Government")};
+    company.sheets = {"Distributor", "OEM", "Contractor", "Government"};
     makeWarehouses(company, random);
     for (const QString &name : makeFirmNames(50 * company.options.scale, random))
         company.customers.push_back(makeCustomer(name, company, random));

@@ -74,6 +74,7 @@ std::vector<Line> makeLines(const Company &company, const Order &order, const De
     while (int(lines.size()) < count) {
         Line line;
         line.part = demand.part(order.warehouse, random);
+        // The desk adds to a line that is there and enters no second one.
         if (std::any_of(lines.begin(), lines.end(), [&](const Line &other) { return other.part == line.part; }))
             continue;
         const Part &part = company.parts[size_t(line.part)];
@@ -99,8 +100,8 @@ void makeOrders(Company &company, Random &random)
         order.due = order.date.addDays(random.between(7, 21));
         order.customer = demand.customer(days[size_t(i)] * 2 > int(company.businessDays.size()), random);
         // The desk numbers most orders itself; some customers want their own number on it.
-        order.number = random.perMille(80) ? QStringLiteral("PO-%1").arg(random.between(100000, 999999))
-                                           : QString::number(10001 + i);
+        order.number =
+            random.perMille(80) ? QString("PO-%1").arg(random.between(100000, 999999)) : QString::number(10001 + i);
         const bool usual = random.perMille(920);
         order.warehouse = usual ? company.customers[size_t(order.customer)].warehouse : 0;
         order.lines = makeLines(company, order, demand, random);

@@ -32,14 +32,14 @@ struct Size
     double factor;
 };
 
-// The common ones first: a small company carries only those.
+/// The common ones first: a small company carries only those.
 constexpr Size Sizes[] = {{"100", 1.0}, {"200", 1.9}, {"075", 0.85}, {"150", 1.4},  {"050", 0.7},
                           {"300", 3.4}, {"125", 1.2}, {"400", 5.2},  {"038", 0.62}, {"025", 0.55}};
 
-// By the place of the material in the family's list.
+/// By the place of the material in the family's list.
 constexpr double MaterialFactors[] = {1.0, 2.3, 0.9, 1.25, 1.6};
 
-// The connection's thread; the first is the usual one and is not written.
+/// The connection's thread; the first is the usual one and is not written.
 constexpr const char *Ends[] = {"", "B", "S", "G", "L"};
 
 constexpr const char *Vendors[] = {"Corry Castings",    "Lakewood Forge",  "Marden Plastics",     "Northway Fasteners",
@@ -74,16 +74,16 @@ Part makePart(int position, Random &random)
     const QString end = QString::fromLatin1(Ends[variant / 50]);
 
     Part part;
-    part.number = QStringLiteral("%1%2-%3-%4")
+    part.number = QString("%1%2-%3-%4")
                       .arg(QLatin1String(family.prefix), QLatin1String(size.code),
                            QLatin1String(family.types[position % 4]), QLatin1String(family.materials[material]));
     if (!end.isEmpty())
-        part.number += QLatin1Char('-') + end;
+        part.number += u'-' + end;
     part.category = QString::fromLatin1(family.category);
     part.cost = rounded(family.baseCost * size.factor * MaterialFactors[material] * (1 + 0.15 * (position % 4)) *
                         (1 + 0.08 * (variant / 50)));
     part.salePrice = rounded(part.cost * random.between(160, 215) / 100.0);
-    part.bin = QStringLiteral("%1-%2-%3")
+    part.bin = QString("%1-%2-%3")
                    .arg(QChar(u'A' + position % lines / 4))
                    .arg(random.between(1, 24), 2, 10, QLatin1Char('0'))
                    .arg(random.between(1, 6));
@@ -91,7 +91,7 @@ Part makePart(int position, Random &random)
     if (random.perMille(300))
         part.vendor = QString::fromLatin1(random.pick(Vendors));
     if (random.perMille(600))
-        part.leadTime = QStringLiteral("%1 weeks").arg(random.between(2, 10));
+        part.leadTime = QString("%1 weeks").arg(random.between(2, 10));
     part.weight = random.between(10, 40) + (random.perMille(200) ? 60 : 0);
     return part;
 }
@@ -127,6 +127,7 @@ void makeParts(Company &company, Random &random)
     }
     retireSome(company.parts, random);
     // The plant stocks everything, the others what sells there.
+    // A large company has more warehouses, and each a smaller part of the catalogue.
     const int share = scale < 10 ? 650 : 250;
     for (size_t warehouse = 0; warehouse < company.warehouses.size(); ++warehouse) {
         company.carried.emplace_back();

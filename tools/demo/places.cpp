@@ -160,7 +160,7 @@ QString text(const char *latin)
 /// The exchange 555 with a line from 0100 to 0199 is never given to anybody.
 QString telephone(const Town &town, Random &random)
 {
-    return QStringLiteral("(%1) 555-01%2").arg(text(town.area)).arg(random.below(100), 2, 10, QLatin1Char('0'));
+    return QString("(%1) 555-01%2").arg(text(town.area)).arg(random.below(100), 2, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -173,14 +173,14 @@ Address makeAddress(Random &random)
 Address makeAddress(const Town &town, Random &random)
 {
     Address address;
-    address.line1 = QStringLiteral("%1 %2 %3")
+    address.line1 = QString("%1 %2 %3")
                         .arg(random.between(1, 99) * 10 + random.below(10) * 101)
                         .arg(text(random.pick(Streets)), text(random.pick(StreetKinds)));
     if (random.perMille(180))
-        address.line2 = QStringLiteral("Suite %1").arg(random.between(1, 40) * 10);
+        address.line2 = QString("Suite %1").arg(random.between(1, 40) * 10);
     address.city = text(town.city);
     address.state = text(town.state);
-    address.zip = text(town.zip) + QStringLiteral("%1").arg(random.between(1, 60), 2, 10, QLatin1Char('0'));
+    address.zip = text(town.zip) + QString("%1").arg(random.between(1, 60), 2, 10, QLatin1Char('0'));
     address.phone = telephone(town, random);
     address.fax = telephone(town, random);
     address.territory = text(town.territory);
@@ -190,7 +190,7 @@ Address makeAddress(const Town &town, Random &random)
 QString makePerson(Random &random)
 {
     const QString first = text(random.pick(FirstNames));
-    return first + QLatin1Char(' ') + text(random.pick(LastNames));
+    return first + u' ' + text(random.pick(LastNames));
 }
 
 QStringList makeFirmNames(int count, Random &random)
@@ -198,8 +198,9 @@ QStringList makeFirmNames(int count, Random &random)
     std::vector<QString> names;
     for (const char *word : FirmWords) {
         for (const char *kind : FirmKinds)
-            names.push_back(text(word) + QLatin1Char(' ') + text(kind));
+            names.push_back(text(word) + u' ' + text(kind));
     }
+    // More than 5,000, so that the largest company needs none of them twice.
     random.shuffle(names);
     return QStringList(names.begin(), names.begin() + count);
 }

@@ -39,6 +39,7 @@ public:
             sell(m_company.orders[m_nextOrder], low);
         for (int warehouse = 1; warehouse < int(low.size()); ++warehouse)
             transfer(warehouse, day, fillUp(warehouse, low[size_t(warehouse)]), low[Plant]);
+        // The plant last: what the others take out of it may have brought it below its minimum.
         adjust(Plant, day, fillUp(Plant, low[Plant]));
     }
 
@@ -120,6 +121,7 @@ private:
     {
         for (const StockLine &line : lines)
             m_unsold[m_company.pair(warehouse, line.part)] += line.qty;
+        // In UTC, where the clock never jumps: the file is the same in every time zone.
         const QDateTime saved(day, QTime(8, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
         m_company.adjustments.push_back({warehouse, saved, std::move(lines)});
         return int(m_company.adjustments.size()) - 1;
@@ -165,6 +167,7 @@ void makeStock(Company &company, Random &random)
         if (day.dayOfWeek() != Qt::Friday)
             continue;
         stock.replenish(day);
+        // Four times a year.
         if (++weeks % 13 == 0)
             stock.count(day);
     }

@@ -19,8 +19,8 @@ Value statusOf(const Order &order)
 QString customerNumber(const Customer &customer, int part, Random &random)
 {
     if (!customer.usesOwnNumbers || random.perMille(300))
-        return QStringLiteral("");
-    return QStringLiteral("%1-%2").arg(100 + part / 97).arg(1000 + part * 37 % 9000);
+        return "";
+    return QString("%1-%2").arg(100 + part / 97).arg(1000 + part * 37 % 9000);
 }
 
 } // namespace
@@ -82,7 +82,7 @@ void writeBilling(const Company &company, BulkLoad &file)
             shipments += QString::number(shipment + 1);
         const Customer &customer = company.customers[size_t(invoice.customer)];
         invoices.add({id, QString::number(id), customer.name, Date(invoice.date), Date(invoice.due), customer.terms,
-                      shipments.join(QStringLiteral(", ")), invoice.total, invoice.cost});
+                      shipments.join(", "), invoice.total, invoice.cost});
     }
     auto payments = file.into("Payments", {"ID", "Invoice", "Date", "Amount", "Adjustment"});
     id = 0;

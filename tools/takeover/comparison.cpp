@@ -21,7 +21,7 @@ RowHash hashOf(const std::vector<Value> &row)
         // With the type, so that Null, False, 0 and the empty text differ. Dates to the second, as they are stored,
         // and no zero below zero.
         const bool zero = value.type() == Value::Type::Double && value.toDouble() == 0;
-        const QByteArray text = (zero ? QStringLiteral("0") : Csv::field(value)).toUtf8();
+        const QByteArray text = (zero ? "0" : Csv::field(value)).toUtf8();
         hash.addData(QByteArray::number(int(value.type())) + ':' + QByteArray::number(text.size()) + ':' + text);
     }
     return hash.result();
@@ -50,13 +50,13 @@ struct Totals
 
     QString text(const TableDef &table) const
     {
-        QString text = QStringLiteral("%1 rows").arg(rows);
+        QString text = QString("%1 rows").arg(rows);
         for (size_t i = 0; i < table.columns.size() && i < sums.size(); ++i) {
             const ColumnType type = table.columns[i].type;
             if (type == ColumnType::Double || type == ColumnType::Long)
-                text += QStringLiteral(", %1 %2").arg(table.columns[i].name, QString::number(sums[i], 'g', 12));
+                text += QString(", %1 %2").arg(table.columns[i].name, QString::number(sums[i], 'g', 12));
         }
-        return text + QStringLiteral(", hash %1").arg(hash, 16, 16, QLatin1Char('0'));
+        return text + QString(", hash %1").arg(hash, 16, 16, QLatin1Char('0'));
     }
 };
 
@@ -64,7 +64,7 @@ struct Totals
 void forEachRow(Database &database, const TableDef &table, const std::function<void(const std::vector<Value> &)> &use)
 {
     std::vector<Value> row(table.columns.size());
-    Recordset rows = database.OpenRecordset(QStringLiteral("SELECT * FROM [%1]").arg(table.Name));
+    Recordset rows = database.OpenRecordset(QString("SELECT * FROM [%1]").arg(table.Name));
     for (; !rows.Eof(); rows.MoveNext()) {
         for (size_t i = 0; i < row.size(); ++i)
             row[i] = rows.Fields(int(i)).value();
@@ -100,6 +100,7 @@ public:
         forEachRow(m_database, m_match->table(), [&](const std::vector<Value> &row) {
             const RowHash hash = hashOf(row);
             m_new.add(row, hash);
+            // Counted, since rows may be alike in all columns: lines have no number of their own.
             ++m_unmatched[hash];
         });
     }

@@ -11,8 +11,8 @@
 
 namespace {
 
-// The flags of a row's place on its page. A row that was moved to another page leaves a pointer with the second one;
-// a deleted row has both, and the moved row itself, where it lies now, the first.
+/// The flags of a row's place on its page. A row that was moved to another page leaves a pointer with the second one;
+/// a deleted row has both, and the moved row itself, where it lies now, the first.
 constexpr int PlaceMask = 0x1fff, PointerOrDeleted = 0x4000;
 
 struct Closer
@@ -248,7 +248,7 @@ void countCatalogue(MdbHandle *mdb, qint64 pages, JetSink &sink)
     entry.table_pg = 2; // where it lies in every file
     const Definition definition(mdb_read_table(&entry));
     if (!definition || !mdb_read_columns(definition.get()))
-        throw ToolError{QStringLiteral("the list of its tables cannot be read: it is encrypted or damaged")};
+        throw ToolError{"the list of its tables cannot be read: it is encrypted or damaged"};
     Counter counter;
     const qint64 damaged = Rows(mdb, definition.get(), pages).readInto(counter);
     JetTable table;
@@ -263,6 +263,7 @@ void readTable(MdbHandle *mdb, MdbCatalogEntry *entry, qint64 pages, bool wanted
     JetTable table;
     table.name = QString::fromUtf8(entry->object_name);
     table.linked = entry->object_type == MDB_LINKED_TABLE;
+    // Its rows lie in a file whose path may mean nothing on this machine.
     if (table.linked) {
         sink.begin(table);
         sink.end(0);
@@ -270,7 +271,7 @@ void readTable(MdbHandle *mdb, MdbCatalogEntry *entry, qint64 pages, bool wanted
     }
     const Definition definition(mdb_read_table(entry));
     if (!definition || !mdb_read_columns(definition.get()))
-        throw ToolError{QStringLiteral("the table '%1' cannot be read: the file is damaged").arg(table.name)};
+        throw ToolError{QString("the table '%1' cannot be read: the file is damaged").arg(table.name)};
     table.rows = definition->num_rows;
     for (uint i = 0; i < definition->num_cols; ++i)
         table.columns +=
@@ -286,10 +287,10 @@ void readJet(const QString &path, const std::function<bool(const QString &table)
     const Handle mdb(mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS));
     const qint64 pages = mdb ? QFileInfo(path).size() / mdb->fmt->pg_size : 0;
     if (pages == 0)
-        throw ToolError{QStringLiteral("no Jet database, or of a version that cannot be read")};
+        throw ToolError{"no Jet database, or of a version that cannot be read"};
     // The password of such a file stands in its header and protects nothing: it is not asked for.
     if (!mdb_read_catalog(mdb.get(), MDB_ANY))
-        throw ToolError{QStringLiteral("the list of its tables cannot be read: it is encrypted or damaged")};
+        throw ToolError{"the list of its tables cannot be read: it is encrypted or damaged"};
     countCatalogue(mdb.get(), pages, sink);
     for (uint i = 0; i < mdb->num_catalog; ++i) {
         auto *entry = static_cast<MdbCatalogEntry *>(g_ptr_array_index(mdb->catalog, i));

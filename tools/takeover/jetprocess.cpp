@@ -127,6 +127,7 @@ private:
     const rlimit memory{MemoryBytes, MemoryBytes};
     setrlimit(RLIMIT_AS, &memory);
 #endif
+    // A crash on a damaged file is expected, and worth no gigabytes in the administrator's folder.
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     QFile file;
@@ -154,11 +155,12 @@ public:
     {
         int ends[2];
         if (::pipe2(ends, O_CLOEXEC) != 0 || (m_process = ::fork()) < 0)
-            throw ToolError{QStringLiteral("cannot start another process to read '%1' in").arg(path)};
+            throw ToolError{QString("cannot start another process to read '%1' in").arg(path)};
         if (m_process == 0) {
             ::close(ends[0]);
             readInto(ends[1], path, wanted);
         }
+        // Or the pipe would have a writer here for ever, and reading from it no end.
         ::close(ends[1]);
         m_pipe.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
     }
@@ -212,5 +214,5 @@ void readJetSafely(const QString &path, const std::function<bool(const QString &
     Reader reader(path, wanted);
     QDataStream in(&reader.pipe());
     if (!receive(in, sink))
-        throw ToolError{QStringLiteral("it cannot be read to its end: the file is damaged")};
+        throw ToolError{"it cannot be read to its end: the file is damaged"};
 }

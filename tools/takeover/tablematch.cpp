@@ -22,9 +22,9 @@ QString keyText(const TableDef &table, const std::vector<Value> &row)
     for (int place : keyColumns(table)) {
         const Value &value = row[size_t(place)];
         const QString &name = table.columns[size_t(place)].name;
-        parts += value.isNull() ? name + QStringLiteral(" empty") : name + u' ' + oneLine(value.toText());
+        parts += value.isNull() ? name + " empty" : name + u' ' + oneLine(value.toText());
     }
-    return parts.join(QStringLiteral(", "));
+    return parts.join(", ");
 }
 
 TableMatch::TableMatch(const TableDef &ours, const JetTable &old) : m_table(&ours)
@@ -81,15 +81,15 @@ std::vector<Value> TableMatch::converted(const std::vector<JetCell> &cells) cons
         const JetCell &cell = cells[size_t(m_places[i])];
         try {
             if (!cell)
-                throw ToolError{QStringLiteral("what it holds cannot be read")};
+                throw ToolError{"what it holds cannot be read"};
             // An AutoNumber left out would be given anew, and perhaps one that a later row has.
             if (column.autoNumber && cell->isNull())
-                throw ToolError{QStringLiteral("no number")};
+                throw ToolError{"no number"};
             // By the conversions of an assigned field, so that what the program itself could not have stored is refused
             // here.
             row.push_back(takenInto(column, *cell));
         } catch (const ToolError &error) {
-            throw ToolError{QStringLiteral("column %1: %2").arg(column.name, error.message)};
+            throw ToolError{QString("column %1: %2").arg(column.name, error.message)};
         }
     }
     return row;

@@ -38,13 +38,13 @@ public:
         }
         m_found += ours->Name;
         if (table.linked) {
-            say(QStringLiteral("its rows lie in another file; take that one over"));
+            say("its rows lie in another file; take that one over");
             ++m_lost;
             return;
         }
         m_match.emplace(*ours, table);
         if (!m_match->isUsable()) {
-            say(QStringLiteral("without the column of its numbers the table is not taken, %1 rows").arg(table.rows));
+            say(QString("without the column of its numbers the table is not taken, %1 rows").arg(table.rows));
             m_match.reset();
             ++m_lost;
             return;
@@ -52,7 +52,7 @@ public:
         m_row = m_taken = 0;
         m_holding.assign(m_match->further().size(), 0);
         for (const QString &column : m_match->missing())
-            say(QStringLiteral("column %1 is missing and takes its default").arg(column));
+            say(QString("column %1 is missing and takes its default").arg(column));
         m_rows.emplace(m_load.into(ours->Name, m_match->names()));
     }
 
@@ -70,26 +70,26 @@ public:
             // By its place in the old file, for the comparison to pass it over: it has no counterpart.
             m_refused[m_match->table().Name].insert(number);
             ++m_lost;
-            say(QStringLiteral("%1, %2: the row is refused").arg(m_match->key(cells), error.message));
+            say(QString("%1, %2: the row is refused").arg(m_match->key(cells), error.message));
         }
     }
 
     void end(qint64 damaged) override
     {
         if (m_old.name == JetCatalogue && damaged > 0) {
-            say(QStringLiteral("the list of the tables is damaged: some may be missing below"));
+            say("the list of the tables is damaged: some may be missing below");
             ++m_lost;
         }
         if (!m_match)
             return;
         for (size_t i = 0; i < m_holding.size(); ++i)
-            say(QStringLiteral("column %1 is not taken; rows that hold something in it: %2")
+            say(QString("column %1 is not taken; rows that hold something in it: %2")
                     .arg(m_old.columns[m_match->further()[i]])
                     .arg(m_holding[i]));
-        say(QStringLiteral("%1 rows taken").arg(m_taken));
+        say(QString("%1 rows taken").arg(m_taken));
         // A file that was not closed properly tells too few or none; one that tells more than there are lost them.
         if (damaged > 0 || m_row < m_old.rows) {
-            say(QStringLiteral("the file tells of %1 rows and has %2 that can be read: it is damaged")
+            say(QString("the file tells of %1 rows and has %2 that can be read: it is damaged")
                     .arg(m_old.rows)
                     .arg(m_row));
             ++m_lost;
@@ -99,7 +99,7 @@ public:
     void reportMissing()
     {
         if (m_found.isEmpty())
-            throw ToolError{QStringLiteral("it has no table of a company")};
+            throw ToolError{"it has no table of a company"};
         for (const TableDef &table : Schema::permanentTables()) {
             if (!m_found.contains(table.Name))
                 m_report << table.Name << ": the table is missing and stays empty\n";
@@ -117,7 +117,7 @@ private:
         } catch (const RuntimeError &error) {
             if (error.number() != 3022) // the only key that the file itself guards is an AutoNumber
                 throw;
-            throw ToolError{QStringLiteral("another row has that number")};
+            throw ToolError{"another row has that number"};
         }
     }
 
@@ -131,8 +131,7 @@ private:
     {
         // Scratch tables hold what some report left; nobody misses them.
         if (m_old.name != JetCatalogue && !m_old.name.startsWith(QLatin1String("tmp"), Qt::CaseInsensitive))
-            say(m_old.linked ? QStringLiteral("a table of another file, not taken")
-                             : QStringLiteral("not taken, %1 rows").arg(m_old.rows));
+            say(m_old.linked ? "a table of another file, not taken" : QString("not taken, %1 rows").arg(m_old.rows));
     }
 
     void say(const QString &finding) { m_report << oneLine(m_old.name) << ": " << oneLine(finding, 300) << '\n'; }
@@ -166,6 +165,7 @@ bool takeInto(const QString &file, const QString &old, QTextStream &report)
     bool whole = false;
     try {
         reportUsers(old, report);
+        // In one transaction: a file that breaks off in the middle leaves nothing behind.
         BulkLoad load(file, Schema::Password, BulkLoad::File::New);
         Taker taker(load, report);
         readJetSafely(old, isWanted, taker);
@@ -174,7 +174,7 @@ bool takeInto(const QString &file, const QString &old, QTextStream &report)
         const bool same = compareWithOld(old, file, taker.refused(), report);
         whole = taker.lostNothing() && same;
     } catch (const ToolError &error) {
-        throw ToolError{QStringLiteral("'%1': %2").arg(old, error.message)};
+        throw ToolError{QString("'%1': %2").arg(old, error.message)};
     }
     // What the old program let in is told, and no reason to refuse the company.
     for (const QString &finding : checkDatabase(file))
@@ -187,7 +187,8 @@ bool takeInto(const QString &file, const QString &old, QTextStream &report)
 bool takeOver(const QString &old, const QString &to, bool keep, QTextStream &report)
 {
     if (!QFileInfo(old).isFile() || !QFileInfo(old).isReadable())
-        throw ToolError{QStringLiteral("cannot read '%1'").arg(old)};
+        throw ToolError{QString("cannot read '%1'").arg(old)};
+    // Before the old file is read, which may take long: a name that is taken is told at once.
     NewDatabase database(to);
     bool whole;
     if (engines::isFile(to)) {
@@ -195,7 +196,7 @@ bool takeOver(const QString &old, const QString &to, bool keep, QTextStream &rep
     } else {
         // A row that a server refuses takes all others along, so a file comes before.
         const QTemporaryDir folder;
-        const NewDatabase file(folder.filePath(QStringLiteral("company.db")));
+        const NewDatabase file(folder.filePath("company.db"));
         whole = takeInto(file.name(), old, report);
         if (whole || keep)
             fillCompany(file.name(), database.name());

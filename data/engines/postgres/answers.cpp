@@ -46,14 +46,17 @@ int waitForServer(PGconn *connection, const Uri &uri, int wanted, const ErrorCon
     for (;;) {
         if (const int ready = waitForSocket(connection, wanted, 1000 * uri.silence))
             return ready;
+        // Asked over another session, since this one answers nothing before its statement is done, however long that
+        // takes.
         const bool atWork = isAtWork(connection, uri);
+        // The answer may have come while the other session was being asked.
         if (const int ready = waitForSocket(connection, wanted, 0))
             return ready;
         if (!atWork)
             break;
     }
     endSocket(connection); // whatever else is asked of this session fails at once
-    const QString words = QStringLiteral("The server has been silent for %1 seconds.").arg(uri.silence);
+    const QString words = QString("The server has been silent for %1 seconds.").arg(uri.silence);
     throw lostError(words, context);
 }
 
@@ -67,6 +70,8 @@ void push(PGconn *connection, const Uri &uri, const ErrorContext &context, const
             raiseLost(connection, uri, context);
         if (left == 0)
             return;
+        // A server that cannot get rid of its answers reads no further: waiting for it to take more alone would never
+        // end.
         if (waitForServer(connection, uri, Input | Output, context) & Input) {
             if (!PQconsumeInput(connection))
                 raiseLost(connection, uri, context);
@@ -95,6 +100,7 @@ Result run(PGconn *connection, const QByteArray &sql, const Uri &uri, const Erro
         raiseLost(connection, uri, context);
     push(connection, uri, context);
     Result last;
+    // Statements in one text give a result each. The last one tells: the server stops at the first that fails.
     while (Result result = nextResult(connection, uri, context))
         last = std::move(result);
     const ExecStatusType status = PQresultStatus(last.get());

@@ -11,12 +11,13 @@ namespace {
 
 using namespace postgres;
 
-const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("create database")};
+const ErrorContext Defining{ErrorContext::Defining, {}, "create database"};
 /// A database that every server has, to make others from.
-const QString Maintenance = QStringLiteral("postgres");
+const QString Maintenance = "postgres";
 
 QByteArray passwordTable(const QString &password, const QByteArray &given)
 {
+    // The version stands beside the password, where every session looks before its first statement.
     const QByteArray salt = given.isEmpty() ? randomSalt() : given;
     return "CREATE TABLE \"MSysPassword\" (\"Salt\" bytea, \"Rounds\" int, \"Hash\" bytea, \"Version\" int);"
            "INSERT INTO \"MSysPassword\" VALUES ('\\x" +
@@ -41,6 +42,7 @@ QByteArray allTables(int serverVersion)
 
 void fill(PGconn *connection, const Uri &uri, const QString &password, const QByteArray &salt)
 {
+    // In one transaction: a database that stood there before is empty again if anything fails.
     run(connection, "SET client_min_messages = error; SET search_path = public; BEGIN", uri, Defining);
     run(connection, functions(), uri, Defining);
     run(connection, passwordTable(password, salt), uri, Defining);
@@ -89,6 +91,8 @@ void postgres::discardDatabase(const QString &name, engine::Made made)
 {
     try {
         const Uri uri(name);
+        // The database itself was the administrator's, with rights and settings that nobody else knows to give it
+        // again.
         if (made == engine::Made::Tables)
             run(openSession(uri).get(), "SET client_min_messages = error; " + dropTables(), uri, Defining);
         else

@@ -36,14 +36,17 @@ std::optional<QString> serverPattern(const QString &pattern)
 
 class PostgresDialect : public jetsql::Dialect
 {
+    // A Null without a type is a text to the server in many places, which it refuses where a number belongs.
     QString null(const ExprType &type) const override
     {
-        return type.null ? QStringLiteral("NULL") : "NULL::" + postgres::typeName(type.type);
+        return type.null ? "NULL" : "NULL::" + postgres::typeName(type.type);
     }
     QString boolean(bool value) const override { return value ? "TRUE" : "FALSE"; }
     QString date(const QString &iso) const override { return "timestamp " + jetsql::quotedText(iso); }
     // Without a type it would be counted with exactly, digit by digit.
     QString fraction(const QString &digits) const override { return digits + "::float8"; }
+    // With its type, or the server infers one from the place, and refuses the statement where that gives none or
+    // another.
     QString parameter(int n, ColumnType type) const override
     {
         return u'$' + QString::number(n) + "::" + postgres::typeName(type);
@@ -55,7 +58,7 @@ class PostgresDialect : public jetsql::Dialect
     // concat() takes Null for empty; only Nulls on all sides give Null.
     QString concatenated(const QStringList &texts) const override
     {
-        const QString all = texts.join(QLatin1String(", "));
+        const QString all = texts.join(", ");
         return "CASE WHEN num_nonnulls(" + all + ") > 0 THEN concat(" + all + ") END";
     }
     bool concatenatesNumbers() const override { return false; }
@@ -74,6 +77,7 @@ class PostgresDialect : public jetsql::Dialect
         return "jet_like(" + written + ", " + text + ')';
     }
 
+    // Money exactly; all else as Doubles, as the file adds them up.
     QString sum(const QString &number, bool money) const override
     {
         return "sum(" + (money ? inBrackets(number) + "::numeric(19,4)" : cast(number, ColumnType::Double)) + ')';
@@ -136,5 +140,5 @@ QString postgres::rowColumn(const TableDef &table)
 {
     const auto number = std::find_if(table.columns.begin(), table.columns.end(),
                                      [](const ColumnDef &column) { return column.autoNumber; });
-    return table.keyed && number != table.columns.end() ? number->name : QStringLiteral("_row");
+    return table.keyed && number != table.columns.end() ? number->name : "_row";
 }

@@ -82,15 +82,16 @@ private:
 Engine::Engine(const engine::Options &options)
     : m_uri(options.name), m_handle(openSession(m_uri)), m_queue(m_handle.get(), m_uri)
 {
-    const QString busy = options.entries.value(QStringLiteral("busy"));
+    const QString busy = options.entries.value("busy");
     setUp(m_handle.get(), m_uri, busy.isEmpty() ? LockMilliseconds : busy.toInt());
     checkPassword(m_handle.get(), m_uri, options.password);
     lockDatabase(m_handle.get(), m_uri, options.exclusive);
     run(m_handle.get(), makeScratchTables(), m_uri, {ErrorContext::Opening, {}, {}});
+    // Sessions tell each other here of tables made and dropped, so that nobody need ask before each statement.
     run(m_handle.get(), QByteArray("LISTEN ") + Tables::Channel, m_uri, {ErrorContext::Opening, {}, {}});
     if (options.readOnly)
         run(m_handle.get(), "SET default_transaction_read_only = on", m_uri, {ErrorContext::Opening, {}, {}});
-    if (options.entries.contains(QStringLiteral("snapshot")))
+    if (options.entries.contains("snapshot"))
         run(m_handle.get(), "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", m_uri, {ErrorContext::Opening, {}, {}});
 }
 
@@ -114,6 +115,7 @@ bool Engine::catalogIsCurrent()
 {
     PQconsumeInput(m_handle.get());
     while (PGnotify *notice = PQnotifies(m_handle.get())) {
+        // What this session told comes back to it as well.
         m_tablesChanged = m_tablesChanged || notice->be_pid != PQbackendPID(m_handle.get());
         PQfreemem(notice);
     }
@@ -150,8 +152,9 @@ std::unique_ptr<engine::RowEdit> Engine::edit(const TableDef &table, const std::
 
 qint32 Engine::takeAutoNumber(const TableDef &table, const QString &column)
 {
-    const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    const ErrorContext writing{ErrorContext::Writing, table.Name, "AddNew in " + table.Name};
     m_queue.release();
+    // Waited for: a form shows and prints the number long before it stores the row.
     const Result taken =
         m_queue.ask("SELECT jet_autonumber($1, $2, $3)",
                     {Tables::sequenceOf(table.Name, column).toUtf8(), table.Name.toUtf8(), column.toUtf8()}, writing);
@@ -163,6 +166,7 @@ std::unique_ptr<engine::Transaction> Engine::begin(const ErrorContext &context)
     m_queue.release();
     m_queue.send("BEGIN", {}, context);
     m_transaction = ++m_lastTransaction;
+    // A failure met later, by whatever was sent behind, ends this transaction too; by the count it is noticed.
     m_failures = m_queue.failures();
     return std::make_unique<Transaction>(*this, context);
 }
@@ -173,6 +177,7 @@ void Engine::commit(const ErrorContext &context)
     m_transaction = 0;
     m_queue.send("COMMIT", {}, context);
     ++m_sent;
+    // Whatever comes behind a new table is translated for it, so that its making must have gone well first.
     if (!m_uri.behind || context.kind == ErrorContext::Defining || m_sent >= MostBehind)
         flush();
 }
@@ -204,6 +209,7 @@ void Engine::createTable(const TableDef &table, engine::Key key, const ErrorCont
 void Engine::createIndex(const Schema::Index &index, const ErrorContext &context)
 {
     if (const TableDef *table = m_catalog.find(index.table)) {
+        // In the spelling that the table was made with: between quotation marks the server tells upper case from lower.
         Schema::Index stored = index;
         stored.table = table->Name;
         define(Tables::createStatement(stored, *table), table->Name, context);
@@ -226,7 +232,7 @@ void Engine::flush()
 void Engine::sync()
 {
     // A commit that is to be on the disk takes those before it along. One of nothing would not be written at all.
-    const ErrorContext syncing{ErrorContext::Writing, {}, QStringLiteral("sync")};
+    const ErrorContext syncing{ErrorContext::Writing, {}, "sync"};
     m_queue.release();
     if (holdsTransaction()) // a row between Edit and Update stays locked
         return flush();

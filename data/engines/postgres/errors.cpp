@@ -42,7 +42,7 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
     if (state == "42P01") // dropped by another session in this moment
         return runtimeError(context.kind == ErrorContext::Defining ? 3376 : 3078, {context.table}, detail);
     if (state == "42703")
-        return runtimeError(3061, {QStringLiteral("1")}, detail);
+        return runtimeError(3061, {"1"}, detail);
     // A lock that was waited for in vain, a deadlock, or two changes of one row.
     if (state == "55P03" || state == "40P01" || state == "40001")
         return lockError(uri, context, detail);
@@ -70,9 +70,10 @@ RuntimeError errorOfState(const QByteArray &state, const QString &uri, const Err
 
 QString postgres::withoutPassword(const QString &uri)
 {
-    static const QRegularExpression inAuthority(QStringLiteral("(//[^/@:]*):[^/@]*@"));
-    static const QRegularExpression inQuery(QStringLiteral("([?&]password=)[^&]*"));
-    return QString(uri).replace(inAuthority, QStringLiteral("\\1@")).replace(inQuery, QStringLiteral("\\1"));
+    // Between the user's name and the host, or among the parameters; boxes and logs show URIs to anybody.
+    static const QRegularExpression inAuthority("(//[^/@:]*):[^/@]*@");
+    static const QRegularExpression inQuery("([?&]password=)[^&]*");
+    return QString(uri).replace(inAuthority, "\\1@").replace(inQuery, "\\1");
 }
 
 RuntimeError postgres::errorFor(const PGresult *result, const QString &uri, const ErrorContext &context)
@@ -106,7 +107,7 @@ RuntimeError postgres::errorFor(PGconn *connection, const QString &uri, const Er
     if (PQconnectionNeedsPassword(connection))
         return runtimeError(3031, {}, detail);
     // Only the words tell the state of a failed opening: "FATAL:  28P01: password authentication failed ...".
-    static const QRegularExpression state(QStringLiteral("(?:FATAL|ERROR): +([0-9A-Z]{5}):"));
+    static const QRegularExpression state("(?:FATAL|ERROR): +([0-9A-Z]{5}):");
     const QRegularExpressionMatch found = state.match(words);
     if (found.hasMatch())
         return errorOfState(found.captured(1).toLatin1(), shown, context, detail);

@@ -47,6 +47,7 @@ void Queue::enter()
     m_failedForOtherTables = false;
     m_sent.clear();
     if (m_forget || m_names.size() >= MostPrepared) {
+        // Before the pipeline is entered, inside which nothing can be waited for.
         run(m_connection, "DEALLOCATE ALL", m_uri, {});
         m_names.clear();
         m_forget = false;
@@ -82,6 +83,7 @@ void Queue::post(const Sent &statement)
     std::vector<const char *> values;
     values.reserve(statement.parameters.size());
     for (const std::optional<QByteArray> &parameter : statement.parameters)
+        // A null pointer is Null to the server, and an empty text is not that.
         values.push_back(parameter ? parameter->isNull() ? "" : parameter->constData() : nullptr);
     if (!PQsendQueryPrepared(m_connection, name.constData(), int(values.size()), values.data(), nullptr, nullptr, 0))
         raiseLost(statement.context);
@@ -91,6 +93,7 @@ void Queue::post(const Sent &statement)
 
 void Queue::sync()
 {
+    // Up to here the server keeps its answers together; the sync has it send them all.
     if (!PQpipelineSync(m_connection))
         raiseLost(context(m_expected.back()));
     m_expected.push_back({m_expected.back().statement, true});
@@ -136,12 +139,14 @@ void Queue::takeAnswers()
 {
     while (!m_expected.empty())
         takeAnswer();
+    // Outside of it statements can be waited for one by one again.
     PQexitPipelineMode(m_connection);
 }
 
 void Queue::note(Result result)
 {
     const ExecStatusType status = PQresultStatus(result.get());
+    // Only the first one counts: what stood behind it was passed over, and has no failure of its own.
     if (status == PGRES_FATAL_ERROR && !m_failure) {
         m_failure = errorFor(result.get(), m_uri.text, context(m_expected.front()));
         m_kind = failureOf(result.get());
@@ -177,6 +182,7 @@ void Queue::walk(const QByteArray &sql, const Parameters &parameters, const Erro
         while (m_expected.size() > 2)
             takeAnswer();
         if (!m_failure) {
+            // Only now that the SELECT's own answer comes next: the mode is that of the result being waited for.
             PQsetSingleRowMode(m_connection);
             return;
         }
@@ -214,6 +220,7 @@ std::optional<size_t> Queue::failedTransaction() const
     for (size_t i = m_failed + 1; i-- > 0;) {
         if (m_sent[i].sql == "BEGIN")
             return i;
+        // The transaction before it is closed and done with: the statement stood alone.
         if (i < m_failed && (m_sent[i].sql == "COMMIT" || m_sent[i].sql == "ROLLBACK"))
             return m_failed;
     }

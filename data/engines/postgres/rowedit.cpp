@@ -58,6 +58,7 @@ qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, 
         transaction->commit();
         return number >= 0 ? values[size_t(number)]->toLong() : 0;
     }
+    // Only a number that the server draws has to be asked back for; one that is the key came in with the row.
     const Result added = m_queue.ask(m_addSql + " RETURNING " + m_rowColumn, parameters, context);
     transaction->commit();
     return cellOf(added.get(), 0, 0).integer();

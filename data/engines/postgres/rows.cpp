@@ -4,9 +4,10 @@
 
 namespace {
 
-// The server's numbers for its types.
+/// The server's numbers for its types.
 constexpr Oid Bool = 16, Int8 = 20, Int2 = 21, Int4 = 23, Float4 = 700, Float8 = 701, Numeric = 1700;
 
+/// Every number of every row comes by here as text; read without a copy, and never by the machine's locale.
 template <typename Number> Number numberOf(std::string_view text)
 {
     Number number{};
@@ -104,6 +105,7 @@ bool Rows::fetch()
 
 void Rows::readAhead()
 {
+    // The row at hand comes first, and is the current one in the store too.
     m_store = ReadAheadRows(PQnfields(m_row.get()));
     do
         m_store.append(*this);

@@ -47,8 +47,9 @@ postgres::Uri::Uri(const QString &name) : text(name)
         query.removeAllQueryItems(key);
         return value;
     };
-    behind = take(QStringLiteral("behind")) != u"no";
-    if (const QString seconds = take(QStringLiteral("silence")); !seconds.isEmpty())
+    // Taken out of the URI: libpq refuses one with a parameter that it does not know.
+    behind = take("behind") != u"no";
+    if (const QString seconds = take("silence"); !seconds.isEmpty())
         silence = seconds.toInt();
     if (silence < 1 || silence > MostSeconds)
         throw runtimeError(3044, {withoutPassword(name)});
@@ -99,7 +100,7 @@ postgres::Handle postgres::openSession(const Uri &uri, const QString &database, 
         throw errorFor(handle.get(), uri.text, Opening);
     PQsetnonblocking(handle.get(), 1); // libpq's own waiting knows no end
     if (PQserverVersion(handle.get()) < OldestServer)
-        throw runtimeError(3343, {withoutPassword(uri.text)}, QStringLiteral("The server is older than version 13."));
+        throw runtimeError(3343, {withoutPassword(uri.text)}, "The server is older than version 13.");
     return handle;
 }
 

@@ -21,6 +21,7 @@ int postgres::waitForSocket(PGconn *connection, int wanted, int milliseconds)
     socket.events = short((wanted & Input ? POLLIN : 0) | (wanted & Output ? POLLOUT : 0));
     if (wait(&socket, 1, milliseconds) <= 0)
         return 0;
+    // Whatever else is told, an error or the end, is found out by reading.
     return (socket.revents & POLLOUT ? int(Output) : 0) | (socket.revents & ~POLLOUT ? int(Input) : 0);
 }
 

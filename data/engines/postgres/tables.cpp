@@ -9,7 +9,7 @@ namespace {
 using postgres::literal;
 using postgres::quoted;
 
-// The server's numbers for its types.
+/// The server's numbers for its types.
 constexpr int Bool = 16, Int4 = 23, TextType = 25, Float8 = 701, VarChar = 1043, Timestamp = 1114, Numeric = 1700;
 
 QByteArray typeOf(const ColumnDef &column)
@@ -33,6 +33,8 @@ QByteArray declaration(const TableDef &table, const ColumnDef &column, engine::K
 {
     QByteArray text = quoted(column.name) + ' ' + typeOf(column);
     if (column.autoNumber) {
+        // Not a serial of the server's own, which knows nothing of numbers that came in with rows: it would give them
+        // again.
         text += " DEFAULT jet_autonumber(" + literal(postgres::Tables::sequenceOf(table.Name, column.name)) + ", " +
                 literal(table.Name) + ", " + literal(column.name) + ')';
         if (key == engine::Key::AutoNumberIsKey)
@@ -67,7 +69,7 @@ ColumnType typeFrom(int type)
 
 namespace postgres {
 
-// Two workstations may run one report at one time: each has scratch tables of its own.
+/// Two workstations may run one report at one time: each has scratch tables of its own.
 bool Tables::isPrivate(const QString &table)
 {
     return table.startsWith(u"tmp", Qt::CaseInsensitive);
@@ -86,6 +88,7 @@ QByteArrayList Tables::createStatements(const TableDef &table, engine::Key key)
     TableDef made = table;
     made.keyed = keyed;
     if (rowColumn(made) == RowColumn)
+        // A session's own table is mostly filled and walked once: one sequence for all of them, and no key to keep.
         columns += quoted(RowColumn) + (own ? QByteArray(" int8 DEFAULT nextval('jet_row')")
                                             : QByteArray(" int8 GENERATED ALWAYS AS IDENTITY PRIMARY KEY"));
     for (const ColumnDef &column : table.columns) {
@@ -112,10 +115,11 @@ QByteArray Tables::createStatement(const Schema::Index &index, const TableDef &t
     };
     QByteArrayList keys;
     for (const QString &column : index.columns)
+        // As statements sort, or the index could not spare them the sorting.
         keys += keyOf(column) + " NULLS FIRST";
     QByteArray sql = "CREATE INDEX " + quoted(index.name) + " ON " + quoted(index.table) + " (" + keys.join(", ") + ')';
     if (!index.where.isEmpty()) { // "Status = 'Open'"
-        const QStringList sides = index.where.split(QStringLiteral(" = "));
+        const QStringList sides = index.where.split(" = ");
         sql += " WHERE " + keyOf(sides[0]) + " = jet_key(" + sides[1].toUtf8() + ')';
     }
     return sql;
@@ -151,6 +155,7 @@ QByteArrayList Tables::statisticsFor(const TableDef &table)
 
 Result Tables::readDeclarations(PGconn *connection, const Uri &uri)
 {
+    // One statement for all tables, since each would cost a round trip at every start.
     return run(
         connection,
         "SELECT c.relname, a.attname, a.atttypid, a.atttypmod, coalesce(pg_get_expr(d.adbin, d.adrelid), ''),"
@@ -161,7 +166,7 @@ Result Tables::readDeclarations(PGconn *connection, const Uri &uri)
         " WHERE c.relkind = 'r' AND c.relnamespace IN ('public'::regnamespace, pg_my_temp_schema())"
         "   AND pg_table_is_visible(c.oid) AND c.relname NOT ILIKE 'msys%' AND a.attname <> '_row'"
         " ORDER BY c.oid, a.attnum",
-        uri, {ErrorContext::Reading, {}, QStringLiteral("catalogue")});
+        uri, {ErrorContext::Reading, {}, "catalogue"});
 }
 
 bool Tables::areSame(const PGresult *some, const PGresult *others)
@@ -199,6 +204,7 @@ Catalog Tables::catalogFrom(const PGresult *rows)
             column.size = LongestText;
         const QString standard = text(row, 4);
         column.autoNumber = standard.startsWith(QLatin1String("jet_autonumber("));
+        // The server gives a default back in its own words, by the column's type.
         column.defaultZero = standard == u"0" || standard == u"false" || standard.startsWith(QLatin1String("(0)")) ||
                              standard.startsWith(QLatin1String("'0'"));
         table.keyed = table.keyed || text(row, 5) == u"t";

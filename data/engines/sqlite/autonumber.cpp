@@ -10,7 +10,7 @@
 
 qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QString &column)
 {
-    const ErrorContext writing{ErrorContext::Writing, table.Name, QStringLiteral("AddNew in ") + table.Name};
+    const ErrorContext writing{ErrorContext::Writing, table.Name, "AddNew in " + table.Name};
     const QByteArray highest =
         "coalesce((SELECT max(" + Tables::quoted(column) + ") FROM " + Tables::quoted(table.Name) + "), 0)";
     PreparedStatement take = connection.prepare("UPDATE sqlite_sequence SET seq = 1 + max(seq, " + highest +
@@ -34,6 +34,7 @@ qint32 takeAutoNumber(Connection &connection, const TableDef &table, const QStri
         transaction.commit();
         return takeAutoNumber(connection, table, column);
     }
+    // SQLite counts with 64 bits, the column and everybody who reads it with 32.
     if (number > std::numeric_limits<qint32>::max())
         throw runtimeError(6);
     return qint32(number);

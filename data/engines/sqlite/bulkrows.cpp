@@ -5,7 +5,7 @@
 
 namespace {
 
-const ErrorContext Defining{ErrorContext::Defining, {}, QStringLiteral("bulk load")};
+const ErrorContext Defining{ErrorContext::Defining, {}, "bulk load"};
 
 ConnectionOptions optionsFor(const QString &path, engine::BulkRows::State state)
 {

@@ -4,7 +4,7 @@
 #include <sqlite3.h>
 
 namespace {
-// The attempts come closer together than the pauses that others make for them.
+/// The attempts come closer together than the pauses that others make for them.
 constexpr int AttemptMicroseconds = 1000;
 constexpr int PauseMicroseconds = 2500;
 constexpr int OthersAreAboutMilliseconds = 3000;
@@ -30,8 +30,8 @@ bool BusyWait::waitAgain(int attempt)
     return true;
 }
 
-// SQLite lets whoever comes first have the file, without a queue: a process that writes row after row would keep all
-// others out. So a process that had to wait lately, which tells that others are about, pauses before it writes.
+/// SQLite lets whoever comes first have the file, without a queue: a process that writes row after row would keep all
+/// others out. So a process that had to wait lately, which tells that others are about, pauses before it writes.
 void BusyWait::letOthersIn()
 {
     if (m_lastWaited.isValid() && !m_lastWaited.hasExpired(OthersAreAboutMilliseconds))

@@ -45,9 +45,11 @@ void Checkpoint::run()
             return m_lock.reset();
         sqlite3_busy_timeout(handle, LockMilliseconds);
     }
+    // Set before the attempt, which may be in vain: while others write it is made now and then and not at each commit.
     m_dueAt = m_pages + PagesToNextAttempt;
     if (!execute(m_lock.get(), "BEGIN IMMEDIATE"))
         return;
+    // Passive: readers are not waited for, and what they still need stays in the log.
     sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
     if (!execute(m_lock.get(), "ROLLBACK"))
         m_lock.reset(); // no memory for it: nobody could write any more

@@ -46,6 +46,7 @@ Connection::Connection(const ConnectionOptions &options) : m_file(options.file)
 void Connection::configure(const ConnectionOptions &options)
 {
     sqlite3 *db = m_handle.get();
+    // One of them alone tells that the file is no longer the one under its name.
     sqlite3_extended_result_codes(db, 1);
     m_busyWait.install(db, options.busyMilliseconds);
     // A name in double quotes that is no column would silently become a text.
@@ -64,6 +65,8 @@ void Connection::configure(const ConnectionOptions &options)
     run(m_usesWriteAheadLog ? "PRAGMA synchronous=NORMAL" : "PRAGMA synchronous=FULL", opening);
     run("PRAGMA cache_size=-" + QByteArray::number(CacheKilobytes), opening);
     if (options.exclusive)
+        // The lock comes with the first write, so one is made at once, and is not given back. Without it two programs
+        // that want the file for themselves would both get it, and one of them find out later.
         run("BEGIN EXCLUSIVE; COMMIT", opening);
     else if (m_usesWriteAheadLog)
         m_checkpoint.attach(db);
@@ -76,8 +79,8 @@ void Connection::chooseJournal(const ConnectionOptions &options)
     const Sharing sharing = Sharing::of(m_handle.get());
     if (onNetwork && sharing.usesWriteAheadLog) {
         throw runtimeError(3045, {options.file},
-                           QStringLiteral("The file is kept with a write-ahead log, which holds on the machine alone "
-                                          "that it lies on. Run tamrick-db share there."));
+                           "The file is kept with a write-ahead log, which holds on the machine alone "
+                           "that it lies on. Run tamrick-db share there.");
     }
     if (options.readOnly)
         return run("PRAGMA query_only=1", opening);
@@ -100,6 +103,7 @@ PreparedStatement Connection::prepare(const QByteArray &sql, const ErrorContext 
         return std::move(*idle);
     }
     sqlite3_stmt *handle = nullptr;
+    // With the zero at its end, which saves SQLite a copy of the text.
     const int code = sqlite3_prepare_v3(m_handle.get(), sql.constData(), int(sql.size()) + 1, SQLITE_PREPARE_PERSISTENT,
                                         &handle, nullptr);
     if (code != SQLITE_OK)
@@ -113,6 +117,7 @@ void Connection::giveBack(PreparedStatement statement)
 {
     if (!statement)
         return;
+    // One that lies idle must hold no lock, and no text that was bound to it.
     statement.reset();
     const QByteArray sql = statement.sql();
     m_idle.insert(sql, new PreparedStatement(std::move(statement)));
@@ -169,7 +174,7 @@ void Connection::syncLog()
         return;
     const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
     if (code != SQLITE_OK)
-        raise(code, {ErrorContext::Writing, {}, QStringLiteral("sync of the write-ahead log")});
+        raise(code, {ErrorContext::Writing, {}, "sync of the write-ahead log"});
 }
 
 void Connection::requireInPlace()
@@ -177,7 +182,7 @@ void Connection::requireInPlace()
     int moved = 0;
     sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     if (moved)
-        raise(SQLITE_READONLY_DBMOVED, {ErrorContext::Writing, {}, QStringLiteral("the file is gone or replaced")});
+        raise(SQLITE_READONLY_DBMOVED, {ErrorContext::Writing, {}, "the file is gone or replaced"});
 }
 
 void Connection::noteNetwork()
@@ -199,7 +204,7 @@ void Connection::checkpoint()
 
 void Connection::copyInto(Connection &target)
 {
-    const ErrorContext copying{ErrorContext::Reading, {}, QStringLiteral("copy of the database")};
+    const ErrorContext copying{ErrorContext::Reading, {}, "copy of the database"};
     sqlite3_backup *backup = sqlite3_backup_init(target.m_handle.get(), "main", m_handle.get(), "main");
     if (!backup)
         target.raise(sqlite3_errcode(target.m_handle.get()), copying);

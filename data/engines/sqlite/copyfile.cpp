@@ -27,9 +27,9 @@ ConnectionOptions target(const QString &path)
 /// Raises the first thing that the engine finds wrong; of a copy, in words about the database it was made from.
 void quickCheck(Connection &file, const QString &name)
 {
-    const ErrorContext checking{ErrorContext::Reading, {}, QStringLiteral("quick check")};
+    const ErrorContext checking{ErrorContext::Reading, {}, "quick check"};
     PreparedStatement check = file.prepare("PRAGMA quick_check(1)", checking);
-    QString found = QStringLiteral("it cannot be read to its end");
+    QString found = "it cannot be read to its end";
     try {
         if (check.next())
             found = check.text(0);
@@ -39,7 +39,7 @@ void quickCheck(Connection &file, const QString &name)
     }
     if (found == u"ok")
         return;
-    throw RuntimeError(3049, QStringLiteral("'%1' is damaged: %2").arg(name, found));
+    throw RuntimeError(3049, QString("'%1' is damaged: %2").arg(name, found));
 }
 
 } // namespace
@@ -50,6 +50,7 @@ void copyFile(const QString &from, const QString &to, const QString &password)
     PasswordGate::check(original, password, from);
     Connection copy(target(to));
     original.copyInto(copy);
+    // The copy is asked as if it were opened to work with: a backup that nobody can open is none.
     PasswordGate::check(copy, password, from);
     quickCheck(copy, from);
 }

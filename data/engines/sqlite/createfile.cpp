@@ -22,7 +22,7 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
     // With the log a disk could turn out to be full only when the file is closed, which cannot fail any more.
     options.journal = Journal::Rollback;
     Connection connection(options);
-    const ErrorContext defining{ErrorContext::Defining, {}, QStringLiteral("create database")};
+    const ErrorContext defining{ErrorContext::Defining, {}, "create database"};
     Transaction transaction(connection, defining);
     PasswordGate::create(connection, password, salt);
     makeTables(connection, Schema::permanentTables(), defining);
@@ -34,6 +34,7 @@ void fill(const QString &path, const QString &password, const QByteArray &salt)
             connection.run(Tables::createStatement(index), defining);
     }
     transaction.commit();
+    // Last, since a file that fails before this is taken away again.
     shareWithGroup(path);
 }
 

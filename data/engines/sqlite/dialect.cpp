@@ -17,6 +17,7 @@ class SqliteDialect : public jetsql::Dialect
     QString concatenated(const QStringList &texts) const override { return "jet_concat(" + texts.join(", ") + ')'; }
     bool concatenatesNumbers() const override { return true; }
 
+    // Columns are declared with the order of texts; only what is computed has to be told.
     QString key(const QString &text, bool column) const override { return column ? text : text + " COLLATE NOCASE"; }
     bool comparesByKeys() const override { return false; }
     QString shownInGroup(const QString &text) const override { return text; }
@@ -38,6 +39,7 @@ class SqliteDialect : public jetsql::Dialect
 
     QString row(const jetsql::Source &source) const override
     {
+        // A column of one of these names hides the number behind it, but not behind the others.
         for (const char *name : {"rowid", "_rowid_", "oid"}) {
             if (source.def->indexOf(QLatin1String(name)) < 0)
                 return source.handle + u'.' + QLatin1String(name);

@@ -16,11 +16,11 @@ ConnectionOptions connectionOptions(const engine::Options &options)
     result.file = options.name;
     result.exclusive = options.exclusive;
     result.readOnly = options.readOnly;
-    if (const QString journal = options.entries.value(QStringLiteral("journal")); journal == u"log")
+    if (const QString journal = options.entries.value("journal"); journal == u"log")
         result.journal = Journal::WriteAheadLog;
     else if (journal == u"rollback")
         result.journal = Journal::Rollback;
-    if (const QString busy = options.entries.value(QStringLiteral("busy")); !busy.isEmpty())
+    if (const QString busy = options.entries.value("busy"); !busy.isEmpty())
         result.busyMilliseconds = busy.toInt();
     return result;
 }
@@ -42,7 +42,7 @@ SqliteEngine::SqliteEngine(const engine::Options &options) : m_connection(connec
 {
     PasswordGate::check(m_connection, options.password, options.name);
     // A backup reads the file as it stood at one moment, while others go on writing.
-    if (options.entries.contains(QStringLiteral("snapshot")))
+    if (options.entries.contains("snapshot"))
         m_connection.run("BEGIN", {ErrorContext::Opening, {}, {}});
     m_connection.noteNetwork();
 }
@@ -123,6 +123,7 @@ void SqliteEngine::dropTable(const TableDef &table, const ErrorContext &context)
 
 void SqliteEngine::sync()
 {
+    // First of all: the log of a file that nobody finds any more can be synced as well, and would promise nothing.
     m_connection.requireInPlace();
     m_connection.syncCommits();
 }

@@ -10,6 +10,7 @@ RuntimeError errorFor(int code, const QString &words, const QString &file, const
     // Not the disk's: what is written goes into a file that nobody finds any more.
     if (code == SQLITE_READONLY_DBMOVED)
         code = SQLITE_IOERR;
+    // By the plain code: but for the one above, what the extended ones add makes no other error for a user.
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

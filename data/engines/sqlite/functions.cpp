@@ -55,6 +55,9 @@ template <auto convert> void ofOne(sqlite3_context *context, int, sqlite3_value 
         convert(context, values[0]);
 }
 
+// Which error a conversion raises: 3464 for a text that is no such value at all, 3421 for a value that the column's
+// type has no room for, and 6 where computing leaves the range.
+
 void number(sqlite3_context *context, sqlite3_value *value)
 {
     const std::optional<double> number = numberFromText(textOfValue(value));
@@ -148,6 +151,7 @@ void concat(sqlite3_context *context, int count, sqlite3_value **values)
         any = any || !isNull(values[i]);
         joined.append(bytesOf(values[i]));
     }
+    // A function that gives nothing gives Null.
     if (any)
         sqlite3_result_text(context, joined.data(), int(joined.size()), SQLITE_TRANSIENT);
 }
@@ -177,6 +181,7 @@ template <auto compute> void ofTwo(sqlite3_context *context, int, sqlite3_value 
         compute(context, sqlite3_value_double(values[0]), sqlite3_value_double(values[1]));
 }
 
+/// The platform knows no infinity: what is too large for a Double is an overflow.
 void giveFinite(sqlite3_context *context, double result)
 {
     std::isfinite(result) ? give(context, result) : raise(context, 6);
@@ -210,6 +215,7 @@ void power(sqlite3_context *context, double a, double b)
     giveFinite(context, std::pow(a, b));
 }
 
+/// SQLite hands it out filled with zeros, which is an empty sum.
 struct Sum
 {
     double total;
@@ -241,6 +247,7 @@ void moneyStep(sqlite3_context *context, int, sqlite3_value **values)
     if (!sum || isNull(values[0]))
         return;
     sum->any = true;
+    // In ten-thousandths, so that cents add up exactly in whatever order the rows come.
     if (qAddOverflow(sum->units, Currency::of(sqlite3_value_double(values[0])).units, &sum->units))
         raise(context, 6);
 }
@@ -260,8 +267,8 @@ struct Entry
     Function function;
 };
 
-// None is declared deterministic: SQLite would call one with constant arguments before the first row, and a text
-// that cannot be converted is an error only where there is a row to convert it for.
+/// None is declared deterministic: SQLite would call one with constant arguments before the first row, and a text
+/// that cannot be converted is an error only where there is a row to convert it for.
 constexpr Entry entries[] = {
     {"jet_number", 1, ofOne<number>},
     {"jet_serial", 1, ofOne<serial>},

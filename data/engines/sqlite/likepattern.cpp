@@ -79,6 +79,7 @@ bool LikePattern::addGroup(const QList<uint> &pattern, qsizetype &at)
             last = folded(inside[i + 2]);
             i += 2;
         }
+        // "[z-a]" is no pattern, and none that matches nothing.
         if (last < first)
             return false;
         part.ranges.push_back({first, last});

@@ -13,7 +13,7 @@ constexpr qsizetype MostBytes = 1024;
 
 void PasswordGate::create(Connection &connection, const QString &password, const QByteArray &given)
 {
-    const ErrorContext defining{ErrorContext::Defining, QStringLiteral("MSysPassword"), {}};
+    const ErrorContext defining{ErrorContext::Defining, "MSysPassword", {}};
     connection.run("CREATE TABLE MSysPassword (Salt BLOB, Rounds INTEGER, Hash BLOB)", defining);
     const QByteArray salt = given.isEmpty() ? randomSalt() : given;
     connection.run("INSERT INTO MSysPassword VALUES (x'" + salt.toHex() + "', " + QByteArray::number(PasswordRounds) +
@@ -31,6 +31,7 @@ void PasswordGate::check(Connection &connection, const QString &password, const 
     tables.reset();
 
     PreparedStatement gate = connection.prepare("SELECT Salt, Rounds, Hash FROM MSysPassword", opening);
+    // A table of that name with nothing in it is not one of ours either.
     if (!gate.next())
         throw runtimeError(3343, {file});
     const qint64 rounds = gate.integer(1);

@@ -14,6 +14,7 @@ SqliteRowEdit::SqliteRowEdit(Connection &connection, const TableDef &table, cons
 
 std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const ErrorContext &context)
 {
+    // Whoever wants the row locked holds the lock of the whole file by now: SQLite has none for rows.
     PreparedStatement fetch = m_connection.prepare(m_readSql, context);
     fetch.bind(1, row);
     auto rows = std::make_unique<SqliteRows>(m_connection, std::move(fetch));
@@ -43,6 +44,8 @@ bool SqliteRowEdit::change(qint64 row, const std::vector<std::optional<Value>> &
         if (values[i])
             settings += Tables::quoted(m_table.columns[i].name) + " = ?";
     }
+    // Made anew each time, since one Update sets other columns than the next; the connection knows those that come
+    // again.
     PreparedStatement update = m_connection.prepare(
         "UPDATE " + Tables::quoted(m_table.Name) + " SET " + settings.join(", ") + " WHERE rowid = ?", context);
     int parameter = 0;

@@ -13,8 +13,8 @@ struct Declaration
     const char *text; ///< the whole declaration
 };
 
-// SQLite takes a column's storage from parts of the declared type: INT, CHAR or TEXT, DOUB or REAL. Where the
-// type's word holds none of them a second word names the storage.
+/// SQLite takes a column's storage from parts of the declared type: INT, CHAR or TEXT, DOUB or REAL. Where the
+/// type's word holds none of them a second word names the storage.
 constexpr std::array Declarations = {
     Declaration{ColumnType::Memo, "LONGTEXT", "LONGTEXT"},
     Declaration{ColumnType::YesNo, "YESNO", "YESNO INTEGER"},
@@ -35,6 +35,7 @@ constexpr std::array Declarations = {
 
 QByteArray declaration(const ColumnDef &column, engine::Key key)
 {
+    // AUTOINCREMENT, or SQLite would give the number of the last row again once that row is deleted.
     if (column.autoNumber)
         return key == engine::Key::AutoNumberIsKey ? "INTEGER PRIMARY KEY AUTOINCREMENT" : "COUNTER INTEGER";
     const auto found = std::find_if(Declarations.begin(), Declarations.end(), [&](const Declaration &known) {
@@ -109,7 +110,9 @@ QByteArray Tables::insertStatement(const QString &table, const QStringList &colu
 
 Catalog Tables::readCatalog(Connection &connection)
 {
-    const ErrorContext reading{ErrorContext::Reading, QStringLiteral("sqlite_schema"), {}};
+    const ErrorContext reading{ErrorContext::Reading, "sqlite_schema", {}};
+    // One statement over all tables: reports make and drop them all the time, and after each the catalogue is read
+    // anew.
     PreparedStatement columns = connection.prepare("SELECT t.name, c.name, c.type, c.dflt_value, c.pk"
                                                    " FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c"
                                                    " WHERE t.type = 'table' ORDER BY t.rowid, c.cid",
@@ -136,7 +139,7 @@ Catalog Tables::readCatalog(Connection &connection)
     return catalog;
 }
 
-// What the program's own list of tables leaves out, as users know it.
+/// What the program's own list of tables leaves out, as users know it.
 bool Tables::isSystemTable(const QString &name)
 {
     return name.startsWith(u"MSys", Qt::CaseInsensitive) || name.startsWith(u"sqlite_", Qt::CaseInsensitive);
