@@ -127,39 +127,35 @@ TEST(Conventions, NoFilesIncludeEachOtherButTheOrderFormAndItsNavigator)
     EXPECT_EQ(left.join(' ').toStdString(), "orders/frmorderentry orders/frmordernavigator");
 }
 
-TEST(Conventions, TheDataLayerAndTheAdministratorsToolKnowNoWidget)
+TEST(Conventions, NoFolderKnowsWhatIsNotItsBusiness)
 {
-    static const QRegularExpression widget(
-        R"re(#include <(Q\w*(Widget|Dialog|Painter|Application|Window|Font|Gui)\w*)[/>])re");
-    for (const QString &folder : {QStringLiteral("data"), QStringLiteral("tools")}) {
-        for (const QString &path : sourcesIn(folder)) {
-            const auto match = widget.match(contentOf(path));
-            const QString found = match.captured(1);
-            EXPECT_TRUE(!match.hasMatch() || found == "QCoreApplication")
-                << path.toStdString() << " includes " << found.toStdString();
-        }
-    }
-}
-
-TEST(Conventions, NoFormKnowsWhichEngineIsUnderneath)
-{
+    QStringList above;
     for (const Layer &layer : layers()) {
-        if (layer.folder.startsWith("data/") || layer.folder == "tools")
-            continue;
-        for (const QString &path : sourcesIn(layer.folder)) {
-            const QString content = contentOf(path);
-            EXPECT_FALSE(content.contains("sqlite3.h") || content.contains("data/engines/")) << path.toStdString();
-        }
+        if (!layer.folder.startsWith("data/") && layer.folder != "tools")
+            above += layer.folder;
     }
-}
-
-TEST(Conventions, TheDataLayerSpeaksToAnEngineThroughItsInterfaceAlone)
-{
-    static const QRegularExpression foreign(R"re(sqlite3|libpq|\bPQ\w+\(|#include "data/engines/(?!engines\.h"))re");
-    for (const QString folder : {"data/dao", "data/engine", "data/jetsql", "data/schema"}) {
-        for (const QString &path : sourcesIn(folder)) {
-            const auto match = foreign.match(contentOf(path));
-            EXPECT_FALSE(match.hasMatch()) << path.toStdString() << " has " << match.captured().toStdString();
+    const struct
+    {
+        const char *what;
+        QStringList folders;
+        QRegularExpression foreign;
+    } rows[] = {
+        {"a widget",
+         {"data", "tools"},
+         QRegularExpression(
+             R"re(#include <(?!QCoreApplication>)Q\w*(Widget|Dialog|Painter|Application|Window|Font|Gui))re")},
+        {"which engine is underneath", above, QRegularExpression(R"re(sqlite3\.h|data/engines/)re")},
+        {"an engine but through its interface",
+         {"data/dao", "data/engine", "data/jetsql", "data/schema"},
+         QRegularExpression(R"re(sqlite3|libpq|\bPQ\w+\(|#include "data/engines/(?!engines\.h"))re")},
+    };
+    for (const auto &row : rows) {
+        for (const QString &folder : row.folders) {
+            for (const QString &path : sourcesIn(folder)) {
+                const auto match = row.foreign.match(contentOf(path));
+                EXPECT_FALSE(match.hasMatch())
+                    << path.toStdString() << " knows " << row.what << ": " << match.captured().toStdString();
+            }
         }
     }
 }
