@@ -36,6 +36,7 @@ TEST_F(CopyTest, MovesACompanyToAServerAndBackAsItIs)
     EXPECT_EQ(done({"copy", server->name(), path("b.db")}), copied);
     expectSameRows(path("a.db"), server->name());
     expectSameRows(path("a.db"), path("b.db"));
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), (QStringList{"a.db", "b.db"}));
     EXPECT_EQ(refusal({"copy", path("a.db"), server->name()}), "Database already exists. (" + server->name() + ')');
 }
 
