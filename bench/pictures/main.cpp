@@ -15,6 +15,8 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     Application application(argc, argv);
     setAppearance(application);
+    // A caret that blinks would be in a picture or not, as the machine is busy or not.
+    QApplication::setCursorFlashTime(0);
     try {
         Studio studio(QDir(QString::fromLocal8Bit(argv[1])), argc == 3 ? std::atoi(argv[2]) : 1);
         takeWindows(studio);
