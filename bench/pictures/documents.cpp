@@ -50,7 +50,7 @@ void takeDated(Studio &studio, const QString &menu, const QString &form, const Q
     FormDriver dialog(form);
     for (const char *begin : {"dtStart", "dtBeginDate"}) {
         if (dialog.form()->findChild<QDateEdit *>(begin))
-            dialog.setDate(begin, "9/1/2026");
+            dialog.act(begin + QString(": 9/1/2026"));
     }
     if (fill)
         fill(dialog);
@@ -71,7 +71,7 @@ std::function<void(FormDriver &)> pick(const QString &combo, int index)
 
 std::function<void(FormDriver &)> tick(const QString &box)
 {
-    return [=](FormDriver &dialog) { dialog.tick(box); };
+    return [=](FormDriver &dialog) { dialog.click(box); };
 }
 
 void takeReceivablesReports(Studio &studio)
@@ -79,7 +79,7 @@ void takeReceivablesReports(Studio &studio)
     takeDated(studio, "OpenInvoice", "frmOpenInvoicesReport", "accounts-receivable-listing");
     takeDated(studio, "OpenInvoice", "frmOpenInvoicesReport", "accounts-receivable-over-60-days",
               [](FormDriver &dialog) {
-                  dialog.tick("chkOver");
+                  dialog.click("chkOver");
                   dialog.type("txtDays", "60");
               });
     takeDated(studio, "OpenInvoice", "frmOpenInvoicesReport", "accounts-receivable-summary", tick("chkSummary"));
@@ -114,7 +114,7 @@ void takeInventoryReports(Studio &studio)
     takeDated(studio, "ProdByPartWhse", "frmProductionByPartWhseReport", "production-by-part-and-warehouse",
               [](FormDriver &dialog) {
                   dialog.type("txtReq", "2");
-                  dialog.tick("chkSupp");
+                  dialog.click("chkSupp");
               });
 }
 

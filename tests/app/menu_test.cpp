@@ -1,4 +1,3 @@
-#include "app/mdi.h"
 #include "tests/support/company.h"
 
 #include <QAction>
@@ -153,18 +152,45 @@ protected:
             EXPECT_EQ(picker->value().toText(), "3/30/2011") << "today";
         EXPECT_TRUE(!entry.labels || labels.join('|') == entry.labels) << labels.join('|').toStdString();
     }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        hand.key(key, modifiers);
+        settle();
+    }
+    /// Presses the first letter of the entry's caption, as often as it takes among those that begin alike.
+    void choose(const char *name)
+    {
+        const auto *list = qobject_cast<const QMenu *>(QApplication::activePopupWidget());
+        const QAction *wanted = action(name);
+        const auto reached = [&] { return (list ? list->activeAction() : mdi->menuBar()->activeAction()) == wanted; };
+        const QChar first = wanted->text()[0];
+        int alike = 0;
+        for (const QAction *entry : list ? list->actions() : mdi->menuBar()->actions())
+            alike += entry->isEnabled() && entry->text()[0] == first;
+        for (int i = 0; i == 0 || (i < alike && !reached()); ++i)
+            press(Qt::Key(first.toUpper().unicode()));
+        if (alike > 1) {
+            EXPECT_TRUE(reached()) << name;
+            press(Qt::Key_Return);
+        }
+    }
 };
 
-TEST_F(MenuTest, StandsInItsOrderUnderItsNamesAndOpensWhatItSays)
+TEST_F(MenuTest, StandsInItsOrderUnderItsNamesAndOpensWhatItSaysByKeysAndOnce)
 {
     QStringList expected;
+    std::vector<const char *> path;
     for (const Entry &entry : entries) {
         SCOPED_TRACE(entry.name);
         expected += QString("%1 %2 %3").arg(entry.level).arg(entry.name, entry.caption);
+        path.resize(entry.level);
+        path.push_back(entry.name);
         ASSERT_TRUE(action(entry.name));
         EXPECT_EQ(action(entry.name)->isEnabled(), entry.opens != Off);
         if (opensForm(entry)) {
-            menu(entry.name);
+            press(Qt::Key_F10);
+            for (const char *step : path)
+                choose(step);
             Form *form = Forms::loaded(entry.opens);
             ASSERT_TRUE(form);
             expectControls(form, entry);
@@ -186,62 +212,7 @@ TEST_F(MenuTest, StandsInItsOrderUnderItsNamesAndOpensWhatItSays)
     menu("RebuildInv");
 }
 
-/// The way to an entry by its caption's first letters, as a user goes it with keys alone.
-class MenuByKeys : public MenuTest
-{
-protected:
-    void press(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(mdi->windowHandle(), Qt::Key(key), modifiers);
-        settle();
-    }
-    void letter(QChar letter)
-    {
-        QTest::keyClick(mdi->windowHandle(), letter.toLower().toLatin1());
-        settle();
-    }
-    /// Presses the entry's letter as often as it takes among those that begin alike.
-    void choose(const char *name)
-    {
-        const QWidget *popup = QApplication::activePopupWidget();
-        const auto *list = qobject_cast<const QMenu *>(popup);
-        const QMenuBar *bar = mdi->menuBar();
-        const QAction *wanted = action(name);
-        const auto reached = [&] { return (list ? list->activeAction() : bar->activeAction()) == wanted; };
-        const QChar first = wanted->text()[0];
-        int alike = 0;
-        for (const QAction *entry : list ? list->actions() : bar->actions())
-            alike += entry->isEnabled() && entry->text()[0] == first;
-        letter(first);
-        for (int i = 1; i < alike && !reached(); ++i)
-            letter(first);
-        if (alike > 1) {
-            EXPECT_TRUE(reached()) << name;
-            press(Qt::Key_Return);
-        }
-    }
-};
-
-TEST_F(MenuByKeys, EveryFormOpensByF10AndLetters)
-{
-    std::vector<const char *> path;
-    for (const Entry &entry : entries) {
-        path.resize(entry.level);
-        path.push_back(entry.name);
-        if (!opensForm(entry))
-            continue;
-        SCOPED_TRACE(entry.name);
-        press(Qt::Key_F10);
-        for (const char *step : path)
-            choose(step);
-        Form *form = Forms::loaded(entry.opens);
-        ASSERT_TRUE(form);
-        form->unload();
-        settle();
-    }
-}
-
-TEST_F(MenuByKeys, AltReachesTheMenuFromAFieldWhichTakesNoLetter)
+TEST_F(MenuTest, AltReachesTheMenuFromAFieldWhichTakesNoLetter)
 {
     FormDriver customer("frmCustomerEntry");
     ASSERT_EQ(customer.focus(), "cmbCustomer");
@@ -253,11 +224,11 @@ TEST_F(MenuByKeys, AltReachesTheMenuFromAFieldWhichTakesNoLetter)
     EXPECT_EQ(customer.text("cmbCustomer"), "");
     EXPECT_EQ(customer.focus(), "cmbCustomer");
 
-    QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
+    hand.key(Qt::Key_Alt);
     EXPECT_EQ(mdi->menuBar()->activeAction(), action("File"));
     const QPoint corner = mdi->menuBar()->actionGeometry(action("File")).topLeft() + QPoint(2, 2);
     EXPECT_EQ(mdi->menuBar()->grab().toImage().pixelColor(corner), mdi->palette().color(QPalette::Highlight));
-    QTest::keyClick(mdi->windowHandle(), Qt::Key_Alt);
+    hand.key(Qt::Key_Alt);
     EXPECT_FALSE(mdi->menuBar()->activeAction());
     EXPECT_EQ(customer.focus(), "cmbCustomer");
 }

@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <csignal>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,28 +25,46 @@ QByteArray settings(const QString &databasePath)
     return ("Settings\nPath,\"" + databasePath + "\"\nWhse,East\nX,0\nAuto,YES\nSeconds,2\n").toUtf8();
 }
 
-TEST(PreviousInstanceTest, ASecondOneOfTheSameFolderSeesTheFirstUntilItIsGone)
+class PreviousInstanceTest : public testing::Test
 {
-    const QTemporaryDir folder, otherFolder;
+protected:
+    bool runsIn(const QTemporaryDir &folder, const char *name = "") const
     {
-        const PreviousInstance first(folder.path());
-        EXPECT_FALSE(first.isRunning());
-        EXPECT_TRUE(PreviousInstance(folder.path()).isRunning());
-        EXPECT_TRUE(PreviousInstance(folder.path() + "/.").isRunning());
-        EXPECT_FALSE(PreviousInstance(otherFolder.path()).isRunning());
+        return PreviousInstance(folder.path() + name, marks.path()).isRunning();
     }
-    EXPECT_FALSE(PreviousInstance(folder.path()).isRunning());
-}
+    /// Starts another process that holds the mark of a program's folder, and
+    /// kills it.
+    void killOneIn(const QTemporaryDir &folder) const
+    {
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            const PreviousInstance mine(folder.path(), marks.path());
+            const char answer = mine.isRunning() ? 'y' : 'n';
+            _exit(write(ready[1], &answer, 1) == 1 && pause());
+        }
+        char answer = 0;
+        ASSERT_EQ(read(ready[0], &answer, 1), 1);
+        EXPECT_EQ(answer, 'n');
+        EXPECT_TRUE(runsIn(folder));
+        EXPECT_TRUE(runsIn(folder, "/."));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+    }
+    QFileInfoList files() const { return QDir(marks.path()).entryInfoList(QDir::Files); }
 
-TEST(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched)
+    const QTemporaryDir folder, another, marks;
+};
+
+TEST_F(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched)
 {
-    const QTemporaryDir folder, marks;
     QString mark;
     {
         const PreviousInstance first(folder.path(), marks.path());
-        mark = QDir(marks.path()).entryInfoList(QDir::Files).value(0).filePath();
+        mark = files().value(0).filePath();
     }
-    EXPECT_FALSE(QFile::exists(mark)) << "it is taken away at the end";
+    EXPECT_TRUE(files().isEmpty()) << "it is taken away at the end";
     const QString elsewhere = marks.filePath("elsewhere");
     const std::pair<const char *, std::function<bool()>> others[] = {
         {"a pipe", [&] { return mkfifo(QFile::encodeName(mark).constData(), 0666) == 0; }},
@@ -58,9 +75,7 @@ TEST(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched
     };
     for (const auto &[what, make] : others) {
         ASSERT_TRUE(make()) << what;
-        {
-            EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning()) << what;
-        }
+        EXPECT_FALSE(runsIn(folder)) << what;
         EXPECT_TRUE(QFileInfo(mark).isSymLink() || QFileInfo::exists(mark)) << what;
         EXPECT_EQ(QFileInfo::exists(elsewhere), QByteArray(what) == "a link to a pipe");
         QFile::remove(elsewhere);
@@ -69,50 +84,28 @@ TEST(PreviousInstanceTest, WhatElseStandsInTheMarksPlaceNeitherHangsNorIsTouched
     }
 }
 
-/// Starts another process that holds the mark of a program's folder, and kills it.
-void killOneIn(const QString &folder, const QString &marks)
+TEST_F(PreviousInstanceTest, AKilledOneLocksNobodyOutAndItsMarkGoesWithItsFolder)
 {
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        const PreviousInstance mine(folder, marks);
-        const char answer = mine.isRunning() ? 'y' : 'n';
-        _exit(write(ready[1], &answer, 1) == 1 && pause());
-    }
-    char answer = 0;
-    ASSERT_EQ(read(ready[0], &answer, 1), 1);
-    EXPECT_EQ(answer, 'n');
-    EXPECT_TRUE(PreviousInstance(folder, marks).isRunning());
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-}
-
-TEST(PreviousInstanceTest, AKilledOneLocksNobodyOutAndItsMarkGoesWithItsFolder)
-{
-    const QTemporaryDir folder, another, marks;
     auto gone = std::make_unique<QTemporaryDir>();
-    killOneIn(gone->path(), marks.path());
-    killOneIn(folder.path(), marks.path());
-    QFile named(marks.filePath("tamrick-0123456789abcdef0123"));
-    ASSERT_TRUE(named.open(QIODevice::WriteOnly) && named.write("/no/such/folder") > 0);
-    named.close();
-    const auto count = [&] { return QDir(marks.path()).entryList(QDir::Files).size(); };
-    EXPECT_EQ(count(), 3);
+    killOneIn(*gone);
+    killOneIn(folder);
+    writeFile(marks.filePath("tamrick-0123456789abcdef0123"),
+              "/no/such/folder"); // not one of its marks
+    EXPECT_EQ(files().size(), 3);
     gone.reset();
     {
         const PreviousInstance next(another.path(), marks.path());
-        EXPECT_EQ(count(), 3) << "that of the gone folder made room for this one";
+        EXPECT_FALSE(next.isRunning()) << "in a folder of its own";
+        EXPECT_EQ(files().size(), 3) << "that of the gone folder made room for this one";
     }
-    EXPECT_EQ(count(), 2);
-    EXPECT_TRUE(named.exists()) << "not one of its marks";
-    EXPECT_FALSE(PreviousInstance(folder.path(), marks.path()).isRunning());
+    EXPECT_EQ(files().size(), 2);
+    EXPECT_TRUE(QFile::exists(marks.filePath("tamrick-0123456789abcdef0123")));
+    EXPECT_FALSE(runsIn(folder));
 }
 
 class StartupTest : public testing::Test
 {
 protected:
-    StartupTest() { gDatabase.reset(); }
     ~StartupTest() override { gDatabase.reset(); }
     void configure(const QString &databasePath) { writeFile(folder.filePath("config.txt"), settings(databasePath)); }
     TestDatabase database;
@@ -144,12 +137,14 @@ TEST_F(StartupTest, SettingsAndDatabaseFailBeforeThePreviousInstanceIsLookedFor)
     configure(database.path() + (database.isOnServer() ? "&dbname=none" : ".none"));
     EXPECT_EQ(errorNumberOf([&] { Main(folder.path()); }), 3024);
     configure(database.path());
+    gDatabase.reset();
     boxes.expect("Application Already Running", "This application is already running.");
     EXPECT_FALSE(Main(folder.path()).window);
     EXPECT_TRUE(gDatabase) << "it was opened all the same";
     boxes.verify();
 }
-/// Starts a copy of the real program in a folder of its own, with somebody at its boxes.
+
+/// Starts the real program in a folder of its own, with somebody at its boxes.
 class ProgramStart : public testing::Test
 {
 protected:
@@ -159,42 +154,37 @@ protected:
         int status;    ///< -1 unless it ended by itself in time
     };
 
-    ProgramStart()
-    {
-        gDatabase.reset();
-        const auto everybody =
-            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
-        EXPECT_TRUE(QFile::setPermissions(folder.path(), everybody));
-        EXPECT_TRUE(QFile::copy(tests + "/../app/tamrick", path("tamrick")));
-        // With the program: its user may be kept from the folder that was built in.
-        EXPECT_TRUE(QDir(folder.path()).mkpath("plugins/generic"));
-        for (const QString &plugin : QDir(tests + "/plugins/generic").entryList(QDir::Files))
-            EXPECT_TRUE(QFile::copy(tests + "/plugins/generic/" + plugin, path("plugins/generic/" + plugin)));
-        EXPECT_TRUE(QFile::copy(database.path(), path("sound.db")));
-    }
-
-    QString path(const QString &name) const { return folder.filePath(name); }
-
-    void write(const QString &name, const QByteArray &content) const { writeFile(path(name), content); }
+    QString path(const QString &name) const { return folder->filePath(name); }
+    QByteArray file(const char *name) const { return QFile::encodeName(path(name)); }
+    bool pipe(const char *name) const { return mkfifo(file(name).constData(), 0666) == 0; }
+    bool forbid(const char *name) const { return chmod(file(name).constData(), 0) == 0; }
+    bool remove(const char *name) const { return QFile::remove(path(name)); }
+    void write(const char *name, const QByteArray &content) const { writeFile(path(name), content); }
     void configure(const QString &databasePath) const { write("config.txt", settings(databasePath)); }
+    /// Runs a statement of SQLite's own.
+    void alter(const char *sql) const { PlainConnection(path("company.db")).run(sql); }
 
-    /// The database after a statement of SQLite's own.
-    void alter(const char *sql) const
+    /// A folder with the program, sound settings and a sound company.db, for a
+    /// user who may do all in it.
+    void prepare()
     {
-        sqlite3 *connection = nullptr;
-        ASSERT_EQ(sqlite3_open(QFile::encodeName(path("company.db")).constData(), &connection), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
-        sqlite3_close(connection);
+        folder = std::make_unique<QTemporaryDir>();
+        chmod(file("").constData(), 0777);
+        // With the program: its user may be kept from the folder that was built in.
+        ASSERT_TRUE(QDir(folder->path()).mkpath("plugins/generic"));
+        ASSERT_TRUE(QFile::copy(tests + "/../app/tamrick", path("tamrick")));
+        for (const QString &plugin : QDir(tests + "/plugins/generic").entryList(QDir::Files))
+            ASSERT_TRUE(QFile::copy(tests + "/plugins/generic/" + plugin, path("plugins/generic/" + plugin)));
+        ASSERT_TRUE(QFile::copy(database.path(), path("company.db")));
+        configure(path("company.db"));
+        chmod(file("company.db").constData(), 0666);
     }
 
     Outcome start() const
     {
         QProcess program;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        environment.insert("QT_QPA_GENERIC_PLUGINS", "answerer");
-        environment.insert("QT_PLUGIN_PATH", path("plugins"));
-        program.setProcessEnvironment(environment);
+        qputenv("QT_QPA_GENERIC_PLUGINS", "answerer");
+        qputenv("QT_PLUGIN_PATH", file("plugins"));
         // Nothing is unreadable for root.
         program.setChildProcessModifier([] {
             if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
@@ -207,86 +197,61 @@ protected:
 
     const QString tests = QCoreApplication::applicationDirPath();
     TestDatabase database{EngineKind::Sqlite};
-    QTemporaryDir folder;
+    std::unique_ptr<QTemporaryDir> folder;
 };
 
 TEST_F(ProgramStart, EndsInABoxWhateverIsWrongWithSettingsOrDatabase)
 {
-    if (geteuid() != 0)
-        QFile::setPermissions(path("sound.db"), QFile::ReadOwner | QFile::WriteOwner);
-    const auto pipe = [this](const QString &name) {
-        return mkfifo(QFile::encodeName(path(name)).constData(), 0666) == 0;
-    };
-    const auto forbid = [this](const QString &name) {
-        return chmod(QFile::encodeName(path(name)).constData(), 0) == 0;
-    };
+    gDatabase.reset();
     std::unique_ptr<Database> holder;
-    QFile page(QStringLiteral(TAMRICK_TEST_DATA "/../docs/handbook/index.html"));
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QString handbook = QString::fromUtf8(page.readAll());
     const struct
     {
         const char *what;
-        std::function<void()> make; ///< on sound settings and a sound company.db
-        int error;                  ///< 0: the main window
+        int error; ///< 0: the main window
+        std::function<void()> make = [] {};
     } cases[] = {
-        {"all is well", [] {}, 0},
-        {"no settings", [&] { QFile::remove(path("config.txt")); }, 53},
-        {"empty settings", [&] { write("config.txt", ""); }, 62},
-        {"short settings", [&] { write("config.txt", "Settings\nPath,company.db\nWhse"); }, 62},
-        {"settings that are a folder",
-         [&] { QFile::remove(path("config.txt")), QDir(folder.path()).mkdir("config.txt"); }, 75},
-        {"settings that are a pipe", [&] { QFile::remove(path("config.txt")), pipe("config.txt"); }, 75},
-        {"settings that are a device",
-         [&] { QFile::remove(path("config.txt")), QFile::link("/dev/zero", path("config.txt")); }, 75},
-        {"settings of one endless line", [&] { write("config.txt", QByteArray(50'000'000, 'x')); }, 75},
-        {"settings that may not be read", [&] { forbid("config.txt"); }, 75},
-        {"a path of a million letters", [&] { configure(QString(1'000'000, 'x')); }, 3024},
-        {"no path", [&] { configure({}); }, 3055},
-        {"no database", [&] { configure(path("none.db")); }, 3024},
-        {"no folder", [&] { configure(path("none/company.db")); }, 3044},
-        {"a folder for a database", [&] { configure(folder.path()); }, 3044},
-        {"a pipe for a database", [&] { configure(path("pipe")), pipe("pipe"); }, 3343},
-        {"a device for a database", [&] { configure("/dev/zero"); }, 3343},
-        {"a text for a database", [&] { write("company.db", "Customer,Amount\nAcme,5\n"); }, 3343},
-        {"nothing in the database", [&] { write("company.db", ""); }, 3343},
-        {"another program's database", [&] { write("company.db", ""), alter("CREATE TABLE t (x)"); }, 3343},
-        {"another password", [&] { alter("UPDATE MSysPassword SET Hash = x'00'"); }, 3031},
-        {"a password that takes years", [&] { alter("UPDATE MSysPassword SET Rounds = 9223372036854775807"); }, 3343},
-        {"a password of no rounds", [&] { alter("UPDATE MSysPassword SET Rounds = -1"); }, 3343},
-        {"a damaged database",
+        {"all is well", 0},
+        {"no settings", 53, [&] { remove("config.txt"); }},
+        {"empty settings", 62, [&] { write("config.txt", ""); }},
+        {"short settings", 62, [&] { write("config.txt", "Settings\nPath,company.db\nWhse"); }},
+        {"settings that are a folder", 75, [&] { return remove("config.txt") && QDir().mkdir(path("config.txt")); }},
+        {"settings that are a pipe", 75, [&] { return remove("config.txt") && pipe("config.txt"); }},
+        {"settings that are a device", 75,
+         [&] { return remove("config.txt") && QFile::link("/dev/zero", path("config.txt")); }},
+        {"settings of one endless line", 75, [&] { write("config.txt", QByteArray(50'000'000, 'x')); }},
+        {"settings that may not be read", 75, [&] { forbid("config.txt"); }},
+        {"a path of a million letters", 3024, [&] { configure(QString(1'000'000, 'x')); }},
+        {"no path", 3055, [&] { configure({}); }},
+        {"no database", 3024, [&] { configure(path("none.db")); }},
+        {"no folder", 3044, [&] { configure(path("none/company.db")); }},
+        {"a folder for a database", 3044, [&] { configure(folder->path()); }},
+        {"a pipe for a database", 3343, [&] { configure(path("pipe")), pipe("pipe"); }},
+        {"a device for a database", 3343, [&] { configure("/dev/zero"); }},
+        {"a text for a database", 3343, [&] { write("company.db", "Customer,Amount\nAcme,5\n"); }},
+        {"nothing in the database", 3343, [&] { write("company.db", ""); }},
+        {"another program's database", 3343, [&] { write("company.db", ""), alter("CREATE TABLE t (x)"); }},
+        {"another password", 3031, [&] { alter("UPDATE MSysPassword SET Hash = x'00'"); }},
+        {"a password that takes years", 3343, [&] { alter("UPDATE MSysPassword SET Rounds = 9223372036854775807"); }},
+        {"a password of no rounds", 3343, [&] { alter("UPDATE MSysPassword SET Rounds = -1"); }},
+        {"a damaged database", 3049,
          [&] {
-             QFile file(path("company.db"));
-             ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(100) &&
-                         file.write(QByteArray(3000, '\xFF')) == 3000);
-         },
-         3049},
-        {"a database that may not be read", [&] { forbid("company.db"); }, 3051},
-        {"a database that another one has for itself",
-         [&] { holder = DBEngine::OpenDatabase(path("company.db"), true, false, DatabaseConnect); }, 3045},
-        {"a server that is not there", [&] { configure("postgresql://clerk@/company?host=/nowhere"); }, 3044},
+             QFile broken(path("company.db"));
+             return broken.open(QIODevice::ReadWrite) && broken.seek(100) && broken.write(QByteArray(3000, '\xFF'));
+         }},
+        {"a database that may not be read", 3051, [&] { forbid("company.db"); }},
+        {"a database that another one has for itself", 3045,
+         [&] { holder = DBEngine::OpenDatabase(path("company.db"), true, false, DatabaseConnect); }},
+        {"a server that is not there", 3044, [&] { configure("postgresql://clerk@/company?host=/nowhere"); }},
     };
     for (const auto &row : cases) {
-        for (const QFileInfo &info :
-             QDir(folder.path()).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
-            if (info.fileName() != "tamrick" && info.fileName() != "sound.db" && !QFile::remove(info.filePath()))
-                QDir().rmdir(info.filePath());
-        }
-        ASSERT_TRUE(QFile::copy(path("sound.db"), path("company.db")));
-        configure(path("company.db"));
-        for (const char *name : {"company.db", "config.txt"})
-            ASSERT_EQ(chmod(QFile::encodeName(path(name)).constData(), 0666), 0);
-        ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0777), 0);
+        SCOPED_TRACE(row.what);
+        prepare();
         row.make();
-        if (row.error == 3031 || row.error == 3343)
-            chmod(QFile::encodeName(path("company.db")).constData(), 0666);
         const Outcome outcome = start();
         const QString begin = row.error ? QString("Run-time error '%1':").arg(row.error) : QString("window");
-        EXPECT_TRUE(outcome.shown.startsWith(begin)) << row.what << ": " << outcome.shown.left(300).toStdString();
-        EXPECT_EQ(outcome.status, row.error ? 1 : 0) << row.what;
-        EXPECT_LT(outcome.shown.size(), 1100) << row.what;
-        const QRegularExpression explained(QString("<tr><td>([0-9]+, )*%1(, [0-9]+)*</td>").arg(row.error));
-        EXPECT_TRUE(row.error == 0 || handbook.contains(explained)) << row.error << " is not in the handbook";
+        EXPECT_TRUE(outcome.shown.startsWith(begin)) << outcome.shown.left(300).toStdString();
+        EXPECT_EQ(outcome.status, row.error ? 1 : 0);
+        EXPECT_LT(outcome.shown.size(), 1100);
     }
 }
 

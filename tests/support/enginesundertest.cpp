@@ -71,12 +71,9 @@ std::string nameOfEngine(const testing::TestParamInfo<EngineKind> &info)
 
 PlainConnection::PlainConnection(const QString &path)
 {
-    sqlite3_open(path.toUtf8().constData(), &m_handle);
-}
-
-PlainConnection::~PlainConnection()
-{
-    sqlite3_close(m_handle);
+    sqlite3 *handle = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &handle);
+    m_handle.reset(handle, sqlite3_close);
 }
 
 QString PlainConnection::text(const QString &sql)
@@ -87,14 +84,9 @@ QString PlainConnection::text(const QString &sql)
             result = values[0] ? QString::fromUtf8(values[0]) : "Null";
         return 0;
     };
-    if (sqlite3_exec(m_handle, sql.toUtf8().constData(), first, &text, nullptr) != SQLITE_OK)
-        text = sqlite3_errmsg(m_handle);
+    if (sqlite3_exec(m_handle.get(), sql.toUtf8().constData(), first, &text, nullptr) != SQLITE_OK)
+        text = sqlite3_errmsg(m_handle.get());
     return text;
-}
-
-void PlainConnection::run(const QString &sql)
-{
-    EXPECT_EQ(text(sql), "no row");
 }
 
 std::unique_ptr<DatabasePlace> DatabasePlace::on(EngineKind engine)

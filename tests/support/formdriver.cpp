@@ -119,9 +119,12 @@ void FormDriver::step(const QString &name, const QStringList &cell, const QStrin
     auto *list = qobject_cast<ComboBox *>(control);
     if (!cell.isEmpty())
         typeCell(name, cell[0].toInt(), cell[1].toInt(), text);
-    else if (qobject_cast<DTPicker *>(control))
-        setDate(name, text);
-    else if (!list || list->isEditable())
+    else if (auto *picker = qobject_cast<DTPicker *>(control)) {
+        click(name);
+        picker->setSelectedSection(QDateTimeEdit::MonthSection);
+        keys(text);
+        EXPECT_EQ(picker->text(), text);
+    } else if (!list || list->isEditable())
         type(name, text);
     else if (text.isEmpty())
         list->setListIndex(-1);
@@ -176,21 +179,6 @@ void FormDriver::choose(const QString &name, const QString &entry)
     list->setCurrentIndex(item);
     QTest::keyClick(list, Qt::Key_Return);
     comeToRest();
-}
-
-void FormDriver::tick(const QString &name, bool on)
-{
-    if (control<QCheckBox>(name)->isChecked() != on)
-        click(name);
-}
-
-void FormDriver::setDate(const QString &name, const QString &date)
-{
-    auto *picker = control<DTPicker>(name);
-    click(name);
-    picker->setSelectedSection(QDateTimeEdit::MonthSection);
-    keys(date);
-    EXPECT_EQ(picker->text(), date);
 }
 
 void FormDriver::clickCell(const QString &grid, int row, int col)

@@ -57,10 +57,6 @@ public:
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Opens a combo box's list and clicks on the entry. The box keeps the focus.
     void choose(const QString &name, const QString &entry);
-    /// Ticks or clears a check box with the mouse.
-    void tick(const QString &name, bool on = true);
-    /// Types a date ("3/30/2011") into a date picker.
-    void setDate(const QString &name, const QString &date);
 
     /// Clicks, or double-clicks, on a grid's cell; rows count the header as 0.
     void clickCell(const QString &grid, int row, int col = 0);

@@ -1,6 +1,5 @@
 #include "tests/toolkit/controlform.h"
 #include "toolkit/controls/msgbox.h"
-#include "toolkit/forms/formlayout.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -15,24 +14,20 @@ public:
         auto *page = new QVBoxLayout(this);
         auto *frame = addFrame("Frame1", "Fields");
         page->addWidget(frame);
-        auto *fields = new FieldLayout(frame);
-        watch(txtA = addText("txtA"));
-        watch(txtB = addText("txtB"));
-        watch(cmbC = addList("cmbC"));
-        watch(dtD = addDate("dtD"));
+        page->addWidget(btnGo = addButton("btnGo", "&Go"));
+        new QVBoxLayout(frame);
+        watch(frame, txtA = addText("txtA"));
+        watch(frame, txtB = addText("txtB"));
+        watch(frame, cmbC = addList("cmbC"));
+        watch(frame, dtD = addDate("dtD"));
         cmbC->addItems({"one", "two"});
-        btnGo = addButton("btnGo", "&Go");
-        fields->add("A", txtA);
-        fields->add("B", txtB);
-        fields->add("C", cmbC);
-        fields->add("D", dtD);
-        page->addLayout(buttonRow({btnGo}));
         setTabOrder({txtA, txtB, cmbC, dtD, btnGo});
         connect(btnGo, &QPushButton::clicked, this, [this] { log("Go"); });
     }
 
-    template <class Control> void watch(Control *control)
+    template <class Control> void watch(QGroupBox *frame, Control *control)
     {
+        frame->layout()->addWidget(control);
         const QString letter = control->objectName().right(1);
         connect(control, &Control::gotFocus, this, [this, letter] { log("+" + letter); });
         connect(control, &Control::lostFocus, this, [this, letter] { log("-" + letter); });

@@ -108,7 +108,8 @@ void saveOrder(int number, bool dropShip)
         form.type("txtQty", "1");
         form.click("btnSaveItem");
     }
-    form.tick("chkDropShip", dropShip);
+    if (dropShip)
+        form.click("chkDropShip");
     // A drop shipment is there before its lines are; dated tomorrow it stays out of the other clerk's invoice runs,
     // which would rightly bill what they see of it.
     if (dropShip)
