@@ -67,6 +67,7 @@ TEST_F(CreateInvoices, OneCustomerLeavesTheOthersAlone)
     ship("Birch Mill", 1);
     ship("Birch Mill", 2, 1, Date(2011, 3, 3));
     ship("Birch Mill", 4, 1, Date(2011, 3, 5));
+    ship("Cobb Yard", 1);
     addRow("Invoice", {}); // so that number and shipments differ
     QStringList printed;
     setPrintDestination([&](Report &report, int) {

@@ -88,8 +88,8 @@ TEST_F(OrderLines, PickingARowLoadsItAndSavingChangesItButNotItsCategory)
     EXPECT_EQ(form.shows(LineFields), "2|AX-100|2|10|20|C2");
     EXPECT_EQ(form.focus(), "txtQty");
     EXPECT_EQ(form.text("lblTotal"), "777") << "the stored one until a line changes";
-    form.act("cmbPart: BR-200; txtQty: 3; txtPriceEach: 4; btnSaveItem");
-    EXPECT_EQ(lines(form, "vsfgItems"), (QStringList{"1|1|AX-100|Axles|10|10|C1", "2|3|BR-200|Axles|4|12|C2"}));
+    form.act("cmbPart: BR-200; txtQty: 3; txtPriceEach: 4; txtCustomerNumber: D2; btnSaveItem");
+    EXPECT_EQ(lines(form, "vsfgItems"), (QStringList{"1|1|AX-100|Axles|10|10|C1", "2|3|BR-200|Axles|4|12|D2"}));
     EXPECT_EQ(form.shows(LineFields), "|||||");
     EXPECT_EQ(form.focus(), "txtQty");
     EXPECT_EQ(form.text("lblTotal"), "22");

@@ -30,6 +30,10 @@ TEST_F(OrderNavigator, OpensAtTheTopLeftWithAllOrders)
         << "an empty second address line is left out";
     EXPECT_TRUE(form.shownRow("vsfgOrders", 2).contains("|Open|$10.|Dock"));
     EXPECT_EQ(gridSize(form, "vsfgItems"), 0);
+    for (const auto &[list, held] : {std::pair{"cmbWarehouse", "Main|North"},
+                                     {"cmbCustomer", "Acme Rail|Birch Mill"},
+                                     {"cmbStatus", "Open|Closed|Void"}})
+        EXPECT_EQ(entries(form, list), held);
     EXPECT_EQ(form.shows("dtStartDate dtEndDate Frame3"), "3/30/2011|3/30/2011|Line Items");
     const QWidget *window = form.form()->parentWidget();
     EXPECT_EQ(window->pos(), QPoint(0, 0));

@@ -1,4 +1,6 @@
 #include "reportengine/output/printing.h"
+#include "reportengine/report.h"
+#include "reportengine/rows/rowstore.h"
 #include "shipping/frmshipmententry.h"
 #include "tests/support/company.h"
 
@@ -42,9 +44,11 @@ TEST_F(ShipmentEntry, OpensEmptyAndFillsShipToAndLinesOfAnOrder)
     user.act("btnExit");
 
     addShipment(addOrder("A-1", "Acme Rail", {{"BR-200", 10, 4.75}, {"AX-100", 2.5, 2.2}}), {4});
-    user = begin();
+    database.execute("UPDATE Orders SET ShipToAddress2 = 'Gate 3'");
+    user = begin("txtShipTo: x; txtAddress1: x; txtAddress2: x; txtCity: x; txtState: x; txtZip: x");
     EXPECT_EQ(user.shows("cmbOrder txtShipTo txtAddress1 txtAddress2 txtCity txtState txtZip"),
-              "A-1 - 3/1/2011|Dock 4|1 Pier Rd||Erie|PA|16501");
+              "A-1 - 3/1/2011|Dock 4|1 Pier Rd|Gate 3|Erie|PA|16501")
+        << "for display only";
     EXPECT_EQ(lines(user, "vsfgItems"), (QStringList{"1|10|4||BR-200|4.75|47.5", "2|2.5|||AX-100|2.2|5.5"}))
         << "nothing shipped is an empty cell, not 0";
     EXPECT_EQ(user.shownRow("vsfgItems", 1), "1|10|4||BR-200|$4.75|$47.5");
@@ -127,18 +131,18 @@ TEST_F(ShipmentEntry, AnotherOrderTakesTheLinesButNotTheShipment)
 
 TEST_F(ShipmentEntry, PartialShipmentLeavesTheOrderOpenAndTheLastOneClosesIt)
 {
-    const QString order = addOrder("A-1", "Acme Rail", {{"AX-100", 10, 4.75}, {"BR-200", 3, 2.2}});
+    const QString order = addOrder("A-1", "Acme Rail", {{"AX-100", 10, 4.75}, {"BR-200", 3, 2.2}}, "Open", "North");
     save(begin("vsfgItems[1,3]: 4; txtFreight: 12.5; txtAdjustment:; txtShipVia: Truck; dtDate: 3/28/2011"));
     EXPECT_FALSE(Forms::loaded("frmShipmentEntry"));
     EXPECT_EQ(table("Shipment"), QStringList{"1|1|3/28/2011|Truck|12.5|0|False|"});
     EXPECT_EQ(items(), QStringList{"1|1|1|4"}) << "a line of 0 has no row";
-    EXPECT_EQ(ledger(), QStringList{"Main|AX-100|4"}) << "a shipment adds";
+    EXPECT_EQ(ledger(), QStringList{"North|AX-100|4"}) << "a shipment adds";
     EXPECT_EQ(status(order), "Open");
 
     save(begin("btnShipAll; txtFreight:; txtAdjustment: (3.25)"));
     EXPECT_EQ(table("Shipment").value(1), "2|1|3/30/2011|UPS Ground|0|-3.25|False|");
     EXPECT_EQ(items().mid(1), (QStringList{"2|1|1|6", "2|1|2|3"}));
-    EXPECT_EQ(ledger(), (QStringList{"Main|AX-100|10", "Main|BR-200|3"}));
+    EXPECT_EQ(ledger(), (QStringList{"North|AX-100|10", "North|BR-200|3"}));
     EXPECT_EQ(status(order), "Closed");
 }
 
@@ -154,10 +158,11 @@ TEST_F(ShipmentEntry, TheLedgerGetsTheCellsTextAsAWholeNumberNotItsFirstDigits)
 
 TEST_F(ShipmentEntry, PrintQuestionRepeatsUntilYesAndTheStatusComesAfter)
 {
+    addOrder("A-0", "Acme Rail", {}, "Closed"); // so that orders and shipments differ in their numbers
     const QString order = addOrder("A-1", "Acme Rail", {{"AX-100", 1, 1}});
     QStringList printed;
-    setPrintDestination([&](Report &, int copies) {
-        printed += QString("%1 copies, order %2, %3 line").arg(copies).arg(status(order)).arg(items().size());
+    setPrintDestination([&](Report &slip, int copies) {
+        printed += QString("%1 copies, order %2, %3 line").arg(copies).arg(status(order)).arg(slip.rows().rowCount());
         return true;
     });
     save(begin("btnShipAll"), 2);
@@ -169,7 +174,7 @@ TEST_F(ShipmentEntry, PrintQuestionRepeatsUntilYesAndTheStatusComesAfter)
     setPrintDestination([](Report &, int) { return false; });
     expectRuntimeError(482, [] { begin("btnShipAll; btnSave", "Birch Mill"); });
     setPrintDestination({});
-    EXPECT_EQ(items().mid(1), QStringList{"2|2|1|1"}) << "a printer that fails leaves the shipment";
+    EXPECT_EQ(items().mid(1), QStringList{"2|3|1|1"}) << "a printer that fails leaves the shipment";
     EXPECT_EQ(ledger().mid(1), QStringList{"Main|BR-200|1"});
     EXPECT_EQ(status(stuck), "Open");
 }

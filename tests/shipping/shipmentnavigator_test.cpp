@@ -33,6 +33,7 @@ TEST_F(ShipmentNavigator, OpensWithAllShipmentsByCustomerAndOrderNumber)
                            "Birch Mill|A-12|2|3/6/2011|2|Dock 4, 1 Pier Rd, , Erie, PA  16501|True"}))
         << "a shipment whose order is gone is listed too";
     EXPECT_EQ(user.control<FlexGrid>("vsfgItems")->rows(), 0);
+    EXPECT_EQ(entries(user, "cmbCustomer"), "Acme Rail|Birch Mill");
     EXPECT_TRUE(gShipmentNavigatorOpen);
     user.act("btnExit");
     EXPECT_FALSE(gShipmentNavigatorOpen);
