@@ -150,54 +150,6 @@ TEST_P(EveryForm, ShowsEveryControlUnderItsNameWholeInsideItsWindowAndNoneOverAn
     check("maximised there");
 }
 
-using Lists = CompanyTest;
-
-TEST_F(Lists, TheseTypeAheadAndTheOthersDoNot)
-{
-    QStringList typeAhead;
-    for (const QString &name : Forms::names()) {
-        if (name == "frmFailing") // another test's, where all run in one process
-            continue;
-        Form *form = Load(name);
-        for (QGroupBox *frame : form->findChildren<QGroupBox *>())
-            frame->setEnabled(true);
-        for (ComboBox *box : form->findChildren<ComboBox *>()) {
-            if (!box->isVisible())
-                continue;
-            box->addItem("Zed");
-            box->isEditable() ? box->setText({}) : box->setListIndex(-1);
-            QTest::keyClick(box, Qt::Key_Backspace); // in the way of a search by more than one letter
-            QTest::keyClick(box, 'z');
-            if (box->text().isEmpty())
-                typeAhead += name + '.' + box->objectName();
-        }
-        form->unload();
-        settle();
-    }
-    typeAhead.sort();
-    EXPECT_EQ(typeAhead, (QStringList{"frmAdjustmentControlReport.cmbReport",
-                                      "frmAvailInvReport.cmbReport",
-                                      "frmCreateInvoices.cmbCustomer",
-                                      "frmCustomerRegister.cmbCustomer",
-                                      "frmInventoryAdjust.cmbPart",
-                                      "frmInventoryAdjust.cmbWarehouse",
-                                      "frmInvoiceReport.cmbReport",
-                                      "frmOrderEntry.cmbCustomer",
-                                      "frmOrderEntry.cmbPart",
-                                      "frmOrderEntry.cmbWarehouse",
-                                      "frmOrderNavigator.cmbCustomer",
-                                      "frmOrderNavigator.cmbWarehouse",
-                                      "frmPackingSlip.cmbReport",
-                                      "frmPickTicket.cmbReport",
-                                      "frmShipmentEntry.cmbCustomer",
-                                      "frmShipmentEntry.cmbOrder",
-                                      "frmShipmentNavigator.cmbCustomer",
-                                      "frmTransfer.cmbFrom",
-                                      "frmTransfer.cmbPart",
-                                      "frmTransfer.cmbTo",
-                                      "frmTransferControlReport.cmbReport"}));
-}
-
 std::vector<std::string> everyForm()
 {
     registerForms();

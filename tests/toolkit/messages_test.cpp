@@ -1,4 +1,3 @@
-#include "data/values/runtimeerror.h"
 #include "tests/support/company.h"
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/controls/msgbox.h"
@@ -72,12 +71,6 @@ TEST_F(MessagesTest, ABoxOverADroppedListBelongsToTheWindowBehindTheList)
     boxes.expect("Title", "Prompt");
     whileUp([&](QMessageBox *box) { EXPECT_EQ(box->parentWidget(), &window); });
     MsgBox("Prompt", "Title");
-}
-
-TEST_F(MessagesTest, TheErrorBoxNamesNumberAndDescription)
-{
-    boxes.expect("Tamrick Inventory Management", "Run-time error '13':\n\nType mismatch");
-    showRuntimeError(runtimeError(13));
 }
 
 TEST_F(MessagesTest, TheHourglassIsAssignedAndNotCounted)
