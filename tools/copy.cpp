@@ -16,9 +16,7 @@ Recordset allRows(Database &database, const TableDef &table)
 /// In the order of the rows in the original, which is that of their making; statements without an order give them so.
 int copyRows(Database &source, BulkLoad &target, const TableDef &table)
 {
-    QStringList names;
-    for (const ColumnDef &column : table.columns)
-        names += column.name;
+    const QStringList names = table.columnNames();
     BulkLoad::Inserter inserter = target.into(table.Name, names);
     std::vector<Value> row(table.columns.size());
     int count = 0;

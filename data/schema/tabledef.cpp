@@ -15,6 +15,14 @@ int TableDef::indexOf(QAnyStringView column) const
     return found == columns.end() ? -1 : int(found - columns.begin());
 }
 
+QStringList TableDef::columnNames() const
+{
+    QStringList names;
+    for (const ColumnDef &column : columns)
+        names += column.name;
+    return names;
+}
+
 const TableDef *Catalog::find(QAnyStringView name) const
 {
     const auto found = m_index.constFind(folded(name));
@@ -23,21 +31,6 @@ const TableDef *Catalog::find(QAnyStringView name) const
 
 void Catalog::add(TableDef table)
 {
-    // A table made anew takes the former one's place.
-    remove(table.Name);
     m_index.insert(folded(table.Name), int(m_tables.size()));
     m_tables.push_back(std::move(table));
-}
-
-void Catalog::remove(QAnyStringView name)
-{
-    const auto found = m_index.constFind(folded(name));
-    if (found == m_index.constEnd())
-        return;
-    // The tables behind it move up, and the index with them.
-    const int position = *found;
-    m_tables.erase(m_tables.begin() + position);
-    m_index.erase(found);
-    for (int &other : m_index)
-        other -= other > position;
 }

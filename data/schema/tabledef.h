@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QHash>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 /// The column types of the engine. An AutoNumber is a Long with `autoNumber` set.
@@ -26,15 +26,15 @@ public:
 
     /// Position of a column by its name in any case, or -1.
     int indexOf(QAnyStringView column) const;
+    QStringList columnNames() const;
 };
 
-/// The tables of one database, found by name in any case. Changes whenever a statement makes or drops a table.
+/// The tables of one database, found by name in any case.
 class Catalog
 {
 public:
     const TableDef *find(QAnyStringView name) const;
     void add(TableDef table);
-    void remove(QAnyStringView name);
     const std::vector<TableDef> &tables() const { return m_tables; }
 
 private:

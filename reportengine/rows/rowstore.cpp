@@ -61,15 +61,6 @@ void RowStore::append(Column &column, FieldType type, const Value &value)
     column.textIds.push_back(id);
 }
 
-int RowStore::fieldIndex(const QString &name) const
-{
-    for (size_t i = 0; i < m_dataset.size(); ++i) {
-        if (m_dataset[i].name.compare(name, Qt::CaseInsensitive) == 0)
-            return int(i);
-    }
-    return -1;
-}
-
 Value RowStore::value(int row, int field) const
 {
     const Column &column = m_columns[field];

@@ -19,8 +19,6 @@ public:
 
     const Dataset &dataset() const { return m_dataset; }
     int rowCount() const { return m_rowCount; }
-    /// The field's index, by name in any case; -1 when there is none.
-    int fieldIndex(const QString &name) const;
 
     /// Null, a Double, a Date or a text, by the field's type.
     Value value(int row, int field) const;

@@ -263,12 +263,6 @@ LayoutObject wrapping(LayoutObject object, int maxLines)
     return object;
 }
 
-LayoutObject named(const QString &name, LayoutObject object)
-{
-    object.name = name;
-    return object;
-}
-
 QString countOf(const QString &count, const QString &thing)
 {
     return "ToText(" + count + ", 0) & (if " + count + " = 1 then \" " + thing + "\" else \" " + thing + "s\")";

@@ -27,8 +27,6 @@ constexpr int AllLines = 24;
 
 /// The same object, its text broken into lines where it is too long for one.
 LayoutObject wrapping(LayoutObject object, int maxLines = AllLines);
-/// The same object under a name, for routines.
-LayoutObject named(const QString &name, LayoutObject object);
 
 /// Formula text of a number of things: "1 part", "12 parts".
 QString countOf(const QString &count, const QString &thing);

@@ -78,19 +78,4 @@ TEST(Catalog, FindsTablesAndColumnsByTheirNamesInAnyCase)
     EXPECT_EQ(catalog.find(u"Ship"), nullptr);
 }
 
-TEST(Catalog, ForgetsATableThatIsRemovedAndStillFindsTheOthers)
-{
-    Catalog catalog = wholeCatalog();
-    const std::size_t count = catalog.tables().size();
-    catalog.remove(u"customer");
-    catalog.remove(u"Nosuch");
-    EXPECT_EQ(catalog.tables().size(), count - 1);
-    EXPECT_EQ(catalog.find(u"Customer"), nullptr);
-    for (const TableDef &table : catalog.tables())
-        EXPECT_EQ(catalog.find(table.Name), &table);
-    catalog.add({"PART", {}});
-    EXPECT_EQ(catalog.tables().size(), count - 1);
-    EXPECT_EQ(catalog.find(u"Part")->Name, "PART");
-}
-
 } // namespace

@@ -245,7 +245,8 @@ TEST(Texts, MayBeSetOrHiddenOnceThePagesAreMadeAndRowsBeThrownAway)
 {
     Layout layout = grouped();
     layout.parameters = {{"txtNote", "early"}};
-    layout.sections[0].objects = {named("txtHead", text({0, 0, 50, 0}, "HEAD")), shown("{?txtNote}", 60)};
+    layout.sections[0].objects = {text({0, 0, 50, 0}, "HEAD"), shown("{?txtNote}", 60)};
+    layout.sections[0].objects[0].name = "txtHead";
     const auto report = reportOver(layout, inRegions({"A"}));
     EXPECT_EQ(pageTexts(*report).first(), "HEAD|early|+A|1|=1|all 1|1|Page 1 of 1");
     report->object("txtNote").SetText("late");

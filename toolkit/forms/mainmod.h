@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/dao/database.h"
+#include "data/schema/schema.h"
 #include <QString>
 #include <memory>
 
@@ -16,7 +17,7 @@ extern bool gOrderNavigatorOpen; ///< True while frmOrderNavigator is loaded
 extern bool gShipmentNavigatorOpen;
 
 /// The connect string of every connection the program opens, password included.
-inline constexpr QLatin1String DatabaseConnect(";pwd=QZV");
+inline constexpr QLatin1String DatabaseConnect = Schema::Connect;
 
 /// Reads the settings file into the settings, which lies in the program's folder as `config.txt`. Errors 53, 62,
 /// 75, 76.

@@ -46,8 +46,10 @@ bool handOut(Report &report, int)
             promise("paper " + parameter.text);
     }
     const RowStore &rows = report.rows();
-    if (report.layout().title == u"Packing Slip")
-        promise("slip " + rows.value(0, rows.fieldIndex("SHIPMENT.ID")).toText());
+    for (size_t field = 0; report.layout().title == u"Packing Slip" && field < rows.dataset().size(); ++field) {
+        if (rows.dataset()[field].name == u"SHIPMENT.ID")
+            promise("slip " + rows.value(0, int(field)).toText());
+    }
     return true;
 }
 

@@ -42,12 +42,8 @@ void RowEdit::makeRowsFindable(const ErrorContext &context)
 
 qint64 RowEdit::add(const std::vector<std::optional<Value>> &values, bool tell, const ErrorContext &context)
 {
-    if (m_addSql.isEmpty()) {
-        QStringList columns;
-        for (const ColumnDef &column : m_table.columns)
-            columns += column.name;
-        m_addSql = Tables::insertStatement(m_table.Name, columns);
-    }
+    if (m_addSql.isEmpty())
+        m_addSql = Tables::insertStatement(m_table.Name, m_table.columnNames());
     Parameters parameters;
     for (const std::optional<Value> &value : values)
         parameters.push_back(parameterOf(*value));

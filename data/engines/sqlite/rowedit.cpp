@@ -23,12 +23,8 @@ std::unique_ptr<engine::Rows> SqliteRowEdit::read(qint64 row, bool, const ErrorC
 
 qint64 SqliteRowEdit::add(const std::vector<std::optional<Value>> &values, bool, const ErrorContext &context)
 {
-    if (m_addSql.isEmpty()) {
-        QStringList columns;
-        for (const ColumnDef &column : m_table.columns)
-            columns += column.name;
-        m_addSql = Tables::insertStatement(m_table.Name, columns);
-    }
+    if (m_addSql.isEmpty())
+        m_addSql = Tables::insertStatement(m_table.Name, m_table.columnNames());
     PreparedStatement insert = m_connection.prepare(m_addSql, context);
     for (size_t i = 0; i < values.size(); ++i)
         insert.bind(int(i) + 1, *values[i]);
