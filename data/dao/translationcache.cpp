@@ -2,8 +2,8 @@
 
 namespace {
 
-/// Translations of one fingerprint that are kept.
-/// A routine that glues numbers into its SELECT list makes another one at each run; the oldest goes.
+/// Translations of one fingerprint that are kept. A routine that glues numbers into its SELECT list makes another one
+/// at each run; the oldest goes.
 constexpr size_t maxVariants = 16;
 
 bool sameConstant(const jetsql::Token &a, const jetsql::Token &b)

@@ -126,8 +126,8 @@ void makeParts(Company &company, Random &random)
         priceOnSheets(company.parts.back(), company.sheets, random);
     }
     retireSome(company.parts, random);
-    // The plant stocks everything, the others what sells there.
-    // A large company has more warehouses, and each a smaller part of the catalogue.
+    // The plant stocks everything, the others what sells there. A large company has more warehouses, and each a smaller
+    // part of the catalogue.
     const int share = scale < 10 ? 650 : 250;
     for (size_t warehouse = 0; warehouse < company.warehouses.size(); ++warehouse) {
         company.carried.emplace_back();

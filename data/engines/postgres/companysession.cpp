@@ -11,10 +11,10 @@ const ErrorContext Opening{ErrorContext::Opening, {}, {}};
 
 void postgres::setUp(PGconn *connection, const Uri &uri, int lockMilliseconds)
 {
+    // Notices reach nobody. Compiled plans and helping processes cost more than statements this short can gain, and
+    // helpers would add Doubles up in another order at each run. What comes back is read by its form: dates, and
+    // numbers to their last digit.
     run(connection,
-        // Notices reach nobody. Compiled plans and helping processes cost more than statements this short can gain, and
-        // helpers would add Doubles up in another order at each run. What comes back is read by its form: dates, and
-        // numbers to their last digit.
         "SET client_min_messages = error; SET jit = off; SET max_parallel_workers_per_gather = 0; "
         "SET work_mem = '48MB'; SET DateStyle = 'ISO, MDY'; SET extra_float_digits = 1; "
         "SET standard_conforming_strings = on; SET search_path = public; SET synchronous_commit = off; "
