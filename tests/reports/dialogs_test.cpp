@@ -99,14 +99,15 @@ TEST_F(Dialogs, SelectionsListTheNewestFirstAndPrintTheOnePicked)
         addShipment(order, {shipped});
     const struct
     {
-        const char *form, *entries, *picked;
+        const char *form, *entries, *picked, *title;
         int column;
         const char *value;
     } selections[] = {
-        {"frmPickTicket", "Acme Rail - A-1|Birch Mill - B-1", "Birch Mill - B-1", 2, "B-1"},
-        {"frmPackingSlip", "2|1", "1", 19, "2"},
-        {"frmAdjustmentControlReport", "2 - 2/1/2010|1 - 2/1/2010", "1 - 2/1/2010", 5, "-5"},
-        {"frmTransferControlReport", "1 - 2/1/2010", "1 - 2/1/2010", 6, "5"},
+        {"frmPickTicket", "Acme Rail - A-1|Birch Mill - B-1", "Birch Mill - B-1", "Pick Ticket, order ID 1", 2, "B-1"},
+        {"frmPackingSlip", "2|1", "1", "Packing Slip, shipment 1", 19, "2"},
+        {"frmAdjustmentControlReport", "2 - 2/1/2010|1 - 2/1/2010", "1 - 2/1/2010", "Adjustment Control Report 1", 5,
+         "-5"},
+        {"frmTransferControlReport", "1 - 2/1/2010", "1 - 2/1/2010", "Transfer Control Report 1", 6, "5"},
     };
     for (const auto &selection : selections) {
         SCOPED_TRACE(selection.form);
@@ -114,6 +115,7 @@ TEST_F(Dialogs, SelectionsListTheNewestFirstAndPrintTheOnePicked)
         EXPECT_EQ(entries(form, "cmbReport"), selection.entries);
         EXPECT_EQ(form.control<ComboBox>("cmbReport")->listIndex(), -1);
         form.act(QString("cmbReport: %1; btnPrint").arg(selection.picked));
+        EXPECT_EQ(window()->windowTitle(), selection.title);
         EXPECT_EQ(rows(selection.column, selection.column), QStringList(selection.value));
         EXPECT_FALSE(form.isLoaded());
 
@@ -141,6 +143,7 @@ TEST_F(Dialogs, AnInvoiceWithoutShipmentsIsRefused)
     EXPECT_EQ(viewers(), 0);
     FormDriver("frmInvoiceReport").act("cmbReport: 10; btnPrint");
     EXPECT_EQ(shown("txtInvoiceNumber txtInvoiceDate txtTerms"), "10|2/4/2010|Net 30") << "not the day of the reprint";
+    EXPECT_EQ(window()->windowTitle(), "Invoice 10");
 }
 
 TEST_F(Dialogs, AskForNumbers)

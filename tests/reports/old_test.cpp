@@ -60,8 +60,12 @@ TEST_F(OldReports, AvailabilityAddsUpOpeningsProductionTransfersAndSales)
     expectRuntimeError(3421, Reports::ReportAvailInvOld);
     EXPECT_EQ(mdi->windowTitle(), "Tamrick Inventory Managment - 4");
     write("moved.xlsx", {{"Date|Part|Qty|To", "|P-001|30|East", "|P-001|7", "", "|P-001|99|East"}});
-    for (const auto routine : {Reports::ReportAvailInvOld, Reports::ReportAvailInv2Old}) {
+    const std::pair<void (*)(), const char *> routines[] = {
+        {Reports::ReportAvailInvOld, "Available Inventory by Part"},
+        {Reports::ReportAvailInv2Old, "Available Inventory by Warehouse"}};
+    for (const auto &[routine, title] : routines) {
         routine();
+        EXPECT_EQ(window()->windowTitle(), title);
         EXPECT_EQ(rows(), QStringList({"-002|DG699|3", "P-|DG699|1", "P-001|DG699|80", "P-001|East|26"}));
         EXPECT_EQ(mdi->windowTitle(), "Tamrick Inventory Managment - 4");
     }

@@ -162,6 +162,7 @@ TEST_F(Stock, OpenOrdersShowOrderedBesideShipped)
     addOrder("B-1", "Birch Mill", {}, "Open", "North");
     addOrder("A-2", "Acme Rail", {}, "Closed");
     Reports::ReportOpenOrders();
+    EXPECT_EQ(window()->windowTitle(), "Open Orders");
     EXPECT_EQ(rows(0, 0), QStringList({"1", "1", "2"}));
     EXPECT_EQ(rows(15), QStringList({"1|AX-100|Axles|C1|10|7", "2|BR-200|Brackets|C2|5|", "|||||"}));
     EXPECT_EQ(database.rows("SELECT * FROM tmpShipped"), QStringList("1|1|7"));
@@ -171,13 +172,14 @@ TEST_F(Stock, ListingsStandInBlocksByStatus)
 {
     database.execute("UPDATE Part SET Status = 'InActive' WHERE PartNo = 'AX-100'");
     database.execute("UPDATE Customer SET Status = 'InActive' WHERE Customer = 'Acme Rail'");
-    const std::pair<void (*)(), QStringList> listings[] = {
-        {Reports::ReportPartListing, {"BR-200", "CX-300", "AX-100", "ZZ-900"}},
-        {Reports::ReportCustomerListing, {"Birch Mill", "Acme Rail", "Cobb Yard"}},
-        {Reports::ReportWarehouseListing, {"Main", "North", "Old"}},
+    const std::tuple<const char *, void (*)(), QStringList> listings[] = {
+        {"Part Listing", Reports::ReportPartListing, {"BR-200", "CX-300", "AX-100", "ZZ-900"}},
+        {"Customer Listing", Reports::ReportCustomerListing, {"Birch Mill", "Acme Rail", "Cobb Yard"}},
+        {"Warehouse Listing", Reports::ReportWarehouseListing, {"Main", "North", "Old"}},
     };
-    for (const auto &[routine, names] : listings) {
+    for (const auto &[title, routine, names] : listings) {
         routine();
+        EXPECT_EQ(window()->windowTitle(), title);
         EXPECT_EQ(rows(0, 0), names);
     }
 }
