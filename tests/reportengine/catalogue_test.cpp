@@ -39,12 +39,7 @@ void fillTexts(Report &report)
 
 std::unique_ptr<Report> reportOf(const Form &form, int count)
 {
-    auto report = std::unique_ptr<Report>(new Report(newReport(form.designer)));
-    MadeRows rows = sampleRows(form.designer, count);
-    for (const auto &[index, text] : form.formulas)
-        report->setFormulaText(index, text);
-    report->SetDataSource(rows);
-    report->ReadRecords();
+    auto report = reportOver(form.designer, sampleRows(form.designer, count), form.formulas);
     fillTexts(*report);
     for (const QString &name : form.hidden)
         report->object(name).setSuppress(true);

@@ -42,14 +42,21 @@ inline std::unique_ptr<Report> reportOver(Layout layout, MadeRows rows, Dataset 
     return report;
 }
 
-/// A designer of the catalogue over sample rows.
-inline std::unique_ptr<Report> sampleReport(const QString &designer, int rows)
+/// A designer of the catalogue over such rows, with formulas replaced before they are read.
+inline std::unique_ptr<Report> reportOver(const QString &designer, MadeRows rows,
+                                          const std::map<int, QString> &formulas = {})
 {
     auto report = std::unique_ptr<Report>(new Report(newReport(designer)));
-    MadeRows made = sampleRows(designer, rows);
-    report->SetDataSource(made);
+    for (const auto &[index, text] : formulas)
+        report->setFormulaText(index, text);
+    report->SetDataSource(rows);
     report->ReadRecords();
     return report;
+}
+
+inline std::unique_ptr<Report> sampleReport(const QString &designer, int rows)
+{
+    return reportOver(designer, sampleRows(designer, rows));
 }
 
 inline QStringList fieldsOf(const QString &designer)
@@ -63,7 +70,7 @@ inline QStringList fieldsOf(const QString &designer)
 /// A row by its fields; those that are not named are Null.
 using Row = std::map<QString, Value>;
 
-/// A design over hand-made rows, with formulas replaced before they are read and texts set afterwards.
+/// The same over hand-made rows, with texts set afterwards.
 inline std::unique_ptr<Report> reportOf(const QString &designer, const std::vector<Row> &rows,
                                         const std::map<QString, QString> &texts = {},
                                         const std::map<int, QString> &formulas = {})
@@ -76,11 +83,7 @@ inline std::unique_ptr<Report> reportOf(const QString &designer, const std::vect
             values.at(fields.indexOf(field)) = value;
         made.add(values);
     }
-    auto report = std::unique_ptr<Report>(new Report(newReport(designer)));
-    for (const auto &[index, text] : formulas)
-        report->setFormulaText(index, text);
-    report->SetDataSource(made);
-    report->ReadRecords();
+    auto report = reportOver(designer, made, formulas);
     for (const auto &[name, text] : texts)
         report->object(name).SetText(text);
     return report;
