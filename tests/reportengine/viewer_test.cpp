@@ -137,6 +137,7 @@ TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
                      .columns = {{.heading = "Name", .source = "\"A name to be wrapped \" & {Customer}", .width = 60},
                                  {.heading = "Region", .source = "{Region}", .width = 600}}}),
         MadeRows({"Region", "Customer"}, rows), datasetOf("Region T, Customer T")));
+    EXPECT_TRUE(find<QLabel>("pageTotal")->text().contains('+')) << "not all are known at first";
     QAbstractItemModel *groups = find<QTreeView>("groupTree")->model();
     const QAbstractItemModelTester tester(groups, QAbstractItemModelTester::FailureReportingMode::Fatal);
     QTRY_VERIFY(!find<QLabel>("pageTotal")->text().contains('+'));
@@ -374,6 +375,10 @@ TEST_F(ViewerTest, TheMouseSelectsTextAndDragsThePages)
     QTest::mouseDClick(window, Qt::LeftButton, {}, pointOf("Grand total", false));
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Grand total");
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    const QString all = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(all.startsWith("Sales\tTamrick\nCustomer\tQty\nBeta\t2\n") && all.endsWith("\tPage 1 of 1"));
 
     const int before = scrolled();
     const QPoint blank = m_view->mapTo(&m_viewer, QPoint(40, 300));
