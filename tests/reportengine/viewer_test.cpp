@@ -2,6 +2,7 @@
 #include "reportengine/viewer/crviewer.h"
 #include "reportengine/viewer/pageview.h"
 #include "reportengine/viewer/viewer.h"
+#include "reportengine/viewer/viewerbar.h"
 #include "tests/reportengine/reportfixture.h"
 #include "tests/support/boxes.h"
 #include "toolkit/controls/statusline.h"
@@ -117,6 +118,8 @@ TEST_F(ViewerTest, FillsItsWindowWithItsOwnReportAndWritesIt)
     EXPECT_TRUE(isShown([](const QColor &pixel) { return pixel.lightness() < 80; })) << "there is text on the page";
     EXPECT_EQ(find<QLabel>("pageTotal")->text().trimmed(), "of 1");
     EXPECT_GT(other.viewer()->pageCount(), 1);
+    m_viewer.findChild<ViewerBar *>()->showPage(0, 3, false);
+    EXPECT_EQ(find<QLabel>("pageTotal")->text().trimmed(), "of 3+") << "while pages are counted";
 
     QTemporaryDir folder;
     for (const char *suffix : {"pdf", "xlsx", "csv", "doc"}) {
@@ -137,7 +140,6 @@ TEST_F(ViewerTest, CountsThePagesOfALongReportWhileItIsReadAndItsGroupsWithThem)
                      .columns = {{.heading = "Name", .source = "\"A name to be wrapped \" & {Customer}", .width = 60},
                                  {.heading = "Region", .source = "{Region}", .width = 600}}}),
         MadeRows({"Region", "Customer"}, rows), datasetOf("Region T, Customer T")));
-    EXPECT_TRUE(find<QLabel>("pageTotal")->text().contains('+')) << "not all are known at first";
     QAbstractItemModel *groups = find<QTreeView>("groupTree")->model();
     const QAbstractItemModelTester tester(groups, QAbstractItemModelTester::FailureReportingMode::Fatal);
     QTRY_VERIFY(!find<QLabel>("pageTotal")->text().contains('+'));
