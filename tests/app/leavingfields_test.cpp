@@ -173,7 +173,7 @@ TEST_P(LeavingFields, WindowStatesTitlesLabelsAndOtherProgramsLeaveNoField)
         {"minimise", [&] { hand.mark(window(), QStyle::SC_TitleBarMinButton); }},
         {"another program while minimised", [&] { anotherProgram(); }},
         {"restore a minimised window", [&] { hand.mark(window(), QStyle::SC_TitleBarNormalButton); }},
-        {"maximise by a double-click on the title", [&] { hand.doubleClick(window(), Hand::titleOf(window())); }},
+        {"maximise by a double-click on the title", [&] { hand.click(window(), Hand::titleOf(window()), true); }},
         {"another program", [&] { anotherProgram(); }},
         {"a menu opened and closed",
          [&] {

@@ -155,6 +155,7 @@ protected:
     }
     static void expectControls(const Form *form, const Entry &entry)
     {
+        EXPECT_EQ(form->objectName(), entry.opens);
         EXPECT_EQ(form->windowTitle(), entry.title);
         EXPECT_TRUE(form->isVisible());
         for (QGroupBox *frame : form->findChildren<QGroupBox *>())

@@ -190,7 +190,7 @@ TEST_F(WindowsTest, TheAboutWindowTellsTheVersionKeepsItsSizeAndMissesASystemInf
     EXPECT_EQ(about.shows("lblTitle lblVersion cmdSysInfo"),
               "Inventory Management Software|Version 1.7 3/30/2011|&System Info...");
     const QRect before = window->geometry();
-    hand.doubleClick(window, Hand::titleOf(window));
+    hand.click(window, Hand::titleOf(window), true);
     hand.drag(window, window->rect().bottomRight() - QPoint(1, 1), window->rect().bottomRight() + QPoint(80, 60));
     EXPECT_EQ(window->geometry(), before);
     EXPECT_FALSE(window->isMaximized());
@@ -208,7 +208,7 @@ TEST_F(WindowsTest, CtrlWClosesNoFormAndIsACharacterLikeAnyOtherInATypeAheadBox)
     hand.key(Qt::Key_W, Qt::ControlModifier);
     settle();
     ASSERT_TRUE(form.isLoaded());
-    hand.keys("N");
+    hand.key(Qt::Key_N);
     EXPECT_EQ(form.text("cmbWarehouse"), "") << "searched with what was typed before it";
 }
 

@@ -24,18 +24,12 @@ QStyleOptionTitleBar titleBar(const QMdiSubWindow *window)
 }
 } // namespace
 
-void Hand::click(const QWidget *widget, QPoint place)
+void Hand::click(const QWidget *widget, QPoint place, bool twice)
 {
     QWindow *window = widget->window()->windowHandle();
     QTest::mouseMove(window, inWindow(widget, place));
-    QTest::mouseClick(window, Qt::LeftButton, {}, inWindow(widget, place));
-}
-
-void Hand::doubleClick(const QWidget *widget, QPoint place)
-{
-    QWindow *window = widget->window()->windowHandle();
-    QTest::mouseMove(window, inWindow(widget, place));
-    QTest::mouseDClick(window, Qt::LeftButton, {}, inWindow(widget, place));
+    QTest::mouseEvent(twice ? QTest::MouseDClick : QTest::MouseClick, window, Qt::LeftButton, {},
+                      inWindow(widget, place));
 }
 
 void Hand::drag(const QWidget *widget, QPoint from, QPoint to)
@@ -56,12 +50,6 @@ void Hand::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(m_main->windowHandle(), key, modifiers);
     if (modifiers & Qt::ControlModifier)
         QTest::keyRelease(m_main->windowHandle(), Qt::Key_Control);
-}
-
-void Hand::keys(const QString &text)
-{
-    for (const QChar character : text)
-        QTest::keyClick(m_main->windowHandle(), character.toLatin1());
 }
 
 void Hand::menu(const QStringList &path)

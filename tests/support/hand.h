@@ -12,12 +12,10 @@ public:
 
     /// Clicks in the middle of a widget, or at a place of its own coordinates.
     void click(const QWidget *widget) { click(widget, widget->rect().center()); }
-    void click(const QWidget *widget, QPoint place);
-    void doubleClick(const QWidget *widget, QPoint place);
+    void click(const QWidget *widget, QPoint place, bool twice = false);
     void drag(const QWidget *widget, QPoint from, QPoint to);
     /// Presses a key in the window that is active.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void keys(const QString &text);
     /// Chooses an entry of the main window's menu by the menu controls' names, its groups first: {"Orders", "OrdNav"}.
     void menu(const QStringList &path);
     /// Clicks on a mark of a child window's title bar, or of the menu bar when the window is maximised.
