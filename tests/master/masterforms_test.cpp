@@ -94,7 +94,7 @@ TEST_F(MasterForms, ShowOrBlankTheirFieldsAtEveryKeyOfTheName)
     FormDriver customer("frmCustomerEntry");
     for (const auto &[form, list, entry, field, shown] :
          {std::tuple{"frmCustomerEntry", "cmbCustomer", "Ac", "txtTerms", "Net"},
-          {"frmPartEntry", "cmbPartNo", "B-10", "cmbVendor", "Smith"},
+          {"frmPartEntry", "cmbPartNo", "B-1", "cmbCategory", "bolts"},
           {"frmWarehouseEntry", "cmbWarehouse", "North", "txtContact", "Ann"}}) {
         FormDriver user(form);
         user.choose(list, entry);
