@@ -72,6 +72,12 @@ TEST_F(GoingOut, WhatWasWrittenOrReadIsSafeBeforeABoxADocumentOrAnExport)
             EXPECT_TRUE(database.isOnServer() || syncs == 1) << "synced again, with nothing new";
         }
     }
+    database.execute(QString("UPDATE Part SET Cost = %1").arg(++round));
+    syncs = 0;
+    QCoreApplication::postEvent(qApp, new QEvent(QEvent::User));
+    QCoreApplication::processEvents();
+    notice();
+    EXPECT_TRUE(safe) << "an event routine that wrote has ended";
     setPrintDestination({});
 }
 
