@@ -117,6 +117,7 @@ TEST_F(WindowsTest, TheStripHasAButtonForEachWindowAndBringsItBack)
     order->showMinimized();
     settle();
     hand.click(strip()[0]);
+    hand.click(strip()[0]); // the active window stays so, and its button pressed
     settle();
     EXPECT_FALSE(order->isMinimized());
     EXPECT_EQ(area()->activeSubWindow(), order);
@@ -141,6 +142,12 @@ TEST_F(WindowsTest, ManyButtonsShareTheStripAndWidenNothing)
         EXPECT_TRUE(button->parentWidget()->rect().contains(button->geometry()));
         EXPECT_GE(button->width(), 40);
     }
+    buttons[0]->setFixedWidth(60);
+    const auto painted = [&](const char *title) {
+        buttons[0]->setText(title);
+        return buttons[0]->grab().toImage();
+    };
+    EXPECT_NE(painted("&"), painted(" ")) << "an ampersand is seen";
 }
 
 TEST_F(WindowsTest, TheStripsMenuPutsWindowsInOrderAndClosesReportsOnly)
