@@ -50,6 +50,8 @@ TEST_F(CheckTest, HoldsTheSettingsAgainstTheDatabase)
         with(head + "Moon" + tail).out,
         "config.txt: the default warehouse is not an active one, which ends order entry (error 383): Moon does not "
         "exist\n");
+    open(path("sound.db"))->Execute("UPDATE Warehouse SET Status = 'InActive' WHERE Warehouse = '" + known + '\'');
+    EXPECT_TRUE(with(head + known + tail).out.endsWith(": " + known + " is InActive\n"));
     EXPECT_EQ(with(head + "Moon").out.section(':', 0, 1),
               "config.txt: ends too early, which ends the program at its start");
 }
