@@ -93,8 +93,6 @@ void DatabaseData::run(const BoundTranslation &translated, const ErrorContext &c
 void DatabaseData::make(const BoundTranslation &translated, const ErrorContext &context)
 {
     const TableDef &table = translated->newTable;
-    if (m_catalog.find(table.Name))
-        throw runtimeError(3010, {table.Name}, context.statement);
     const bool filled = translated->kind == StatementKind::SelectInto;
     // A copy is made without a key, since the numbers copied need not be unique; a table made empty numbers its rows
     // itself.
