@@ -15,6 +15,19 @@ QString fixture(const char *file)
     return QString(TAMRICK_TEST_DATA) + "/reports/workbooks/" + file;
 }
 
+QByteArray fixtureContent(const char *file)
+{
+    QFile fixture_(fixture(file));
+    return fixture_.open(QIODevice::ReadOnly) ? fixture_.readAll() : QByteArray();
+}
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
 /// A row's cells from the first column on; "!13" for one that raises that error.
 QStringList row(const Workbook &workbook, int number, int columns)
 {
@@ -53,6 +66,21 @@ TEST(WorkbookCells, ReadFromFilesOfBefore1997)
 {
     EXPECT_EQ(row(Workbook::open(fixture("kinds95.xls")), 1, 10),
               QStringList({"café", "12.5", "12.3457", "2/14/2003 12:00:00 PM", "ab", "!13", "True", "12.34", "5", ""}));
+}
+
+// Some office programs count days from 1900, others from 1904; the file tells which.
+TEST(WorkbookCells, AreDatesFourYearsLaterInABookThatCountsFrom1904)
+{
+    QByteArray xls = fixtureContent("kinds.xls");
+    xls[xls.indexOf(QByteArray("\x22\0\2\0\0\0", 6)) + 4] = 1;
+    Parts xlsx = xlsxParts("<row r='1'><c r='I1' s='1'><v>37666</v></c></row>",
+                           "<cellXfs><xf numFmtId='0'/><xf numFmtId='14'/></cellXfs>");
+    xlsx["b.xml"].replace("<sheets>", "<workbookPr date1904='1'/><sheets>");
+    const QTemporaryDir folder;
+    for (const auto &[name, content] : {std::pair("book.xls", xls), std::pair("book.xlsx", zipped(xlsx))}) {
+        write(folder.filePath(name), content);
+        EXPECT_EQ(Workbook::open(folder.filePath(name)).text(1, 1, 9), "2/15/2007") << name;
+    }
 }
 
 TEST(WorkbookCells, ReadAsTextWithoutTheirFormatWhereverTheTextsStand)
@@ -104,12 +132,6 @@ TEST(WorkbookCells, TellDatesFromOtherNumbersByTheirFormat)
                  {164, "0\"unclosed", NumberKind::Plain}};
     for (const auto &c : cases)
         EXPECT_EQ(kindOfNumberFormat(c.identifier, c.format), c.kind) << c.format;
-}
-
-QByteArray fixtureContent(const char *file)
-{
-    QFile fixture_(fixture(file));
-    return fixture_.open(QIODevice::ReadOnly) ? fixture_.readAll() : QByteArray();
 }
 
 /// An .xls file's record.
@@ -237,10 +259,7 @@ TEST(WorkbookFiles, AreBrokenBeyondTheLimitsOfTheirFormats)
     const QTemporaryDir folder;
     for (const auto &row : cases) {
         const QString path = folder.filePath(QString("book.") + row.suffix);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(row.content);
-        file.close();
+        write(path, row.content);
         QString text;
         EXPECT_EQ(errorNumberOf([&] { text = Workbook::open(path).text(1, 1, 1); }), row.sound ? 0 : 432)
             << row.suffix << ": " << row.what;
