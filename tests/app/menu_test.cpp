@@ -30,20 +30,17 @@ const Entry entries[] = {
     {0, "Orders", "Orders"},
     {1, "OrdNav", "Order Navigator", "frmOrderNavigator", "Order Navigator",
      "cmbWarehouse+ cmbCustomer+ cmbStatus txtOrderNumber chkOrderDate dtStartDate dtEndDate btnFind btnClear "
-     "btnAddNew "
-     "btnExit vsfgOrders vsfgItems"},
+     "btnAddNew btnExit vsfgOrders vsfgItems"},
     {1, "OrderEntry", "Order Entry", "frmOrderEntry", "Order Entry",
      "cmbCustomer+ txtOrderNumber dtOrderDate dtDueDate cmbWarehouse+ txtShipTo txtAddress1 txtAddress2 txtCity "
-     "txtState "
-     "txtZip txtPhone txtFax chkDropShip txtFreight cmbPart+ txtQty txtPriceEach txtCustomerNumber btnSaveItem "
-     "btnDeleteItem vsfgItems btnClose btnOpenOrder btnVoidOrder btnSave btnExit"},
+     "txtState txtZip txtPhone txtFax chkDropShip txtFreight cmbPart+ txtQty txtPriceEach txtCustomerNumber "
+     "btnSaveItem btnDeleteItem vsfgItems btnClose btnOpenOrder btnVoidOrder btnSave btnExit"},
     {0, "Shipping", "Shipping"},
     {1, "ShipmentNav", "Shipment Navigator", "frmShipmentNavigator", "Shipment Navigator",
      "cmbCustomer+ txtOrderNumber chkShipDate dtStartDate dtEndDate btnFind btnClear btnExit vsfgShipments vsfgItems"},
     {1, "ShipmentEntry", "Shipment Entry", "frmShipmentEntry", "Shipment Entry",
      "cmbCustomer+ cmbOrder+ txtID dtDate txtShipVia txtFreight txtAdjustment txtShipTo txtAddress1 txtAddress2 "
-     "txtCity "
-     "txtState txtZip vsfgItems btnShipAll btnSave btnExit"},
+     "txtCity txtState txtZip vsfgItems btnShipAll btnSave btnExit"},
     {0, "AR", "AR"},
     {1, "CreateInvoices", "Create Invoices", "frmCreateInvoices", "Create Invoices",
      "cmbCustomer+ dtCutoff dtDate btnPrint btnCancel"},
