@@ -73,7 +73,7 @@ bool frmCreateInvoices::allCustomers() const
     return cmbCustomer->text() == AllCustomers;
 }
 
-// A shipment whose order is gone has no customer and sorts first; reading its Null name as a text is error 94.
+/// A shipment whose order is gone has no customer and sorts first; reading its Null name as a text is error 94.
 QString frmCreateInvoices::shipmentStatement() const
 {
     const QString cutoff = dtCutoff->value().toText();
@@ -121,7 +121,7 @@ frmCreateInvoices::Conditions frmCreateInvoices::conditionsOf(const QString &cus
     return conditions;
 }
 
-// Behind the invoice's row: stopped in between, the shipments are billed again by the next run.
+/// Behind the invoice's row: stopped in between, the shipments are billed again by the next run.
 void frmCreateInvoices::markInvoiced(const QString &shipmentIDs)
 {
     for (const QString &id : shipmentIDs.split(", ")) {

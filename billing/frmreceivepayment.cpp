@@ -56,7 +56,7 @@ void frmReceivePayment::showBalance()
     txtBalance->setText(textOf(Val(txtAmount->text()) - adjusted - paid));
 }
 
-// Holds against the balance as the box shows it, and only when the box is left; the save looks at nothing again.
+/// Holds against the balance as the box shows it, and only when the box is left; the save looks at nothing again.
 void frmReceivePayment::txtPayment_LostFocus()
 {
     if (Val(txtBalance->text()) < Val(txtPayment->text())) {
@@ -66,14 +66,14 @@ void frmReceivePayment::txtPayment_LostFocus()
     }
 }
 
-// Starts from the invoice's amount again and leaves out what was paid before, so the balance can rise. Meant so.
+/// Starts from the invoice's amount again and leaves out what was paid before, so the balance can rise. Meant so.
 void frmReceivePayment::txtAdjustment_Change()
 {
     txtBalance->setText(textOf(Val(txtAmount->text()) - Val(txtAdjustment->text())));
 }
 
-// txtInvoiceID and the date stay: the date serves a batch of receipts, and a payment saved with no invoice number
-// goes to the invoice of the receipt before.
+/// txtInvoiceID and the date stay: the date serves a batch of receipts, and a payment saved with no invoice number
+/// goes to the invoice of the receipt before.
 void frmReceivePayment::btnSave_Click()
 {
     if (txtPayment->text().isEmpty())

@@ -20,15 +20,15 @@ void frmInventoryAdjust::fillWarehouses()
     fillCombo(cmbWarehouse, "SELECT * FROM Warehouse WHERE Status = 'Active' ORDER BY Warehouse", "Warehouse");
 }
 
-// Leaving the box empty again does not take the line entry away.
+/// Leaving the box empty again does not take the line entry away.
 void frmInventoryAdjust::cmbWarehouse_LostFocus()
 {
     if (!cmbWarehouse->text().isEmpty())
         enterLines();
 }
 
-// Runs whenever the focus leaves a filled box, so passing through the box of a loaded adjustment drops line
-// changes that were not saved.
+/// Runs whenever the focus leaves a filled box, so passing through the box of a loaded adjustment drops line
+/// changes that were not saved.
 void frmInventoryAdjust::txtID_LostFocus()
 {
     if (txtID->text().isEmpty())
@@ -50,8 +50,8 @@ void frmInventoryAdjust::txtID_LostFocus()
     lines.Close();
 }
 
-// Nothing of an earlier save is taken back: the lines are replaced, and all of them are posted to the ledger once more,
-// under the warehouse now shown. Only a rebuild puts the ledger right; both are meant.
+/// Nothing of an earlier save is taken back: the lines are replaced, and all of them are posted to the ledger once
+/// more, under the warehouse now shown. Only a rebuild puts the ledger right; both are meant.
 void frmInventoryAdjust::btnSave_Click()
 {
     if (vsfgAdjustment->rows() <= 1 || cmbWarehouse->text().isEmpty()) {

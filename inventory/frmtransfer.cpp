@@ -16,7 +16,7 @@ frmTransfer::frmTransfer()
     layOut({{"From", cmbFrom}, {"To", cmbTo}});
 }
 
-// One walk fills both lists, so that they hold the same warehouses.
+/// One walk fills both lists, so that they hold the same warehouses.
 void frmTransfer::fillWarehouses()
 {
     Recordset warehouses =
@@ -29,7 +29,7 @@ void frmTransfer::fillWarehouses()
     warehouses.Close();
 }
 
-// The two may be one warehouse; nothing objects, and the two postings of each line cancel out.
+/// The two may be one warehouse; nothing objects, and the two postings of each line cancel out.
 void frmTransfer::cmbFrom_LostFocus()
 {
     if (!cmbFrom->text().isEmpty() && !cmbTo->text().isEmpty())
@@ -94,7 +94,7 @@ void frmTransfer::btnSave_Click()
     unload();
 }
 
-// The halves keep their numbers for life: adjustments and registers know a transfer by these alone.
+/// The halves keep their numbers for life: adjustments and registers know a transfer by these alone.
 frmTransfer::Halves frmTransfer::editHeaders()
 {
     Recordset transfer = gDatabase->OpenRecordset("SELECT * FROM TransferHeader WHERE ID = " + txtID->text());
@@ -147,8 +147,8 @@ void frmTransfer::assignHeader(Recordset &header, const ComboBox *warehouse)
     header.Fields("Warehouse") = warehouse->text();
 }
 
-// The outgoing half takes the leading number of what was typed, the incoming half the text itself: a quantity that
-// is no number is 0 here and fails there.
+/// The outgoing half takes the leading number of what was typed, the incoming half the text itself: a quantity that
+/// is no number is 0 here and fails there.
 void frmTransfer::saveFromLines(const QString &FromID)
 {
     gDatabase->Execute("DELETE * FROM AdjustmentDetail WHERE AdjustmentID = " + FromID);

@@ -62,8 +62,8 @@ double availOf(const QString &sql)
 }
 } // namespace
 
-// Adds and never sets, so a document saved again counts again. The keys go into the text as they stand; should a pair
-// have two rows, the first one found is the ledger.
+/// Adds and never sets, so a document saved again counts again. The keys go into the text as they stand; should a pair
+/// have two rows, the first one found is the ledger.
 void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
 {
     Recordset rs =
@@ -84,8 +84,8 @@ void UpdateAvailInv(const QString &Whse, const QString &Part, qint16 Qty)
     rs.Close();
 }
 
-// Counts orders and no shipments: what is shipped has left the figure with its order line. The ledger is not asked, so
-// a rebuild changes nothing here.
+/// Counts orders and no shipments: what is shipped has left the figure with its order line. The ledger is not asked, so
+/// a rebuild changes nothing here.
 double GetAvailableQty(const QString &PartNo, const QString &Warehouse)
 {
     const double adjusted = availOf("SELECT SUM(Qty) AS Avail FROM AdjustmentHeader LEFT JOIN AdjustmentDetail ON "
@@ -108,7 +108,7 @@ QString GetOrderWarehouse(const QString &OrderID)
     return warehouse;
 }
 
-// Stopped half way it leaves the ledger half filled; there is no transaction, and the next rebuild repairs it.
+/// Stopped half way it leaves the ledger half filled; there is no transaction, and the next rebuild repairs it.
 void RebuildAvailInv()
 {
     if (!MsgBoxYesNo("Are you sure you want to rebuild the Available Inventory Report?", "Rebuild Confirmation"))

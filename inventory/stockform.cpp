@@ -23,8 +23,8 @@ StockForm::StockForm(const QString &name, const QString &caption, const QString 
     connect(btnExit, &QPushButton::clicked, this, &StockForm::unload);
 }
 
-// Parts, their categories and their costs stand in three lists with one index. Null in any of them is error 94:
-// categories are required, and costs have a default of 0.
+/// Parts, their categories and their costs stand in three lists with one index. Null in any of them is error 94:
+/// categories are required, and costs have a default of 0.
 void StockForm::formLoad()
 {
     const Hourglass hourglass;
@@ -42,7 +42,7 @@ void StockForm::formLoad()
     Frame2->setEnabled(false);
 }
 
-// Always a new line: a part may stand on several, and whether the quantity is a number is found out when it is saved.
+/// Always a new line: a part may stand on several, and whether the quantity is a number is found out when it is saved.
 void StockForm::btnUpdate_Click()
 {
     if (cmbPart->text().isEmpty() || txtAdjustment->text().isEmpty())
@@ -56,7 +56,7 @@ void StockForm::btnUpdate_Click()
     UpdateTotal();
 }
 
-// A saved document keeps what this line has done to the ledger.
+/// A saved document keeps what this line has done to the ledger.
 void StockForm::btnDelete_Click()
 {
     if (vsfgAdjustment->row() < 1)
@@ -79,8 +79,8 @@ void StockForm::enterLines()
     setFocusTo(cmbPart);
 }
 
-// Lines come without their cost, which nothing reads. A header without lines gives one blank line, as the outer join
-// has one row of Nulls.
+/// Lines come without their cost, which nothing reads. A header without lines gives one blank line, as the outer join
+/// has one row of Nulls.
 void StockForm::showLines(Recordset &lines)
 {
     prepareGrid();

@@ -101,15 +101,15 @@ void frmCustomerEntry::formLoad()
     m_record.fillKeys();
 }
 
-// Runs at every key typed into the name, so the form is blanked and filled again as each prefix happens to be a
-// customer or not, and an apostrophe fails at the key that types it.
+/// Runs at every key typed into the name, so the form is blanked and filled again as each prefix happens to be a
+/// customer or not, and an apostrophe fails at the key that types it.
 void frmCustomerEntry::ShowCustomer()
 {
     m_record.show();
 }
 
-// An empty box is no number either, so it cannot be left empty once it was entered. The title says Terms all the same;
-// staff know the box by it.
+/// An empty box is no number either, so it cannot be left empty once it was entered. The title says Terms all the same;
+/// staff know the box by it.
 void frmCustomerEntry::txtDays_LostFocus()
 {
     if (IsNumeric(txtDays->text()))
@@ -118,8 +118,8 @@ void frmCustomerEntry::txtDays_LostFocus()
     setFocusTo(txtDays);
 }
 
-// Asks only what is empty. Whether the days are a number was asked when their box was left; of a record saved without
-// entering it they go back as they came.
+/// Asks only what is empty. Whether the days are a number was asked when their box was left; of a record saved without
+/// entering it they go back as they came.
 void frmCustomerEntry::btnSave_Click()
 {
     if (cmbCustomer->text().isEmpty() || cmbStatus->text().isEmpty() || txtTerms->text().isEmpty() ||

@@ -74,7 +74,7 @@ void frmPartEntry::formLoad()
     m_record.fillKeys();
 }
 
-// Vendors may be Null, which a list does not take; categories are required and cannot be.
+/// Vendors may be Null, which a list does not take; categories are required and cannot be.
 void frmPartEntry::fillVendors()
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT DISTINCT Vendor FROM Part Order By Vendor");
@@ -86,13 +86,13 @@ void frmPartEntry::fillVendors()
     rs.Close();
 }
 
-// Runs at every key, so a shorter number that exists is shown on the way to the longer one.
+/// Runs at every key, so a shorter number that exists is shown on the way to the longer one.
 void frmPartEntry::ShowPart()
 {
     m_record.show();
 }
 
-// Numbers are not looked at: what a column cannot hold fails when it is written.
+/// Numbers are not looked at: what a column cannot hold fails when it is written.
 void frmPartEntry::btnSave_Click()
 {
     if (cmbPartNo->text().isEmpty() || cmbStatus->text().isEmpty() || cmbCategory->text().isEmpty()) {

@@ -64,7 +64,7 @@ void frmWarehouseEntry::ShowWarehouse()
     m_record.show();
 }
 
-// Any name typed has filled the status, so only an empty name brings the box up.
+/// Any name typed has filled the status, so only an empty name brings the box up.
 void frmWarehouseEntry::btnSave_Click()
 {
     if (cmbWarehouse->text().isEmpty() || cmbStatus->text().isEmpty()) {

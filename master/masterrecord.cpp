@@ -39,27 +39,27 @@ Value valueIn(const QWidget *control)
 }
 } // namespace
 
-// In the spelling that every list of active records asks for.
+/// In the spelling that every list of active records asks for.
 void MasterRecord::fillStatus() const
 {
     m_status->addItem("Active");
     m_status->addItem("InActive");
 }
 
-// Active or not: what was retired is still found, and made active again here.
+/// Active or not: what was retired is still found, and made active again here.
 void MasterRecord::fillKeys() const
 {
     fillCombo(m_key.box, QString("SELECT * FROM ") + m_key.table + " ORDER BY " + m_key.column, m_key.column);
 }
 
-// The key goes in as typed: an apostrophe breaks the statement at the key that types it. Meant, as everywhere.
+/// The key goes in as typed: an apostrophe breaks the statement at the key that types it. Meant, as everywhere.
 Recordset MasterRecord::find() const
 {
     return gDatabase->OpenRecordset(QString("SELECT * FROM ") + m_key.table + " WHERE " + m_key.column + " = '" +
                                     m_key.box->text() + "'");
 }
 
-// An empty key leaves everything as it stands. An unknown one blanks the form, with the status already filled in.
+/// An empty key leaves everything as it stands. An unknown one blanks the form, with the status already filled in.
 void MasterRecord::show() const
 {
     if (m_key.box->text().isEmpty())
@@ -76,8 +76,8 @@ void MasterRecord::show() const
     rs.Close();
 }
 
-// Whether the key exists decides between a new row and a change, without a question; a name typed otherwise makes a
-// second record. The key is found in any case, and a form that writes it on a change stores the new spelling.
+/// Whether the key exists decides between a new row and a change, without a question; a name typed otherwise makes a
+/// second record. The key is found in any case, and a form that writes it on a change stores the new spelling.
 void MasterRecord::save() const
 {
     Recordset rs = find();

@@ -34,8 +34,8 @@ void frmOrderEntry::formLoad()
     RefreshGrid();
 }
 
-// Categories and prices stand in two hidden lists at the part's index. The prices are those of this moment: one changed
-// meanwhile reaches the form when it is loaded again.
+/// Categories and prices stand in two hidden lists at the part's index. The prices are those of this moment: one
+/// changed meanwhile reaches the form when it is loaded again.
 void frmOrderEntry::loadParts()
 {
     Recordset rs =
@@ -69,7 +69,7 @@ void frmOrderEntry::cmbCustomer_Click()
     rs.Close();
 }
 
-// Informs and stops nobody.
+/// Informs and stops nobody.
 void frmOrderEntry::cmbCustomer_LostFocus()
 {
     txtOverDue->setText(textOf(OverdueBalance(cmbCustomer->text())));
@@ -80,7 +80,7 @@ void frmOrderEntry::chkDropShip_Click()
     txtFreight->setEnabled(chkDropShip->isChecked());
 }
 
-// The three buttons change what the form shows; the save writes it.
+/// The three buttons change what the form shows; the save writes it.
 void frmOrderEntry::btnClose_Click()
 {
     if (MsgBoxYesNo("Are you sure you want to close this order?", "Close Order Confirmations"))
@@ -99,7 +99,7 @@ void frmOrderEntry::btnVoidOrder_Click()
         lblStatus->setText("Void");
 }
 
-// Customers and orders name these columns alike.
+/// Customers and orders name these columns alike.
 void frmOrderEntry::showShipTo(const Recordset &rs)
 {
     txtShipTo->setText(rs.Fields("ShipTo").joined());
@@ -112,7 +112,7 @@ void frmOrderEntry::showShipTo(const Recordset &rs)
     txtFax->setText(rs.Fields("ShipToFax").joined());
 }
 
-// The order total is left alone: an order opened again shows the stored one until a line changes.
+/// The order total is left alone: an order opened again shows the stored one until a line changes.
 void frmOrderEntry::RefreshGrid()
 {
     vsfgItems->setRows(0);
@@ -134,8 +134,8 @@ void frmOrderEntry::RefreshGrid()
     formatGrid(vsfgItems, {PriceEach, PriceExt});
 }
 
-// An unknown order leaves the fields as they are. A customer or a warehouse that has been retired since is in no list,
-// and the text set is error 383.
+/// An unknown order leaves the fields as they are. A customer or a warehouse that has been retired since is in no list,
+/// and the text set is error 383.
 void frmOrderEntry::OpenOrder(qint16 ID)
 {
     Recordset rs = gDatabase->OpenRecordset("SELECT * FROM Orders WHERE ID = " + QString::number(ID));
@@ -172,7 +172,7 @@ void frmOrderEntry::OpenOrder(qint16 ID)
 // The lines. They live in the grid until the order is saved. The number in a row's first column is the row's index;
 // changing a line relies on it and deleting one keeps it.
 
-// Runs whenever the box is left, so passing through it again overwrites a price typed by hand.
+/// Runs whenever the box is left, so passing through it again overwrites a price typed by hand.
 void frmOrderEntry::cmbPart_LostFocus()
 {
     const Hourglass hourglass;
@@ -190,13 +190,13 @@ void frmOrderEntry::cmbPart_LostFocus()
     }
 }
 
-// Not rounded; so is the total.
+/// Not rounded; so is the total.
 void frmOrderEntry::showLineAmount()
 {
     lblPriceExt->setText(textOf(Val(txtPriceEach->text()) * Val(txtQty->text())));
 }
 
-// The amount cells are converted as a whole, not by their leading number, so that "$1,200.00" counts in full.
+/// The amount cells are converted as a whole, not by their leading number, so that "$1,200.00" counts in full.
 void frmOrderEntry::UpdateTotal()
 {
     double total = 0;
@@ -223,7 +223,7 @@ void frmOrderEntry::vsfgItems_AfterRowColChange(int newRow)
     setFocusTo(txtQty);
 }
 
-// Any quantity passes, negative ones and more than there is.
+/// Any quantity passes, negative ones and more than there is.
 void frmOrderEntry::btnSaveItem_Click()
 {
     if (cmbPart->text().isEmpty() || !IsNumeric(txtQty->text()) || !IsNumeric(txtPriceEach->text())) {
@@ -252,7 +252,7 @@ void frmOrderEntry::addLine()
     setFocusTo(cmbPart);
 }
 
-// Column 3 keeps the category of the part the line had first.
+/// Column 3 keeps the category of the part the line had first.
 void frmOrderEntry::changeLine()
 {
     const int row = CLng(lblItem->text());
@@ -279,8 +279,8 @@ void frmOrderEntry::clearLineFields()
     txtCustomerNumber->clear();
 }
 
-// Shipment lines point at item numbers, so nothing is renumbered once goods have left. The lines of an order that
-// was never saved can't be deleted either, as only a saved one is looked up; staff know it so.
+/// Shipment lines point at item numbers, so nothing is renumbered once goods have left. The lines of an order that
+/// was never saved can't be deleted either, as only a saved one is looked up; staff know it so.
 bool frmOrderEntry::mayDeleteLine() const
 {
     if (lblID->text().isEmpty())
@@ -386,7 +386,7 @@ void frmOrderEntry::saveLines()
     rs.Close();
 }
 
-// Books the goods as shipped and no more: neither ledger nor status is touched.
+/// Books the goods as shipped and no more: neither ledger nor status is touched.
 void frmOrderEntry::bookDropShipment()
 {
     // A new shipment at every save with the box checked.

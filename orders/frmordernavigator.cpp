@@ -118,8 +118,8 @@ QString frmOrderNavigator::searchStatement() const
     return "SELECT * FROM Orders" + criteria.clause() + " ORDER BY Orders.Customer, Orders.OrderNumber";
 }
 
-// The frame of the lines keeps naming the order last shown, over an empty grid, until another is picked or all is
-// cleared.
+/// The frame of the lines keeps naming the order last shown, over an empty grid, until another is picked or all is
+/// cleared.
 void frmOrderNavigator::UpdateGrids()
 {
     const Hourglass hourglass;
@@ -156,7 +156,7 @@ void frmOrderNavigator::fillOrders(Recordset &rs)
     }
 }
 
-// Runs its statement for every row that the arrow keys pass.
+/// Runs its statement for every row that the arrow keys pass.
 void frmOrderNavigator::vsfgOrders_AfterRowColChange(int newRow)
 {
     if (newRow <= 0)
@@ -190,7 +190,7 @@ void frmOrderNavigator::vsfgOrders_DblClick(int row)
     static_cast<frmOrderEntry *>(Load("frmOrderEntry"))->OpenOrder(id);
 }
 
-// The two dates stay; without the check mark they filter nothing.
+/// The two dates stay; without the check mark they filter nothing.
 void frmOrderNavigator::btnClear_Click()
 {
     cmbWarehouse->setListIndex(-1);

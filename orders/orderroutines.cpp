@@ -29,8 +29,8 @@ double OverdueBalance(const QString &Customer)
     return balance;
 }
 
-// A sheet may list a part twice; the first row found is the price. -1 tells a part without a price from one at 0, which
-// is a price.
+/// A sheet may list a part twice; the first row found is the price. -1 tells a part without a price from one at 0,
+/// which is a price.
 QString GetCustomerPrice(const QString &Part, const QString &Customer)
 {
     Recordset rs = gDatabase->OpenRecordset(
@@ -44,8 +44,8 @@ QString GetCustomerPrice(const QString &Part, const QString &Customer)
     return price;
 }
 
-// Never asks what the status is: a void order comes back, and one closed by hand with goods left opens again. An order
-// without lines has nothing open and is closed.
+/// Never asks what the status is: a void order comes back, and one closed by hand with goods left opens again. An order
+/// without lines has nothing open and is closed.
 void UpdateOrderStatus(const QString &OrderID)
 {
     Recordset rs = gDatabase->OpenRecordset(

@@ -43,7 +43,7 @@ void Report::SetDataSource(RowSource &rows)
     d->source = &rows;
 }
 
-// Layouts hold no saved rows here; what a former run read goes.
+/// Layouts hold no saved rows here; what a former run read goes.
 void Report::DiscardSavedData()
 {
     d->pages.reset();
@@ -62,7 +62,7 @@ void Report::ReadRecords()
     d->source = nullptr;
 }
 
-// Pages are made from texts and switches as they stand, so a change makes all of them anew.
+/// Pages are made from texts and switches as they stand, so a change makes all of them anew.
 void Report::Object::SetText(const QString &text)
 {
     Q_ASSERT(m_text);
@@ -76,8 +76,8 @@ void Report::Object::setSuppress(bool suppress)
     m_report->d->pages.reset();
 }
 
-// A name may stand for a section, a placed object or a parameter of formulas. That a routine names none of its layout
-// is a mistake of ours and ends the program.
+/// A name may stand for a section, a placed object or a parameter of formulas. That a routine names none of its layout
+/// is a mistake of ours and ends the program.
 Report::Object &Report::object(const QString &name)
 {
     // In a map, whose entries stay where they are: a routine may hold one while it asks for the next.
@@ -105,7 +105,7 @@ Report::Object &Report::object(const QString &name)
     return object;
 }
 
-// Counted from 1, in the order in which the layout lists its formulas.
+/// Counted from 1, in the order in which the layout lists its formulas.
 void Report::setFormulaText(int index, const QString &text)
 {
     d->layout.formulas.at(index - 1).text = text;

@@ -6,7 +6,7 @@
 #include "toolkit/controls/mousepointer.h"
 #include "toolkit/forms/forms.h"
 
-// The window is made before any data work, and shown when the report stands: a run that fails leaves none behind.
+/// The window is made before any data work, and shown when the report stands: a run that fails leaves none behind.
 HandOver::HandOver(Pointer pointer, Output output) : m_pointer(pointer), m_output(output)
 {
     if (m_output == Output::OwnWindow)

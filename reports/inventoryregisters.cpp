@@ -8,7 +8,7 @@ namespace {
 
 constexpr QLatin1String AllCategories("***All Categories***");
 
-// What belongs to one of the two forms of a register layout only.
+/// What belongs to one of the two forms of a register layout only.
 constexpr std::array TotalsOnly{"secTotalsHeads", "secTotals", "secTotalsOfGroup", "secTotalsGrandTotal"};
 constexpr std::array Details{"secHeads", "secPart", "secDetail", "secPartTotal", "secGroupFooter1", "secGrandTotal"};
 
@@ -82,7 +82,7 @@ void Reports::ReportAvailableInventoryByPart(const QString &BeginDate, const QSt
                    DisplayDetails, Category);
 }
 
-// Every part under every warehouse, whether it ever stood there or not: a pair without a ledger row has Null.
+/// Every part under every warehouse, whether it ever stood there or not: a pair without a ledger row has Null.
 void Reports::ReportQuickAvailInv(const QString &Warehouse)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -99,7 +99,7 @@ void Reports::ReportQuickAvailInv(const QString &Warehouse)
     handOver.deliver("Quick Available Inv, " + QString(Warehouse).remove('*'));
 }
 
-// One line for each part of the count taken on 2/28/2003, which stands fixed in the statements, and for no other part.
+/// One line for each part of the count taken on 2/28/2003, which stands fixed in the statements, and for no other part.
 void Reports::ReportInventorySales(const QString &BeginDate, const QString &EndDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);

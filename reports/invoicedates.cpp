@@ -1,9 +1,9 @@
 #include "reports/invoicedates.h"
 #include "toolkit/forms/mainmod.h"
 
-// An invoice names its shipments as a text list, which joins with nothing; so each report that asks when something was
-// invoiced copies the dates to the shipments first. All of them, each time: nobody keeps the column otherwise, and an
-// invoice that is gone leaves no trace.
+/// An invoice names its shipments as a text list, which joins with nothing; so each report that asks when something was
+/// invoiced copies the dates to the shipments first. All of them, each time: nobody keeps the column otherwise, and an
+/// invoice that is gone leaves no trace.
 void Reports::RefillShipmentInvoiceDates()
 {
     gDatabase->Execute("UPDATE Shipment SET InvoiceDate = NULL");

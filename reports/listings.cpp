@@ -3,7 +3,7 @@
 #include "reports/handover.h"
 #include "toolkit/forms/mainmod.h"
 
-// Neither this nor its menu entry touches the pointer.
+/// Neither this nor its menu entry touches the pointer.
 void Reports::ReportOpenOrders()
 {
     HandOver handOver(HandOver::Pointer::NotOwned);
@@ -24,7 +24,7 @@ void Reports::ReportOpenOrders()
     handOver.deliver("Open Orders");
 }
 
-// The listings sort by status first, so that what is in use and what is retired stand in blocks.
+/// The listings sort by status first, so that what is in use and what is retired stand in blocks.
 void Reports::ReportPartListing()
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -55,8 +55,8 @@ void Reports::ReportWarehouseListing()
     handOver.deliver("Warehouse Listing");
 }
 
-// With no adjustment picked the statement ends behind its equals sign, and the engine's error ends the program. Meant,
-// as with transfers.
+/// With no adjustment picked the statement ends behind its equals sign, and the engine's error ends the program. Meant,
+/// as with transfers.
 void Reports::ReportAdjustmentControl(const QString &AdjustmentID)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -70,7 +70,7 @@ void Reports::ReportAdjustmentControl(const QString &AdjustmentID)
     handOver.deliver("Adjustment Control Report " + AdjustmentID);
 }
 
-// Shows the receiving side; of the sending one only the warehouse.
+/// Shows the receiving side; of the sending one only the warehouse.
 void Reports::ReportTransferControl(const QString &TransferID)
 {
     HandOver handOver(HandOver::Pointer::Owned);

@@ -50,7 +50,7 @@ void Movements::addAdjustments(const QString &EndDate, const QString &filter)
         EndDate, filter);
 }
 
-// The same rows as above by way of a list of all halves, as this one report has always built them.
+/// The same rows as above by way of a list of all halves, as this one report has always built them.
 void Movements::addAdjustmentsByList(const QString &EndDate)
 {
     gDatabase->Execute("DELETE * FROM tmpTransferHeaderIDs");
@@ -59,7 +59,7 @@ void Movements::addAdjustmentsByList(const QString &EndDate)
     add(adjustments("AdjustmentHeader.ID NOT IN (SELECT ID FROM tmpTransferHeaderIDs)"), EndDate, {});
 }
 
-// On the day the goods left, invoiced or not, unlike the sales figures.
+/// On the day the goods left, invoiced or not, unlike the sales figures.
 void Movements::addShipments(const QString &EndDate, const QString &filter)
 {
     add(" SELECT Orders.WareHouse, OrderItem.PartNo,Shipment.Date,ShipmentItems.Qty*-1,Part.Cost,'Shipment ID - ' & "

@@ -190,7 +190,7 @@ void reportInventory(const char *designer, const QString &title)
 
 } // namespace
 
-// Shows nothing, whatever its name says: all that comes of it are the two tables.
+/// Shows nothing, whatever its name says: all that comes of it are the two tables.
 void Reports::ReportStatementsOld()
 {
     const Hourglass hourglass;

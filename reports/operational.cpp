@@ -45,7 +45,7 @@ QString invoiceTotal(const QString &ShipmentIDs)
 
 } // namespace
 
-// In the order in which the shelves are walked, by category and part, not in that of the order's lines.
+/// In the order in which the shelves are walked, by category and part, not in that of the order's lines.
 void Reports::PrintPickTicket(const QString &OrderID)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -82,8 +82,8 @@ void Reports::PrintPackingSlip(const QString &ShipmentID, bool Preview)
     handOver.deliver("Packing Slip, shipment " + ShipmentID);
 }
 
-// Computed anew at each call: a reprint shows today's prices and freight of the shipments, whatever amount was stored.
-// The due date is handed in and printed nowhere.
+/// Computed anew at each call: a reprint shows today's prices and freight of the shipments, whatever amount was stored.
+/// The due date is handed in and printed nowhere.
 QString Reports::PrintInvoice(const QString &ShipmentIDs, const QString &InvoiceNumber, const QString &InvoiceDate,
                               const QString & /*DueDate*/, const QString &Terms, bool Preview)
 {

@@ -136,8 +136,8 @@ bool databaseHasTable(const QString &name)
 
 } // namespace
 
-// Paid invoices are in the dataset too; what becomes of them is for the layout. Days typed filter whether the check box
-// beside them is set or not.
+/// Paid invoices are in the dataset too; what becomes of them is for the layout. Days typed filter whether the check
+/// box beside them is set or not.
 void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, const QString &OverDays)
 {
     HandOver handOver(HandOver::Pointer::Owned);
@@ -179,7 +179,7 @@ void Reports::ShowOpenInvoicesReport(const QString &AsOfDate, bool SummaryOnly, 
                      (SummaryOnly ? ", summary" : ""));
 }
 
-// The condition on the customer drops invoices of names that are no customer, though the join keeps them.
+/// The condition on the customer drops invoices of names that are no customer, though the join keeps them.
 void Reports::ShowStatementReport(const QString &AsOfDate)
 {
     HandOver handOver(HandOver::Pointer::Owned);

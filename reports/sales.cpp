@@ -47,8 +47,8 @@ struct Comparison
     const char *groupBy;
 };
 
-// Lines are joined on their number alone. What ties a shipped line to its own order is the shipment's ID in
-// `addPeriod`.
+/// Lines are joined on their number alone. What ties a shipped line to its own order is the shipment's ID in
+/// `addPeriod`.
 constexpr const char *SalesJoins =
     "FROM ((((Orders LEFT JOIN OrderItem ON Orders.ID = OrderItem.OrderID) LEFT JOIN Part ON OrderItem.PartNo = "
     "Part.PartNo) LEFT JOIN Shipment ON Orders.ID = Shipment.OrderID) LEFT JOIN ShipmentItems ON OrderItem.ItemNumber "

@@ -26,8 +26,8 @@ void leaveLeapDay(DateParts &date)
 
 } // namespace
 
-// Dates are cut as texts, and both ends of last year's period take the year of the end date. So a period that runs over
-// New Year has none a year before; that is meant.
+/// Dates are cut as texts, and both ends of last year's period take the year of the end date. So a period that runs
+/// over New Year has none a year before; that is meant.
 SalesPeriods salesPeriods(const QString &BeginDate, const QString &EndDate)
 {
     DateParts begin = partsOf(BeginDate);

@@ -60,8 +60,8 @@ void frmShipmentEntry::formLoad()
     vsfgItems->setRows(0);
 }
 
-// Appends and never clears: the orders of customers chosen before stay in the lists, repeats included, and can
-// still be picked. Both lists grow alike.
+/// Appends and never clears: the orders of customers chosen before stay in the lists, repeats included, and can
+/// still be picked. Both lists grow alike.
 void frmShipmentEntry::cmbCustomer_Change()
 {
     if (cmbCustomer->text().isEmpty())
@@ -86,7 +86,7 @@ void frmShipmentEntry::cmbOrder_Click()
     FillOrder(cmbOrderID->list(cmbOrder->listIndex()));
 }
 
-// Asks the text shown and not the number handed in: an order whose entry is blank is not filled.
+/// Asks the text shown and not the number handed in: an order whose entry is blank is not filled.
 void frmShipmentEntry::FillOrder(const QString &OrderID)
 {
     if (cmbOrder->text().isEmpty())
@@ -125,13 +125,13 @@ void frmShipmentEntry::fillLines(const QString &OrderID)
     formatGrid(vsfgItems, {PriceEach, PriceExt});
 }
 
-// Asked for each cell that is merely entered, too.
+/// Asked for each cell that is merely entered, too.
 void frmShipmentEntry::vsfgItems_BeforeEdit(int, int col, bool &cancel)
 {
     cancel = col != ThisShipment;
 }
 
-// Refuses by clipping to 0, without a word. Negative and fractional quantities pass.
+/// Refuses by clipping to 0, without a word. Negative and fractional quantities pass.
 void frmShipmentEntry::vsfgItems_AfterEdit(int row, int col)
 {
     if (col != ThisShipment)
@@ -142,15 +142,15 @@ void frmShipmentEntry::vsfgItems_AfterEdit(int row, int col)
         vsfgItems->setTextMatrix(row, ThisShipment, "0");
 }
 
-// A line shipped beyond its order gets a negative quantity.
+/// A line shipped beyond its order gets a negative quantity.
 void frmShipmentEntry::btnShipAll_Click()
 {
     for (int row = 1; row < vsfgItems->rows(); ++row)
         vsfgItems->setTextMatrix(row, ThisShipment, textOf(number(row, QtyOrdered) - number(row, PrevShipped)));
 }
 
-// Each step commits by itself. The order's status comes last, behind the question: stopped at it, the goods have left
-// and the order still counts as it did.
+/// Each step commits by itself. The order's status comes last, behind the question: stopped at it, the goods have left
+/// and the order still counts as it did.
 void frmShipmentEntry::btnSave_Click()
 {
     if (!hasItems() || cmbCustomer->text().isEmpty()) {
@@ -225,7 +225,7 @@ void frmShipmentEntry::saveLines()
     items.Close();
 }
 
-// Of an order that is no longer open the list has no entry; its number is then the text that OpenShipment put there.
+/// Of an order that is no longer open the list has no entry; its number is then the text that OpenShipment put there.
 QString frmShipmentEntry::shownOrderID() const
 {
     const int index = cmbOrder->listIndex();
@@ -237,8 +237,8 @@ double frmShipmentEntry::number(int row, int col) const
     return Val(vsfgItems->textMatrix(row, col));
 }
 
-// The order of the assignments counts: the customer's text appends his open orders to the lists before the number and
-// the order are set. A customer retired since is in no list, and his text is error 383.
+/// The order of the assignments counts: the customer's text appends his open orders to the lists before the number and
+/// the order are set. A customer retired since is in no list, and his text is error 383.
 void frmShipmentEntry::OpenShipment(const QString &ShipmentID)
 {
     if (ShipmentID.isEmpty())

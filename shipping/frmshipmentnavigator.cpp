@@ -59,7 +59,7 @@ void frmShipmentNavigator::btnFind_Click()
     UpdateGrids();
 }
 
-// The caption is set back here too, though picking a shipment never changes it.
+/// The caption is set back here too, though picking a shipment never changes it.
 void frmShipmentNavigator::btnClear_Click()
 {
     cmbCustomer->setListIndex(-1);
@@ -77,8 +77,8 @@ void frmShipmentNavigator::UpdateGrids()
     vsfgItems->setRows(0);
 }
 
-// The columns of both tables share names, so the grid reads them by their qualified ones. A shipment whose order is
-// gone is listed with empty columns.
+/// The columns of both tables share names, so the grid reads them by their qualified ones. A shipment whose order is
+/// gone is listed with empty columns.
 QString frmShipmentNavigator::searchStatement() const
 {
     const QString sql =
@@ -121,7 +121,7 @@ void frmShipmentNavigator::fillShipments(const QString &sql)
     formatGrid(vsfgShipments, {});
 }
 
-// The last column is the amount of the whole ordered quantity, not of what this shipment holds.
+/// The last column is the amount of the whole ordered quantity, not of what this shipment holds.
 void frmShipmentNavigator::vsfgShipments_AfterRowColChange(int, int, int newRow, int)
 {
     if (newRow <= 0)
@@ -148,7 +148,7 @@ void frmShipmentNavigator::vsfgShipments_AfterRowColChange(int, int, int newRow,
     formatGrid(vsfgItems, {PriceEachColumn, PriceExtColumn});
 }
 
-// A double-click on the header opens the entry form empty.
+/// A double-click on the header opens the entry form empty.
 void frmShipmentNavigator::vsfgShipments_DblClick(int row)
 {
     QString shipmentID;

@@ -49,7 +49,7 @@ private:
     BareEngine::Statement m_lines, m_set;
 };
 
-// The rows of a packing slip and of an invoice.
+/// The rows of a packing slip and of an invoice.
 const QByteArray DocumentJoin = " FROM Shipment S JOIN Orders O ON O.ID = S.OrderID JOIN ShipmentItems L ON "
                                 "L.ShipmentID = S.ID JOIN OrderItem I ON "
                                 "I.OrderID = O.ID AND I.ItemNumber = L.OrderLineItem LEFT JOIN Customer C ON "

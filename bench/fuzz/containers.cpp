@@ -18,7 +18,7 @@ template <class Number> Number get(const QByteArray &bytes, qsizetype at)
     return qFromLittleEndian<Number>(bytes.constData() + at);
 }
 
-// An archive: each part behind a head of its own, then the list of all, then where that list begins.
+/// An archive: each part behind a head of its own, then the list of all, then where that list begins.
 constexpr quint32 PartMark = 0x04034b50, ListMark = 0x02014b50, EndMark = 0x06054b50;
 constexpr qsizetype PartHead = 30, ListHead = 46, EndSize = 22;
 
@@ -33,7 +33,7 @@ void putHead(QByteArray &bytes, const QByteArray &name, const QByteArray &part)
     put<quint16>(bytes, 0);
 }
 
-// A compound file: the header, the table of the sectors' followers, the directory, the streams.
+/// A compound file: the header, the table of the sectors' followers, the directory, the streams.
 constexpr quint32 Free = 0xFFFFFFFF, ChainEnd = 0xFFFFFFFE, TableSector = 0xFFFFFFFD;
 constexpr qsizetype SectorSize = 512, SmallestStream = 4096;
 

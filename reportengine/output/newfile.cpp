@@ -44,7 +44,7 @@ QString targetOf(const QString &path)
 
 } // namespace
 
-// Beside the wanted file, as only within a file system a rename is one step, and by a name that no other export takes.
+/// Beside the wanted file, as only within a file system a rename is one step, and by a name that no other export takes.
 NewFile::NewFile(const QString &path)
     : m_path(targetOf(path)), m_file(m_path + "." + QUuid::createUuid().toString(QUuid::Id128).left(8) + ".part")
 {

@@ -184,8 +184,8 @@ private:
 
 } // namespace
 
-// Qt writes no outlines. A PDF file may be added to: objects behind its end, and a table that names them and the former
-// one.
+/// Qt writes no outlines. A PDF file may be added to: objects behind its end, and a table that names them and the
+/// former one.
 bool addPdfOutline(QIODevice &file, const std::vector<PdfOutlineEntry> &entries)
 {
     PdfFile pdf(file);

@@ -321,7 +321,7 @@ bool PageRun::fillRows(int index, PrintedGroups *printed)
     return false;
 }
 
-// The report's end may itself go over several pages, section by section.
+/// The report's end may itself go over several pages, section by section.
 bool PageRun::fillReportFooter()
 {
     const auto &sections = m_maker.m_layout.sections(Kind::ReportFooter);
@@ -383,7 +383,7 @@ bool PageRun::forEachSection(const PageMaker::Visitor &visitor)
     return visit(m_maker.m_layout.sections(Kind::ReportFooter), visitor);
 }
 
-// The head of the first page speaks of the first row, which must be one that the reader sees.
+/// The head of the first page speaks of the first row, which must be one that the reader sees.
 PageStart PageRun::firstPrinted()
 {
     for (; !atEnd(); ++m_position) {
@@ -396,7 +396,7 @@ PageStart PageRun::firstPrinted()
     return {m_position, 0, 0, m_context.running};
 }
 
-// From the end, since mostly the last row is the one.
+/// From the end, since mostly the last row is the one.
 int PageRun::lastPrinted()
 {
     for (m_position = m_grouping.rowCount() - 1; m_position >= 0; --m_position) {

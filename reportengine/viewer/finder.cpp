@@ -5,7 +5,7 @@
 #include <QElapsedTimer>
 #include <numeric>
 
-// Pages are searched when somebody asks for them, outward from the one at hand; what a page holds is counted once.
+/// Pages are searched when somebody asks for them, outward from the one at hand; what a page holds is counted once.
 void Finder::start(ReportPages &pages, const QString &text)
 {
     stop();

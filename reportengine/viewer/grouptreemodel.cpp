@@ -2,8 +2,8 @@
 
 #include "reportengine/pages/reportpages.h"
 
-// Nothing is kept per entry but how many are known: the pages hold the rest, and a report may have a hundred thousand
-// groups.
+/// Nothing is kept per entry but how many are known: the pages hold the rest, and a report may have a hundred thousand
+/// groups.
 void GroupTreeModel::setPages(const ReportPages *pages)
 {
     beginResetModel();

@@ -16,7 +16,7 @@
 namespace {
 constexpr int Gap = 12;  ///< pixels around each page
 constexpr int Step = 40; ///< pixels an arrow key scrolls
-// Paper is white whatever the desktop's colours are, and so are the marks on it of one kind.
+/// Paper is white whatever the desktop's colours are, and so are the marks on it of one kind.
 const QColor Desk(0xb8, 0xbe, 0xc6);
 const QColor DarkDesk(0x3a, 0x40, 0x47);
 const QColor PaperShadow(0x8a, 0x90, 0x98);

@@ -6,9 +6,9 @@
 #include <QSpinBox>
 
 namespace {
-// One less than the largest number of seven digits, since pages are counted from 0 and shown from 1.
+/// One less than the largest number of seven digits, since pages are counted from 0 and shown from 1.
 constexpr int BeyondAnyPage = 9999998;
-// What the zoom list keeps beside percentages.
+/// What the zoom list keeps beside percentages.
 constexpr int PageWidth = 0;
 constexpr int WholePage = -1;
 } // namespace

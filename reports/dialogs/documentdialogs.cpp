@@ -6,7 +6,7 @@
 
 frmPickTicket::frmPickTicket() : KeyedSelectionDialog("frmPickTicket", "Pick Ticket") {}
 
-// Open orders only; what is closed or void is not picked.
+/// Open orders only; what is closed or void is not picked.
 void frmPickTicket::formLoad()
 {
     fill("SELECT * FROM Orders WHERE Status = 'Open' ORDER BY Customer,OrderNumber", "Customer", "OrderNumber", "ID");
@@ -20,7 +20,7 @@ void frmPickTicket::btnPrint_Click()
 
 frmPackingSlip::frmPackingSlip() : SelectionDialog("frmPackingSlip", "Shipment ID:") {}
 
-// What is read in the list is the key itself, so it needs no hidden one beside it.
+/// What is read in the list is the key itself, so it needs no hidden one beside it.
 void frmPackingSlip::formLoad()
 {
     fillCombo(cmbReport, "SELECT ID FROM Shipment ORDER BY ID DESC", "ID");
@@ -34,7 +34,7 @@ void frmPackingSlip::btnPrint_Click()
 
 frmInvoiceReport::frmInvoiceReport() : SelectionDialog("frmInvoiceReport", "Invoice ") {}
 
-// Numbers are texts here, so the list begins with 99 and not with 100.
+/// Numbers are texts here, so the list begins with 99 and not with 100.
 void frmInvoiceReport::formLoad()
 {
     fillCombo(cmbReport, "SELECT * FROM Invoice ORDER BY Invoice DESC", "Invoice");

@@ -90,7 +90,7 @@ void frmCustomerRegister::formLoad()
     dtEndDate->setValue(Date::today());
 }
 
-// An empty customer is handed on like any other and gives an empty register.
+/// An empty customer is handed on like any other and gives an empty register.
 void frmCustomerRegister::btnPrint_Click()
 {
     Reports::ShowCustomerRegister(cmbCustomer->text(), dtBeginDate->value().toText(), dtEndDate->value().toText());

@@ -33,7 +33,7 @@ void KeyedSelectionDialog::fill(const QString &sql, const char *first, const cha
     cmbID->addItems(keys);
 }
 
-// With nothing picked the key is empty, and the statement built with it breaks. Meant: no dialog guards against it.
+/// With nothing picked the key is empty, and the statement built with it breaks. Meant: no dialog guards against it.
 QString KeyedSelectionDialog::selectedID() const
 {
     return cmbID->list(cmbReport->listIndex());

@@ -3,7 +3,7 @@
 #include "reports/listings.h"
 #include "toolkit/forms/fillcombo.h"
 
-// Its hidden list stays empty, since a warehouse's name is its key. With none picked the report is empty.
+/// Its hidden list stays empty, since a warehouse's name is its key. With none picked the report is empty.
 frmAvailInvReport::frmAvailInvReport() : KeyedSelectionDialog("frmAvailInvReport", "Warehouse") {}
 
 void frmAvailInvReport::formLoad()
@@ -23,7 +23,7 @@ frmAdjustmentControlReport::frmAdjustmentControlReport()
 {
 }
 
-// All adjustments, both halves of every transfer among them; the newest first.
+/// All adjustments, both halves of every transfer among them; the newest first.
 void frmAdjustmentControlReport::formLoad()
 {
     fill("SELECT * FROM AdjustmentHeader ORDER BY ID DESC,Date DESC", "ID", "Date", "ID");
@@ -40,7 +40,7 @@ frmTransferControlReport::frmTransferControlReport()
 {
 }
 
-// The date shown is that of the sending half.
+/// The date shown is that of the sending half.
 void frmTransferControlReport::formLoad()
 {
     fill("SELECT * FROM TransferHeader LEFT JOIN AdjustmentHeader ON TransferHeader.FromID = AdjustmentHeader.ID ORDER "

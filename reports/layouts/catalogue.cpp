@@ -2,9 +2,9 @@
 
 #include "reports/layouts/layouts.h"
 
-// T text, T100 longer text, N number, I whole number, C money, D date, DT date and time, M text of any length. The
-// fields are those of the routine's SELECT, in its order; two layouts that share a definition file may give a field two
-// types.
+/// T text, T100 longer text, N number, I whole number, C money, D date, DT date and time, M text of any length. The
+/// fields are those of the routine's SELECT, in its order; two layouts that share a definition file may give a field
+/// two types.
 const std::vector<ReportDesign> &reportCatalogue()
 {
     static const std::vector<ReportDesign> catalogue{

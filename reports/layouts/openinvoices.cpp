@@ -1,7 +1,7 @@
 #include "reports/layouts/openinvoices.h"
 
-// Less than half a cent would print as 0.00, so such an invoice counts as paid. Its age is told from the day of the
-// invoice, as the limit in days is that chooses the customers.
+/// Less than half a cent would print as 0.00, so such an invoice counts as paid. Its age is told from the day of the
+/// invoice, as the limit in days is that chooses the customers.
 std::vector<NamedFormula> openInvoiceFormulas()
 {
     return {{"Left", "{Total} - {Adjustment} - {Received}"},
