@@ -127,8 +127,9 @@ TEST_F(CopyTest, AnOldCompanyGoesOverToAServerOrLeavesNothingThere)
     EXPECT_EQ(server->plain("SELECT string_agg(\"ID\" || ' ' || \"Amount\", ',' ORDER BY \"ID\") FROM \"Payments\""),
               "7 20.5,41 10");
 
-    old.add("AvailInv", {{"Avail", JetWriter::Text}}, {{"none"}, {"7"}});
-    const QString refused = fileWith("refused.mdb", old.file());
+    JetWriter bad(JetWriter::Jet4);
+    bad.add("AvailInv", {{"Avail", JetWriter::Text}}, {{"none"}, {"7"}});
+    const QString refused = fileWith("refused.mdb", bad.file());
     EXPECT_EQ(run({"takeover", refused, other->name()}).status, 1);
     const QString name = engines::databaseName(other->name());
     EXPECT_EQ(server->plain("SELECT count(*) FROM pg_database WHERE datname = '" + name + '\''), "0");
