@@ -71,7 +71,7 @@ bool isLocked(int mark)
 }
 
 /// Whether the mark still stands under its name. One that was taken away in between is locked in vain.
-bool stands(int mark, const QByteArray &path)
+bool isStillAt(int mark, const QByteArray &path)
 {
     struct stat opened, named;
     return ::fstat(mark, &opened) == 0 && ::lstat(path.constData(), &named) == 0 && opened.st_ino == named.st_ino &&
@@ -113,7 +113,7 @@ void removeLeftOvers(const QDir &markFolder)
         const int mark = openMark(path);
         if (mark < 0)
             continue;
-        if (isLeftOver(mark, info.fileName()) && !isLocked(mark) && stands(mark, path))
+        if (isLeftOver(mark, info.fileName()) && !isLocked(mark) && isStillAt(mark, path))
             ::unlink(path.constData());
         ::close(mark);
     }
@@ -133,7 +133,7 @@ PreviousInstance::PreviousInstance(const QString &programFolder, const QString &
         if (mark < 0)
             continue;
         m_isRunning = isLocked(mark);
-        if (!m_isRunning && stands(mark, m_path))
+        if (!m_isRunning && isStillAt(mark, m_path))
             m_handle = mark;
         else
             ::close(mark);

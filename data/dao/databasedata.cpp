@@ -8,8 +8,8 @@ DatabaseData::DatabaseData(std::unique_ptr<engine::Connection> engine)
     // A statement sent and not yet answered may meet tables that were changed meanwhile; the engine then asks for it in
     // today's words.
     m_engine->setRewrite([this](const QString &sql) {
-        const BoundTranslation anew = m_translationCache.of(sql, freshCatalog());
-        return engine::Written{anew->sqlWithParameters, anew.values};
+        const BoundTranslation current = m_translationCache.of(sql, freshCatalog());
+        return engine::Written{current->sqlWithParameters, current.values};
     });
     readCatalog();
 }

@@ -73,17 +73,11 @@ int textOrder(const QString &left, const QString &right)
     return left == right ? 0 : compareTexts(left.toStdString(), right.toStdString());
 }
 
-int compareValues(const Value &left, const Value &right)
+int compareTextValues(const Value &left, const Value &right)
 {
-    if (left.isNull())
-        return right.isNull() ? 0 : -1;
-    if (right.isNull())
-        return 1;
-    if (left.type() == Value::Type::Text)
-        return textOrder(left.toText(), right.toText());
-    const double a = left.type() == Value::Type::Date ? left.toDate().serial() : left.toDouble();
-    const double b = right.type() == Value::Type::Date ? right.toDate().serial() : right.toDouble();
-    return a < b ? -1 : a > b ? 1 : 0;
+    if (left.isNull() || right.isNull())
+        return int(right.isNull()) - int(left.isNull());
+    return textOrder(left.toText(), right.toText());
 }
 
 FormulaPtr computed(FormulaType type, ComputedFormula::Function function, bool variesByRow)
@@ -247,7 +241,7 @@ private:
     {
         if (left.isNull() || right.isNull())
             return Null;
-        const int order = compareValues(left, right);
+        const int order = compareTextValues(left, right);
         return order < 0 ? m_below : order > 0 ? m_above : m_equal;
     }
 

@@ -50,9 +50,9 @@ private:
 Value operand(const Formula &formula, const FormulaContext &context, int row);
 /// 0, "", False or the day 0.
 Value defaultOf(FormulaType type);
-/// Below 0, 0 or above 0. Both of one type; Null stands first.
-int compareValues(const Value &left, const Value &right);
-/// The same for texts, in the order that the database sorts them: without regard to case.
+/// Two texts, either of which may be Null, which stands first: below 0, 0 or above 0.
+int compareTextValues(const Value &left, const Value &right);
+/// The same for texts that are there, in the order that the database sorts them: without regard to case.
 int textOrder(const QString &left, const QString &right);
 
 FormulaPtr computed(FormulaType type, ComputedFormula::Function function, bool variesByRow = true);

@@ -90,7 +90,7 @@ std::vector<int> rankedValues(const Formula &by, const FormulaContext &context, 
     std::vector<Value> values;
     for (const int row : rows)
         values.push_back(by.value(context, row));
-    return ranksOf(int(values.size()), [&](int a, int b) { return compareValues(values[a], values[b]); });
+    return ranksOf(int(values.size()), [&](int a, int b) { return compareTextValues(values[a], values[b]); });
 }
 
 /// Numbers the rows by the order of their group values, so that sorting compares integers. Texts that differ in case

@@ -89,7 +89,7 @@ void Totals::addTexts(Column &column, int node, std::span<const Value> texts)
         if (column.kind == Kind::Count)
             continue;
         Value &best = column.texts[node];
-        const int order = isFirst ? 0 : compareValues(text, best);
+        const int order = isFirst ? 0 : compareTextValues(text, best);
         if (isFirst || (column.kind == Kind::Minimum ? order < 0 : order > 0))
             best = text;
     }
