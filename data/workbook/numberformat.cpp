@@ -49,7 +49,7 @@ NumberKind kindOfNumberFormat(int identifier, const QString &format)
     const QString text = placeholders(format);
     if (text.contains('$'))
         return NumberKind::Money;
-    for (const QChar c : "dmyhs") {
+    for (const QChar c : QStringView(u"dmyhs")) {
         if (text.contains(c))
             return NumberKind::Date;
     }

@@ -39,7 +39,7 @@ void tell(const Outcome &outcome, const QString &done, const QString &failed, co
 QString fileName(QString name)
 {
     for (QChar &c : name) {
-        if (c < ' ' || QString("\\/:*?\"<>|").contains(c))
+        if (c < ' ' || QStringView(u"\\/:*?\"<>|").contains(c))
             c = '-';
     }
     return name;

@@ -132,6 +132,7 @@ TEST(WorkbookCells, TellDatesFromOtherNumbersByTheirFormat)
                  {164, "0\"unclosed", NumberKind::Plain}};
     for (const auto &c : cases)
         EXPECT_EQ(kindOfNumberFormat(c.identifier, c.format), c.kind) << c.format;
+    EXPECT_EQ(kindOfNumberFormat(164, QString("0") + QChar(u'\0')), NumberKind::Plain) << "a zero character";
 }
 
 /// An .xls file's record.

@@ -170,7 +170,7 @@ void BulkRows::commit()
     }
     const Result committed = run(m_handle.get(), "COMMIT", m_uri, Defining);
     if (qstrcmp(PQcmdStatus(committed.get()), "COMMIT") != 0) // a row was refused, and nothing is there
-        throw RuntimeError(3022, runtimeError(3022).description(), "bulk load");
+        throw runtimeError(3022, {}, "bulk load");
     // Plans depend on what the server knows about the tables.
     run(m_handle.get(), "ANALYZE", m_uri, Defining);
 }
